@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDebug>
+#include <QString>
+
+/// True when network tracing is on for this run: the environment variable VANTIRO_NET_DEBUG is
+/// set to anything but exactly "0". Read once, on the first call; thread-safe.
+bool netDebugEnabled();
+
+/// Collects one trace line and writes it to standard error when it is destroyed.
+///
+/// Strings are written bare and each inserted item is followed by one blank. The line goes past
+/// Qt's message handler and is flushed at once. Construct it only while netDebugEnabled() is true,
+/// and pass text that comes from outside through traceSafe() first.
+class NetLogStream final
+{
+public:
+    NetLogStream();
+    ~NetLogStream();
+    Q_DISABLE_COPY_MOVE(NetLogStream)
+
+    template <typename T>
+    NetLogStream &operator<<(const T &value)
+    {
+        debug << value;
+        return *this;
+    }
+
+private:
+    QString text;
+    QDebug debug;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "model/CatalogRecords.h"
+
+#include <QList>
+#include <QString>
+
+/// The catalogs of all sources on disk: one JSON file per source, named after it, under
+/// "/catalog_cache" in the application-data directory.
+///
+/// Each call opens, reads or rewrites one file; nothing is kept in memory. GUI thread only. A file
+/// that cannot be read or is damaged counts as absent and is replaced by the next save; a failed
+/// write goes unnoticed.
+class CatalogCache final
+{
+public:
+    /// The catalog of one stream kind of one source.
+    struct Section
+    {
+        QList<Category> categories;
+        QList<MediaItem> items;
+
+        bool operator==(const Section &) const = default;
+    };
+
+    CatalogCache() = delete;
+
+    /// Reads one section. False when there is none; `out` is then left as it was.
+    static bool load(const QString &sourceName, const QString &section, Section &out);
+
+    /// Writes one section and keeps the rest of the source's file.
+    static void save(const QString &sourceName, const QString &section, const Section &data);
+
+    /// Reads the episodes of one show if they were saved less than `maxAgeSeconds` seconds ago.
+    /// False otherwise; `out` is then left as it was.
+    static bool loadEpisodes(const QString &sourceName, const QString &seriesId,
+                             long long maxAgeSeconds, QList<Episode> &out);
+
+    /// Stores the episodes of one show with the current time.
+    static void saveEpisodes(const QString &sourceName, const QString &seriesId,
+                             const QList<Episode> &episodes);
+};

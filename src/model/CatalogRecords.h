@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QtGlobal>
+
+/// The kinds of stream, as stored in the catalog cache.
+namespace StreamKind {
+inline constexpr qint32 Live = 0;
+inline constexpr qint32 Movie = 1;
+inline constexpr qint32 Series = 2;
+/// An episode made into a playable entry; exists in memory only.
+inline constexpr qint32 Episode = 3;
+
+/// True for the kinds that have a length and can be sought in.
+constexpr bool isSeekable(qint32 kind)
+{
+    return kind == Movie || kind == Episode;
+}
+} // namespace StreamKind
+
+/// One category of one stream kind.
+struct Category
+{
+    QString id;
+    QString name;
+
+    bool operator==(const Category &) const = default;
+};
+
+/// One entry of the catalog: a live channel, a movie, a show, or an episode made playable.
+struct MediaItem
+{
+    qint32 type = StreamKind::Live;
+    /// The provider's stream or series id; for playlists the URL.
+    QString id;
+    QString name;
+    QString categoryId;
+    QString iconUrl;
+    QString containerExtension;
+    /// Complete URL where the source gives one; empty for account entries.
+    QString streamUrl;
+    /// The provider's rating; 0 when absent.
+    double rating = 0.0;
+    /// Seconds since the epoch at which the provider added or changed the entry; 0 when absent.
+    qint64 addedAt = 0;
+
+    bool operator==(const MediaItem &) const = default;
+};
+
+/// One episode of one show.
+struct Episode
+{
+    QString id;
+    QString seriesName;
+    qint32 season = 0;
+    qint32 episodeNumber = 0;
+    QString title;
+    QString containerExtension;
+
+    bool operator==(const Episode &) const = default;
+};

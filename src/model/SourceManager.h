@@ -1,0 +1,39 @@
+#pragma once
+
+#include "model/SourceConfig.h"
+
+#include <QList>
+#include <QObject>
+
+/// The list of configured sources and the name of the source that was active last, mirrored into
+/// the platform's settings store (organisation "Vantiro", application "Player").
+///
+/// GUI thread only. A store that cannot be read gives an empty list; failed writes go unnoticed.
+class SourceManager final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SourceManager(QObject *parent);
+
+    /// The sources in the order in which they were first added.
+    QList<SourceConfig> sources() const { return sourceList; }
+
+    /// The recorded name, empty when there never was one. It may name a source that is gone.
+    QString lastActiveSourceName() const { return lastActiveName; }
+    void setLastActiveSourceName(const QString &name);
+
+    /// Replaces the first source of the same name in place, or appends `config`, and stores the
+    /// list.
+    void saveSource(const SourceConfig &config);
+
+    /// Removes the first source of that name, if any, and stores the list.
+    void removeSource(const QString &name);
+
+private:
+    void load();
+    void persist();
+
+    QList<SourceConfig> sourceList;
+    QString lastActiveName;
+};

@@ -1,0 +1,273 @@
+#include "player/VlcPlayer.h"
+
+#include "app/NetLog.h"
+#include "app/TraceSecrets.h"
+
+#include <QGuiApplication>
+#include <QTimer>
+#include <QWidget>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include <vlc/vlc.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int progressIntervalMs = 500;
+constexpr int stallSeconds = 15;
+constexpr qint32 maxStillTicks = stallSeconds * 1000 / progressIntervalMs - 1;
+/// An end this close to the length is a normal end.
+constexpr qint64 normalEndMs = 2000;
+/// Relative seeks stay this far from the end.
+constexpr qint64 seekMarginMs = 1000;
+
+struct MediaRelease
+{
+    void operator()(libvlc_media_t *media) const { libvlc_media_release(media); }
+};
+using MediaPtr = std::unique_ptr<libvlc_media_t, MediaRelease>;
+
+libvlc_instance_t *createInstance()
+{
+    const bool verbose = qEnvironmentVariableIsSet("VANTIRO_VLC_DEBUG");
+    const std::array<const char *, 2> arguments = {"--no-video-title-show",
+                                                   verbose ? "--verbose=2" : "--quiet"};
+    return libvlc_new(static_cast<int>(arguments.size()), arguments.data());
+}
+
+void setOutputWindow(libvlc_media_player_t *mediaPlayer, WId window)
+{
+#ifdef Q_OS_WIN
+    // A WId is the HWND itself, as a number.
+    libvlc_media_player_set_hwnd(mediaPlayer, reinterpret_cast<void *>(window)); // NOLINT
+#else
+    // Only the X11 platform has windows that libVLC can draw into.
+    if (QGuiApplication::platformName() == "xcb"_L1) {
+        libvlc_media_player_set_xwindow(mediaPlayer, static_cast<quint32>(window));
+    }
+#endif
+}
+
+} // namespace
+
+VlcPlayer::VlcPlayer(QWidget *surface, QObject *parent)
+    : QObject(parent)
+    , instance(createInstance())
+    , mediaPlayer(instance != nullptr ? libvlc_media_player_new(instance) : nullptr)
+    , videoWidget(surface)
+    , progressTimer(new QTimer(this))
+{
+    if (mediaPlayer != nullptr) {
+        // Mouse and keys belong to the window, also over libVLC's picture.
+        libvlc_video_set_mouse_input(mediaPlayer, 0);
+        libvlc_video_set_key_input(mediaPlayer, 0);
+        libvlc_event_manager_t *events = libvlc_media_player_event_manager(mediaPlayer);
+        libvlc_event_attach(events, libvlc_MediaPlayerEncounteredError, &handleVlcEvent, this);
+        libvlc_event_attach(events, libvlc_MediaPlayerEndReached, &handleVlcEndReached, this);
+    }
+    attachToWidget();
+
+    progressTimer->setInterval(progressIntervalMs);
+    connect(progressTimer, &QTimer::timeout, this, &VlcPlayer::checkPlaybackProgress);
+    progressTimer->start();
+}
+
+VlcPlayer::~VlcPlayer()
+{
+    if (mediaPlayer != nullptr) {
+        libvlc_media_player_stop(mediaPlayer);
+        libvlc_media_player_release(mediaPlayer);
+    }
+    if (instance != nullptr) {
+        libvlc_release(instance);
+    }
+}
+
+void VlcPlayer::attachToWidget()
+{
+    if (videoWidget == nullptr || mediaPlayer == nullptr) {
+        return;
+    }
+    // In this order: the surface gets a window of its own without its ancestors getting one.
+    videoWidget->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    videoWidget->setAttribute(Qt::WA_NativeWindow);
+    setOutputWindow(mediaPlayer, videoWidget->winId());
+}
+
+void VlcPlayer::reattach()
+{
+    attachToWidget();
+}
+
+void VlcPlayer::play(const QString &url, bool live)
+{
+    if (mediaPlayer == nullptr) {
+        return;
+    }
+    if (netDebugEnabled()) {
+        hideUrlCredentialsFromTrace(url);
+        NetLogStream() << "[VLC] play ->" << traceSafe(url);
+    }
+    isLive.store(live);
+    resetStallTracking();
+
+    const MediaPtr media(libvlc_media_new_location(instance, url.toUtf8().constData()));
+    if (!media) {
+        Q_EMIT playbackError(tr("Could not create media for URL: ") + url);
+        return;
+    }
+    libvlc_media_player_set_media(mediaPlayer, media.get());
+    // The surface may have got another window since the last stream.
+    attachToWidget();
+    if (libvlc_media_player_play(mediaPlayer) == 0) {
+        Q_EMIT playing();
+        Q_EMIT pausedChanged(false);
+    } else {
+        Q_EMIT playbackError(tr("Playback failed to start for: ") + url);
+    }
+}
+
+void VlcPlayer::stop()
+{
+    if (mediaPlayer == nullptr) {
+        return;
+    }
+    resetStallTracking();
+    libvlc_media_player_stop(mediaPlayer);
+    Q_EMIT stopped();
+}
+
+void VlcPlayer::pause()
+{
+    if (mediaPlayer == nullptr) {
+        return;
+    }
+    libvlc_media_player_set_pause(mediaPlayer, 1);
+    Q_EMIT pausedChanged(true);
+}
+
+void VlcPlayer::togglePause()
+{
+    if (mediaPlayer == nullptr) {
+        return;
+    }
+    libvlc_media_player_pause(mediaPlayer);
+    Q_EMIT pausedChanged(!isPlaying());
+}
+
+bool VlcPlayer::isPlaying() const
+{
+    return mediaPlayer != nullptr && libvlc_media_player_is_playing(mediaPlayer) != 0;
+}
+
+void VlcPlayer::setVolume(int percent)
+{
+    if (mediaPlayer != nullptr) {
+        libvlc_audio_set_volume(mediaPlayer, percent);
+    }
+}
+
+int VlcPlayer::volume() const
+{
+    return mediaPlayer != nullptr ? libvlc_audio_get_volume(mediaPlayer) : 0;
+}
+
+qint64 VlcPlayer::lengthMs() const
+{
+    return mediaPlayer != nullptr ? libvlc_media_player_get_length(mediaPlayer) : 0;
+}
+
+qint64 VlcPlayer::timeMs() const
+{
+    return mediaPlayer != nullptr ? libvlc_media_player_get_time(mediaPlayer) : 0;
+}
+
+void VlcPlayer::seek(qint64 ms)
+{
+    if (mediaPlayer != nullptr) {
+        libvlc_media_player_set_time(mediaPlayer, ms);
+    }
+}
+
+void VlcPlayer::seekRelative(qint64 deltaMs)
+{
+    qint64 target = timeMs() + deltaMs;
+    const qint64 length = lengthMs();
+    if (length > 0) {
+        target = std::min(target, length - seekMarginMs);
+    }
+    seek(std::max<qint64>(target, 0));
+}
+
+void VlcPlayer::checkPlaybackProgress()
+{
+    if (mediaPlayer == nullptr) {
+        return;
+    }
+    if (!isPlaying()) {
+        resetStallTracking();
+        return;
+    }
+    const qint64 time = timeMs();
+    Q_EMIT positionChanged(time, lengthMs());
+    if (time == lastTimeMs) {
+        countStillTick();
+        return;
+    }
+    const bool movedForward = lastTimeMs >= 0 && lastTimeMs < time;
+    lastTimeMs = time;
+    stallTicks = 0;
+    if (movedForward) {
+        sawProgress = true;
+        Q_EMIT playbackProgressing();
+    }
+}
+
+void VlcPlayer::countStillTick()
+{
+    if (!sawProgress) {
+        return;
+    }
+    ++stallTicks;
+    if (stallTicks > maxStillTicks) {
+        resetStallTracking();
+        Q_EMIT playbackInterrupted(
+            tr("The stream stopped advancing for %1 seconds.").arg(stallSeconds));
+    }
+}
+
+void VlcPlayer::resetStallTracking()
+{
+    lastTimeMs = -1;
+    stallTicks = 0;
+    sawProgress = false;
+}
+
+// The two callbacks run on libVLC's event thread. They read the live flag, the time and the length,
+// and emit; Qt queues the signal to the receivers' thread.
+
+void VlcPlayer::handleVlcEvent(const libvlc_event_t *, void *self)
+{
+    auto *player = static_cast<VlcPlayer *>(self);
+    Q_EMIT player->playbackInterrupted(tr("libVLC encountered an error while streaming."));
+}
+
+void VlcPlayer::handleVlcEndReached(const libvlc_event_t *, void *self)
+{
+    auto *player = static_cast<VlcPlayer *>(self);
+    if (player->isLive.load()) {
+        Q_EMIT player->playbackInterrupted(tr("The live stream stopped sending data."));
+        return;
+    }
+    const qint64 length = player->lengthMs();
+    if (length < 1 || player->timeMs() >= length - normalEndMs) {
+        return;
+    }
+    Q_EMIT player->playbackInterrupted(
+        tr("Reached the end of the stream (this can also happen if a seek landed somewhere the "
+           "stream couldn't resume from)."));
+}

@@ -1,0 +1,233 @@
+#include "player/VlcPlayer.h"
+
+#include <QUrl>
+
+#include <memory>
+
+#include <vlc/vlc.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct DescriptionRelease
+{
+    void operator()(libvlc_track_description_t *list) const
+    {
+        libvlc_track_description_list_release(list);
+    }
+};
+using DescriptionList = std::unique_ptr<libvlc_track_description_t, DescriptionRelease>;
+
+struct MediaRelease
+{
+    void operator()(libvlc_media_t *media) const { libvlc_media_release(media); }
+};
+using MediaPtr = std::unique_ptr<libvlc_media_t, MediaRelease>;
+
+/// libVLC's factor from its statistics to the figures shown.
+constexpr double bitrateFactor = 8.0;
+
+QString trackName(const libvlc_track_description_t &entry)
+{
+    return entry.psz_name != nullptr ? QString::fromUtf8(entry.psz_name)
+                                     : VlcPlayer::tr("Track %1").arg(entry.i_id);
+}
+
+QList<VlcPlayer::Track> realTracks(const DescriptionList &list)
+{
+    QList<VlcPlayer::Track> tracks;
+    for (const libvlc_track_description_t *entry = list.get(); entry != nullptr;
+         entry = entry->p_next) {
+        if (entry->i_id != -1) {
+            tracks.append({entry->i_id, trackName(*entry)});
+        }
+    }
+    return tracks;
+}
+
+QString videoText(quint32 codec, const libvlc_video_track_t &video)
+{
+    const double rate = video.i_frame_rate_den == 0
+                            ? 0.0
+                            : static_cast<double>(video.i_frame_rate_num) /
+                                  static_cast<double>(video.i_frame_rate_den);
+    return VlcPlayer::tr("Video codec: %1\nResolution: %2x%3\nFrame rate: %4 fps\n\n")
+        .arg(fourCcToString(codec))
+        .arg(video.i_width)
+        .arg(video.i_height)
+        .arg(rate, 0, 'f', 2);
+}
+
+QString audioText(quint32 codec, const libvlc_audio_track_t &audio)
+{
+    return VlcPlayer::tr("Audio codec: %1\nSample rate: %2 Hz\nChannels: %3\n\n")
+        .arg(fourCcToString(codec))
+        .arg(audio.i_rate)
+        .arg(audio.i_channels);
+}
+
+QString elementaryStreamsText(libvlc_media_t *media)
+{
+    libvlc_media_track_t **tracks = nullptr;
+    const unsigned count = libvlc_media_tracks_get(media, &tracks);
+    QString text;
+    for (unsigned index = 0; index < count; ++index) {
+        const libvlc_media_track_t *track = tracks[index]; // NOLINT: libVLC's C array
+        if (track->i_type == libvlc_track_video && track->video != nullptr) {
+            text += videoText(track->i_codec, *track->video);
+        } else if (track->i_type == libvlc_track_audio && track->audio != nullptr) {
+            text += audioText(track->i_codec, *track->audio);
+        }
+    }
+    if (tracks != nullptr) {
+        libvlc_media_tracks_release(tracks, count);
+    }
+    return text;
+}
+
+/// The lines under `heading`, all entries included, the current one marked; empty without a list.
+QString selectionText(const QString &heading, const DescriptionList &list, int current)
+{
+    if (!list) {
+        return {};
+    }
+    QString text = heading;
+    for (const libvlc_track_description_t *entry = list.get(); entry != nullptr;
+         entry = entry->p_next) {
+        const QString mark = entry->i_id == current ? u"[*]"_s : u"[ ]"_s;
+        text += "  "_L1 + mark + u' ' + trackName(*entry) + u'\n';
+    }
+    return text + u'\n';
+}
+
+QString statisticsText(libvlc_media_t *media)
+{
+    libvlc_media_stats_t stats{};
+    if (libvlc_media_get_stats(media, &stats) == 0) {
+        return {};
+    }
+    return VlcPlayer::tr(
+               "Input bitrate: %1 kbps\nDemux bitrate: %2 kbps\nDecoded video blocks: %3\n"
+               "Decoded audio blocks: %4\nDisplayed frames: %5   Lost frames: %6\n")
+        .arg(static_cast<double>(stats.f_input_bitrate) * bitrateFactor, 0, 'f', 1)
+        .arg(static_cast<double>(stats.f_demux_bitrate) * bitrateFactor, 0, 'f', 1)
+        .arg(stats.i_decoded_video)
+        .arg(stats.i_decoded_audio)
+        .arg(stats.i_displayed_pictures)
+        .arg(stats.i_lost_pictures);
+}
+
+} // namespace
+
+QString fourCcToString(quint32 fourcc)
+{
+    QString text;
+    for (quint32 rest = fourcc; (rest & 0xffU) != 0; rest >>= 8U) {
+        text += QLatin1Char(static_cast<char>(rest & 0xffU));
+    }
+    return text.trimmed();
+}
+
+QList<VlcPlayer::Track> VlcPlayer::audioTracks() const
+{
+    if (mediaPlayer == nullptr) {
+        return {};
+    }
+    return realTracks(DescriptionList(libvlc_audio_get_track_description(mediaPlayer)));
+}
+
+QList<VlcPlayer::Track> VlcPlayer::subtitleTracks() const
+{
+    if (mediaPlayer == nullptr) {
+        return {};
+    }
+    return realTracks(DescriptionList(libvlc_video_get_spu_description(mediaPlayer)));
+}
+
+int VlcPlayer::currentAudioTrack() const
+{
+    return mediaPlayer != nullptr ? libvlc_audio_get_track(mediaPlayer) : -1;
+}
+
+void VlcPlayer::setAudioTrack(int id)
+{
+    if (mediaPlayer != nullptr) {
+        libvlc_audio_set_track(mediaPlayer, id);
+    }
+}
+
+int VlcPlayer::currentSubtitleTrack() const
+{
+    return mediaPlayer != nullptr ? libvlc_video_get_spu(mediaPlayer) : -1;
+}
+
+void VlcPlayer::setSubtitleTrack(int id)
+{
+    if (mediaPlayer != nullptr) {
+        libvlc_video_set_spu(mediaPlayer, id);
+        savedSubtitleTrack = id;
+    }
+}
+
+bool VlcPlayer::hasSubtitles() const
+{
+    return mediaPlayer != nullptr && libvlc_video_get_spu_count(mediaPlayer) > 0;
+}
+
+bool VlcPlayer::subtitlesEnabled() const
+{
+    return currentSubtitleTrack() != -1;
+}
+
+void VlcPlayer::setSubtitlesEnabled(bool enabled)
+{
+    if (mediaPlayer == nullptr) {
+        return;
+    }
+    if (!enabled) {
+        savedSubtitleTrack = libvlc_video_get_spu(mediaPlayer);
+        libvlc_video_set_spu(mediaPlayer, -1);
+        return;
+    }
+    int track = savedSubtitleTrack;
+    if (track < 0) {
+        const DescriptionList list(libvlc_video_get_spu_description(mediaPlayer));
+        track = list ? list->i_id : -1;
+    }
+    if (track >= 0) {
+        libvlc_video_set_spu(mediaPlayer, track);
+    }
+}
+
+void VlcPlayer::loadSubtitleFile(const QString &path)
+{
+    if (mediaPlayer == nullptr) {
+        return;
+    }
+    const QByteArray uri = QUrl::fromLocalFile(path).toEncoded(QUrl::FullyEncoded);
+    libvlc_media_player_add_slave(mediaPlayer, libvlc_media_slave_type_subtitle, uri.constData(),
+                                  true);
+    savedSubtitleTrack = libvlc_video_get_spu(mediaPlayer);
+}
+
+QString VlcPlayer::mediaInfoText() const
+{
+    if (mediaPlayer == nullptr) {
+        return tr("No player.");
+    }
+    const MediaPtr media(libvlc_media_player_get_media(mediaPlayer));
+    if (!media) {
+        return tr("No media loaded.");
+    }
+    const QString text =
+        elementaryStreamsText(media.get()) +
+        selectionText(tr("Audio tracks:\n"),
+                      DescriptionList(libvlc_audio_get_track_description(mediaPlayer)),
+                      libvlc_audio_get_track(mediaPlayer)) +
+        selectionText(tr("Subtitle tracks:\n"),
+                      DescriptionList(libvlc_video_get_spu_description(mediaPlayer)),
+                      libvlc_video_get_spu(mediaPlayer)) +
+        statisticsText(media.get());
+    return text.isEmpty() ? tr("No track information available yet.") : text;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "model/CatalogRecords.h"
+
+#include <QList>
+#include <QString>
+
+/// Turns the text of an extended M3U playlist into channels and their groups. Stateless.
+class M3uParser final
+{
+public:
+    struct Result
+    {
+        /// One live entry per accepted URL line, in playlist order.
+        QList<MediaItem> items;
+        /// One category per group, in order of first appearance; id and name are the group's name.
+        QList<Category> categories;
+    };
+
+    M3uParser() = delete;
+
+    /// Never fails: lines that make no sense are skipped. Takes any line ends, also mixed.
+    static Result parse(const QString &text);
+};

@@ -1,0 +1,170 @@
+#include "providers/XtreamClient.h"
+
+#include "app/NetLog.h"
+#include "app/TraceSecrets.h"
+#include "providers/NetworkTrace.h"
+#include "providers/XtreamCatalog.h"
+
+#include <QJsonObject>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QUrl>
+#include <QUrlQuery>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Adds the item of a "key=value" text; a text without a key adds nothing.
+void addExtraItem(QUrlQuery &query, const QString &extra)
+{
+    const qsizetype equals = extra.indexOf(u'=');
+    if (equals > 0) {
+        query.addQueryItem(extra.left(equals), extra.mid(equals + 1));
+    }
+}
+
+QString categoryItem(const QString &categoryId)
+{
+    return categoryId.isEmpty() ? QString() : "category_id="_L1 + categoryId;
+}
+
+/// A callback for get() that hands what `parse` makes of the document to `callback`, or an empty
+/// list when the request failed.
+template <typename Record>
+auto parsedBy(QList<Record> (*parse)(const QJsonDocument &),
+              std::function<void(QList<Record>)> callback)
+{
+    return [parse, callback = std::move(callback)](const QJsonDocument &document, bool ok) {
+        callback(ok ? parse(document) : QList<Record>());
+    };
+}
+
+} // namespace
+
+XtreamClient::XtreamClient(QObject *parent)
+    : QObject(parent)
+    , network(new QNetworkAccessManager(this))
+{}
+
+void XtreamClient::configure(const QString &serverUrl, const QString &user, const QString &pass)
+{
+    server = serverUrl.endsWith(u'/') ? serverUrl.chopped(1) : serverUrl;
+    username = user;
+    password = pass;
+    hideFromTrace(password);
+}
+
+void XtreamClient::get(const QString &action, const QString &extra,
+                       std::function<void(QJsonDocument, bool)> callback)
+{
+    QUrlQuery query;
+    query.addQueryItem(u"username"_s, username);
+    query.addQueryItem(u"password"_s, password);
+    if (!action.isEmpty()) {
+        query.addQueryItem(u"action"_s, action);
+    }
+    addExtraItem(query, extra);
+    QUrl url(server + "/player_api.php"_L1, QUrl::TolerantMode);
+    url.setQuery(query);
+
+    QNetworkRequest request(url);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::UserVerifiedRedirectPolicy);
+    if (netDebugEnabled()) {
+        NetLogStream() << "[Xtream] ->" << traceSafe(url.toString(QUrl::FullyEncoded));
+    }
+    QNetworkReply *reply = network->get(request);
+    connect(reply, &QNetworkReply::redirected, reply, &QNetworkReply::redirectAllowed);
+    connect(reply, &QNetworkReply::finished, this, [reply, callback = std::move(callback)] {
+        reply->deleteLater();
+        if (reply->error() != QNetworkReply::NoError) {
+            traceFailedReply("[Xtream]", *reply);
+            callback({}, false);
+            return;
+        }
+        const QByteArray body = reply->readAll();
+        traceReply("[Xtream]", *reply, body);
+        QJsonParseError error;
+        const QJsonDocument document = QJsonDocument::fromJson(body, &error);
+        callback(document, error.error == QJsonParseError::NoError);
+    });
+}
+
+void XtreamClient::testLogin(std::function<void(bool, const QString &)> callback)
+{
+    get({}, {}, [callback = std::move(callback)](const QJsonDocument &document, bool ok) {
+        if (!ok) {
+            callback(false, tr("Could not reach server or invalid response"));
+            return;
+        }
+        const QJsonObject userInfo = document.object().value("user_info"_L1).toObject();
+        if (userInfo.value("auth"_L1).toInt() == 1) {
+            callback(true, {});
+        } else {
+            callback(false, tr("Authentication failed - check server URL, username, and password"));
+        }
+    });
+}
+
+void XtreamClient::fetchLiveCategories(CategoriesCallback callback)
+{
+    get(u"get_live_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+}
+
+void XtreamClient::fetchVodCategories(CategoriesCallback callback)
+{
+    get(u"get_vod_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+}
+
+void XtreamClient::fetchSeriesCategories(CategoriesCallback callback)
+{
+    get(u"get_series_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+}
+
+void XtreamClient::fetchLiveStreams(const QString &categoryId, ItemsCallback callback)
+{
+    get(u"get_live_streams"_s, categoryItem(categoryId),
+        parsedBy(&parseLiveStreams, std::move(callback)));
+}
+
+void XtreamClient::fetchVodStreams(const QString &categoryId, ItemsCallback callback)
+{
+    get(u"get_vod_streams"_s, categoryItem(categoryId),
+        parsedBy(&parseVodStreams, std::move(callback)));
+}
+
+void XtreamClient::fetchSeries(const QString &categoryId, ItemsCallback callback)
+{
+    get(u"get_series"_s, categoryItem(categoryId), parsedBy(&parseSeries, std::move(callback)));
+}
+
+void XtreamClient::fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback callback)
+{
+    get(u"get_series_info"_s, "series_id="_L1 + seriesId,
+        parsedBy(&parseSeriesEpisodes, std::move(callback)));
+}
+
+QString XtreamClient::liveStreamUrl(const QString &streamId, const QString &extension) const
+{
+    return streamUrl("live"_L1, streamId, extension);
+}
+
+QString XtreamClient::movieStreamUrl(const QString &streamId, const QString &extension) const
+{
+    return streamUrl("movie"_L1, streamId, extension);
+}
+
+QString XtreamClient::episodeStreamUrl(const QString &streamId, const QString &extension) const
+{
+    return streamUrl("series"_L1, streamId, extension);
+}
+
+QString XtreamClient::streamUrl(QLatin1StringView kind, const QString &streamId,
+                                const QString &extension) const
+{
+    // Put together in one go: a value that holds "%1" or the like must stay as it is.
+    return server + u'/' + kind + u'/' + username + u'/' + password + u'/' + streamId + u'.' +
+           extension;
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "model/CatalogRecords.h"
+
+#include <QJsonDocument>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class QNetworkAccessManager;
+
+/// Talks to an Xtream Codes server: JSON requests to its "/player_api.php", the login check, the
+/// catalog, and the URLs of its streams.
+///
+/// GUI thread only. Each callback is called exactly once, later, on the GUI thread, unless the
+/// client is destroyed first. Requests are independent and may run side by side; they have no
+/// time-out and are not repeated.
+class XtreamClient final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using CategoriesCallback = std::function<void(QList<Category>)>;
+    using ItemsCallback = std::function<void(QList<MediaItem>)>;
+    using EpisodesCallback = std::function<void(QList<Episode>)>;
+
+    explicit XtreamClient(QObject *parent);
+
+    /// Sets the account. One trailing slash of `server` is removed; nothing else is checked.
+    /// Requests in flight keep the account that they were sent with.
+    void configure(const QString &server, const QString &username, const QString &password);
+
+    /// Sends one request. `action` may be empty; `extra` is empty or one "key=value" item. The flag
+    /// is true only when the network succeeded and the body is JSON.
+    void get(const QString &action, const QString &extra,
+             std::function<void(QJsonDocument, bool)> callback);
+
+    /// Checks the account; on failure the second argument is a message for the user.
+    void testLogin(std::function<void(bool, const QString &)> callback);
+
+    /// @name Catalog
+    /// A failed request gives an empty list; see XtreamCatalog.h for how replies are read. An empty
+    /// category id asks for the entries of all categories.
+    /// @{
+    void fetchLiveCategories(CategoriesCallback callback);
+    void fetchVodCategories(CategoriesCallback callback);
+    void fetchSeriesCategories(CategoriesCallback callback);
+    void fetchLiveStreams(const QString &categoryId, ItemsCallback callback);
+    void fetchVodStreams(const QString &categoryId, ItemsCallback callback);
+    void fetchSeries(const QString &categoryId, ItemsCallback callback);
+    void fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback callback);
+    /// @}
+
+    /// @name Stream URLs
+    /// The values are put in as they are, without URL encoding.
+    /// @{
+    QString liveStreamUrl(const QString &streamId, const QString &extension) const;
+    QString movieStreamUrl(const QString &streamId, const QString &extension) const;
+    QString episodeStreamUrl(const QString &streamId, const QString &extension) const;
+    /// @}
+
+private:
+    QString streamUrl(QLatin1StringView kind, const QString &streamId,
+                      const QString &extension) const;
+
+    QNetworkAccessManager *network;
+    QString server;
+    QString username;
+    QString password;
+};

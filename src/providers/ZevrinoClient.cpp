@@ -1,0 +1,89 @@
+#include "providers/ZevrinoClient.h"
+
+#include "app/NetLog.h"
+#include "app/TraceSecrets.h"
+#include "providers/NetworkTrace.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString endpoint = u"" VANTIRO_SUBSCRIPTION_BASE_URL "/api/v1/subscription/credentials"_s;
+
+struct Outcome
+{
+    bool ok = false;
+    ZevrinoClient::Credentials credentials;
+    QString message;
+};
+
+Outcome refusal(const QString &message)
+{
+    return {false, {}, message};
+}
+
+Outcome readReply(const QByteArray &body)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(body, &error);
+    if (error.error != QJsonParseError::NoError || !document.isObject()) {
+        return refusal(ZevrinoClient::tr("Invalid response from server"));
+    }
+    const QJsonObject root = document.object();
+    if (root.value("status"_L1).toString() != "success"_L1) {
+        const QString message = root.value("message"_L1).toString();
+        return refusal(message.isEmpty() ? ZevrinoClient::tr("Subscription could not be resolved")
+                                         : message);
+    }
+    const QJsonObject data = root.value("data"_L1).toObject();
+    const ZevrinoClient::Credentials credentials{
+        data.value("server_url"_L1).toString(), data.value("username"_L1).toString(),
+        data.value("password"_L1).toString(), data.value("expires_at"_L1).toString(),
+        data.value("stream_type"_L1).toString()};
+    if (credentials.serverUrl.isEmpty() || credentials.username.isEmpty() ||
+        credentials.password.isEmpty()) {
+        return refusal(ZevrinoClient::tr("Server response was missing credentials"));
+    }
+    return {true, credentials, {}};
+}
+
+} // namespace
+
+ZevrinoClient::ZevrinoClient(QObject *parent)
+    : QObject(parent)
+    , network(new QNetworkAccessManager(this))
+{}
+
+void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
+{
+    hideFromTrace(subscriptionKey);
+    QNetworkRequest request(QUrl(endpoint, QUrl::TolerantMode));
+    request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
+    const QByteArray body = QJsonDocument(QJsonObject{{u"subscription_key"_s, subscriptionKey}})
+                                .toJson(QJsonDocument::Compact);
+    if (netDebugEnabled()) {
+        NetLogStream() << "[Zevrino] ->" << endpoint << traceSafe(QString::fromUtf8(body));
+    }
+    QNetworkReply *reply = network->post(request, body);
+    connect(reply, &QNetworkReply::finished, this, [reply, callback = std::move(callback)] {
+        reply->deleteLater();
+        if (reply->error() != QNetworkReply::NoError) {
+            traceFailedReply("[Zevrino]", *reply);
+            callback(false, {}, tr("Could not reach server: ") + reply->errorString());
+            return;
+        }
+        const QByteArray replyBody = reply->readAll();
+        const Outcome outcome = readReply(replyBody);
+        // The reply carries the account's password, which must be known before it is traced.
+        hideFromTrace(outcome.credentials.password);
+        traceReply("[Zevrino]", *reply, replyBody);
+        callback(outcome.ok, outcome.credentials, outcome.message);
+    });
+}

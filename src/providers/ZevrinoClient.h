@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class QNetworkAccessManager;
+
+/// Exchanges a Zevrino subscription key for the credentials of an Xtream Codes account.
+///
+/// GUI thread only. Nothing is kept between calls; several may run side by side.
+class ZevrinoClient final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What the service hands out for a valid key, as it writes it.
+    struct Credentials
+    {
+        QString serverUrl;
+        QString username;
+        QString password;
+        QString expiresAt;
+        QString streamType;
+
+        bool operator==(const Credentials &) const = default;
+    };
+
+    /// Success, the credentials (empty on failure), a message for the user (empty on success).
+    using Callback = std::function<void(bool, const Credentials &, const QString &)>;
+
+    explicit ZevrinoClient(QObject *parent);
+
+    /// Asks the service. The callback is called exactly once, later, on the GUI thread, unless the
+    /// client is destroyed first.
+    void resolve(const QString &subscriptionKey, Callback callback);
+
+private:
+    QNetworkAccessManager *network;
+};

@@ -1,0 +1,392 @@
+#include "ui/MainWindow.h"
+
+#include "model/SourceManager.h"
+#include "player/VlcPlayer.h"
+#include "ui/BrowseTab.h"
+#include "ui/PlainMessageBox.h"
+#include "ui/SourceDialog.h"
+#include "ui/Thumbnails.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QDateTime>
+#include <QLabel>
+#include <QListWidget>
+#include <QNetworkAccessManager>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <algorithm>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int autoRefreshIntervalMs = 1800000;
+constexpr int controlsHideDelayMs = 3000;
+constexpr int overlayAlpha = 150;
+
+std::optional<SourceConfig> findSource(const SourceManager &manager, const QString &name)
+{
+    const QList<SourceConfig> sources = manager.sources();
+    const auto found =
+        std::find_if(sources.begin(), sources.end(),
+                     [&name](const SourceConfig &source) { return source.name == name; });
+    return found != sources.end() ? std::optional(*found) : std::nullopt;
+}
+
+} // namespace
+
+MainWindow::MainWindow()
+    : sourceManager(new SourceManager(this))
+    , network(new QNetworkAccessManager(this))
+    , thumbnailNetwork(new QNetworkAccessManager(this))
+    , placeholderPoster(makePlaceholderPoster())
+{
+    setWindowTitle(tr("Vantiro Player"));
+    resize(1200, 750);
+
+    auto *central = new QWidget;
+    centralLayout = new QVBoxLayout(central);
+    centralLayout->setContentsMargins(6, 6, 6, 6);
+    setCentralWidget(central);
+    centralLayout->addWidget(buildSourceBar());
+
+    autoRefreshTimer = new QTimer(this);
+    autoRefreshTimer->setInterval(autoRefreshIntervalMs);
+    connect(autoRefreshTimer, &QTimer::timeout, this, &MainWindow::checkAutoRefresh);
+    autoRefreshTimer->start();
+
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    escape->setContext(Qt::WindowShortcut);
+    connect(escape, &QShortcut::activated, this, [this] {
+        if (fullscreen) {
+            toggleFullscreen();
+        }
+    });
+
+    controlsHideTimer = new QTimer(this);
+    controlsHideTimer->setSingleShot(true);
+    controlsHideTimer->setInterval(controlsHideDelayMs);
+    connect(controlsHideTimer, &QTimer::timeout, this, &MainWindow::hideFullscreenControls);
+
+    setMouseTracking(true);
+    qApp->installEventFilter(this);
+
+    buildTabs();
+    auto *splitter = new QSplitter(Qt::Horizontal);
+    splitter->addWidget(tabs);
+    splitter->addWidget(buildPlayerPanel());
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 2);
+    centralLayout->addWidget(splitter, 1);
+
+    buildFullscreenChrome();
+    buildLoadingOverlay();
+    createPlayer();
+    addPlayerShortcuts();
+    restoreSources();
+}
+
+QWidget *MainWindow::buildSourceBar()
+{
+    sourceBar = new QWidget;
+    sourceBar->setObjectName(u"sourceBar"_s);
+    sourceBar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    sourceCombo = new QComboBox;
+    sourceCombo->setObjectName(u"sourceCombo"_s);
+    sourceCombo->setAccessibleName(tr("Source"));
+    sourceCombo->setMinimumWidth(220);
+    auto *add = new QPushButton(tr("Add Source..."));
+    auto *edit = new QPushButton(tr("Edit Source..."));
+    auto *refresh = new QPushButton(tr("Refresh Playlist"));
+
+    auto *layout = new QHBoxLayout(sourceBar);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new QLabel(tr("Source:")));
+    layout->addWidget(sourceCombo);
+    layout->addWidget(add);
+    layout->addWidget(edit);
+    layout->addWidget(refresh);
+    layout->addStretch();
+
+    connect(add, &QPushButton::clicked, this, &MainWindow::addSource);
+    connect(edit, &QPushButton::clicked, this, &MainWindow::editSource);
+    connect(refresh, &QPushButton::clicked, this, &MainWindow::refreshActiveSource);
+    connect(sourceCombo, &QComboBox::currentIndexChanged, this, &MainWindow::onSourceSelected);
+    return sourceBar;
+}
+
+void MainWindow::buildTabs()
+{
+    tabs = new QTabWidget;
+    tabs->setObjectName(u"tabs"_s);
+    liveTabIndex = tabs->addTab(buildLiveTab(), tr("Live TV"));
+    movieTabIndex = tabs->addTab(buildMoviesTab(), tr("Movies"));
+    seriesTabIndex = tabs->addTab(buildSeriesTab(), tr("TV Shows"));
+    channelTabIndex = tabs->addTab(buildChannelsTab(), tr("Channels"));
+}
+
+void MainWindow::buildFullscreenChrome()
+{
+    fullscreenChrome = new QWidget(playerPanel);
+    fullscreenChrome->setObjectName(u"fullscreenChrome"_s);
+    fullscreenChrome->hide();
+    fullscreenChrome->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    fullscreenChrome->setAttribute(Qt::WA_NativeWindow);
+    // Asked for now, so that the window exists when it must stack above the picture.
+    fullscreenChrome->winId();
+    fullscreenChromeLayout = new QVBoxLayout(fullscreenChrome);
+    fullscreenChromeLayout->setContentsMargins(0, 0, 0, 0);
+}
+
+void MainWindow::buildLoadingOverlay()
+{
+    loadingOverlay = new QWidget(tabs);
+    loadingOverlay->setObjectName(u"loadingOverlay"_s);
+    loadingOverlay->setAutoFillBackground(true);
+    QPalette palette = loadingOverlay->palette();
+    palette.setColor(QPalette::Window, QColor(0, 0, 0, overlayAlpha));
+    loadingOverlay->setPalette(palette);
+    auto *label = new QLabel(tr("Loading..."));
+    label->setAlignment(Qt::AlignCenter);
+    label->setStyleSheet(u"color: white; font-size: 14pt;"_s);
+    auto *layout = new QVBoxLayout(loadingOverlay);
+    layout->addWidget(label);
+    loadingOverlay->setGeometry(tabs->rect());
+    loadingOverlay->hide();
+}
+
+void MainWindow::createPlayer()
+{
+    player = new VlcPlayer(videoSurface, this);
+    connect(player, &VlcPlayer::playbackError, this, &MainWindow::onPlaybackError);
+    connect(player, &VlcPlayer::playbackInterrupted, this, &MainWindow::onPlaybackInterrupted);
+    reconnectTimer = new QTimer(this);
+    reconnectTimer->setSingleShot(true);
+    connect(reconnectTimer, &QTimer::timeout, this, &MainWindow::replayCurrentStream);
+    connect(player, &VlcPlayer::playbackProgressing, this, [this] {
+        if (reconnectAttempts > 0) {
+            cancelLiveReconnect();
+        }
+    });
+    connect(player, &VlcPlayer::positionChanged, this, &MainWindow::onPositionChanged);
+    connect(player, &VlcPlayer::pausedChanged, this,
+            [this](bool paused) { playPauseButton->setText(paused ? tr("Play") : tr("Pause")); });
+}
+
+void MainWindow::restoreSources()
+{
+    const QList<SourceConfig> sources = sourceManager->sources();
+    {
+        const QSignalBlocker blocker(sourceCombo);
+        for (const SourceConfig &source : sources) {
+            sourceCombo->addItem(source.name, source.name);
+        }
+    }
+    if (sources.isEmpty()) {
+        // Through the event queue: the dialog must not open before the window is on screen.
+        QMetaObject::invokeMethod(this, &MainWindow::addSource, Qt::QueuedConnection);
+        return;
+    }
+    const int lastActive =
+        sourceCombo->findData(sourceManager->lastActiveSourceName(), Qt::UserRole,
+                              Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const int index = std::max(lastActive, 0);
+    if (index == sourceCombo->currentIndex()) {
+        onSourceSelected(index);
+    } else {
+        sourceCombo->setCurrentIndex(index);
+    }
+}
+
+void MainWindow::onSourceSelected(int index)
+{
+    if (index < 0) {
+        return;
+    }
+    if (const auto source = findSource(*sourceManager, sourceCombo->itemData(index).toString())) {
+        loadSource(*source, false);
+    }
+}
+
+void MainWindow::loadSource(const SourceConfig &config, bool force)
+{
+    // A copy: the caller may hand in currentSource itself.
+    const SourceConfig source = config;
+    currentSource = source;
+    sourceManager->setLastActiveSourceName(source.name);
+    showTabsFor(source.type);
+    resetBrowseTabs();
+    if (!SourceType::isAccount(source.type)) {
+        tabs->setCurrentIndex(channelTabIndex);
+        loadM3uSource(source, force);
+        return;
+    }
+    tabs->setCurrentIndex(liveTabIndex);
+    if (source.type == SourceType::Zevrino) {
+        loadZevrinoSource(source, force);
+    } else {
+        loadXtreamSource(source, force);
+    }
+}
+
+void MainWindow::showTabsFor(qint32 sourceType)
+{
+    const bool account = SourceType::isAccount(sourceType);
+    for (const int index : {liveTabIndex, movieTabIndex, seriesTabIndex}) {
+        tabs->setTabVisible(index, account);
+    }
+    tabs->setTabVisible(channelTabIndex, !account);
+}
+
+void MainWindow::resetBrowseTabs()
+{
+    for (QStackedWidget *stack : {liveStack, movieStack, seriesStack, channelStack}) {
+        stack->setCurrentIndex(BrowsePage::Categories);
+    }
+    for (QList<MediaItem> *items : {&liveItems, &movieItems, &seriesItems, &channelItems}) {
+        items->clear();
+    }
+    resetTabFilterState(liveCategoryId, liveCategoryList, liveTitleLabel, liveAllSearch,
+                        liveSearch);
+    resetTabFilterState(movieCategoryId, movieCategoryList, movieTitleLabel, movieAllSearch,
+                        movieSearch);
+    resetTabFilterState(seriesCategoryId, seriesCategoryList, seriesTitleLabel, seriesAllSearch,
+                        seriesSearch);
+    resetTabFilterState(channelCategoryId, channelCategoryList, channelTitleLabel, channelAllSearch,
+                        channelSearch);
+}
+
+void MainWindow::beginCatalogFetch(int steps)
+{
+    pendingFetchSteps += steps;
+    if (pendingFetchSteps > 0) {
+        loadingOverlay->setGeometry(tabs->rect());
+        loadingOverlay->raise();
+        loadingOverlay->show();
+    }
+}
+
+void MainWindow::catalogFetchStepDone()
+{
+    --pendingFetchSteps;
+    if (pendingFetchSteps <= 0) {
+        pendingFetchSteps = 0;
+        loadingOverlay->hide();
+    }
+}
+
+void MainWindow::refreshActiveSource()
+{
+    if (!currentSource.name.isEmpty()) {
+        loadSource(currentSource, true);
+    }
+}
+
+void MainWindow::checkAutoRefresh()
+{
+    if (currentSource.name.isEmpty()) {
+        return;
+    }
+    if (QDateTime::currentSecsSinceEpoch() - currentSource.lastUpdated >= catalogMaxAgeSeconds) {
+        loadSource(currentSource, true);
+    }
+}
+
+bool MainWindow::checkDialogResult(const SourceConfig &config, const QString &title)
+{
+    const bool subscription = config.type == SourceType::Zevrino;
+    if (!(subscription ? config.subscriptionKey : config.url).isEmpty()) {
+        return true;
+    }
+    PlainMessageBox::warn(this, title,
+                          subscription ? tr("Please provide a valid subscription key.")
+                                       : tr("Please provide a valid URL/path."));
+    return false;
+}
+
+void MainWindow::addSource()
+{
+    SourceDialog dialog(this, nullptr);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    const SourceConfig config = dialog.config();
+    if (!checkDialogResult(config, tr("Add Source"))) {
+        return;
+    }
+    sourceManager->saveSource(config);
+    sourceCombo->addItem(config.name, config.name);
+    sourceCombo->setCurrentIndex(sourceCombo->count() - 1);
+}
+
+void MainWindow::editSource()
+{
+    const int index = sourceCombo->currentIndex();
+    if (index < 0) {
+        return;
+    }
+    const auto existing = findSource(*sourceManager, sourceCombo->itemData(index).toString());
+    if (!existing) {
+        return;
+    }
+    SourceDialog dialog(this, &*existing);
+    if (dialog.exec() != QDialog::Accepted) {
+        if (dialog.deleteRequested) {
+            deleteSourceAt(index, existing->name);
+        }
+        return;
+    }
+    const SourceConfig edited = dialog.config();
+    if (checkDialogResult(edited, tr("Edit Source"))) {
+        replaceSourceAt(index, existing->name, edited);
+    }
+}
+
+void MainWindow::deleteSourceAt(int index, const QString &name)
+{
+    sourceManager->removeSource(name);
+    {
+        // The removal alone would select the next source, and loading it below would come twice.
+        const QSignalBlocker blocker(sourceCombo);
+        sourceCombo->removeItem(index);
+    }
+    if (sourceCombo->count() > 0) {
+        onSourceSelected(sourceCombo->currentIndex());
+    } else {
+        forgetLastSource();
+        QMetaObject::invokeMethod(this, &MainWindow::addSource, Qt::QueuedConnection);
+    }
+}
+
+void MainWindow::forgetLastSource()
+{
+    currentSource = defaultSourceConfig();
+    cancelLiveReconnect();
+    currentUrl.clear();
+    player->stop();
+    hasMedia = false;
+    nowPlayingLabel->setText(tr("Nothing playing"));
+    updatePlayerChrome();
+}
+
+void MainWindow::replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited)
+{
+    if (edited.name != oldName) {
+        sourceManager->removeSource(oldName);
+    }
+    sourceManager->saveSource(edited);
+    sourceCombo->setItemText(index, edited.name);
+    sourceCombo->setItemData(index, edited.name);
+    if (index == sourceCombo->currentIndex()) {
+        loadSource(edited, true);
+    }
+}

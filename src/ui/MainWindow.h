@@ -1,0 +1,321 @@
+#pragma once
+
+#include "model/CatalogCache.h"
+#include "model/CatalogRecords.h"
+#include "model/SourceConfig.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <QPixmap>
+
+#include <functional>
+
+class ClickToSeekSlider;
+class SourceManager;
+class VlcPlayer;
+class XtreamClient;
+class ZevrinoClient;
+
+class QBoxLayout;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QMenu;
+class QNetworkAccessManager;
+class QPushButton;
+class QSlider;
+class QStackedWidget;
+class QTableWidget;
+class QTimer;
+class QTreeWidget;
+class QTreeWidgetItem;
+class QVBoxLayout;
+
+/// The one window: the source bar, the four browse tabs, and the player beside them.
+///
+/// One class over several files; the banners name them. Everything runs on the GUI thread.
+class MainWindow final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow();
+
+    // ---- MainWindow.cpp: sources and the loading overlay ----
+
+    /// Makes `config` the active source and fills its tabs, from the cache when it is fresh and
+    /// `force` is false, from the network otherwise.
+    void loadSource(const SourceConfig &config, bool force);
+    /// Adds `steps` outstanding steps; the overlay shows while any is left.
+    void beginCatalogFetch(int steps);
+    /// Takes one step off; more calls than steps do no harm.
+    void catalogFetchStepDone();
+
+    // ---- MainWindowSources.cpp: loading flows ----
+
+    void loadM3uSource(const SourceConfig &config, bool force);
+    void loadXtreamSource(const SourceConfig &config, bool force);
+    void loadZevrinoSource(const SourceConfig &config, bool force);
+
+    // ---- MainWindowBrowse.cpp: the four tabs ----
+
+    void populateCategoryList(QListWidget *list, const QList<Category> &categories);
+    void populateTable(QTableWidget *table, const QList<MediaItem> &items);
+    void populatePosterGrid(QListWidget *list, const QList<MediaItem> &items);
+
+    // ---- MainWindowSeries.cpp: shows and episodes ----
+
+    /// Opens the episode page of a show; does nothing before an account was loaded.
+    void showEpisodesInline(const QString &seriesId, const QString &seriesName);
+    void playEpisodeTreeItem(QTreeWidgetItem *item);
+    void playNextEpisode();
+    void updateNextEpisodeButton();
+    void clearSeriesContext();
+
+    // ---- MainWindowPlayer.cpp: the player panel ----
+
+    /// Shows and hides the panel's rows as media and fullscreen ask.
+    void updatePlayerChrome();
+    /// In fullscreen, shows the chrome and the cursor for the next three seconds.
+    void showFullscreenControls();
+    /// In fullscreen, puts the chrome along the panel's bottom edge.
+    void repositionFullscreenChrome();
+
+    // ---- MainWindowPlayback.cpp: playing entries ----
+
+    /// Plays an entry. A show, and an entry without a URL, change nothing.
+    void playMediaItem(const MediaItem &item);
+    /// Starts the current URL again.
+    void replayCurrentStream();
+    void cancelLiveReconnect();
+
+    // ---- MainWindowPosters.cpp: thumbnails ----
+
+    /// Asks for the posters of the items in and near the visible part of the grid.
+    void loadVisibleThumbnails(QListWidget *list);
+    /// Gives `item` its poster from memory, disk or network.
+    void requestThumbnail(QListWidget *list, QListWidgetItem *item, const QString &url);
+
+public Q_SLOTS:
+    // ---- MainWindow.cpp ----
+    void addSource();
+    void editSource();
+    void refreshActiveSource();
+    void checkAutoRefresh();
+    void onSourceSelected(int index);
+
+    // ---- MainWindowBrowse.cpp ----
+    void filterLive();
+    void filterMovies();
+    void filterSeries();
+    void filterChannels();
+    void selectLiveCategory(QListWidgetItem *item);
+    void selectMovieCategory(QListWidgetItem *item);
+    void selectSeriesCategory(QListWidgetItem *item);
+    void selectChannelCategory(QListWidgetItem *item);
+    void playLiveRow(int row, int column);
+    void playMovieRow(int row, int column);
+    void openSeriesRow(int row, int column);
+    void playChannelRow(int row, int column);
+
+    // ---- MainWindowPlayer.cpp, MainWindowPlayback.cpp ----
+    void togglePlayPause();
+    void toggleFullscreen();
+    void onVolumeChanged(int value);
+    void onPlaybackError(const QString &message);
+    void onPlaybackInterrupted(const QString &reason);
+    void showStreamInfo();
+    void onPositionChanged(qint64 currentMs, qint64 totalMs);
+    void onSeekSliderPressed();
+    void onSeekSliderReleased();
+    void loadSubtitleFile();
+    void showSubtitleMenu();
+    void showAudioMenu();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    // ---- MainWindow.cpp ----
+    QWidget *buildSourceBar();
+    void buildTabs();
+    void buildFullscreenChrome();
+    void buildLoadingOverlay();
+    void createPlayer();
+    void addPlayerShortcuts();
+    void restoreSources();
+    void showTabsFor(qint32 sourceType);
+    void resetBrowseTabs();
+    void deleteSourceAt(int index, const QString &name);
+    void replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited);
+    void forgetLastSource();
+    bool checkDialogResult(const SourceConfig &config, const QString &title);
+
+    // ---- MainWindowSources.cpp ----
+    void stampFetchStart();
+    void downloadPlaylist(const SourceConfig &config);
+    void takePlaylist(const QString &sourceName, const QByteArray &body);
+    void showChannels(const QList<Category> &categories, const QList<MediaItem> &items);
+    bool loadAccountFromCache(const QString &sourceName);
+    void fetchAccount(const QString &sourceName);
+    XtreamClient *accountClient();
+    void loadResolvedSource(SourceConfig config, bool force);
+
+    // ---- MainWindowBrowse.cpp ----
+    QWidget *buildLiveTab();
+    QWidget *buildMoviesTab();
+    QWidget *buildSeriesTab();
+    QWidget *buildChannelsTab();
+    void openSeriesAt(int row);
+    void playRow(const QList<MediaItem> &filtered, int row);
+
+    // ---- MainWindowSeries.cpp ----
+    QWidget *buildEpisodePage();
+    void showEpisodes(const QList<Episode> &episodes);
+    bool hasNextEpisode() const;
+
+    // ---- MainWindowPlayer.cpp ----
+    QWidget *buildPlayerPanel();
+    QWidget *buildSeekRow();
+    QWidget *buildControlsRow();
+    void moveChromeInto(QVBoxLayout *layout);
+    void enterFullscreen();
+    void leaveFullscreen();
+    void hideFullscreenControls();
+    void changeVolumeBy(int delta);
+    void toggleMute();
+    void seekByKey(qint64 deltaMs);
+    void execMenuAbove(QMenu &menu, const QPushButton *button);
+
+    // ---- MainWindowPlayback.cpp ----
+    QString streamUrlFor(const MediaItem &item) const;
+    void startCurrentStream();
+
+    // ---- MainWindowPosters.cpp ----
+    void takeThumbnail(QListWidget *list, const QString &url, const QByteArray &body);
+
+    // Members, grouped by the same files.
+
+    // ---- MainWindow.cpp ----
+    SourceManager *sourceManager = nullptr;
+    /// Made on the first account load, then kept.
+    XtreamClient *xtream = nullptr;
+    /// Made on the first subscription load, then kept.
+    ZevrinoClient *zevrino = nullptr;
+    /// The active source; an empty name means none.
+    SourceConfig currentSource = defaultSourceConfig();
+    QNetworkAccessManager *network = nullptr;
+    QTimer *autoRefreshTimer = nullptr;
+    QWidget *sourceBar = nullptr;
+    QComboBox *sourceCombo = nullptr;
+    QVBoxLayout *centralLayout = nullptr;
+    QWidget *loadingOverlay = nullptr;
+    qint32 pendingFetchSteps = 0;
+
+    // ---- MainWindowBrowse.cpp ----
+    class QTabWidget *tabs = nullptr;
+    qint32 liveTabIndex = -1;
+    qint32 movieTabIndex = -1;
+    qint32 seriesTabIndex = -1;
+    qint32 channelTabIndex = -1;
+
+    QStackedWidget *liveStack = nullptr;
+    QStackedWidget *movieStack = nullptr;
+    QStackedWidget *seriesStack = nullptr;
+    QStackedWidget *channelStack = nullptr;
+    QListWidget *liveCategoryList = nullptr;
+    QListWidget *movieCategoryList = nullptr;
+    QListWidget *seriesCategoryList = nullptr;
+    QListWidget *channelCategoryList = nullptr;
+    QLineEdit *liveAllSearch = nullptr;
+    QLineEdit *movieAllSearch = nullptr;
+    QLineEdit *seriesAllSearch = nullptr;
+    QLineEdit *channelAllSearch = nullptr;
+    QLabel *liveTitleLabel = nullptr;
+    QLabel *movieTitleLabel = nullptr;
+    QLabel *seriesTitleLabel = nullptr;
+    QLabel *channelTitleLabel = nullptr;
+    QLineEdit *liveSearch = nullptr;
+    QLineEdit *movieSearch = nullptr;
+    QLineEdit *seriesSearch = nullptr;
+    QLineEdit *channelSearch = nullptr;
+    QTableWidget *liveTable = nullptr;
+    QListWidget *moviePosterList = nullptr;
+    QListWidget *seriesPosterList = nullptr;
+    QTableWidget *channelTable = nullptr;
+    QComboBox *movieSortCombo = nullptr;
+    QComboBox *seriesSortCombo = nullptr;
+
+    /// Ids of the selected categories; empty for all.
+    QString liveCategoryId;
+    QString movieCategoryId;
+    QString seriesCategoryId;
+    QString channelCategoryId;
+    QList<Category> liveCategories;
+    QList<Category> movieCategories;
+    QList<Category> seriesCategories;
+    /// Every entry of a tab as loaded.
+    QList<MediaItem> liveItems;
+    QList<MediaItem> movieItems;
+    QList<MediaItem> seriesItems;
+    QList<MediaItem> channelItems;
+    /// The entries shown, in display order: row r of the view is element r.
+    QList<MediaItem> liveFiltered;
+    QList<MediaItem> movieFiltered;
+    QList<MediaItem> seriesFiltered;
+    QList<MediaItem> channelFiltered;
+
+    // ---- MainWindowSeries.cpp ----
+    QLabel *episodeTitleLabel = nullptr;
+    QTreeWidget *episodeTree = nullptr;
+    /// The show of the episode page, and its episodes; a tree row names one by index.
+    QString currentSeriesName;
+    QList<Episode> shownEpisodes;
+    /// The show now playing, its episodes and the index of the one that plays, -1 for none.
+    QString playingSeriesName;
+    QList<Episode> episodePlaylist;
+    qint32 currentEpisodeIndex = -1;
+
+    // ---- MainWindowPlayer.cpp ----
+    VlcPlayer *player = nullptr;
+    QWidget *playerPanel = nullptr;
+    QVBoxLayout *playerLayout = nullptr;
+    QWidget *videoSurface = nullptr;
+    QLabel *nowPlayingLabel = nullptr;
+    QWidget *seekRow = nullptr;
+    ClickToSeekSlider *seekSlider = nullptr;
+    QLabel *timeLabel = nullptr;
+    QWidget *controlsRow = nullptr;
+    QPushButton *playPauseButton = nullptr;
+    QPushButton *nextEpisodeButton = nullptr;
+    QPushButton *audioButton = nullptr;
+    QPushButton *subtitlesButton = nullptr;
+    QSlider *volumeSlider = nullptr;
+    QTimer *controlsHideTimer = nullptr;
+    QWidget *fullscreenChrome = nullptr;
+    QVBoxLayout *fullscreenChromeLayout = nullptr;
+    int fullscreenChromeHeight = 0;
+    /// The user holds the seek slider.
+    bool seeking = false;
+    /// A stream was started and not given up; the chrome shows.
+    bool hasMedia = false;
+    bool fullscreen = false;
+    bool fullscreenControlsVisible = false;
+
+    // ---- MainWindowPlayback.cpp ----
+    qint32 currentKind = StreamKind::Live;
+    /// Empty when nothing can be replayed.
+    QString currentUrl;
+    QString currentTitle;
+    QTimer *reconnectTimer = nullptr;
+    /// Attempts since the live stream last made progress.
+    qint32 reconnectAttempts = 0;
+    bool errorDialogOpen = false;
+
+    // ---- MainWindowPosters.cpp ----
+    QNetworkAccessManager *thumbnailNetwork = nullptr;
+    QPixmap placeholderPoster;
+    QHash<QString, QPixmap> thumbnailCache;
+};

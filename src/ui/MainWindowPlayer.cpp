@@ -1,0 +1,429 @@
+#include "ui/MainWindow.h"
+
+#include "player/VlcPlayer.h"
+#include "ui/ClickToSeekSlider.h"
+#include "ui/FormatMs.h"
+
+#include <QActionGroup>
+#include <QBoxLayout>
+#include <QDialog>
+#include <QEvent>
+#include <QFileDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 skipMs = 10000;
+constexpr int volumeStep = 5;
+constexpr int normalCentralMargin = 6;
+constexpr int normalPanelMargin = 4;
+
+void setAllMargins(QLayout *layout, int margin)
+{
+    layout->setContentsMargins(margin, margin, margin, margin);
+}
+
+/// A menu text that shows `name` as it is: menus read a single "&" as a key mark.
+QString menuText(QString name)
+{
+    return name.replace(u'&', "&&"_L1);
+}
+
+QAction *addChoice(QMenu &menu, QActionGroup &group, const QString &text, bool current)
+{
+    QAction *action = menu.addAction(menuText(text));
+    action->setCheckable(true);
+    action->setChecked(current);
+    group.addAction(action);
+    return action;
+}
+
+/// A time as a slider value; a slider ends at 24 days.
+int sliderValue(qint64 ms)
+{
+    return static_cast<int>(std::clamp<qint64>(ms, 0, std::numeric_limits<int>::max()));
+}
+
+QPushButton *makeButton(const QString &text, const QString &objectName = {})
+{
+    auto *button = new QPushButton(text);
+    button->setObjectName(objectName);
+    return button;
+}
+
+} // namespace
+
+QWidget *MainWindow::buildPlayerPanel()
+{
+    playerPanel = new QWidget;
+    playerPanel->setObjectName(u"playerPanel"_s);
+    playerPanel->setMouseTracking(true);
+    playerPanel->setAccessibleName(tr("Player"));
+    playerLayout = new QVBoxLayout(playerPanel);
+    setAllMargins(playerLayout, normalPanelMargin);
+
+    videoSurface = new QWidget;
+    videoSurface->setObjectName(u"videoSurface"_s);
+    videoSurface->setAccessibleName(tr("Video"));
+    videoSurface->setMinimumSize(480, 270);
+    videoSurface->setStyleSheet(u"background-color: black;"_s);
+    // A plain widget paints the background of its style sheet only when told so.
+    videoSurface->setAttribute(Qt::WA_StyledBackground);
+    videoSurface->setMouseTracking(true);
+    nowPlayingLabel = new QLabel(tr("Nothing playing"));
+    nowPlayingLabel->setObjectName(u"mutedLabel"_s);
+    nowPlayingLabel->setTextFormat(Qt::PlainText);
+    nowPlayingLabel->hide();
+
+    playerLayout->addWidget(videoSurface, 1);
+    playerLayout->addWidget(nowPlayingLabel);
+    playerLayout->addWidget(buildSeekRow());
+    playerLayout->addWidget(buildControlsRow());
+    return playerPanel;
+}
+
+QWidget *MainWindow::buildSeekRow()
+{
+    seekRow = new QWidget;
+    seekRow->setObjectName(u"seekRow"_s);
+    auto *layout = new QHBoxLayout(seekRow);
+    setAllMargins(layout, 0);
+    QPushButton *back = makeButton(tr("<< 10s"));
+    QPushButton *forward = makeButton(tr("10s >>"));
+    seekSlider = new ClickToSeekSlider(Qt::Horizontal);
+    seekSlider->setObjectName(u"seekSlider"_s);
+    seekSlider->setAccessibleName(tr("Position"));
+    seekSlider->setRange(0, 0);
+    timeLabel = new QLabel(formatMs(0) + " / "_L1 + formatMs(0));
+    timeLabel->setObjectName(u"timeLabel"_s);
+    layout->addWidget(back);
+    layout->addWidget(seekSlider, 1);
+    layout->addWidget(forward);
+    layout->addWidget(timeLabel);
+    seekRow->hide();
+
+    connect(back, &QPushButton::clicked, this, [this] { player->seekRelative(-skipMs); });
+    connect(forward, &QPushButton::clicked, this, [this] { player->seekRelative(skipMs); });
+    connect(seekSlider, &QSlider::sliderPressed, this, &MainWindow::onSeekSliderPressed);
+    connect(seekSlider, &QSlider::sliderReleased, this, &MainWindow::onSeekSliderReleased);
+    return seekRow;
+}
+
+QWidget *MainWindow::buildControlsRow()
+{
+    controlsRow = new QWidget;
+    controlsRow->setObjectName(u"controlsRow"_s);
+    playPauseButton = makeButton(tr("Pause"), u"accentButton"_s);
+    nextEpisodeButton = makeButton(tr("Next Episode"), u"nextEpisodeButton"_s);
+    nextEpisodeButton->hide();
+    QPushButton *fullscreenButton = makeButton(tr("Fullscreen"));
+    QPushButton *infoButton = makeButton(tr("Info"));
+    audioButton = makeButton(tr("Audio"), u"audioButton"_s);
+    subtitlesButton = makeButton(tr("Subtitles"), u"subtitlesButton"_s);
+    volumeSlider = new QSlider(Qt::Horizontal);
+    volumeSlider->setObjectName(u"volumeSlider"_s);
+    volumeSlider->setAccessibleName(tr("Volume"));
+    volumeSlider->setRange(0, 100);
+    volumeSlider->setValue(100);
+    volumeSlider->setMaximumWidth(80);
+
+    auto *layout = new QHBoxLayout(controlsRow);
+    setAllMargins(layout, 0);
+    for (QPushButton *button : {playPauseButton, nextEpisodeButton, fullscreenButton, infoButton,
+                                audioButton, subtitlesButton}) {
+        layout->addWidget(button);
+    }
+    layout->addWidget(new QLabel(tr("Vol:")));
+    layout->addWidget(volumeSlider);
+    controlsRow->hide();
+
+    connect(playPauseButton, &QPushButton::clicked, this, &MainWindow::togglePlayPause);
+    connect(nextEpisodeButton, &QPushButton::clicked, this, &MainWindow::playNextEpisode);
+    connect(fullscreenButton, &QPushButton::clicked, this, &MainWindow::toggleFullscreen);
+    connect(infoButton, &QPushButton::clicked, this, &MainWindow::showStreamInfo);
+    connect(audioButton, &QPushButton::clicked, this, &MainWindow::showAudioMenu);
+    connect(subtitlesButton, &QPushButton::clicked, this, &MainWindow::showSubtitleMenu);
+    connect(volumeSlider, &QSlider::valueChanged, this, &MainWindow::onVolumeChanged);
+    return controlsRow;
+}
+
+void MainWindow::addPlayerShortcuts()
+{
+    playerPanel->setFocusPolicy(Qt::StrongFocus);
+    const auto add = [this](Qt::Key key, const std::function<void()> &action) {
+        auto *shortcut = new QShortcut(QKeySequence(key), playerPanel);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    add(Qt::Key_Space, [this] { togglePlayPause(); });
+    add(Qt::Key_F, [this] { toggleFullscreen(); });
+    add(Qt::Key_Up, [this] { changeVolumeBy(volumeStep); });
+    add(Qt::Key_Down, [this] { changeVolumeBy(-volumeStep); });
+    add(Qt::Key_M, [this] { toggleMute(); });
+    add(Qt::Key_Left, [this] { seekByKey(-skipMs); });
+    add(Qt::Key_Right, [this] { seekByKey(skipMs); });
+}
+
+// The slider's own range limits what comes out.
+void MainWindow::changeVolumeBy(int delta)
+{
+    volumeSlider->setValue(volumeSlider->value() + delta);
+}
+
+void MainWindow::toggleMute()
+{
+    static int volumeBeforeMute = 100;
+    if (volumeSlider->value() > 0) {
+        volumeBeforeMute = volumeSlider->value();
+        volumeSlider->setValue(0);
+    } else {
+        volumeSlider->setValue(volumeBeforeMute);
+    }
+}
+
+void MainWindow::seekByKey(qint64 deltaMs)
+{
+    if (StreamKind::isSeekable(currentKind)) {
+        player->seekRelative(deltaMs);
+    }
+}
+
+void MainWindow::togglePlayPause()
+{
+    player->togglePause();
+}
+
+void MainWindow::onVolumeChanged(int value)
+{
+    player->setVolume(value);
+}
+
+void MainWindow::onSeekSliderPressed()
+{
+    seeking = true;
+}
+
+void MainWindow::onSeekSliderReleased()
+{
+    seeking = false;
+    player->seek(seekSlider->value());
+}
+
+void MainWindow::onPositionChanged(qint64 currentMs, qint64 totalMs)
+{
+    if (!StreamKind::isSeekable(currentKind) || totalMs < 1) {
+        return;
+    }
+    if (!seeking) {
+        const QSignalBlocker blocker(seekSlider);
+        seekSlider->setRange(0, sliderValue(totalMs));
+        seekSlider->setValue(sliderValue(currentMs));
+    }
+    timeLabel->setText(formatMs(currentMs) + " / "_L1 + formatMs(totalMs));
+}
+
+void MainWindow::updatePlayerChrome()
+{
+    const bool shown = hasMedia && (!fullscreen || fullscreenControlsVisible);
+    nowPlayingLabel->setVisible(shown);
+    seekRow->setVisible(shown && StreamKind::isSeekable(currentKind));
+    controlsRow->setVisible(shown);
+    if (!fullscreen) {
+        return;
+    }
+    if (!shown) {
+        fullscreenChrome->hide();
+        return;
+    }
+    repositionFullscreenChrome();
+    fullscreenChrome->show();
+    fullscreenChrome->raise();
+}
+
+void MainWindow::repositionFullscreenChrome()
+{
+    if (fullscreen) {
+        fullscreenChrome->setGeometry(0, playerPanel->height() - fullscreenChromeHeight,
+                                      playerPanel->width(), fullscreenChromeHeight);
+    }
+}
+
+void MainWindow::toggleFullscreen()
+{
+    fullscreen = !fullscreen;
+    fullscreenControlsVisible = false;
+    controlsHideTimer->stop();
+    videoSurface->unsetCursor();
+    sourceBar->setVisible(!fullscreen);
+    tabs->setVisible(!fullscreen);
+    setAllMargins(centralLayout, fullscreen ? 0 : normalCentralMargin);
+    setAllMargins(playerLayout, fullscreen ? 0 : normalPanelMargin);
+    if (fullscreen) {
+        enterFullscreen();
+    } else {
+        leaveFullscreen();
+    }
+}
+
+void MainWindow::enterFullscreen()
+{
+    const bool seekRowShown = !seekRow->isHidden();
+    moveChromeInto(fullscreenChromeLayout);
+    for (QWidget *row : {static_cast<QWidget *>(nowPlayingLabel), seekRow, controlsRow}) {
+        row->show();
+    }
+    fullscreenChromeHeight = fullscreenChrome->sizeHint().height();
+    seekRow->setVisible(seekRowShown);
+    repositionFullscreenChrome();
+    updatePlayerChrome();
+    showFullScreen();
+}
+
+void MainWindow::leaveFullscreen()
+{
+    fullscreenChrome->hide();
+    moveChromeInto(playerLayout);
+    updatePlayerChrome();
+    showNormal();
+}
+
+void MainWindow::moveChromeInto(QVBoxLayout *layout)
+{
+    // Adding a widget to a layout takes it out of the one that it was in.
+    layout->addWidget(nowPlayingLabel);
+    layout->addWidget(seekRow);
+    layout->addWidget(controlsRow);
+}
+
+void MainWindow::showFullscreenControls()
+{
+    if (!fullscreen) {
+        return;
+    }
+    if (!fullscreenControlsVisible) {
+        fullscreenControlsVisible = true;
+        updatePlayerChrome();
+    }
+    videoSurface->unsetCursor();
+    controlsHideTimer->start();
+}
+
+void MainWindow::hideFullscreenControls()
+{
+    if (fullscreen) {
+        fullscreenControlsVisible = false;
+        updatePlayerChrome();
+        videoSurface->setCursor(Qt::BlankCursor);
+    }
+}
+
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    // Sees every event of the application: tell by the type first, it is the cheapest question.
+    switch (event->type()) {
+    case QEvent::MouseMove:
+        showFullscreenControls();
+        break;
+    case QEvent::MouseButtonDblClick:
+        if (watched == videoSurface) {
+            toggleFullscreen();
+        }
+        break;
+    case QEvent::Resize:
+        if (watched == playerPanel) {
+            repositionFullscreenChrome();
+        } else if (moviePosterList != nullptr && watched == moviePosterList->viewport()) {
+            loadVisibleThumbnails(moviePosterList);
+        } else if (seriesPosterList != nullptr && watched == seriesPosterList->viewport()) {
+            loadVisibleThumbnails(seriesPosterList);
+        }
+        break;
+    default:
+        break;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::showSubtitleMenu()
+{
+    QMenu menu(this);
+    QActionGroup group(&menu);
+    const int current = player->currentSubtitleTrack();
+    connect(addChoice(menu, group, tr("Disable"), current < 0), &QAction::triggered, this,
+            [this] { player->setSubtitleTrack(-1); });
+    const QList<VlcPlayer::Track> tracks = player->subtitleTracks();
+    if (!tracks.isEmpty()) {
+        menu.addSeparator();
+    }
+    for (const auto &[id, name] : tracks) {
+        connect(addChoice(menu, group, name, id == current), &QAction::triggered, this,
+                [this, trackId = id] { player->setSubtitleTrack(trackId); });
+    }
+    menu.addSeparator();
+    connect(menu.addAction(tr("Load Subtitle File...")), &QAction::triggered, this,
+            &MainWindow::loadSubtitleFile);
+    execMenuAbove(menu, subtitlesButton);
+}
+
+void MainWindow::showAudioMenu()
+{
+    QMenu menu(this);
+    QActionGroup group(&menu);
+    const int current = player->currentAudioTrack();
+    const QList<VlcPlayer::Track> tracks = player->audioTracks();
+    for (const auto &[id, name] : tracks) {
+        connect(addChoice(menu, group, name, id == current), &QAction::triggered, this,
+                [this, trackId = id] { player->setAudioTrack(trackId); });
+    }
+    if (tracks.isEmpty()) {
+        menu.addAction(tr("No audio tracks"))->setEnabled(false);
+    }
+    execMenuAbove(menu, audioButton);
+}
+
+void MainWindow::execMenuAbove(QMenu &menu, const QPushButton *button)
+{
+    menu.exec(button->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
+}
+
+void MainWindow::loadSubtitleFile()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Load Subtitle File"), {},
+        tr("Subtitles (*.srt *.ass *.ssa *.sub *.vtt);;All Files (*)"));
+    if (!path.isEmpty()) {
+        player->loadSubtitleFile(path);
+    }
+}
+
+void MainWindow::showStreamInfo()
+{
+    auto *dialog = new QDialog(this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Stream Info"));
+    dialog->setMinimumSize(440, 340);
+    auto *text = new QPlainTextEdit(player->mediaInfoText());
+    text->setReadOnly(true);
+    text->setAccessibleName(tr("Stream Info"));
+    QPushButton *refresh = makeButton(tr("Refresh"));
+    connect(refresh, &QPushButton::clicked, text,
+            [this, text] { text->setPlainText(player->mediaInfoText()); });
+    auto *layout = new QVBoxLayout(dialog);
+    layout->addWidget(text, 1);
+    layout->addWidget(refresh);
+    dialog->show();
+}
