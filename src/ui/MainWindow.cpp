@@ -86,6 +86,8 @@ MainWindow::MainWindow()
     splitter->addWidget(buildPlayerPanel());
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 2);
+    // The factors only share out what a resize adds; the start is shared out alike.
+    splitter->setSizes({1, 2});
     centralLayout->addWidget(splitter, 1);
 
     buildFullscreenChrome();
