@@ -1,0 +1,68 @@
+# vantiro_add_test(<name> SOURCES ... [LINK ...] [DISPLAY offscreen|xvfb] [TIMEOUT <seconds>]
+#                  [LABELS ...] [ENVIRONMENT NAME=value ...] [STREAMS])
+#
+# A Qt Test program with a main of its own (support/TestMain.h) and its CTest test. The test runs
+# in a private profile with a silent sound card, so that it cannot touch a user's files. With
+# DISPLAY xvfb it runs alone, on an X server and window manager of its own, with the label e2e.
+# STREAMS makes the generated streams (support/Streams.h) first. ENVIRONMENT adds to the test's
+# environment or overrides it.
+function(vantiro_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "STREAMS" "DISPLAY;TIMEOUT"
+                          "SOURCES;LINK;LABELS;ENVIRONMENT")
+    if(ARG_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "vantiro_add_test(${name}): unknown ${ARG_UNPARSED_ARGUMENTS}")
+    endif()
+    if(NOT ARG_DISPLAY)
+        set(ARG_DISPLAY offscreen)
+    elseif(NOT ARG_DISPLAY MATCHES "^(offscreen|xvfb)$")
+        message(FATAL_ERROR "vantiro_add_test(${name}): unknown display ${ARG_DISPLAY}")
+    endif()
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 60)
+    endif()
+
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE vantiro_options ${ARG_LINK} vantiro_test_support)
+    set_target_properties(${name} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests/bin)
+    if(ARG_STREAMS)
+        add_dependencies(${name} vantiro_streams)
+    endif()
+
+    set(profile ${PROJECT_BINARY_DIR}/profiles/${name})
+    file(MAKE_DIRECTORY ${profile}/config ${profile}/data ${profile}/cache)
+    file(MAKE_DIRECTORY ${profile}/runtime)
+    file(CHMOD ${profile}/runtime PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+    # libVLC's plugins leak, and are unloaded before the leak could be told to be theirs.
+    set(leaks 1)
+    if(ARG_DISPLAY STREQUAL "xvfb" OR ARG_LINK MATCHES "vantiro_(player|ui)")
+        set(leaks 0)
+    endif()
+    set(environment
+        HOME=${profile}
+        XDG_CONFIG_HOME=${profile}/config
+        XDG_DATA_HOME=${profile}/data
+        XDG_CACHE_HOME=${profile}/cache
+        XDG_RUNTIME_DIR=${profile}/runtime
+        ALSA_CONFIG_PATH=${PROJECT_SOURCE_DIR}/tests/support/alsa-null.conf
+        LC_ALL=C.UTF-8
+        QT_QPA_PLATFORMTHEME=
+        no_proxy=127.0.0.1,localhost
+        ASAN_OPTIONS=detect_leaks=${leaks}
+        UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+        TSAN_OPTIONS=halt_on_error=1:ignore_noninstrumented_modules=1:suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp)
+    if(ARG_DISPLAY STREQUAL "xvfb")
+        add_test(NAME ${name}
+                 COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with-display $<TARGET_FILE:${name}>)
+        set_tests_properties(${name} PROPERTIES RUN_SERIAL TRUE)
+        list(APPEND environment QT_QPA_PLATFORM=xcb)
+        list(APPEND ARG_LABELS e2e)
+    else()
+        add_test(NAME ${name} COMMAND ${name})
+        list(APPEND environment QT_QPA_PLATFORM=offscreen)
+    endif()
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${ARG_TIMEOUT}
+        LABELS "${ARG_LABELS}"
+        ENVIRONMENT "${environment};${ARG_ENVIRONMENT}")
+endfunction()

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "support/PrivateProfile.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QTest>
+
+/// The main of a test program: a private profile first, then the application, then the tests.
+template <typename Application, typename TestClass>
+int runTestProgram(int argc, char **argv)
+{
+    PrivateProfile profile;
+    Application application(argc, argv);
+    TestClass test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+/// For tests that make widgets.
+#define VANTIRO_TEST_MAIN(TestClass)                                                               \
+    int main(int argc, char **argv)                                                                \
+    {                                                                                              \
+        return runTestProgram<QApplication, TestClass>(argc, argv);                                \
+    }
+
+/// For tests that need an event loop at most.
+#define VANTIRO_TEST_GUILESS_MAIN(TestClass)                                                       \
+    int main(int argc, char **argv)                                                                \
+    {                                                                                              \
+        return runTestProgram<QCoreApplication, TestClass>(argc, argv);                            \
+    }

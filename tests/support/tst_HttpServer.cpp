@@ -1,0 +1,312 @@
+#include "support/HttpServer.h"
+#include "support/TestMain.h"
+#include "support/TlsCertificate.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QSignalSpy>
+#include <QSslConfiguration>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+class tst_HttpServer : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void answersWithTheReplyOfThePath();
+    void passesTheRequestOn();
+    void keepsTheConnection();
+    void longestPrefixWins();
+    void range_data();
+    void range();
+    void rangeCanBeSwitchedOff();
+    void servesADirectory();
+    void redirects();
+    void sendsChunksAndGzip_data();
+    void sendsChunksAndGzip();
+    void headHasNoBody();
+    void tls_data();
+    void tls();
+
+private:
+    QNetworkReply *get(const QString &path, const QByteArray &rangeHeader = {});
+    static bool finished(QNetworkReply *reply);
+
+    std::unique_ptr<HttpServer> server;
+    std::unique_ptr<QNetworkAccessManager> network;
+};
+
+namespace {
+
+HttpReply text(const QByteArray &body)
+{
+    HttpReply reply;
+    reply.body = body;
+    return reply;
+}
+
+} // namespace
+
+void tst_HttpServer::init()
+{
+    server = std::make_unique<HttpServer>();
+    network = std::make_unique<QNetworkAccessManager>();
+}
+
+void tst_HttpServer::cleanup()
+{
+    network.reset();
+    server.reset();
+}
+
+QNetworkReply *tst_HttpServer::get(const QString &path, const QByteArray &rangeHeader)
+{
+    QNetworkRequest request{QUrl(server->url(path))};
+    if (!rangeHeader.isEmpty())
+        request.setRawHeader("Range"_ba, rangeHeader);
+    return network->get(request);
+}
+
+bool tst_HttpServer::finished(QNetworkReply *reply)
+{
+    QSignalSpy spy(reply, &QNetworkReply::finished);
+    return reply->isFinished() || spy.wait(5000);
+}
+
+void tst_HttpServer::answersWithTheReplyOfThePath()
+{
+    HttpReply forbidden = text("no"_ba);
+    forbidden.status = 403;
+    forbidden.headers.append({"X-Reason"_ba, "agent"_ba});
+    server->on(u"/there"_s, text("yes"_ba));
+    server->on(u"/forbidden"_s, forbidden);
+
+    QNetworkReply *there = get(u"/there?any=query"_s);
+    QVERIFY(finished(there));
+    QCOMPARE(there->readAll(), "yes"_ba);
+    QCOMPARE(there->header(QNetworkRequest::ContentTypeHeader).toString(), u"text/plain"_s);
+
+    QNetworkReply *refused = get(u"/forbidden"_s);
+    QVERIFY(finished(refused));
+    QCOMPARE(refused->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), 403);
+    QCOMPARE(refused->rawHeader("X-Reason"_ba), "agent"_ba);
+
+    QNetworkReply *missing = get(u"/missing"_s);
+    QVERIFY(finished(missing));
+    QCOMPARE(missing->error(), QNetworkReply::ContentNotFoundError);
+
+    QCOMPARE(server->requestCount(), 3);
+    QCOMPARE(server->requestCount(u"/there"_s), 1);
+    QCOMPARE(server->requests().last().path, u"/missing"_s);
+    server->clearRequests();
+    QCOMPARE(server->requestCount(), 0);
+}
+
+void tst_HttpServer::passesTheRequestOn()
+{
+    server->on(u"/a b"_s, text({}));
+    QNetworkRequest request{QUrl(server->url(u"/a%20b?one=1%262&one=x+y&empty"_s))};
+    request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
+    QNetworkReply *reply = network->post(request, "{\"key\":\"\r\n\r\n\"}"_ba);
+    QVERIFY(finished(reply));
+    QCOMPARE(reply->error(), QNetworkReply::NoError);
+
+    const HttpRequest seen = server->requests().constFirst();
+    QCOMPARE(seen.method, "POST"_ba);
+    QCOMPARE(seen.path, u"/a b"_s);
+    QCOMPARE(seen.target, u"/a%20b?one=1%262&one=x+y&empty"_s);
+    QCOMPARE(seen.query.size(), 3);
+    QCOMPARE(seen.queryValue(u"one"_s), u"1&2"_s);
+    QCOMPARE(seen.query.at(1).second, u"x+y"_s);
+    QCOMPARE(seen.header("content-TYPE"_ba), "application/json"_ba);
+    QCOMPARE(seen.body, "{\"key\":\"\r\n\r\n\"}"_ba);
+}
+
+void tst_HttpServer::keepsTheConnection()
+{
+    server->on(u"/x"_s, text("body"_ba));
+    QTcpSocket client;
+    client.connectToHost(QHostAddress::LocalHost, server->port());
+    QVERIFY(client.waitForConnected());
+    client.write("GET /x HTTP/1.1\r\nHost: a\r\n\r\nGET /x HTTP/1.1\r\nHost: a\r\n\r\n");
+    QTRY_COMPARE(server->requestCount(u"/x"_s), 2);
+    client.write("GET /x HTTP/1.1\r\nHost: a\r\nConnection: close\r\n\r\n");
+    QTRY_COMPARE(client.state(), QAbstractSocket::UnconnectedState);
+    QCOMPARE(client.readAll().count("\r\n\r\nbody"), 3);
+}
+
+void tst_HttpServer::longestPrefixWins()
+{
+    server->onPrefix(u"/live/"_s, [](const HttpRequest &) { return text("short"_ba); });
+    server->onPrefix(u"/live/user/"_s, [](const HttpRequest &) { return text("long"_ba); });
+    server->on(u"/live/user/1"_s, text("exact"_ba));
+    const QList<std::pair<QString, QByteArray>> expected{{u"/live/1"_s, "short"_ba},
+                                                         {u"/live/user/2"_s, "long"_ba},
+                                                         {u"/live/user/1"_s, "exact"_ba}};
+    for (const auto &[path, body] : expected) {
+        QNetworkReply *reply = get(path);
+        QVERIFY(finished(reply));
+        QCOMPARE(reply->readAll(), body);
+    }
+}
+
+void tst_HttpServer::range_data()
+{
+    QTest::addColumn<QByteArray>("header");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QByteArray>("contentRange");
+    QTest::newRow("from and to") << "bytes=2-4"_ba << 206 << "234"_ba
+                                 << "bytes 2-4/10"_ba;
+    QTest::newRow("open end") << "bytes=7-"_ba << 206 << "789"_ba
+                              << "bytes 7-9/10"_ba;
+    QTest::newRow("end beyond the body") << "bytes=8-99"_ba << 206 << "89"_ba
+                                         << "bytes 8-9/10"_ba;
+    QTest::newRow("the last bytes") << "bytes=-3"_ba << 206 << "789"_ba
+                                    << "bytes 7-9/10"_ba;
+    QTest::newRow("behind the end") << "bytes=10-"_ba << 416 << ""_ba
+                                    << "bytes */10"_ba;
+}
+
+void tst_HttpServer::range()
+{
+    QFETCH(const QByteArray, header);
+    server->on(u"/x"_s, text("0123456789"_ba));
+    QNetworkReply *reply = get(u"/x"_s, header);
+    QVERIFY(finished(reply));
+    QTEST(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), "status");
+    QTEST(reply->readAll(), "body");
+    QTEST(reply->rawHeader("Content-Range"_ba), "contentRange");
+}
+
+void tst_HttpServer::rangeCanBeSwitchedOff()
+{
+    HttpReply whole = text("0123456789"_ba);
+    whole.supportRange = false;
+    server->on(u"/x"_s, whole);
+    QNetworkReply *reply = get(u"/x"_s, "bytes=2-4"_ba);
+    QVERIFY(finished(reply));
+    QCOMPARE(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), 200);
+    QCOMPARE(reply->readAll(), "0123456789"_ba);
+    QVERIFY(!reply->hasRawHeader("Accept-Ranges"_ba));
+}
+
+void tst_HttpServer::servesADirectory()
+{
+    QTemporaryDir directory;
+    QFile file(directory.filePath(u"film.mp4"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("0123456789");
+    file.close();
+    server->serveDirectory(u"/media/"_s, directory.path());
+
+    QNetworkReply *reply = get(u"/media/film.mp4"_s, "bytes=5-"_ba);
+    QVERIFY(finished(reply));
+    QCOMPARE(reply->readAll(), "56789"_ba);
+    QCOMPARE(reply->header(QNetworkRequest::ContentTypeHeader).toString(), u"video/mp4"_s);
+    QNetworkReply *missing = get(u"/media/none.mp4"_s);
+    QVERIFY(finished(missing));
+    QCOMPARE(missing->error(), QNetworkReply::ContentNotFoundError);
+}
+
+void tst_HttpServer::redirects()
+{
+    server->on(u"/old"_s, HttpReply::redirect(server->url(u"/new"_s)));
+    server->on(u"/new"_s, text("here"_ba));
+    QNetworkReply *reply = get(u"/old"_s);
+    QVERIFY(finished(reply));
+    QCOMPARE(reply->readAll(), "here"_ba);
+    QCOMPARE(reply->url().path(), u"/new"_s);
+}
+
+void tst_HttpServer::sendsChunksAndGzip_data()
+{
+    QTest::addColumn<bool>("chunked");
+    QTest::addColumn<bool>("gzip");
+    QTest::addColumn<QByteArray>("body");
+    const QByteArray large = QByteArray("0123456789abcdef").repeated(100'000);
+    QTest::newRow("plain, large") << false << false << large;
+    QTest::newRow("chunked, large") << true << false << large;
+    QTest::newRow("chunked, empty") << true << false << ""_ba;
+    QTest::newRow("gzip, large") << false << true << large;
+    QTest::newRow("gzip, empty") << false << true << ""_ba;
+    QTest::newRow("chunked gzip") << true << true << large;
+}
+
+void tst_HttpServer::sendsChunksAndGzip()
+{
+    QFETCH(const bool, chunked);
+    QFETCH(const bool, gzip);
+    QFETCH(const QByteArray, body);
+    HttpReply sent = text(body);
+    sent.chunked = chunked;
+    sent.gzip = gzip;
+    server->on(u"/x"_s, sent);
+    QNetworkReply *reply = get(u"/x"_s);
+    QVERIFY(finished(reply));
+    QCOMPARE(reply->error(), QNetworkReply::NoError);
+    QVERIFY(reply->readAll() == body);
+    QCOMPARE(reply->hasRawHeader("Transfer-Encoding"_ba), chunked);
+}
+
+void tst_HttpServer::headHasNoBody()
+{
+    server->on(u"/x"_s, text("body"_ba));
+    QNetworkReply *reply = network->head(QNetworkRequest(QUrl(server->url(u"/x"_s))));
+    QVERIFY(finished(reply));
+    QCOMPARE(reply->error(), QNetworkReply::NoError);
+    QCOMPARE(reply->header(QNetworkRequest::ContentLengthHeader).toInt(), 4);
+    QVERIFY(reply->readAll().isEmpty());
+}
+
+void tst_HttpServer::tls_data()
+{
+    QTest::addColumn<bool>("trusted");
+    QTest::addColumn<bool>("expired");
+    QTest::addColumn<bool>("answered");
+    QTest::newRow("trusted authority") << true << false << true;
+    QTest::newRow("unknown authority") << false << false << false;
+    QTest::newRow("expired certificate") << true << true << false;
+}
+
+void tst_HttpServer::tls()
+{
+    QFETCH(const bool, trusted);
+    QFETCH(const bool, expired);
+    QFETCH(const bool, answered);
+    QTemporaryDir directory;
+    const TlsCertificate certificate(directory.path(), expired ? TlsCertificate::Validity::Expired
+                                                               : TlsCertificate::Validity::Current);
+    QVERIFY(certificate.isValid());
+    server = std::make_unique<HttpServer>(
+        HttpServer::Tls{certificate.certificateFile(), certificate.keyFile()});
+    const QByteArray body = QByteArray("0123456789").repeated(100'000);
+    server->on(u"/x"_s, text(body));
+    QVERIFY(server->url().startsWith(u"https://127.0.0.1:"));
+
+    QNetworkRequest request{QUrl(server->url(u"/x"_s))};
+    if (trusted) {
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.setCaCertificates(QSslCertificate::fromPath(certificate.authorityFile()));
+        request.setSslConfiguration(configuration);
+    }
+    QNetworkReply *reply = network->get(request);
+    QVERIFY(finished(reply));
+    QCOMPARE(reply->error(),
+             answered ? QNetworkReply::NoError : QNetworkReply::SslHandshakeFailedError);
+    QVERIFY(reply->readAll() == (answered ? body : QByteArray()));
+    QCOMPARE(server->requestCount(), answered ? 1 : 0);
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_HttpServer)
+#include "tst_HttpServer.moc"

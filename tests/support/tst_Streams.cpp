@@ -1,0 +1,120 @@
+#include "support/Streams.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/// The streams that the build makes, and the two kinds of live channel.
+class tst_Streams : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tracks_data();
+    void tracks();
+    void indexOfTheFilmStandsAtItsEnd();
+    void liveTsIsEndlessAndPaced();
+    void liveHlsMovesOn();
+
+private:
+    static QByteArray fetch(QNetworkAccessManager &network, const QString &url);
+};
+
+QByteArray tst_Streams::fetch(QNetworkAccessManager &network, const QString &url)
+{
+    const std::unique_ptr<QNetworkReply> reply(network.get(QNetworkRequest(QUrl(url))));
+    QSignalSpy spy(reply.get(), &QNetworkReply::finished);
+    spy.wait(5000);
+    return reply->error() == QNetworkReply::NoError ? reply->readAll() : QByteArray();
+}
+
+void tst_Streams::tracks_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("tracks");
+    const QByteArray both = "video,audio"_ba;
+    QTest::newRow("channel") << u"live.ts"_s << both;
+    QTest::newRow("short channel") << u"short.ts"_s << both;
+    QTest::newRow("film") << u"film.mp4"_s << both;
+    QTest::newRow("film, index in front") << u"film-faststart.mp4"_s << both;
+    QTest::newRow("playlist of segments") << u"hls/index.m3u8"_s << both;
+    QTest::newRow("no sound") << u"silent.mp4"_s << "video"_ba;
+    QTest::newRow("no picture") << u"audio.mp3"_s << "audio"_ba;
+    QTest::newRow("subtitles") << u"subtitles.srt"_s << "subtitle"_ba;
+    QTest::newRow("several tracks")
+        << u"tracks.mkv"_s << "video,audio eng,audio deu,subtitle eng,subtitle fra"_ba;
+}
+
+void tst_Streams::tracks()
+{
+    QFETCH(const QString, file);
+    QProcess probe;
+    probe.start(u"ffprobe"_s, {u"-v"_s, u"error"_s, u"-show_entries"_s,
+                               u"stream=codec_type:stream_tags=language"_s, u"-of"_s,
+                               u"csv=p=0:s=\\ "_s, streamPath(file)});
+    QVERIFY(probe.waitForFinished());
+    QList<QByteArray> found;
+    for (const QByteArray &line : probe.readAllStandardOutput().split('\n')) {
+        // Programs list their streams once more.
+        if (const QByteArray track = line.trimmed(); !track.isEmpty() && !found.contains(track))
+            found.append(track);
+    }
+    QByteArray joined = found.join(',');
+    if (file != "tracks.mkv"_L1)
+        joined.replace(" und", "");
+    QTEST(joined, "tracks");
+}
+
+void tst_Streams::indexOfTheFilmStandsAtItsEnd()
+{
+    const auto indexPosition = [](const QString &name) {
+        QFile file(streamPath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().indexOf("moov") : -1;
+    };
+    QVERIFY(indexPosition(u"film.mp4"_s) > QFileInfo(streamPath(u"film.mp4"_s)).size() * 9 / 10);
+    QVERIFY(indexPosition(u"film-faststart.mp4"_s) > 0);
+    QVERIFY(indexPosition(u"film-faststart.mp4"_s) < 1000);
+}
+
+void tst_Streams::liveTsIsEndlessAndPaced()
+{
+    const qint64 size = QFileInfo(streamPath(u"live.ts"_s)).size();
+    const HttpReply live = liveTs();
+    // 480 kbit/s, give or take what the multiplexer rounds.
+    QVERIFY2(qAbs(live.bytesPerSecond - 60'000) < 1200,
+             qPrintable(QString::number(live.bytesPerSecond)));
+    QByteArray round;
+    while (round.size() < size)
+        round += live.producer(round.size());
+    QCOMPARE(round.size(), size);
+    QVERIFY(live.producer(size) == live.producer(0));
+    for (qsizetype packet = 0; packet < round.size(); packet += 188)
+        QCOMPARE(round.at(packet), '\x47');
+}
+
+void tst_Streams::liveHlsMovesOn()
+{
+    HttpServer server;
+    serveLiveHls(server, u"/channel"_s);
+    QNetworkAccessManager network;
+    const QString playlistUrl = server.url(u"/channel/index.m3u8"_s);
+    const QByteArray first = fetch(network, playlistUrl);
+    QVERIFY(first.contains("#EXT-X-MEDIA-SEQUENCE:0\n"));
+    QCOMPARE(first.count("#EXTINF:"), 4);
+    QVERIFY(!first.contains("#EXT-X-ENDLIST"));
+    const QByteArray segment = fetch(network, server.url(u"/channel/segment3.ts"_s));
+    QVERIFY(segment.startsWith('\x47'));
+    QVERIFY(fetch(network, server.url(u"/channel/segment400.ts"_s)).isEmpty());
+    QTRY_VERIFY(fetch(network, playlistUrl).contains("\nsegment4.ts\n"));
+    QVERIFY(!fetch(network, playlistUrl).contains("segment0.ts"));
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_Streams)
+#include "tst_Streams.moc"
