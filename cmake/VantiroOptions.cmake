@@ -36,7 +36,7 @@ if(VANTIRO_SANITIZE)
     target_link_options(vantiro_options INTERFACE -fsanitize=${VANTIRO_SANITIZE})
 endif()
 
-# A static library of one folder under src/, with the common Qt headers precompiled.
+# A static library of one folder under src/.
 function(vantiro_add_library name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINK")
     add_library(${name} STATIC ${ARG_SOURCES})

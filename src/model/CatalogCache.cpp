@@ -1,11 +1,13 @@
 #include "model/CatalogCache.h"
 
+#include "model/Age.h"
+#include "model/JsonScan.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QVariant>
@@ -14,7 +16,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString categoriesKey = u"categories"_s;
+const QString itemsKey = u"items"_s;
 const QString episodesKey = u"episodes"_s;
+const QString savedAtKey = u"savedAt"_s;
+const QString listKey = u"list"_s;
 
 QString cacheDir()
 {
@@ -29,145 +35,185 @@ QString cacheFilePath(const QString &sourceName)
     return cacheDir() + u'/' + fileName + ".json"_L1;
 }
 
-/// The root object of a source's file, empty when there is no usable one.
-QJsonObject readRoot(const QString &sourceName)
+/// The members of a source's file, none when there is no usable one.
+JsonObjectText readRoot(const QString &sourceName)
 {
     QFile file(cacheFilePath(sourceName));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    if (error.error != QJsonParseError::NoError || !document.isObject()) {
-        return {};
-    }
-    return document.object();
+    return file.open(QIODevice::ReadOnly) ? JsonObjectText::read(file.readAll()) : JsonObjectText();
 }
 
-void writeRoot(const QString &sourceName, const QJsonObject &root)
+void writeRoot(const QString &sourceName, const JsonObjectText &root)
 {
     QFile file(cacheFilePath(sourceName));
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        file.write(QJsonDocument(root).toJson(QJsonDocument::Compact));
+        file.write(root.toJson());
     }
 }
 
-QJsonObject toJson(const Category &category)
+/// Writes the members of one JSON object, one after the other.
+class ObjectWriter
 {
-    return {{u"id"_s, category.id}, {u"name"_s, category.name}};
+public:
+    explicit ObjectWriter(QByteArray &out)
+        : json(out)
+    {
+        json += '{';
+    }
+    ~ObjectWriter() { json += '}'; }
+    Q_DISABLE_COPY_MOVE(ObjectWriter)
+
+    void add(QByteArrayView key, const QString &text)
+    {
+        addKey(key);
+        appendJsonText(json, text);
+    }
+    void add(QByteArrayView key, double number)
+    {
+        addKey(key);
+        appendJsonNumber(json, number);
+    }
+    void add(QByteArrayView key, qint64 number)
+    {
+        addKey(key);
+        json += QByteArray::number(number);
+    }
+
+private:
+    void addKey(QByteArrayView key)
+    {
+        if (!first) {
+            json += ',';
+        }
+        first = false;
+        json += '"';
+        json += key;
+        json += "\":";
+    }
+
+    QByteArray &json;
+    bool first = true;
+};
+
+void append(QByteArray &json, const Category &category)
+{
+    ObjectWriter object(json);
+    object.add("id", category.id);
+    object.add("name", category.name);
 }
 
-Category categoryFromJson(const QJsonObject &object)
+void append(QByteArray &json, const MediaItem &item)
 {
-    return {object.value("id"_L1).toString(), object.value("name"_L1).toString()};
+    ObjectWriter object(json);
+    object.add("type", qint64(item.type));
+    object.add("id", item.id);
+    object.add("name", item.name);
+    object.add("categoryId", item.categoryId);
+    object.add("iconUrl", item.iconUrl);
+    object.add("containerExtension", item.containerExtension);
+    object.add("streamUrl", item.streamUrl);
+    object.add("rating", item.rating);
+    object.add("addedAt", item.addedAt);
 }
 
-QJsonObject toJson(const MediaItem &item)
+void append(QByteArray &json, const Episode &episode)
 {
-    return {{u"type"_s, item.type},
-            {u"id"_s, item.id},
-            {u"name"_s, item.name},
-            {u"categoryId"_s, item.categoryId},
-            {u"iconUrl"_s, item.iconUrl},
-            {u"containerExtension"_s, item.containerExtension},
-            {u"streamUrl"_s, item.streamUrl},
-            {u"rating"_s, item.rating},
-            {u"addedAt"_s, QJsonValue::fromVariant(QVariant(item.addedAt))}};
-}
-
-MediaItem itemFromJson(const QJsonObject &object)
-{
-    MediaItem item;
-    item.type = object.value("type"_L1).toInt();
-    item.id = object.value("id"_L1).toString();
-    item.name = object.value("name"_L1).toString();
-    item.categoryId = object.value("categoryId"_L1).toString();
-    item.iconUrl = object.value("iconUrl"_L1).toString();
-    item.containerExtension = object.value("containerExtension"_L1).toString();
-    item.streamUrl = object.value("streamUrl"_L1).toString();
-    item.rating = object.value("rating"_L1).toDouble();
-    item.addedAt = object.value("addedAt"_L1).toVariant().toLongLong();
-    return item;
-}
-
-QJsonObject toJson(const Episode &episode)
-{
-    return {{u"id"_s, episode.id},         {u"seriesName"_s, episode.seriesName},
-            {u"season"_s, episode.season}, {u"episodeNumber"_s, episode.episodeNumber},
-            {u"title"_s, episode.title},   {u"containerExtension"_s, episode.containerExtension}};
-}
-
-Episode episodeFromJson(const QJsonObject &object)
-{
-    Episode episode;
-    episode.id = object.value("id"_L1).toString();
-    episode.seriesName = object.value("seriesName"_L1).toString();
-    episode.season = object.value("season"_L1).toInt();
-    episode.episodeNumber = object.value("episodeNumber"_L1).toInt();
-    episode.title = object.value("title"_L1).toString();
-    episode.containerExtension = object.value("containerExtension"_L1).toString();
-    return episode;
+    ObjectWriter object(json);
+    object.add("id", episode.id);
+    object.add("seriesName", episode.seriesName);
+    object.add("season", qint64(episode.season));
+    object.add("episodeNumber", qint64(episode.episodeNumber));
+    object.add("title", episode.title);
+    object.add("containerExtension", episode.containerExtension);
 }
 
 template <typename Record>
-QJsonArray toJsonArray(const QList<Record> &records)
+QByteArray arrayText(const QList<Record> &records)
 {
-    QJsonArray array;
+    constexpr qsizetype usualSize = 200;
+    QByteArray json;
+    json.reserve(records.size() * usualSize);
+    json += '[';
     for (const Record &record : records) {
-        array.append(toJson(record));
+        if (json.size() > 1) {
+            json += ',';
+        }
+        append(json, record);
     }
-    return array;
+    return json + ']';
 }
 
-template <typename Record>
-QList<Record> fromJsonArray(const QJsonArray &array, Record (*convert)(const QJsonObject &))
+// The keys stand in the order of the records' members.
+const QList<QByteArray> categoryKeys = {"id"_ba, "name"_ba};
+const QList<QByteArray> itemKeys = {"type"_ba,       "id"_ba,      "name"_ba,
+                                    "categoryId"_ba, "iconUrl"_ba, "containerExtension"_ba,
+                                    "streamUrl"_ba,  "rating"_ba,  "addedAt"_ba};
+const QList<QByteArray> episodeKeys = {
+    "id"_ba, "seriesName"_ba, "season"_ba, "episodeNumber"_ba, "title"_ba, "containerExtension"_ba};
+
+Category categoryFrom(const JsonFields &fields)
 {
-    QList<Record> records;
-    records.reserve(array.size());
-    for (const QJsonValue &element : array) {
-        records.append(convert(element.toObject()));
-    }
-    return records;
+    return {fields[0].toText(), fields[1].toText()};
+}
+
+MediaItem itemFrom(const JsonFields &fields)
+{
+    return {
+        fields[0].toInt(),    fields[1].toText(),
+        fields[2].toText(),   fields[3].toText(),
+        fields[4].toText(),   fields[5].toText(),
+        fields[6].toText(),   fields[7].kind == JsonField::Kind::Number ? fields[7].toReal() : 0.0,
+        fields[8].toInteger()};
+}
+
+Episode episodeFrom(const JsonFields &fields)
+{
+    return {fields[0].toText(), fields[1].toText(), fields[2].toInt(),
+            fields[3].toInt(),  fields[4].toText(), fields[5].toText()};
+}
+
+/// The time stamp in a JSON text, 0 when it holds none.
+qint64 stampFrom(const QByteArray &json)
+{
+    return QJsonDocument::fromJson('[' + json + ']').array().at(0).toVariant().toLongLong();
 }
 
 } // namespace
 
 bool CatalogCache::load(const QString &sourceName, const QString &section, Section &out)
 {
-    const QJsonObject root = readRoot(sourceName);
-    const auto found = root.constFind(section);
-    if (found == root.constEnd()) {
+    const JsonObjectText root = readRoot(sourceName);
+    if (!root.contains(section)) {
         return false;
     }
-    const QJsonObject object = found->toObject();
-    out.categories = fromJsonArray(object.value("categories"_L1).toArray(), categoryFromJson);
-    out.items = fromJsonArray(object.value("items"_L1).toArray(), itemFromJson);
+    const JsonObjectText object = JsonObjectText::read(root.value(section));
+    out.categories = readJsonRecords(object.value(categoriesKey), categoryKeys, &categoryFrom);
+    out.items = readJsonRecords(object.value(itemsKey), itemKeys, &itemFrom);
     return true;
 }
 
 void CatalogCache::save(const QString &sourceName, const QString &section, const Section &data)
 {
     QDir().mkpath(cacheDir());
-    QJsonObject root = readRoot(sourceName);
-    root.insert(section, QJsonObject{{u"categories"_s, toJsonArray(data.categories)},
-                                     {u"items"_s, toJsonArray(data.items)}});
+    JsonObjectText object;
+    object.insert(categoriesKey, arrayText(data.categories));
+    object.insert(itemsKey, arrayText(data.items));
+    JsonObjectText root = readRoot(sourceName);
+    root.insert(section, object.toJson());
     writeRoot(sourceName, root);
 }
 
 bool CatalogCache::loadEpisodes(const QString &sourceName, const QString &seriesId,
                                 long long maxAgeSeconds, QList<Episode> &out)
 {
-    const QJsonObject store = readRoot(sourceName).value(episodesKey).toObject();
-    const auto found = store.constFind(seriesId);
-    if (found == store.constEnd()) {
+    const JsonObjectText store = JsonObjectText::read(readRoot(sourceName).value(episodesKey));
+    if (!store.contains(seriesId)) {
         return false;
     }
-    const QJsonObject entry = found->toObject();
-    const qint64 savedAt = entry.value("savedAt"_L1).toVariant().toLongLong();
-    if (QDateTime::currentSecsSinceEpoch() - savedAt >= maxAgeSeconds) {
+    const JsonObjectText entry = JsonObjectText::read(store.value(seriesId));
+    if (secondsSince(stampFrom(entry.value(savedAtKey))) >= maxAgeSeconds) {
         return false;
     }
-    out = fromJsonArray(entry.value("list"_L1).toArray(), episodeFromJson);
+    out = readJsonRecords(entry.value(listKey), episodeKeys, &episodeFrom);
     return true;
 }
 
@@ -175,10 +221,12 @@ void CatalogCache::saveEpisodes(const QString &sourceName, const QString &series
                                 const QList<Episode> &episodes)
 {
     QDir().mkpath(cacheDir());
-    QJsonObject root = readRoot(sourceName);
-    QJsonObject store = root.value(episodesKey).toObject();
-    store.insert(seriesId, QJsonObject{{u"savedAt"_s, QDateTime::currentSecsSinceEpoch()},
-                                       {u"list"_s, toJsonArray(episodes)}});
-    root.insert(episodesKey, store);
+    JsonObjectText entry;
+    entry.insert(savedAtKey, QByteArray::number(QDateTime::currentSecsSinceEpoch()));
+    entry.insert(listKey, arrayText(episodes));
+    JsonObjectText root = readRoot(sourceName);
+    JsonObjectText store = JsonObjectText::read(root.value(episodesKey));
+    store.insert(seriesId, entry.toJson());
+    root.insert(episodesKey, store.toJson());
     writeRoot(sourceName, root);
 }

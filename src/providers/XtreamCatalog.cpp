@@ -1,6 +1,9 @@
 #include "providers/XtreamCatalog.h"
 
+#include "model/JsonScan.h"
+
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QVariant>
@@ -9,78 +12,64 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The converters below take the fields in the order of these keys.
+const QList<QByteArray> categoryKeys = {"category_id"_ba, "category_name"_ba};
+const QList<QByteArray> liveKeys = {"stream_id"_ba, "name"_ba, "category_id"_ba, "stream_icon"_ba};
+const QList<QByteArray> vodKeys = {"stream_id"_ba,          "name"_ba,   "category_id"_ba,
+                                   "stream_icon"_ba,        "rating"_ba, "added"_ba,
+                                   "container_extension"_ba};
+const QList<QByteArray> seriesKeys = {"series_id"_ba, "name"_ba,   "category_id"_ba,
+                                      "cover"_ba,     "rating"_ba, "last_modified"_ba};
+
+Category categoryFrom(const JsonFields &fields)
+{
+    return {fields[0].toText(), fields[1].toText()};
+}
+
+/// What the entries of all three kinds have in common.
+MediaItem itemFrom(const JsonFields &fields, qint32 type)
+{
+    MediaItem item;
+    item.type = type;
+    item.id = QString::number(fields[0].toInteger());
+    item.name = fields[1].toText();
+    item.categoryId = fields[2].toText();
+    item.iconUrl = fields[3].toText();
+    return item;
+}
+
+MediaItem channelFrom(const JsonFields &fields)
+{
+    return itemFrom(fields, StreamKind::Live);
+}
+
+MediaItem movieFrom(const JsonFields &fields)
+{
+    MediaItem item = itemFrom(fields, StreamKind::Movie);
+    item.rating = fields[4].toReal();
+    item.addedAt = fields[5].toInteger();
+    item.containerExtension = fields[6].toText();
+    return item;
+}
+
+MediaItem showFrom(const JsonFields &fields)
+{
+    MediaItem item = itemFrom(fields, StreamKind::Series);
+    item.rating = fields[4].toReal();
+    item.addedAt = fields[5].toInteger();
+    return item;
+}
+
 /// The integer of a number or of a decimal text, 0 otherwise.
 qint64 integerOf(const QJsonValue &value)
 {
     return value.isDouble() || value.isString() ? value.toVariant().toLongLong() : 0;
 }
 
-QString numberText(const QJsonValue &value)
-{
-    return QString::number(integerOf(value));
-}
-
-/// The real number of a number or of a numeric text, 0 otherwise.
-double realOf(const QJsonValue &value)
-{
-    return value.isDouble() || value.isString() ? value.toVariant().toDouble() : 0.0;
-}
-
-template <typename Record, typename Convert>
-QList<Record> convertAll(const QJsonArray &array, Convert convert)
-{
-    QList<Record> records;
-    records.reserve(array.size());
-    for (const QJsonValue &element : array) {
-        records.append(convert(element.toObject()));
-    }
-    return records;
-}
-
-Category categoryOf(const QJsonObject &object)
-{
-    return {object.value("category_id"_L1).toString(), object.value("category_name"_L1).toString()};
-}
-
-/// What the entries of all three kinds have in common.
-MediaItem itemOf(const QJsonObject &object, qint32 type, QLatin1StringView idKey,
-                 QLatin1StringView iconKey)
-{
-    MediaItem item;
-    item.type = type;
-    item.id = numberText(object.value(idKey));
-    item.name = object.value("name"_L1).toString();
-    item.categoryId = object.value("category_id"_L1).toString();
-    item.iconUrl = object.value(iconKey).toString();
-    return item;
-}
-
-MediaItem channelOf(const QJsonObject &object)
-{
-    return itemOf(object, StreamKind::Live, "stream_id"_L1, "stream_icon"_L1);
-}
-
-MediaItem movieOf(const QJsonObject &object)
-{
-    MediaItem item = itemOf(object, StreamKind::Movie, "stream_id"_L1, "stream_icon"_L1);
-    item.containerExtension = object.value("container_extension"_L1).toString();
-    item.rating = realOf(object.value("rating"_L1));
-    item.addedAt = integerOf(object.value("added"_L1));
-    return item;
-}
-
-MediaItem showOf(const QJsonObject &object)
-{
-    MediaItem item = itemOf(object, StreamKind::Series, "series_id"_L1, "cover"_L1);
-    item.rating = realOf(object.value("rating"_L1));
-    item.addedAt = integerOf(object.value("last_modified"_L1));
-    return item;
-}
-
 Episode episodeOf(const QJsonObject &object, const QString &seriesName, qint32 season)
 {
     Episode episode;
-    episode.id = numberText(object.value("id"_L1));
+    episode.id = QString::number(integerOf(object.value("id"_L1)));
     episode.seriesName = seriesName;
     episode.season = season;
     episode.episodeNumber = object.value("episode_num"_L1).toInt();
@@ -91,29 +80,29 @@ Episode episodeOf(const QJsonObject &object, const QString &seriesName, qint32 s
 
 } // namespace
 
-QList<Category> parseCategories(const QJsonDocument &document)
+QList<Category> parseCategories(const QByteArray &body)
 {
-    return convertAll<Category>(document.array(), categoryOf);
+    return readJsonRecords(body, categoryKeys, &categoryFrom);
 }
 
-QList<MediaItem> parseLiveStreams(const QJsonDocument &document)
+QList<MediaItem> parseLiveStreams(const QByteArray &body)
 {
-    return convertAll<MediaItem>(document.array(), channelOf);
+    return readJsonRecords(body, liveKeys, &channelFrom);
 }
 
-QList<MediaItem> parseVodStreams(const QJsonDocument &document)
+QList<MediaItem> parseVodStreams(const QByteArray &body)
 {
-    return convertAll<MediaItem>(document.array(), movieOf);
+    return readJsonRecords(body, vodKeys, &movieFrom);
 }
 
-QList<MediaItem> parseSeries(const QJsonDocument &document)
+QList<MediaItem> parseSeries(const QByteArray &body)
 {
-    return convertAll<MediaItem>(document.array(), showOf);
+    return readJsonRecords(body, seriesKeys, &showFrom);
 }
 
-QList<Episode> parseSeriesEpisodes(const QJsonDocument &document)
+QList<Episode> parseSeriesEpisodes(const QByteArray &body)
 {
-    const QJsonObject root = document.object();
+    const QJsonObject root = QJsonDocument::fromJson(body).object();
     const QString seriesName = root.value("info"_L1).toObject().value("name"_L1).toString();
     const QJsonObject seasons = root.value("episodes"_L1).toObject();
     QList<Episode> episodes;

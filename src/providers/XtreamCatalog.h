@@ -2,23 +2,23 @@
 
 #include "model/CatalogRecords.h"
 
-#include <QJsonDocument>
+#include <QByteArray>
 #include <QList>
 
 /// @file
 /// How the catalog replies of an Xtream Codes server become records.
 ///
-/// Servers are read leniently: a root of the wrong kind gives an empty list, a missing key or a
-/// value of the wrong type an empty text or 0. Every element of the root gives one record, in the
-/// order of the reply.
+/// Servers are read leniently: a body that is not JSON and a root of the wrong kind give an empty
+/// list, a missing key or a value of the wrong type an empty text or 0. Every element of the root
+/// gives one record, in the order of the reply.
 
 /// "category_id" and "category_name"; an id sent as a number gives an empty id.
-QList<Category> parseCategories(const QJsonDocument &document);
+QList<Category> parseCategories(const QByteArray &body);
 
-QList<MediaItem> parseLiveStreams(const QJsonDocument &document);
-QList<MediaItem> parseVodStreams(const QJsonDocument &document);
-QList<MediaItem> parseSeries(const QJsonDocument &document);
+QList<MediaItem> parseLiveStreams(const QByteArray &body);
+QList<MediaItem> parseVodStreams(const QByteArray &body);
+QList<MediaItem> parseSeries(const QByteArray &body);
 
 /// The episodes of all seasons. Seasons come in ascending text order of their keys (1, 10, 2), the
 /// episodes of a season in the order of the reply.
-QList<Episode> parseSeriesEpisodes(const QJsonDocument &document);
+QList<Episode> parseSeriesEpisodes(const QByteArray &body);

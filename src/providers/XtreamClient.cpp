@@ -30,14 +30,14 @@ QString categoryItem(const QString &categoryId)
     return categoryId.isEmpty() ? QString() : "category_id="_L1 + categoryId;
 }
 
-/// A callback for get() that hands what `parse` makes of the document to `callback`, or an empty
+/// A callback for request() that hands what `parse` makes of the body to `callback`, or an empty
 /// list when the request failed.
 template <typename Record>
-auto parsedBy(QList<Record> (*parse)(const QJsonDocument &),
+auto parsedBy(QList<Record> (*parse)(const QByteArray &),
               std::function<void(QList<Record>)> callback)
 {
-    return [parse, callback = std::move(callback)](const QJsonDocument &document, bool ok) {
-        callback(ok ? parse(document) : QList<Record>());
+    return [parse, callback = std::move(callback)](const QByteArray &body, bool ok) {
+        callback(ok ? parse(body) : QList<Record>());
     };
 }
 
@@ -59,6 +59,20 @@ void XtreamClient::configure(const QString &serverUrl, const QString &user, cons
 void XtreamClient::get(const QString &action, const QString &extra,
                        std::function<void(QJsonDocument, bool)> callback)
 {
+    request(action, extra, [callback = std::move(callback)](const QByteArray &body, bool ok) {
+        if (!ok) {
+            callback({}, false);
+            return;
+        }
+        QJsonParseError error;
+        const QJsonDocument document = QJsonDocument::fromJson(body, &error);
+        callback(document, error.error == QJsonParseError::NoError);
+    });
+}
+
+void XtreamClient::request(const QString &action, const QString &extra,
+                           std::function<void(const QByteArray &, bool)> callback)
+{
     QUrlQuery query;
     query.addQueryItem(u"username"_s, username);
     query.addQueryItem(u"password"_s, password);
@@ -69,13 +83,13 @@ void XtreamClient::get(const QString &action, const QString &extra,
     QUrl url(server + "/player_api.php"_L1, QUrl::TolerantMode);
     url.setQuery(query);
 
-    QNetworkRequest request(url);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::UserVerifiedRedirectPolicy);
+    QNetworkRequest networkRequest(url);
+    networkRequest.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                                QNetworkRequest::UserVerifiedRedirectPolicy);
     if (netDebugEnabled()) {
         NetLogStream() << "[Xtream] ->" << traceSafe(url.toString(QUrl::FullyEncoded));
     }
-    QNetworkReply *reply = network->get(request);
+    QNetworkReply *reply = network->get(networkRequest);
     connect(reply, &QNetworkReply::redirected, reply, &QNetworkReply::redirectAllowed);
     connect(reply, &QNetworkReply::finished, this, [reply, callback = std::move(callback)] {
         reply->deleteLater();
@@ -86,9 +100,7 @@ void XtreamClient::get(const QString &action, const QString &extra,
         }
         const QByteArray body = reply->readAll();
         traceReply("[Xtream]", *reply, body);
-        QJsonParseError error;
-        const QJsonDocument document = QJsonDocument::fromJson(body, &error);
-        callback(document, error.error == QJsonParseError::NoError);
+        callback(body, true);
     });
 }
 
@@ -110,40 +122,40 @@ void XtreamClient::testLogin(std::function<void(bool, const QString &)> callback
 
 void XtreamClient::fetchLiveCategories(CategoriesCallback callback)
 {
-    get(u"get_live_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+    request(u"get_live_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
 }
 
 void XtreamClient::fetchVodCategories(CategoriesCallback callback)
 {
-    get(u"get_vod_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+    request(u"get_vod_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesCategories(CategoriesCallback callback)
 {
-    get(u"get_series_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+    request(u"get_series_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
 }
 
 void XtreamClient::fetchLiveStreams(const QString &categoryId, ItemsCallback callback)
 {
-    get(u"get_live_streams"_s, categoryItem(categoryId),
-        parsedBy(&parseLiveStreams, std::move(callback)));
+    request(u"get_live_streams"_s, categoryItem(categoryId),
+            parsedBy(&parseLiveStreams, std::move(callback)));
 }
 
 void XtreamClient::fetchVodStreams(const QString &categoryId, ItemsCallback callback)
 {
-    get(u"get_vod_streams"_s, categoryItem(categoryId),
-        parsedBy(&parseVodStreams, std::move(callback)));
+    request(u"get_vod_streams"_s, categoryItem(categoryId),
+            parsedBy(&parseVodStreams, std::move(callback)));
 }
 
 void XtreamClient::fetchSeries(const QString &categoryId, ItemsCallback callback)
 {
-    get(u"get_series"_s, categoryItem(categoryId), parsedBy(&parseSeries, std::move(callback)));
+    request(u"get_series"_s, categoryItem(categoryId), parsedBy(&parseSeries, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback callback)
 {
-    get(u"get_series_info"_s, "series_id="_L1 + seriesId,
-        parsedBy(&parseSeriesEpisodes, std::move(callback)));
+    request(u"get_series_info"_s, "series_id="_L1 + seriesId,
+            parsedBy(&parseSeriesEpisodes, std::move(callback)));
 }
 
 QString XtreamClient::liveStreamUrl(const QString &streamId, const QString &extension) const

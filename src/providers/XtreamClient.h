@@ -61,6 +61,9 @@ public:
     /// @}
 
 private:
+    /// Sends one request and hands over its body; the flag is true when the network succeeded.
+    void request(const QString &action, const QString &extra,
+                 std::function<void(const QByteArray &, bool)> callback);
     QString streamUrl(QLatin1StringView kind, const QString &streamId,
                       const QString &extension) const;
 

@@ -1,6 +1,6 @@
 #include "ui/ItemFilter.h"
 
-#include <QRegularExpression>
+#include "ui/NameMatcher.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,44 +10,61 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int relevance(const QString &name, const QString &query, const QRegularExpression &wordStart)
-{
-    if (name.compare(query, Qt::CaseInsensitive) == 0) {
-        return 0;
-    }
-    if (name.startsWith(query, Qt::CaseInsensitive)) {
-        return 1;
-    }
-    return wordStart.match(name).hasMatch() ? 2 : 3;
-}
-
+/// Scores of entries that are known to match, or that match somehow.
 QList<int> relevanceScores(const QList<MediaItem> &items, const QString &query)
 {
     QList<int> scores(items.size(), 0);
     if (query.isEmpty()) {
         return scores;
     }
-    const QRegularExpression wordStart(u"\\b"_s + QRegularExpression::escape(query),
-                                       QRegularExpression::CaseInsensitiveOption);
-    std::transform(items.begin(), items.end(), scores.begin(),
-                   [&](const MediaItem &item) { return relevance(item.name, query, wordStart); });
+    NameMatcher matcher(query);
+    std::transform(items.begin(), items.end(), scores.begin(), [&matcher](const MediaItem &item) {
+        return std::min<int>(matcher.score(item.name), NameMatcher::Inside);
+    });
     return scores;
 }
 
-double orderedRating(const MediaItem &item)
+/// Puts the entries into the order of a stable sort by score, then by `tieBreak(a, b)` over indices
+/// into the old order.
+template <typename TieBreak>
+void sortByScore(QList<MediaItem> &items, const QList<int> &scores, TieBreak tieBreak)
 {
-    return std::isfinite(item.rating) ? item.rating : 0.0;
+    QList<int> order(items.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+        return scores.at(a) != scores.at(b) ? scores.at(a) < scores.at(b) : tieBreak(a, b);
+    });
+    QList<MediaItem> sorted;
+    sorted.reserve(items.size());
+    for (const int index : std::as_const(order)) {
+        sorted.append(std::move(items[index]));
+    }
+    items = std::move(sorted);
 }
 
-bool comesBefore(const MediaItem &a, const MediaItem &b, const QString &sortKey)
+double orderedRating(double rating)
 {
-    if (sortKey == "added"_L1) {
-        return a.addedAt > b.addedAt;
+    return std::isfinite(rating) ? rating : 0.0;
+}
+
+void sortByName(QList<MediaItem> &items, const QList<int> &scores)
+{
+    NameOrder order(static_cast<size_t>(items.size()));
+    for (const MediaItem &item : std::as_const(items)) {
+        order.add(item.name);
     }
-    if (sortKey == "rating"_L1) {
-        return orderedRating(a) > orderedRating(b);
-    }
-    return a.name.compare(b.name, Qt::CaseInsensitive) < 0;
+    sortByScore(items, scores, [&order](int a, int b) {
+        return order.before(static_cast<size_t>(a), static_cast<size_t>(b));
+    });
+}
+
+/// Sorts by a number of each entry, the highest first.
+template <typename Number, typename NumberOf>
+void sortDescending(QList<MediaItem> &items, const QList<int> &scores, NumberOf numberOf)
+{
+    QList<Number> numbers(items.size());
+    std::transform(items.cbegin(), items.cend(), numbers.begin(), numberOf);
+    sortByScore(items, scores, [&numbers](int a, int b) { return numbers.at(a) > numbers.at(b); });
 }
 
 } // namespace
@@ -55,43 +72,41 @@ bool comesBefore(const MediaItem &a, const MediaItem &b, const QString &sortKey)
 QList<MediaItem> applyFilter(const QList<MediaItem> &items, const QString &categoryId,
                              const QString &query)
 {
-    QList<MediaItem> result;
+    QList<MediaItem> matches;
+    QList<int> scores;
+    NameMatcher matcher(query);
     for (const MediaItem &item : items) {
         if (!categoryId.isEmpty() && item.categoryId != categoryId) {
             continue;
         }
-        if (!query.isEmpty() && !item.name.contains(query, Qt::CaseInsensitive)) {
-            continue;
+        const NameMatcher::Score score = matcher.score(item.name);
+        if (score != NameMatcher::NoMatch) {
+            matches.append(item);
+            scores.append(score);
         }
-        result.append(item);
     }
     if (!query.isEmpty()) {
-        sortByRelevance(result, query, [](int, int, const QList<int> &) { return false; });
+        sortByScore(matches, scores, [](int, int) { return false; });
     }
-    return result;
+    return matches;
 }
 
 void sortByRelevance(QList<MediaItem> &items, const QString &query,
                      const std::function<bool(int, int, const QList<int> &)> &tieBreak)
 {
     const QList<int> scores = relevanceScores(items, query);
-    QList<int> order(items.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
-        return scores.at(a) != scores.at(b) ? scores.at(a) < scores.at(b) : tieBreak(a, b, scores);
-    });
-    QList<MediaItem> sorted;
-    sorted.reserve(items.size());
-    for (const int index : std::as_const(order)) {
-        sorted.append(items.at(index));
-    }
-    items = std::move(sorted);
+    sortByScore(items, scores, [&](int a, int b) { return tieBreak(a, b, scores); });
 }
 
 void sortItems(QList<MediaItem> &items, const QString &query, const QString &sortKey)
 {
-    const QList<MediaItem> before = items;
-    sortByRelevance(items, query, [&before, &sortKey](int a, int b, const QList<int> &) {
-        return comesBefore(before.at(a), before.at(b), sortKey);
-    });
+    const QList<int> scores = relevanceScores(items, query);
+    if (sortKey == "added"_L1) {
+        sortDescending<qint64>(items, scores, [](const MediaItem &item) { return item.addedAt; });
+    } else if (sortKey == "rating"_L1) {
+        sortDescending<double>(items, scores,
+                               [](const MediaItem &item) { return orderedRating(item.rating); });
+    } else {
+        sortByName(items, scores);
+    }
 }

@@ -1,5 +1,6 @@
 #include "ui/MainWindow.h"
 
+#include "model/Age.h"
 #include "model/SourceManager.h"
 #include "player/VlcPlayer.h"
 #include "ui/BrowseTab.h"
@@ -10,7 +11,6 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QDateTime>
 #include <QLabel>
 #include <QListWidget>
 #include <QNetworkAccessManager>
@@ -298,7 +298,7 @@ void MainWindow::checkAutoRefresh()
     if (currentSource.name.isEmpty()) {
         return;
     }
-    if (QDateTime::currentSecsSinceEpoch() - currentSource.lastUpdated >= catalogMaxAgeSeconds) {
+    if (secondsSince(currentSource.lastUpdated) >= catalogMaxAgeSeconds) {
         loadSource(currentSource, true);
     }
 }

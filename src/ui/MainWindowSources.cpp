@@ -2,6 +2,7 @@
 
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
+#include "model/Age.h"
 #include "model/SourceManager.h"
 #include "providers/M3uParser.h"
 #include "providers/XtreamClient.h"
@@ -26,7 +27,7 @@ const QString channelSection = u"channel"_s;
 
 bool isFresh(const SourceConfig &config)
 {
-    return QDateTime::currentSecsSinceEpoch() - config.lastUpdated < catalogMaxAgeSeconds;
+    return secondsSince(config.lastUpdated) < catalogMaxAgeSeconds;
 }
 
 bool isDownloadable(const QString &url)
