@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <memory>
 
 #include <vlc/vlc.h>
@@ -24,6 +25,10 @@ constexpr qint32 maxStillTicks = stallSeconds * 1000 / progressIntervalMs - 1;
 constexpr qint64 normalEndMs = 2000;
 /// Relative seeks stay this far from the end.
 constexpr qint64 seekMarginMs = 1000;
+
+/// How long replacing a stream may wait for the old one, and the end of the player for all.
+constexpr std::chrono::milliseconds stopPatience(60);
+constexpr std::chrono::milliseconds exitPatience(1000);
 
 struct MediaRelease
 {
@@ -57,20 +62,10 @@ void setOutputWindow(libvlc_media_player_t *mediaPlayer, WId window)
 VlcPlayer::VlcPlayer(QWidget *surface, QObject *parent)
     : QObject(parent)
     , instance(createInstance())
-    , mediaPlayer(instance != nullptr ? libvlc_media_player_new(instance) : nullptr)
     , videoWidget(surface)
     , progressTimer(new QTimer(this))
 {
-    if (mediaPlayer != nullptr) {
-        // Mouse and keys belong to the window, also over libVLC's picture.
-        libvlc_video_set_mouse_input(mediaPlayer, 0);
-        libvlc_video_set_key_input(mediaPlayer, 0);
-        libvlc_event_manager_t *events = libvlc_media_player_event_manager(mediaPlayer);
-        libvlc_event_attach(events, libvlc_MediaPlayerEncounteredError, &handleVlcEvent, this);
-        libvlc_event_attach(events, libvlc_MediaPlayerEndReached, &handleVlcEndReached, this);
-    }
-    attachToWidget();
-
+    createMediaPlayer();
     progressTimer->setInterval(progressIntervalMs);
     connect(progressTimer, &QTimer::timeout, this, &VlcPlayer::checkPlaybackProgress);
     progressTimer->start();
@@ -79,12 +74,57 @@ VlcPlayer::VlcPlayer(QWidget *surface, QObject *parent)
 VlcPlayer::~VlcPlayer()
 {
     if (mediaPlayer != nullptr) {
-        libvlc_media_player_stop(mediaPlayer);
-        libvlc_media_player_release(mediaPlayer);
+        detachEvents();
+        retirement.retire(mediaPlayer, exitPatience);
     }
-    if (instance != nullptr) {
+    // An instance whose players still hang is left to the end of the process.
+    if (instance != nullptr && retirement.waitForAll(exitPatience)) {
         libvlc_release(instance);
     }
+}
+
+void VlcPlayer::createMediaPlayer()
+{
+    started = false;
+    mediaPlayer = instance != nullptr ? libvlc_media_player_new(instance) : nullptr;
+    if (mediaPlayer == nullptr) {
+        return;
+    }
+    // Mouse and keys belong to the window, also over libVLC's picture.
+    libvlc_video_set_mouse_input(mediaPlayer, 0);
+    libvlc_video_set_key_input(mediaPlayer, 0);
+    if (wantedVolume >= 0) {
+        libvlc_audio_set_volume(mediaPlayer, wantedVolume);
+    }
+    eventSource = std::make_unique<EventSource>(EventSource{this, mediaPlayer});
+    libvlc_event_manager_t *events = libvlc_media_player_event_manager(mediaPlayer);
+    libvlc_event_attach(events, libvlc_MediaPlayerEncounteredError, &handleVlcEvent,
+                        eventSource.get());
+    libvlc_event_attach(events, libvlc_MediaPlayerEndReached, &handleVlcEndReached,
+                        eventSource.get());
+    attachToWidget();
+}
+
+/// Puts a fresh media player with the same media in the place of the one that has been started.
+void VlcPlayer::retireMediaPlayer()
+{
+    const MediaPtr media(libvlc_media_player_get_media(mediaPlayer));
+    detachEvents();
+    retirement.retire(mediaPlayer, stopPatience);
+    createMediaPlayer();
+    if (mediaPlayer != nullptr && media) {
+        libvlc_media_player_set_media(mediaPlayer, media.get());
+    }
+}
+
+/// On return no callback runs and none will.
+void VlcPlayer::detachEvents()
+{
+    libvlc_event_manager_t *events = libvlc_media_player_event_manager(mediaPlayer);
+    libvlc_event_detach(events, libvlc_MediaPlayerEncounteredError, &handleVlcEvent,
+                        eventSource.get());
+    libvlc_event_detach(events, libvlc_MediaPlayerEndReached, &handleVlcEndReached,
+                        eventSource.get());
 }
 
 void VlcPlayer::attachToWidget()
@@ -120,7 +160,14 @@ void VlcPlayer::play(const QString &url, bool live)
         Q_EMIT playbackError(tr("Could not create media for URL: ") + url);
         return;
     }
+    if (started) {
+        retireMediaPlayer();
+    }
+    if (mediaPlayer == nullptr) {
+        return;
+    }
     libvlc_media_player_set_media(mediaPlayer, media.get());
+    started = true;
     // The surface may have got another window since the last stream.
     attachToWidget();
     if (libvlc_media_player_play(mediaPlayer) == 0) {
@@ -137,7 +184,9 @@ void VlcPlayer::stop()
         return;
     }
     resetStallTracking();
-    libvlc_media_player_stop(mediaPlayer);
+    if (started) {
+        retireMediaPlayer();
+    }
     Q_EMIT stopped();
 }
 
@@ -167,6 +216,7 @@ bool VlcPlayer::isPlaying() const
 void VlcPlayer::setVolume(int percent)
 {
     if (mediaPlayer != nullptr) {
+        wantedVolume = percent;
         libvlc_audio_set_volume(mediaPlayer, percent);
     }
 }
@@ -250,24 +300,25 @@ void VlcPlayer::resetStallTracking()
 // The two callbacks run on libVLC's event thread. They read the live flag, the time and the length,
 // and emit; Qt queues the signal to the receivers' thread.
 
-void VlcPlayer::handleVlcEvent(const libvlc_event_t *, void *self)
+void VlcPlayer::handleVlcEvent(const libvlc_event_t * /*event*/, void *source)
 {
-    auto *player = static_cast<VlcPlayer *>(self);
-    Q_EMIT player->playbackInterrupted(tr("libVLC encountered an error while streaming."));
+    const auto *from = static_cast<const EventSource *>(source);
+    Q_EMIT from->player->playbackInterrupted(tr("libVLC encountered an error while streaming."));
 }
 
-void VlcPlayer::handleVlcEndReached(const libvlc_event_t *, void *self)
+void VlcPlayer::handleVlcEndReached(const libvlc_event_t * /*event*/, void *source)
 {
-    auto *player = static_cast<VlcPlayer *>(self);
-    if (player->isLive.load()) {
-        Q_EMIT player->playbackInterrupted(tr("The live stream stopped sending data."));
+    const auto *from = static_cast<const EventSource *>(source);
+    if (from->player->isLive.load()) {
+        Q_EMIT from->player->playbackInterrupted(tr("The live stream stopped sending data."));
         return;
     }
-    const qint64 length = player->lengthMs();
-    if (length < 1 || player->timeMs() >= length - normalEndMs) {
+    const qint64 length = libvlc_media_player_get_length(from->mediaPlayer);
+    const qint64 time = libvlc_media_player_get_time(from->mediaPlayer);
+    if (length < 1 || time >= length - normalEndMs) {
         return;
     }
-    Q_EMIT player->playbackInterrupted(
+    Q_EMIT from->player->playbackInterrupted(
         tr("Reached the end of the stream (this can also happen if a seek landed somewhere the "
            "stream couldn't resume from)."));
 }

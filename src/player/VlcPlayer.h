@@ -1,10 +1,13 @@
 #pragma once
 
+#include "player/PlayerRetirement.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
 
 #include <atomic>
+#include <memory>
 #include <utility>
 
 class QTimer;
@@ -19,6 +22,9 @@ struct libvlc_media_player_t;
 ///
 /// All calls are for the GUI thread. Times are milliseconds; a length of 0 or less is unknown. When
 /// libVLC cannot be started, every operation does nothing and every query gives its neutral value.
+///
+/// A stream that is replaced or stopped goes to PlayerRetirement with its media player, and a fresh
+/// media player takes its place: libVLC's own stop can take as long as the server likes.
 ///
 /// playbackInterrupted() may be emitted on libVLC's event thread: connect it with the automatic or
 /// the queued connection type, never directly.
@@ -90,8 +96,19 @@ Q_SIGNALS:
     void positionChanged(qint64 currentMs, qint64 totalMs);
 
 private:
-    static void handleVlcEvent(const libvlc_event_t *event, void *self);
-    static void handleVlcEndReached(const libvlc_event_t *event, void *self);
+    /// What libVLC's callbacks are given: they ask the media player whose event it is.
+    struct EventSource
+    {
+        VlcPlayer *player = nullptr;
+        libvlc_media_player_t *mediaPlayer = nullptr;
+    };
+
+    static void handleVlcEvent(const libvlc_event_t *event, void *source);
+    static void handleVlcEndReached(const libvlc_event_t *event, void *source);
+
+    void createMediaPlayer();
+    void retireMediaPlayer();
+    void detachEvents();
 
     void checkPlaybackProgress();
     void countStillTick();
@@ -99,6 +116,12 @@ private:
 
     libvlc_instance_t *instance = nullptr;
     libvlc_media_player_t *mediaPlayer = nullptr;
+    std::unique_ptr<EventSource> eventSource;
+    PlayerRetirement retirement;
+    /// The media player has been started, and has something to stop.
+    bool started = false;
+    /// The volume asked for last, in percent, which a fresh media player gets too; -1 for none.
+    int wantedVolume = -1;
     QWidget *videoWidget = nullptr;
     QTimer *progressTimer = nullptr;
     /// The subtitle track to return to when subtitles are switched back on; -1 for none.

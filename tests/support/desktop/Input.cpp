@@ -1,0 +1,220 @@
+#include "support/desktop/Input.h"
+
+#include "support/desktop/NativeWindow.h"
+#include "support/desktop/Tool.h"
+
+#include <QClipboard>
+#include <QDebug>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QTest>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace desktop {
+namespace {
+
+constexpr int settleTimeoutMs = 15000;
+
+/// A text on the clipboard that tells when somebody fetched it.
+class WatchedText final : public QMimeData
+{
+public:
+    WatchedText(const QString &text, std::shared_ptr<bool> wasFetched)
+        : fetched(std::move(wasFetched))
+    {
+        setText(text);
+    }
+
+protected:
+    QVariant retrieveData(const QString &mimeType, QMetaType type) const override
+    {
+        *fetched = true;
+        return QMimeData::retrieveData(mimeType, type);
+    }
+
+private:
+    std::shared_ptr<bool> fetched;
+};
+
+bool xdotool(const QStringList &arguments)
+{
+    return runTool(u"xdotool"_s, arguments);
+}
+
+QStringList moving(const QPoint &point)
+{
+    return {u"mousemove"_s, QString::number(point.x()), QString::number(point.y())};
+}
+
+/// As a hand does it: a first movement near the point makes hover effects and menus take notice.
+QStringList arriving(const QPoint &point)
+{
+    return moving(point + QPoint(point.x() > 0 ? -1 : 1, 0)) + moving(point);
+}
+
+QStringList dragging(const QPoint &from, const QPoint &to)
+{
+    constexpr int steps = 8;
+    QStringList commands = arriving(from) + QStringList{u"mousedown"_s, u"1"_s};
+    for (int step = 1; step <= steps; ++step)
+        commands += moving(from + (to - from) * step / steps);
+    return commands;
+}
+
+/// Whether the program and the window system agree where the window is. Until then a window that
+/// has just opened, or that the window manager is moving, would be missed.
+bool isAtRest(const Accessible &window, qint64 processId)
+{
+    const QRect area = window.rect();
+    const QList<NativeWindow> windows = NativeWindow::ofProcess(processId);
+    return std::any_of(windows.begin(), windows.end(), [&area](const NativeWindow &candidate) {
+        return candidate.geometry() == area;
+    });
+}
+
+/// The middle of a control; a null point, with a warning, for what is not on the screen.
+QPoint settledMiddle(const Accessible &control)
+{
+    const Accessible window = control.window();
+    const qint64 processId = control.processId();
+    if (!control ||
+        !QTest::qWaitFor([&] { return isAtRest(window, processId); }, settleTimeoutMs)) {
+        qWarning().noquote() << "The window of"_L1 << control.name() << "is not on the screen"_L1;
+        return {};
+    }
+    // An item may reach out of its view, and the list of a combo box out of its window.
+    const Accessible view = control.parent();
+    const QRect area =
+        control.rect().intersected(view.rowCount() > 0 ? view.rect() : window.rect());
+    if (area.isEmpty())
+        qWarning().noquote() << control.name() << "is not on the screen"_L1;
+    return area.isEmpty() ? QPoint() : area.center();
+}
+
+} // namespace
+
+namespace Mouse {
+
+bool moveTo(const QPoint &point)
+{
+    return xdotool(arriving(point));
+}
+
+bool click(const QPoint &point, MouseButton button)
+{
+    return xdotool(arriving(point) +
+                   QStringList{u"click"_s, QString::number(static_cast<int>(button))});
+}
+
+bool doubleClick(const QPoint &point)
+{
+    return xdotool(arriving(point) +
+                   QStringList{u"click"_s, u"--repeat"_s, u"2"_s, u"--delay"_s, u"40"_s, u"1"_s});
+}
+
+bool choose(const Accessible &comboBox, const QString &text)
+{
+    if (!click(comboBox))
+        return false;
+    const Accessible item = comboBox.waitFor(Role::ListItem, text);
+    return item && click(item) &&
+           QTest::qWaitFor([&] { return comboBox.text() == text && !comboBox.find(Role::List); });
+}
+
+bool drag(const QPoint &from, const QPoint &to)
+{
+    return xdotool(dragging(from, to) + QStringList{u"mouseup"_s, u"1"_s});
+}
+
+bool pressAndMove(const QPoint &from, const QPoint &to)
+{
+    return xdotool(dragging(from, to));
+}
+
+bool release()
+{
+    return xdotool({u"mouseup"_s, u"1"_s});
+}
+
+bool wheel(const QPoint &point, int notches)
+{
+    if (notches == 0)
+        return moveTo(point);
+    return xdotool(arriving(point) + QStringList{u"click"_s, u"--repeat"_s,
+                                                 QString::number(std::abs(notches)), u"--delay"_s,
+                                                 u"10"_s, notches > 0 ? u"4"_s : u"5"_s});
+}
+
+bool moveTo(const Accessible &control)
+{
+    const QPoint point = settledMiddle(control);
+    return !point.isNull() && moveTo(point);
+}
+
+bool click(const Accessible &control, MouseButton button)
+{
+    const QPoint point = settledMiddle(control);
+    return !point.isNull() && click(point, button);
+}
+
+bool doubleClick(const Accessible &control)
+{
+    const QPoint point = settledMiddle(control);
+    return !point.isNull() && doubleClick(point);
+}
+
+bool wheel(const Accessible &control, int notches)
+{
+    const QPoint point = settledMiddle(control);
+    return !point.isNull() && wheel(point, notches);
+}
+
+} // namespace Mouse
+
+namespace Keyboard {
+
+bool press(const QString &keys, int times)
+{
+    return xdotool(QStringList{u"key"_s} + QStringList(times, keys));
+}
+
+bool type(const QString &text)
+{
+    const bool plain = std::all_of(text.begin(), text.end(), [](QChar character) {
+        return character.unicode() >= 0x20 && character.unicode() < 0x7f;
+    });
+    if (!plain) {
+        qWarning() << "These characters are on no key:" << text;
+        return false;
+    }
+    return text.isEmpty() || xdotool({u"type"_s, u"--"_s, text});
+}
+
+bool paste(const QString &text)
+{
+    // The program waits for this one to hand the text over, so nothing may be asked of it before.
+    const auto fetched = std::make_shared<bool>(false);
+    QGuiApplication::clipboard()->setMimeData(new WatchedText(text, fetched));
+    const bool done =
+        press(u"ctrl+v"_s) && QTest::qWaitFor([&fetched] { return *fetched; }, settleTimeoutMs);
+    if (!done)
+        qWarning() << "Nothing took the text from the clipboard:" << text;
+    return done;
+}
+
+bool fill(const Accessible &edit, const QString &text)
+{
+    if (!Mouse::click(edit) ||
+        !QTest::qWaitFor([&edit] { return edit.isFocused(); }, settleTimeoutMs) ||
+        !press(u"ctrl+a"_s) || !press(u"BackSpace"_s) || !type(text))
+        return false;
+    return QTest::qWaitFor([&] { return edit.text().size() == text.size(); }, settleTimeoutMs);
+}
+
+} // namespace Keyboard
+} // namespace desktop

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+
+namespace desktop {
+
+/// What a control is, as far as tests tell controls apart.
+enum class Role
+{
+    Other,
+    Application,
+    Window,
+    Dialog,
+    MessageBox,
+    Button,
+    CheckBox,
+    RadioButton,
+    ComboBox,
+    Edit, ///< one line or many
+    Label,
+    List,
+    ListItem,
+    Table,
+    Cell, ///< of a table or a tree
+    Header,
+    Tree,
+    Tabs,
+    Tab,
+    Slider,
+    ScrollBar,
+    SpinBox,
+    ProgressBar,
+    Menu, ///< an open popup menu
+    MenuItem
+};
+
+/// The role that the accessibility bus gives as this number.
+Role roleFromBus(int busRole);
+/// Whether it stands on the screen by itself: a window, dialog, message box or menu.
+bool isTopLevel(Role role);
+/// For messages.
+QString roleName(Role role);
+
+} // namespace desktop
