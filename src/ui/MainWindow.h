@@ -3,6 +3,7 @@
 #include "model/CatalogCache.h"
 #include "model/CatalogRecords.h"
 #include "model/SourceConfig.h"
+#include "ui/Thumbnails.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -318,4 +319,6 @@ private:
     QNetworkAccessManager *thumbnailNetwork = nullptr;
     QPixmap placeholderPoster;
     QHash<QString, QPixmap> thumbnailCache;
+    /// Which rows of each grid show which poster.
+    QHash<const QListWidget *, PosterRows> posterRows;
 };

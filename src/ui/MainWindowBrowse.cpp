@@ -145,6 +145,7 @@ void MainWindow::populateTable(QTableWidget *table, const QList<MediaItem> &item
 void MainWindow::populatePosterGrid(QListWidget *list, const QList<MediaItem> &items)
 {
     fillPosterGrid(list, items, placeholderPoster);
+    posterRows[list].forget();
     // Later, when the grid has laid out its items.
     QTimer::singleShot(0, this, [this, list] { loadVisibleThumbnails(list); });
 }

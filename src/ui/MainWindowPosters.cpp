@@ -1,11 +1,7 @@
 #include "ui/MainWindow.h"
 
 #include "ui/BrowseTab.h"
-#include "ui/Thumbnails.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QIcon>
 #include <QListWidget>
 #include <QNetworkAccessManager>
@@ -26,27 +22,16 @@ bool mayBeImage(const QNetworkReply &reply)
     return type.isEmpty() || type.startsWith("image/"_L1, Qt::CaseInsensitive);
 }
 
-void writeToCache(const QString &url, const QByteArray &body)
-{
-    const QString path = thumbnailCachePath(url);
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(body);
-    }
-}
-
 } // namespace
 
 void MainWindow::loadVisibleThumbnails(QListWidget *list)
 {
-    const QRect near = list->viewport()->rect().adjusted(0, -prefetchMargin, 0, prefetchMargin);
-    for (int row = 0; row < list->count(); ++row) {
+    const QRect band = list->viewport()->rect().adjusted(0, -prefetchMargin, 0, prefetchMargin);
+    const RowRange rows = rowsInBand(*list, band);
+    for (int row = rows.first; row <= rows.last; ++row) {
         QListWidgetItem *item = list->item(row);
-        if (item->data(PosterRole::Requested).toBool()) {
-            continue;
-        }
-        if (list->visualItemRect(item).intersects(near)) {
+        if (!item->data(PosterRole::Requested).toBool() &&
+            list->visualItemRect(item).intersects(band)) {
             item->setData(PosterRole::Requested, true);
             requestThumbnail(list, item, item->data(PosterRole::IconUrl).toString());
         }
@@ -63,13 +48,22 @@ void MainWindow::requestThumbnail(QListWidget *list, QListWidgetItem *item, cons
         item->setIcon(QIcon(*known));
         return;
     }
-    QPixmap pixmap;
-    if (pixmap.load(thumbnailCachePath(url))) {
-        thumbnailCache.insert(url, pixmap);
-        item->setIcon(QIcon(pixmap));
+    const QPixmap cached = loadCachedPoster(url);
+    if (!cached.isNull()) {
+        thumbnailCache.insert(url, cached);
+        item->setIcon(QIcon(cached));
         return;
     }
-    QNetworkReply *reply = thumbnailNetwork->get(QNetworkRequest(QUrl(url)));
+    const QUrl address(url);
+    if (!isPosterUrl(address)) {
+        return;
+    }
+    QNetworkReply *reply = thumbnailNetwork->get(QNetworkRequest(address));
+    connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
+        if (received > maxPosterBytes) {
+            reply->abort();
+        }
+    });
     connect(reply, &QNetworkReply::finished, this, [this, reply, list = QPointer(list), url] {
         reply->deleteLater();
         if (reply->error() == QNetworkReply::NoError && mayBeImage(*reply)) {
@@ -80,19 +74,17 @@ void MainWindow::requestThumbnail(QListWidget *list, QListWidgetItem *item, cons
 
 void MainWindow::takeThumbnail(QListWidget *list, const QString &url, const QByteArray &body)
 {
-    QPixmap pixmap;
-    if (!pixmap.loadFromData(body)) {
+    const QPixmap poster = decodePoster(body);
+    if (poster.isNull()) {
         return;
     }
-    writeToCache(url, body);
-    thumbnailCache.insert(url, pixmap);
+    saveCachedPoster(url, body);
+    thumbnailCache.insert(url, poster);
     if (list == nullptr) {
         return;
     }
-    for (int row = 0; row < list->count(); ++row) {
-        QListWidgetItem *item = list->item(row);
-        if (item->data(PosterRole::IconUrl).toString() == url) {
-            item->setIcon(QIcon(pixmap));
-        }
+    const QList<int> rows = posterRows[list].of(*list, url);
+    for (const int row : rows) {
+        list->item(row)->setIcon(QIcon(poster));
     }
 }
