@@ -1,3 +1,4 @@
+#include "app/CommandLine.h"
 #include "app/Theme.h"
 #include "ui/MainWindow.h"
 
@@ -20,6 +21,14 @@ void preferX11OverWayland()
 #endif
 }
 
+/// The two names decide where settings and data lie.
+void nameApplication()
+{
+    QCoreApplication::setApplicationName(u"Vantiro Player"_s);
+    QCoreApplication::setOrganizationName(u"Vantiro"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(VANTIRO_VERSION));
+}
+
 } // namespace
 
 // On Windows Qt's entry shim defines this name as qMain and calls it from WinMain.
@@ -28,10 +37,15 @@ int main(int argc, char **argv)
     // Poster images trigger these warnings in quantity.
     QLoggingCategory::setFilterRules(
         u"qt.gui.imageio.jpeg.warning=false\nqt.gui.icc.warning=false"_s);
+    if (CommandLine::asksForText(argc, argv)) {
+        const QCoreApplication textOnly(argc, argv);
+        nameApplication();
+        CommandLine::process(textOnly);
+    }
     preferX11OverWayland();
     QApplication app(argc, argv);
-    QCoreApplication::setApplicationName(u"Vantiro Player"_s);
-    QCoreApplication::setOrganizationName(u"Vantiro"_s);
+    nameApplication();
+    CommandLine::process(app);
     Theme::apply(app);
 
     MainWindow window;

@@ -15,7 +15,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString endpoint = u"" VANTIRO_SUBSCRIPTION_BASE_URL "/api/v1/subscription/credentials"_s;
+QString endpoint()
+{
+    return ZevrinoClient::serviceBaseUrl() + "/api/v1/subscription/credentials"_L1;
+}
 
 struct Outcome
 {
@@ -61,15 +64,20 @@ ZevrinoClient::ZevrinoClient(QObject *parent)
     , network(new QNetworkAccessManager(this))
 {}
 
+QString ZevrinoClient::serviceBaseUrl()
+{
+    return QStringLiteral(VANTIRO_SUBSCRIPTION_BASE_URL);
+}
+
 void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
 {
     hideFromTrace(subscriptionKey);
-    QNetworkRequest request(QUrl(endpoint, QUrl::TolerantMode));
+    QNetworkRequest request(QUrl(endpoint(), QUrl::TolerantMode));
     request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
     const QByteArray body = QJsonDocument(QJsonObject{{u"subscription_key"_s, subscriptionKey}})
                                 .toJson(QJsonDocument::Compact);
     if (netDebugEnabled()) {
-        NetLogStream() << "[Zevrino] ->" << endpoint << traceSafe(QString::fromUtf8(body));
+        NetLogStream() << "[Zevrino] ->" << endpoint() << traceSafe(QString::fromUtf8(body));
     }
     QNetworkReply *reply = network->post(request, body);
     connect(reply, &QNetworkReply::finished, this, [reply, callback = std::move(callback)] {

@@ -32,6 +32,9 @@ public:
 
     explicit ZevrinoClient(QObject *parent);
 
+    /// The address of the service, without the path; fixed when the program is built.
+    static QString serviceBaseUrl();
+
     /// Asks the service. The callback is called exactly once, later, on the GUI thread, unless the
     /// client is destroyed first.
     void resolve(const QString &subscriptionKey, Callback callback);
