@@ -318,7 +318,7 @@ bool readJsonObjects(const QByteArray &json, const QList<QByteArray> &keys,
     JsonFields fields(static_cast<size_t>(keys.size()));
     std::vector<QByteArray> numbers(fields.size());
     const QJsonArray elements = document.array();
-    for (const QJsonValue &element : elements) {
+    for (const QJsonValueConstRef element : elements) {
         const QJsonObject object = element.toObject();
         for (size_t index = 0; index < fields.size(); ++index) {
             const QByteArray &key = keys.at(static_cast<qsizetype>(index));

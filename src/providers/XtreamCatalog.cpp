@@ -109,7 +109,7 @@ QList<Episode> parseSeriesEpisodes(const QByteArray &body)
     for (auto season = seasons.constBegin(); season != seasons.constEnd(); ++season) {
         const qint32 number = season.key().toInt();
         const QJsonArray list = season.value().toArray();
-        for (const QJsonValue &element : list) {
+        for (const QJsonValueConstRef element : list) {
             episodes.append(episodeOf(element.toObject(), seriesName, number));
         }
     }

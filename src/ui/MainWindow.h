@@ -162,7 +162,7 @@ private:
     bool loadAccountFromCache(const QString &sourceName);
     void fetchAccount(const QString &sourceName);
     XtreamClient *accountClient();
-    void loadResolvedSource(SourceConfig config, bool force);
+    void loadResolvedSource(const SourceConfig &config, bool force);
 
     // ---- MainWindowBrowse.cpp ----
     QWidget *buildLiveTab();

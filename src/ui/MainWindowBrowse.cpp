@@ -227,8 +227,7 @@ void MainWindow::playRow(const QList<MediaItem> &filtered, int row)
     }
     clearSeriesContext();
     // A copy: a box that playing may open runs the event loop, in which the list can change.
-    const MediaItem item = filtered.at(row);
-    playMediaItem(item);
+    playMediaItem(MediaItem(filtered.at(row)));
 }
 
 void MainWindow::openSeriesAt(int row)
@@ -236,6 +235,5 @@ void MainWindow::openSeriesAt(int row)
     if (row < 0 || row >= seriesFiltered.size()) {
         return;
     }
-    const MediaItem show = seriesFiltered.at(row);
-    showEpisodesInline(show.id, show.name);
+    showEpisodesInline(seriesFiltered.at(row).id, seriesFiltered.at(row).name);
 }

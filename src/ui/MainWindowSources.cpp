@@ -226,7 +226,7 @@ void MainWindow::loadZevrinoSource(const SourceConfig &config, bool force)
                      });
 }
 
-void MainWindow::loadResolvedSource(SourceConfig config, bool force)
+void MainWindow::loadResolvedSource(const SourceConfig &config, bool force)
 {
     accountClient()->configure(config.url, config.username, config.password);
     currentSource = config;

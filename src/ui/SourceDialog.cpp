@@ -75,7 +75,7 @@ QString localizedPlaylist(const QString &url, const QString &sourceName)
     const QString folder =
         QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/playlists"_L1;
     QDir().mkpath(folder);
-    const QString target = folder + u'/' + storedFileName(sourceName, chosen);
+    QString target = folder + u'/' + storedFileName(sourceName, chosen);
     if (chosen.canonicalFilePath() == QFileInfo(target).canonicalFilePath()) {
         return url;
     }

@@ -13,7 +13,7 @@ class QUrl;
 inline constexpr QSize posterSize(140, 210);
 
 /// A poster's body may be this long, in bytes; what is longer is not downloaded to its end.
-inline constexpr qint64 maxPosterBytes = 20 * 1024 * 1024;
+inline constexpr qint64 maxPosterBytes = 20'000'000;
 
 /// Where the poster of that URL is kept on disk: named by the SHA-256 of the URL.
 QString thumbnailCachePath(const QString &url);
