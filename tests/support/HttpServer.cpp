@@ -375,6 +375,17 @@ void HttpServer::refuse()
     });
 }
 
+bool HttpServer::listenOn(quint16 port)
+{
+    bool listening = false;
+    d->onThread([this, port, &listening] {
+        d->server->close();
+        d->port = port;
+        listening = d->listen();
+    });
+    return listening;
+}
+
 bool HttpServer::listenAgain()
 {
     bool listening = false;

@@ -113,6 +113,10 @@ public:
     /// another answer.
     void release(const QString &path);
 
+    /// Listens on this port instead of the ephemeral one. False when it is taken; the server then
+    /// listens nowhere.
+    bool listenOn(quint16 port);
+
     /// Stops listening and closes idle connections: the next connect is refused.
     void refuse();
     /// Listens again, on the same port, after refuse(). False when the port was taken meanwhile.

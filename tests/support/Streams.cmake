@@ -24,6 +24,24 @@ vantiro_write_subtitles(subtitles.srt "<font size=\"72\"><b>SUBTITLE FILE</b></f
 vantiro_write_subtitles(english.srt "English words")
 vantiro_write_subtitles(french.srt "Mots français")
 
+# The same text every second, so that a track chosen late shows soon.
+function(vantiro_write_long_subtitles file text)
+    set(lines)
+    foreach(number RANGE 1 119)
+        math(EXPR minute "${number} / 60")
+        math(EXPR second "${number} % 60")
+        if(second LESS 10)
+            set(second 0${second})
+        endif()
+        string(APPEND lines "${number}\n00:0${minute}:${second},000 --> "
+                            "00:0${minute}:${second},900\n${text}\n\n")
+    endforeach()
+    file(CONFIGURE OUTPUT ${streams_dir}/${file} @ONLY CONTENT "${lines}")
+endfunction()
+vantiro_write_long_subtitles(words.srt "English words")
+vantiro_write_long_subtitles(mots.srt "Deux lignes de mots<br>et encore quelques autres mots")
+vantiro_write_long_subtitles(large.srt "<font size=\"60\"><b>SUBTITLE FILE</b></font>")
+
 set(streams)
 function(vantiro_stream file)
     add_custom_command(OUTPUT ${streams_dir}/${file}
@@ -38,6 +56,9 @@ endfunction()
 
 vantiro_stream(live.ts ${picture} ${tone} -t 180 ${x264_constant} ${aac} ${transport_stream})
 vantiro_stream(short.ts ${picture} ${tone} -t 5 ${x264_constant} ${aac} ${transport_stream})
+# In grey and as wide as the tests' screen, so that it fills it and is told from the others.
+vantiro_stream(grey.ts -f lavfi -i testsrc2=size=320x200:rate=15,hue=s=0 ${tone} -t 30
+    ${x264_constant} ${aac} ${transport_stream})
 vantiro_stream(film.mp4 ${picture} ${tone} -t 60 ${x264} -b:v 150k ${aac})
 vantiro_stream(film-faststart.mp4 ${picture} ${tone} -t 60 ${x264} -b:v 150k ${aac}
     -movflags +faststart)
@@ -57,6 +78,17 @@ vantiro_stream(tracks.mkv
     -metadata:s:a:1 language=deu -metadata:s:a:1 title=Deutsch
     -metadata:s:s:0 language=eng -metadata:s:s:0 title=English
     -metadata:s:s:1 language=fra -metadata:s:s:1 title=Français
+    -disposition:s:0 0 -disposition:s:1 0)
+
+# Nothing but dark blue, on which subtitles stand out.
+vantiro_stream(subtitled.mkv
+    -f lavfi -i color=c=0x000060:size=320x180:rate=10 ${tone}
+    -f lavfi -i sine=frequency=880:sample_rate=48000
+    -i ${streams_dir}/words.srt -i ${streams_dir}/mots.srt
+    -map 0:v -map 1:a -map 2:a -map 3:s -map 4:s -t 120
+    ${x264} -b:v 50k ${aac} -c:s srt
+    -metadata:s:a:0 title=English -metadata:s:a:1 "title=Tom & Jerry"
+    -metadata:s:s:0 title=English -metadata:s:s:1 "title=Arts & Lettres"
     -disposition:s:0 0 -disposition:s:1 0)
 
 add_custom_target(vantiro_streams ALL DEPENDS ${streams})

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "support/HttpServer.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <mutex>
+
+/// The "action" values of "player_api.php". A login check has none.
+namespace XtreamAction {
+inline const QString login;
+inline const QString liveCategories = QStringLiteral("get_live_categories");
+inline const QString liveStreams = QStringLiteral("get_live_streams");
+inline const QString vodCategories = QStringLiteral("get_vod_categories");
+inline const QString vodStreams = QStringLiteral("get_vod_streams");
+inline const QString seriesCategories = QStringLiteral("get_series_categories");
+inline const QString series = QStringLiteral("get_series");
+inline const QString seriesInfo = QStringLiteral("get_series_info");
+
+/// The six that make up a whole catalog: categories and entries of the three kinds.
+QStringList catalog();
+} // namespace XtreamAction
+
+/// An Xtream Codes provider with one account, on a web server of its own.
+///
+/// "/player_api.php"                        the login and the catalogs, as JSON
+/// "/live/<user>/<password>/<id>.<ext>"     an endless channel; "m3u8" gives HLS, all else TS
+/// "/movie/..." and "/series/..."           a film of one minute, with Range support
+/// "/posters/<n>.png"                       a poster, another colour for each number
+///
+/// Whoever does not know the account gets "auth" 0 from the interface and 403 for a stream. The
+/// streams are those of support/Streams.h; a test that plays needs them built. All members may be
+/// called from any thread.
+class XtreamProvider
+{
+public:
+    struct CatalogSize
+    {
+        int categories = 10; ///< of each kind
+        int channels = 0;
+        int films = 0;
+        int shows = 0;
+        int seasons = 2; ///< of each show
+        int episodesPerSeason = 5;
+    };
+
+    /// How the provider answers an action.
+    enum class Manner
+    {
+        Plain,
+        Gzip,
+        Chunked,
+        Redirect,    ///< to another path, which has the answer
+        HtmlPage,    ///< a login page with status 200
+        Unavailable, ///< 503
+        CutReply,    ///< hangs up after half of the body
+        Held         ///< redirects to a path of its own, where the answer waits for release()
+    };
+
+    /// Neither text may hold a slash: they are parts of the stream URLs.
+    explicit XtreamProvider(const QString &user = QStringLiteral("user"),
+                            const QString &password = QStringLiteral("secret"));
+
+    /// What the source dialog asks for.
+    QString url() const { return server.url(); }
+    QString user() const { return accountUser; }
+    QString password() const { return accountPassword; }
+
+    /// Fills all six catalogs, with posters from this provider. The same seed gives the same ones.
+    void generateCatalog(const CatalogSize &size, quint32 seed = 1);
+    /// Answers an action with this document from now on. Without one, a catalog is "[]" and a show
+    /// has generated episodes.
+    void setReply(const QString &action, const QByteArray &document);
+    /// The same with made-up entries (or categories) of these names, numbered from 1 on; all
+    /// entries are in category 1. Films are "mp4".
+    void setNames(const QString &action, const QStringList &names);
+    QByteArray reply(const QString &action) const;
+
+    /// A new Held holds again what release() had let go.
+    void setManner(const QString &action, Manner manner);
+    void setMannerOfCatalog(Manner manner);
+    /// Lets the held answers to this action go, those that are yet to be asked for as well.
+    void release(const QString &action);
+
+    /// The actions asked for so far, in the order of arrival; a request that is redirected counts
+    /// once.
+    QStringList actions() const;
+    int requestCount(const QString &action) const;
+
+    /// For everything else: refusing connections, all requests, other paths.
+    HttpServer &http() { return server; }
+
+private:
+    HttpReply answerApi(const HttpRequest &request) const;
+    HttpReply document(const QString &action, const HttpRequest &request) const;
+    QByteArray seriesInfo(const QString &seriesId) const;
+    HttpReply stream(const HttpRequest &request) const;
+    bool knows(const QString &user, const QString &password) const;
+
+    const QString accountUser;
+    const QString accountPassword;
+
+    /// Guards what follows: the server's thread reads it.
+    mutable std::mutex mutex;
+    CatalogSize catalogSize;
+    QHash<QString, QByteArray> replies;
+    QHash<QString, Manner> manners;
+
+    /// Last, so that no handler runs any more when the rest goes.
+    HttpServer server;
+};
