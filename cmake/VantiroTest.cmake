@@ -59,7 +59,9 @@ function(vantiro_add_test name)
         list(APPEND ARG_LABELS e2e)
     else()
         add_test(NAME ${name} COMMAND ${name})
-        list(APPEND environment QT_QPA_PLATFORM=offscreen)
+        # Without a window libVLC would draw into whatever display or terminal it finds.
+        list(APPEND environment
+             QT_QPA_PLATFORM=offscreen DISPLAY= WAYLAND_DISPLAY= CACA_DRIVER=null)
     endif()
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${ARG_TIMEOUT}

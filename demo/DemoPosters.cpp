@@ -66,7 +66,7 @@ void paintTitle(QPainter &painter, const QString &title, int year)
 
 QByteArray paintDemoPoster(const QString &title, int year)
 {
-    const auto shape = static_cast<uint>(qHash(title, 1));
+    const uint shape = qChecksum(title.toUtf8());
     const int hue = static_cast<int>(shape % 360U);
     QImage image(posterPixels, QImage::Format_RGB32);
     {

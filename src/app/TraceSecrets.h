@@ -18,6 +18,10 @@ void hideUrlCredentialsFromTrace(const QString &url);
 /// (also several times over), with a JSON escape, as a character reference, and whole in Base64.
 QString traceSafe(const QString &text);
 
+/// traceSafe() for a stream URL. Masks also what stands where the short form of account streams has
+/// the password ("/user/password/1"), in this URL only: it may as well be an innocent folder.
+QString traceSafeUrl(const QString &url);
+
 /// The first `maxBytes` bytes of `body`, read as UTF-8, masked as by traceSafe(). A secret that
 /// begins before the cut is masked as a whole, so that no part of it stays.
 QString traceSafeHead(const QByteArray &body, qsizetype maxBytes);

@@ -11,7 +11,6 @@
 
 #include <cmath>
 
-#include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
 
 using namespace Qt::StringLiterals;
@@ -28,13 +27,54 @@ bool isCleanText(const QByteArray &json)
            QUtf8StringView(json.constData(), json.size()).isValidUtf8();
 }
 
+const QByteArrayView byteOrderMark("\xef\xbb\xbf");
+
+/// A key as QString::fromUtf8() reads it, but with a byte-order mark at its begin kept.
+QString keyText(QByteArrayView utf8)
+{
+    const QString text = QString::fromUtf8(utf8);
+    return utf8.startsWith(byteOrderMark) && !text.startsWith(QChar::ByteOrderMark)
+               ? QChar::ByteOrderMark + text
+               : text;
+}
+
+/// Whether an escape for a lone surrogate stood in the text: UTF-8 has no place for it, but the
+/// reader makes bytes of it.
+bool holdsSurrogate(QByteArrayView utf8)
+{
+    qsizetype lead = utf8.indexOf('\xed');
+    while (lead >= 0 && lead + 1 < utf8.size()) {
+        if (static_cast<unsigned char>(utf8.at(lead + 1)) >= 0xa0) {
+            return true;
+        }
+        lead = utf8.indexOf('\xed', lead + 1);
+    }
+    return false;
+}
+
+/// Whether Qt alone knows what the text means.
+bool isOddText(QByteArrayView utf8)
+{
+    return utf8.startsWith(byteOrderMark) || holdsSurrogate(utf8);
+}
+
+/// A stream whose Tell() is true while a handler runs: with RapidJSON's own type the reader works
+/// on a copy. Numbers, though, are handed over rightly by RapidJSON's own type only.
+class TellingStream final : public rapidjson::InsituStringStream
+{
+public:
+    using rapidjson::InsituStringStream::InsituStringStream;
+};
+
 /// What the two handlers below have in common: they count how deep they are, see every value as one
 /// of value() or a container, and take numbers as they are written. The method names are the
 /// reader's.
-template <typename Derived>
+template <typename Derived, typename StreamType>
 class EventHandler
 {
 public:
+    using Stream = StreamType;
+
     bool Null() { return self().value({JsonField::Kind::Other, {}, {}}); }
     bool Bool(bool /*value*/) { return self().value({JsonField::Kind::Other, {}, {}}); }
     bool RawNumber(const char *text, rapidjson::SizeType length, bool /*copy*/)
@@ -43,11 +83,13 @@ public:
     }
     bool String(const char *text, rapidjson::SizeType length, bool /*copy*/)
     {
-        return self().value({JsonField::Kind::Text, {text, static_cast<qsizetype>(length)}, {}});
+        const QByteArrayView bytes(text, static_cast<qsizetype>(length));
+        return self().value({JsonField::Kind::Text, bytes, {}});
     }
     bool Key(const char *text, rapidjson::SizeType length, bool /*copy*/)
     {
-        return self().key({text, static_cast<qsizetype>(length)});
+        const QByteArrayView bytes(text, static_cast<qsizetype>(length));
+        return self().key(bytes);
     }
     bool StartObject() { return self().begin(true) && ++depth <= maxDepth; }
     bool EndObject(rapidjson::SizeType /*count*/)
@@ -61,6 +103,9 @@ public:
         --depth;
         return self().end(false);
     }
+
+    /// The text being read; set while it is.
+    Stream *stream = nullptr;
 
     // Never called: numbers come as they are written.
     bool Int(int /*value*/) { return false; }
@@ -77,7 +122,7 @@ private:
 };
 
 /// Collects the wanted fields of each element of the root array.
-class ObjectsHandler final : public EventHandler<ObjectsHandler>
+class ObjectsHandler final : public EventHandler<ObjectsHandler, rapidjson::InsituStringStream>
 {
 public:
     ObjectsHandler(const QList<QByteArray> &wantedKeys,
@@ -92,9 +137,13 @@ public:
     bool value(const JsonField &field)
     {
         if (depth == memberDepth && inObject) {
-            if (wanted >= 0) {
-                fields[static_cast<size_t>(wanted)] = field;
+            if (wanted < 0) {
+                return true;
             }
+            if (field.kind == JsonField::Kind::Text && isOddText(field.bytes)) {
+                return false;
+            }
+            fields[static_cast<size_t>(wanted)] = field;
         } else if (depth == elementDepth) {
             clearFields();
             take(fields);
@@ -151,12 +200,11 @@ struct MemberPlace
 };
 
 /// Notes where the members of the root object stand. Refuses a member that comes twice.
-class MembersHandler final : public EventHandler<MembersHandler>
+class MembersHandler final : public EventHandler<MembersHandler, TellingStream>
 {
 public:
-    MembersHandler(const rapidjson::MemoryStream &source, const QByteArray &text)
-        : stream(source)
-        , json(text)
+    explicit MembersHandler(const QByteArray &text)
+        : json(text)
     {}
 
     bool value(const JsonField & /*field*/)
@@ -171,13 +219,13 @@ public:
             return true;
         }
         MemberPlace place;
-        place.key = QString::fromUtf8(name);
-        if (keys.contains(place.key)) {
+        place.key = keyText(name);
+        if (holdsSurrogate(name) || keys.contains(place.key)) {
             return false;
         }
         keys.insert(place.key);
         // Behind the key stand a colon and perhaps blanks.
-        place.start = static_cast<qsizetype>(stream.Tell());
+        place.start = static_cast<qsizetype>(stream->Tell());
         while (QByteArrayView(" \t\r\n:").contains(json.at(place.start))) {
             ++place.start;
         }
@@ -201,28 +249,30 @@ private:
     void noteEnd()
     {
         if (depth == memberDepth) {
-            places.last().length = static_cast<qsizetype>(stream.Tell()) - places.last().start;
+            places.last().length = static_cast<qsizetype>(stream->Tell()) - places.last().start;
         }
     }
 
-    const rapidjson::MemoryStream &stream;
     const QByteArray &json;
     QSet<QString> keys;
 };
 
-bool readCleanObjects(const QByteArray &json, const QList<QByteArray> &keys,
-                      const std::function<void(const JsonFields &)> &take)
+/// Hands the events of a text to the handler. False for a text that is not clean. The reader
+/// unescapes texts in place, in a copy; places in that stream are those of the text.
+template <typename AnyHandler>
+bool readEvents(const QByteArray &json, AnyHandler &handler)
 {
     if (!isCleanText(json)) {
         return false;
     }
-    // The reader unescapes texts in place.
     QByteArray buffer(json.constData(), json.size());
-    rapidjson::InsituStringStream stream(buffer.data());
-    ObjectsHandler handler(keys, take);
+    typename AnyHandler::Stream stream(buffer.data());
+    handler.stream = &stream;
     rapidjson::Reader reader;
     constexpr unsigned flags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
-    return !reader.Parse<flags>(stream, handler).IsError();
+    const bool read = !reader.Parse<flags>(stream, handler).IsError();
+    handler.stream = nullptr;
+    return read;
 }
 
 /// The value of a number in a document, for the conversions that are Qt's own business.
@@ -292,21 +342,21 @@ qint64 JsonField::toInteger() const
 
 double JsonField::toReal() const
 {
-    switch (kind) {
-    case Kind::Number:
-        return bytes.toDouble();
-    case Kind::Text:
-        return QVariant(toText()).toDouble();
-    default:
-        return 0.0;
+    double number = 0.0;
+    if (kind == Kind::Number) {
+        number = bytes.toDouble();
+    } else if (kind == Kind::Text) {
+        number = QVariant(toText()).toDouble();
     }
+    return std::isfinite(number) ? number : 0.0;
 }
 
 bool readJsonObjects(const QByteArray &json, const QList<QByteArray> &keys,
                      const std::function<void()> &restart,
                      const std::function<void(const JsonFields &)> &take)
 {
-    if (readCleanObjects(json, keys, take)) {
+    ObjectsHandler handler(keys, take);
+    if (readEvents(json, handler)) {
         return true;
     }
     restart();
@@ -332,16 +382,12 @@ bool readJsonObjects(const QByteArray &json, const QList<QByteArray> &keys,
 JsonObjectText JsonObjectText::read(const QByteArray &json)
 {
     JsonObjectText object;
-    if (isCleanText(json)) {
-        rapidjson::MemoryStream stream(json.constData(), static_cast<size_t>(json.size()));
-        MembersHandler handler(stream, json);
-        rapidjson::Reader reader;
-        if (!reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(stream, handler).IsError()) {
-            for (const MemberPlace &place : std::as_const(handler.places)) {
-                object.members.append({place.key, json.mid(place.start, place.length)});
-            }
-            return object;
+    MembersHandler handler(json);
+    if (readEvents(json, handler)) {
+        for (const MemberPlace &place : std::as_const(handler.places)) {
+            object.members.append({place.key, json.mid(place.start, place.length)});
         }
+        return object;
     }
     const QJsonObject root = QJsonDocument::fromJson(json).object();
     for (auto member = root.constBegin(); member != root.constEnd(); ++member) {
@@ -393,7 +439,7 @@ qsizetype JsonObjectText::find(const QString &key) const
 void appendJsonText(QByteArray &json, QStringView text)
 {
     json += '"';
-    if (text.isValidUtf16()) {
+    if (text.isValidUtf16() && !text.startsWith(QChar::ByteOrderMark)) {
         const QByteArray utf8 = text.toUtf8();
         for (const char byte : utf8) {
             if (byte == '"' || byte == '\\') {
@@ -406,7 +452,7 @@ void appendJsonText(QByteArray &json, QStringView text)
             }
         }
     } else {
-        // UTF-8 has no lone surrogates: all units as escapes.
+        // UTF-8 has no lone surrogates, and a byte-order mark would not be read back.
         for (const QChar unit : text) {
             json += "\\u"_ba + QByteArray::number(unit.unicode(), 16).rightJustified(4, '0');
         }

@@ -38,7 +38,8 @@ struct JsonField
     int toInt() const;
     /// The integer of a number or of a decimal text as a QVariant converts it, otherwise 0.
     qint64 toInteger() const;
-    /// The real number of a number or of a numeric text as a QVariant converts it, otherwise 0.
+    /// The real number of a number or of a numeric text as a QVariant converts it; 0 otherwise, and
+    /// for what is not finite.
     double toReal() const;
 };
 

@@ -13,8 +13,21 @@ const QString application = u"Player"_s;
 const QString lastActiveKey = u"lastActiveSource"_s;
 const QString sourcesKey = u"sources"_s;
 
-/// Far above any real list; a damaged size must not fill the memory with empty records.
-constexpr int maxSourceCount = 10000;
+/// The number of entries to read from the array that is open: the stored size, unless it is damaged
+/// and would fill the memory with empty records; then what is really there.
+int believableSize(const QSettings &settings, int storedSize)
+{
+    constexpr int moreThanAnyoneHas = 10000;
+    if (storedSize <= moreThanAnyoneHas) {
+        return storedSize;
+    }
+    int highest = 0;
+    const QStringList indexes = settings.childGroups();
+    for (const QString &index : indexes) {
+        highest = std::max(highest, std::min(index.toInt(), moreThanAnyoneHas));
+    }
+    return highest;
+}
 
 SourceConfig readSource(const QSettings &settings)
 {
@@ -90,7 +103,7 @@ void SourceManager::load()
     sourceList.clear();
     QSettings settings(organization, application);
     lastActiveName = settings.value(lastActiveKey).toString();
-    const int count = std::min(settings.beginReadArray(sourcesKey), maxSourceCount);
+    const int count = believableSize(settings, settings.beginReadArray(sourcesKey));
     for (int index = 0; index < count; ++index) {
         settings.setArrayIndex(index);
         sourceList.append(readSource(settings));

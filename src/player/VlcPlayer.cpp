@@ -150,7 +150,7 @@ void VlcPlayer::play(const QString &url, bool live)
     }
     if (netDebugEnabled()) {
         hideUrlCredentialsFromTrace(url);
-        NetLogStream() << "[VLC] play ->" << traceSafe(url);
+        NetLogStream() << "[VLC] play ->" << traceSafeUrl(url);
     }
     isLive.store(live);
     resetStallTracking();
@@ -187,6 +187,10 @@ void VlcPlayer::stop()
     if (started) {
         retireMediaPlayer();
     }
+    if (videoWidget != nullptr) {
+        // Otherwise the last picture stays until something else paints.
+        videoWidget->update();
+    }
     Q_EMIT stopped();
 }
 
@@ -204,8 +208,10 @@ void VlcPlayer::togglePause()
     if (mediaPlayer == nullptr) {
         return;
     }
+    const libvlc_state_t before = libvlc_media_player_get_state(mediaPlayer);
     libvlc_media_player_pause(mediaPlayer);
-    Q_EMIT pausedChanged(!isPlaying());
+    // libVLC's toggle takes effect a moment later; until then it tells the old state.
+    Q_EMIT pausedChanged(before != libvlc_Paused);
 }
 
 bool VlcPlayer::isPlaying() const

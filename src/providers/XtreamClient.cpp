@@ -25,6 +25,12 @@ void addExtraItem(QUrlQuery &query, const QString &extra)
     }
 }
 
+/// A query writes "key" for a null value and "key=" for an empty one.
+QString nonNull(const QString &text)
+{
+    return text.isNull() ? u""_s : text;
+}
+
 QString categoryItem(const QString &categoryId)
 {
     return categoryId.isEmpty() ? QString() : "category_id="_L1 + categoryId;
@@ -51,8 +57,8 @@ XtreamClient::XtreamClient(QObject *parent)
 void XtreamClient::configure(const QString &serverUrl, const QString &user, const QString &pass)
 {
     server = serverUrl.endsWith(u'/') ? serverUrl.chopped(1) : serverUrl;
-    username = user;
-    password = pass;
+    username = nonNull(user);
+    password = nonNull(pass);
     hideFromTrace(password);
 }
 
@@ -90,7 +96,11 @@ void XtreamClient::request(const QString &action, const QString &extra,
         NetLogStream() << "[Xtream] ->" << traceSafe(url.toString(QUrl::FullyEncoded));
     }
     QNetworkReply *reply = network->get(networkRequest);
-    connect(reply, &QNetworkReply::redirected, reply, &QNetworkReply::redirectAllowed);
+    connect(reply, &QNetworkReply::redirected, reply, [reply] {
+        Q_EMIT reply->redirectAllowed();
+        // Qt connects the signal to its own slot anew at each hop and would follow it twice.
+        QObject::disconnect(reply, &QNetworkReply::redirectAllowed, nullptr, nullptr);
+    });
     connect(reply, &QNetworkReply::finished, this, [reply, callback = std::move(callback)] {
         reply->deleteLater();
         if (reply->error() != QNetworkReply::NoError) {

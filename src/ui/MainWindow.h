@@ -96,6 +96,8 @@ public:
 
     /// Asks for the posters of the items in and near the visible part of the grid.
     void loadVisibleThumbnails(QListWidget *list);
+    /// Does so now and once more when a resized grid has laid out its items anew.
+    void loadThumbnailsAfterResize(QListWidget *list);
     /// Gives `item` its poster from memory, disk or network.
     void requestThumbnail(QListWidget *list, QListWidgetItem *item, const QString &url);
 

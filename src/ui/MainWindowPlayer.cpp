@@ -347,9 +347,9 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
         if (watched == playerPanel) {
             repositionFullscreenChrome();
         } else if (moviePosterList != nullptr && watched == moviePosterList->viewport()) {
-            loadVisibleThumbnails(moviePosterList);
+            loadThumbnailsAfterResize(moviePosterList);
         } else if (seriesPosterList != nullptr && watched == seriesPosterList->viewport()) {
-            loadVisibleThumbnails(seriesPosterList);
+            loadThumbnailsAfterResize(seriesPosterList);
         }
         break;
     default:

@@ -8,6 +8,7 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QPointer>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +37,14 @@ void MainWindow::loadVisibleThumbnails(QListWidget *list)
             requestThumbnail(list, item, item->data(PosterRole::IconUrl).toString());
         }
     }
+}
+
+void MainWindow::loadThumbnailsAfterResize(QListWidget *list)
+{
+    loadVisibleThumbnails(list);
+    // A list view waits 100 ms for further changes of its size.
+    constexpr int relayoutDelayMs = 150;
+    QTimer::singleShot(relayoutDelayMs, list, [this, list] { loadVisibleThumbnails(list); });
 }
 
 void MainWindow::requestThumbnail(QListWidget *list, QListWidgetItem *item, const QString &url)

@@ -1,0 +1,373 @@
+#include "app/Theme.h"
+#include "support/TestMain.h"
+
+#include <QDialog>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPalette>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSlider>
+#include <QStyle>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Rule
+{
+    QString selector;
+    QString declarations; ///< "property: value; property: value"
+};
+
+QString normalized(const QString &text)
+{
+    return text.simplified().replace(u" ,"_s, u","_s).replace(u" :"_s, u":"_s);
+}
+
+/// The rules of a style sheet without comments, in their order.
+QList<Rule> rulesOf(const QString &styleSheet)
+{
+    static const QRegularExpression rule(u"([^{}]+)\\{([^{}]*)\\}"_s);
+    QList<Rule> rules;
+    auto matches = rule.globalMatch(styleSheet);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        QStringList declarations;
+        for (const QString &part : match.captured(2).split(u';')) {
+            const QStringList words = part.split(u':');
+            if (words.size() == 2) {
+                declarations << words[0].trimmed() + u": "_s + words[1].simplified();
+            } else if (!part.trimmed().isEmpty()) {
+                declarations << u"malformed "_s + part;
+            }
+        }
+        rules.append({normalized(match.captured(1)), declarations.join(u"; "_s)});
+    }
+    return rules;
+}
+
+QImage pictureOf(QWidget &widget)
+{
+    return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+bool shows(const QImage &image, const QString &color)
+{
+    const QRgb wanted = QColor(color).rgb();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) == wanted) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+class tst_Theme : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void style();
+    void palette_data();
+    void palette();
+    void disabledText();
+    void styleSheet_data();
+    void styleSheet();
+    void styleSheetHasNothingElse();
+    void labels_data();
+    void labels();
+    void buttons_data();
+    void buttons();
+    void buttonCornersAreRound();
+    void buttonFonts();
+    void inputs();
+    void sliders();
+    void applyingAgainChangesNothing();
+};
+
+void tst_Theme::initTestCase()
+{
+    Theme::apply(*qApp);
+}
+
+void tst_Theme::style()
+{
+    // A style sheet puts a style of its own in front of the application's.
+    QVERIFY(QApplication::style()->inherits("QStyleSheetStyle"));
+    qApp->setStyleSheet({});
+    QCOMPARE(QApplication::style()->name(), u"fusion"_s);
+    Theme::apply(*qApp);
+}
+
+void tst_Theme::palette_data()
+{
+    QTest::addColumn<int>("role");
+    QTest::addColumn<QColor>("color");
+    QTest::newRow("Window") << int(QPalette::Window) << QColor(0x1e, 0x20, 0x26);
+    QTest::newRow("WindowText") << int(QPalette::WindowText) << QColor(0xe2, 0xe4, 0xe9);
+    QTest::newRow("Base") << int(QPalette::Base) << QColor(0x26, 0x28, 0x30);
+    QTest::newRow("AlternateBase") << int(QPalette::AlternateBase) << QColor(0x2e, 0x30, 0x3a);
+    QTest::newRow("ToolTipBase") << int(QPalette::ToolTipBase) << QColor(0x2e, 0x30, 0x3a);
+    QTest::newRow("ToolTipText") << int(QPalette::ToolTipText) << QColor(0xe2, 0xe4, 0xe9);
+    QTest::newRow("Text") << int(QPalette::Text) << QColor(0xe2, 0xe4, 0xe9);
+    QTest::newRow("Button") << int(QPalette::Button) << QColor(0x2e, 0x30, 0x3a);
+    QTest::newRow("ButtonText") << int(QPalette::ButtonText) << QColor(0xe2, 0xe4, 0xe9);
+    QTest::newRow("BrightText") << int(QPalette::BrightText) << QColor(Qt::red);
+    QTest::newRow("Link") << int(QPalette::Link) << QColor(0x3b, 0x82, 0xf6);
+    QTest::newRow("Highlight") << int(QPalette::Highlight) << QColor(0x3b, 0x82, 0xf6);
+    QTest::newRow("HighlightedText") << int(QPalette::HighlightedText) << QColor(Qt::white);
+    QTest::newRow("PlaceholderText") << int(QPalette::PlaceholderText) << QColor(0x94, 0x98, 0xa3);
+}
+
+void tst_Theme::palette()
+{
+    QFETCH(const int, role);
+    QFETCH(const QColor, color);
+    const auto colorRole = static_cast<QPalette::ColorRole>(role);
+    const QPalette palette = QApplication::palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        if (group == QPalette::Disabled &&
+            (colorRole == QPalette::Text || colorRole == QPalette::ButtonText)) {
+            continue; // a colour of their own, see disabledText()
+        }
+        QCOMPARE(palette.color(group, colorRole), color);
+        QCOMPARE(palette.brush(group, colorRole).style(), Qt::SolidPattern);
+        QCOMPARE(palette.color(group, colorRole).alpha(), 255);
+    }
+}
+
+void tst_Theme::disabledText()
+{
+    const QPalette palette = QApplication::palette();
+    const QColor muted(0x94, 0x98, 0xa3);
+    QCOMPARE(palette.color(QPalette::Disabled, QPalette::Text), muted);
+    QCOMPARE(palette.color(QPalette::Disabled, QPalette::ButtonText), muted);
+}
+
+namespace {
+
+const QList<std::pair<const char *, const char *>> expectedRules{
+    {"QWidget", "font-size: 13px"},
+    {"QMainWindow, QDialog", "background-color: #1e2026"},
+    {"QLabel", "color: #e2e4e9"},
+    {"QLabel#mutedLabel", "color: #9498a3"},
+    {"QPushButton", "background-color: #2e303a; color: #e2e4e9; border: 1px solid #3a3d49; "
+                    "border-radius: 6px; padding: 6px 14px"},
+    {"QPushButton:hover", "background-color: #383b47; border-color: #4a4e5c"},
+    {"QPushButton:pressed", "background-color: #26282f"},
+    {"QPushButton:disabled", "color: #6b6f7a; background-color: #26282f"},
+    {"QPushButton#accentButton",
+     "background-color: #3b82f6; border-color: #3b82f6; color: white; font-weight: 600"},
+    {"QPushButton#accentButton:hover", "background-color: #5b93f7"},
+    {"QPushButton#accentButton:pressed", "background-color: #2f6bd1"},
+    {"QLineEdit, QComboBox, QPlainTextEdit",
+     "background-color: #262832; color: #e2e4e9; border: 1px solid #3a3d49; border-radius: 6px; "
+     "padding: 5px 8px; selection-background-color: #3b82f6"},
+    {"QLineEdit:focus, QComboBox:focus, QPlainTextEdit:focus", "border: 1px solid #3b82f6"},
+    {"QComboBox::drop-down", "border: none; width: 22px"},
+    {"QComboBox QAbstractItemView",
+     "background-color: #262832; color: #e2e4e9; border: 1px solid #3a3d49; "
+     "selection-background-color: #3b82f6; outline: none"},
+    {"QTabWidget::pane",
+     "border: 1px solid #33353f; border-radius: 8px; top: -1px; background-color: #23252d"},
+    {"QTabBar::tab", "background-color: transparent; color: #9498a3; padding: 8px 18px; "
+                     "margin-right: 2px; border-top-left-radius: 6px; "
+                     "border-top-right-radius: 6px"},
+    {"QTabBar::tab:selected",
+     "color: #e2e4e9; background-color: #23252d; border-bottom: 2px solid #3b82f6"},
+    {"QTabBar::tab:hover:!selected", "color: #e2e4e9; background-color: #2a2c35"},
+    {"QListWidget, QTableWidget",
+     "background-color: #23252d; color: #e2e4e9; border: 1px solid #33353f; border-radius: 8px; "
+     "outline: none; gridline-color: #33353f; alternate-background-color: #262832"},
+    {"QListWidget::item", "padding: 8px 10px; border-radius: 6px"},
+    {"QListWidget::item:hover", "background-color: #2a2c35"},
+    {"QListWidget::item:selected", "background-color: #3b82f6; color: white"},
+    {"QTableWidget::item", "padding: 4px 6px"},
+    {"QTableWidget::item:selected", "background-color: #3b82f6; color: white"},
+    {"QHeaderView::section", "background-color: #262832; color: #9498a3; border: none; "
+                             "border-bottom: 1px solid #33353f; padding: 6px 8px"},
+    {"QSlider::groove:horizontal", "height: 4px; background: #33353f; border-radius: 2px"},
+    {"QSlider::sub-page:horizontal", "background: #3b82f6; border-radius: 2px"},
+    {"QSlider::handle:horizontal",
+     "background: #e2e4e9; width: 14px; height: 14px; margin: -6px 0; border-radius: 7px"},
+    {"QSlider::handle:horizontal:hover", "background: #ffffff"},
+    {"QScrollBar:vertical", "background: transparent; width: 10px; margin: 0"},
+    {"QScrollBar::handle:vertical", "background: #3a3d49; border-radius: 5px; min-height: 24px"},
+    {"QScrollBar::handle:vertical:hover", "background: #4a4e5c"},
+    {"QScrollBar::add-line:vertical, QScrollBar::sub-line:vertical", "height: 0"},
+    {"QScrollBar:horizontal", "background: transparent; height: 10px; margin: 0"},
+    {"QScrollBar::handle:horizontal", "background: #3a3d49; border-radius: 5px; min-width: 24px"},
+    {"QScrollBar::add-line:horizontal, QScrollBar::sub-line:horizontal", "width: 0"},
+};
+
+} // namespace
+
+void tst_Theme::styleSheet_data()
+{
+    QTest::addColumn<int>("index");
+    for (int index = 0; index < expectedRules.size(); ++index) {
+        QTest::newRow(expectedRules[index].first) << index;
+    }
+}
+
+void tst_Theme::styleSheet()
+{
+    QFETCH(const int, index);
+    const QList<Rule> rules = rulesOf(qApp->styleSheet());
+    QVERIFY(index < rules.size());
+    QCOMPARE(rules[index].selector, QLatin1StringView(expectedRules[index].first));
+    QCOMPARE(rules[index].declarations, QLatin1StringView(expectedRules[index].second));
+}
+
+void tst_Theme::styleSheetHasNothingElse()
+{
+    QString text = qApp->styleSheet();
+    QCOMPARE(rulesOf(text).size(), expectedRules.size());
+    static const QRegularExpression rule(u"[^{}]+\\{[^{}]*;\\s*\\}"_s);
+    QCOMPARE(text.remove(rule).trimmed(), QString());
+}
+
+void tst_Theme::labels_data()
+{
+    QTest::addColumn<QString>("objectName");
+    QTest::addColumn<QString>("color");
+    QTest::addColumn<QString>("otherColor");
+    QTest::newRow("mutedLabel") << u"mutedLabel"_s << u"#9498a3"_s << u"#e2e4e9"_s;
+    QTest::newRow("any other name") << u"title"_s << u"#e2e4e9"_s << u"#9498a3"_s;
+    QTest::newRow("no name") << QString() << u"#e2e4e9"_s << u"#9498a3"_s;
+}
+
+void tst_Theme::labels()
+{
+    QFETCH(const QString, objectName);
+    QFETCH(const QString, color);
+    QFETCH(const QString, otherColor);
+    QLabel label(u"HI\u2588\u2588"_s);
+    label.setObjectName(objectName);
+    const QImage picture = pictureOf(label);
+    QVERIFY(shows(picture, color));
+    QVERIFY(!shows(picture, otherColor));
+    QCOMPARE(label.font().pixelSize(), 13);
+}
+
+void tst_Theme::buttons_data()
+{
+    QTest::addColumn<QString>("objectName");
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("background");
+    QTest::addColumn<QString>("text");
+    const QString accent = u"accentButton"_s;
+    QTest::newRow("button") << QString() << u"idle"_s << u"#2e303a"_s << u"#e2e4e9"_s;
+    QTest::newRow("button, hover") << QString() << u"hover"_s << u"#383b47"_s << u"#e2e4e9"_s;
+    QTest::newRow("button, pressed") << QString() << u"pressed"_s << u"#26282f"_s << u"#e2e4e9"_s;
+    QTest::newRow("button, disabled") << QString() << u"disabled"_s << u"#26282f"_s << u"#6b6f7a"_s;
+    QTest::newRow("accent") << accent << u"idle"_s << u"#3b82f6"_s << u"#ffffff"_s;
+    QTest::newRow("accent, hover") << accent << u"hover"_s << u"#5b93f7"_s << u"#ffffff"_s;
+    QTest::newRow("accent, pressed") << accent << u"pressed"_s << u"#2f6bd1"_s << u"#ffffff"_s;
+}
+
+void tst_Theme::buttons()
+{
+    QFETCH(const QString, objectName);
+    QFETCH(const QString, state);
+    QFETCH(const QString, background);
+    QFETCH(const QString, text);
+    QPushButton button(u"\u2588\u2588"_s);
+    button.setObjectName(objectName);
+    button.resize(120, 40);
+    if (state == u"hover"_s) {
+        const QPointF inside(20, 20);
+        button.ensurePolished(); // only then it heeds the mouse
+        button.setAttribute(Qt::WA_UnderMouse);
+        button.setMouseTracking(true);
+        QMouseEvent move(QEvent::MouseMove, inside, inside, Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(&button, &move);
+    }
+    button.setDown(state == u"pressed"_s);
+    button.setEnabled(state != u"disabled"_s);
+    const QImage picture = pictureOf(button);
+    QCOMPARE(QColor(picture.pixel(20, 20)).name(), background);
+    QVERIFY(shows(picture, text));
+    if (state == u"idle"_s) {
+        QCOMPARE(QColor(picture.pixel(60, 0)).name(),
+                 objectName.isEmpty() ? u"#3a3d49"_s : u"#3b82f6"_s);
+    }
+    if (state == u"hover"_s && objectName.isEmpty()) {
+        QCOMPARE(QColor(picture.pixel(60, 0)).name(), u"#4a4e5c"_s);
+    }
+}
+
+void tst_Theme::buttonCornersAreRound()
+{
+    QDialog dialog;
+    dialog.resize(200, 100);
+    QPushButton button(&dialog);
+    button.setGeometry(0, 0, 120, 40);
+    const QImage picture = pictureOf(dialog);
+    QCOMPARE(QColor(picture.pixel(0, 0)).name(), u"#1e2026"_s);
+    QCOMPARE(QColor(picture.pixel(119, 39)).name(), u"#1e2026"_s);
+    QCOMPARE(QColor(picture.pixel(10, 0)).name(), u"#3a3d49"_s);
+    QCOMPARE(QColor(picture.pixel(0, 10)).name(), u"#3a3d49"_s);
+}
+
+void tst_Theme::buttonFonts()
+{
+    QPushButton plain(u"Play"_s);
+    QPushButton accent(u"Play"_s);
+    accent.setObjectName(u"accentButton"_s);
+    plain.ensurePolished();
+    accent.ensurePolished();
+    QCOMPARE(plain.font().weight(), QFont::Normal);
+    QCOMPARE(accent.font().weight(), QFont::DemiBold);
+    QCOMPARE(plain.font().pixelSize(), 13);
+}
+
+void tst_Theme::inputs()
+{
+    QLineEdit input;
+    input.resize(120, 40);
+    // The style sheet's grey, not the palette's near-identical base.
+    QCOMPARE(QColor(pictureOf(input).pixel(60, 30)).name(), u"#262832"_s);
+}
+
+void tst_Theme::sliders()
+{
+    QSlider slider(Qt::Horizontal);
+    slider.setRange(0, 100);
+    slider.setValue(50);
+    slider.resize(214, 30);
+    const QImage picture = pictureOf(slider);
+    int filled = 0;
+    int groove = 0;
+    int handle = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        filled += picture.pixelColor(40, y) == QColor(u"#3b82f6"_s) ? 1 : 0;
+        groove += picture.pixelColor(174, y) == QColor(u"#33353f"_s) ? 1 : 0;
+        handle += picture.pixelColor(107, y) == QColor(u"#e2e4e9"_s) ? 1 : 0;
+    }
+    QCOMPARE(filled, 4);
+    QCOMPARE(groove, 4);
+    QCOMPARE(handle, 14);
+}
+
+void tst_Theme::applyingAgainChangesNothing()
+{
+    const QString styleSheet = qApp->styleSheet();
+    const QPalette palette = QApplication::palette();
+    Theme::apply(*qApp);
+    QCOMPARE(qApp->styleSheet(), styleSheet);
+    QCOMPARE(QApplication::palette(), palette);
+}
+
+VANTIRO_TEST_MAIN(tst_Theme)
+#include "tst_Theme.moc"

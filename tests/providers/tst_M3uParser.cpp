@@ -1,0 +1,483 @@
+#include "providers/M3uParser.h"
+#include "providers/PlainM3uParser.h"
+#include "support/TestMain.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A channel as the data rows write it.
+struct Channel
+{
+    QString name;
+    QString group;
+    QString url;
+    QString logo;
+};
+
+MediaItem itemOf(const Channel &channel)
+{
+    MediaItem item;
+    item.type = StreamKind::Live;
+    item.id = channel.url;
+    item.name = channel.name;
+    item.categoryId = channel.group;
+    item.iconUrl = channel.logo;
+    item.streamUrl = channel.url;
+    return item;
+}
+
+const QString uncategorized = u"Uncategorized"_s;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Channel)
+
+class tst_M3uParser : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void parses_data();
+    void parses();
+    void categoriesInOrderOfFirstAppearance();
+    void thousandsOfGroups();
+    void sameAsThePlainRulesOnMutations_data();
+    void sameAsThePlainRulesOnMutations();
+    void sameAsThePlainRulesOnRandomLines_data();
+    void sameAsThePlainRulesOnRandomLines();
+    void binaryText();
+    void oneHugeLine_data();
+    void oneHugeLine();
+    void hundredMegabytes();
+    void theResultOutlivesTheText();
+
+private:
+    static void pairingRows();
+    static void nameRows();
+    static void attributeRows();
+    static void lineRows();
+};
+
+void tst_M3uParser::parses_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QList<Channel>>("channels");
+    pairingRows();
+    nameRows();
+    attributeRows();
+    lineRows();
+}
+
+void tst_M3uParser::pairingRows()
+{
+    using Channels = QList<Channel>;
+    const Channels a{{u"A"_s, uncategorized, u"http://h/1"_s, {}}};
+    QTest::newRow("nothing") << QString() << Channels();
+    QTest::newRow("a whole entry") << uR"(#EXTM3U
+#EXTINF:-1 tvg-id="a.id" tvg-name="Other" tvg-logo="http://h/a.png" group-title="News",Channel A
+http://h/1.ts
+)"_s << Channels{{u"Channel A"_s, u"News"_s, u"http://h/1.ts"_s, u"http://h/a.png"_s}};
+    QTest::newRow("no header needed") << u"#EXTINF:-1,A\nhttp://h/1"_s << a;
+    QTest::newRow("only a header") << u"#EXTM3U\n"_s << Channels();
+    QTest::newRow("URLs without #EXTINF") << u"#EXTM3U\nhttp://h/1\nhttp://h/2\n"_s << Channels();
+    QTest::newRow("two URLs after one #EXTINF") << u"#EXTINF:-1,A\nhttp://h/1\nhttp://h/2\n"_s << a;
+    QTest::newRow("the next #EXTINF drops the one before")
+        << u"#EXTINF:-1 group-title=\"G\" tvg-logo=\"L\",B\n#EXTINF:-1,A\nhttp://h/1\n"_s << a;
+    QTest::newRow("a nameless #EXTINF drops the one before")
+        << u"#EXTINF:-1,B\n#EXTINF:-1,\nhttp://h/1\n"_s << Channels();
+    QTest::newRow("#EXTINF at the end") << u"#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,B"_s << a;
+    QTest::newRow("blank lines in between")
+        << u"#EXTINF:-1,A\n\n \t \n\u00a0\u3000\nhttp://h/1"_s << a;
+    QTest::newRow("directives and comments in between")
+        << u"#EXTINF:-1,A\n#EXTVLCOPT:http-user-agent=x\n#EXTGRP:G\n# note\n#\nhttp://h/1"_s << a;
+    QTest::newRow("#EXTGRP names no group") << u"#EXTGRP:G\n#EXTINF:-1,A\nhttp://h/1"_s << a;
+    QTest::newRow("group and logo do not carry over")
+        << u"#EXTINF:-1 group-title=\"G\" tvg-logo=\"L\",B\nhttp://h/0\n#EXTINF:-1,A\nhttp://h/1"_s
+        << Channels{{u"B"_s, u"G"_s, u"http://h/0"_s, u"L"_s}, a.first()};
+    QTest::newRow("the same URL twice") << u"#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,A\nhttp://h/1\n"_s
+                                        << Channels{a.first(), a.first()};
+    QTest::newRow("three blank lines at the end") << u"#EXTINF:-1,A\nhttp://h/1\n\n\n\n"_s << a;
+    QTest::newRow("anything is a URL")
+        << u"#EXTINF:-1,A\nC:\\tv\\a b.ts , \"x\"\n"_s
+        << Channels{{u"A"_s, uncategorized, u"C:\\tv\\a b.ts , \"x\""_s, {}}};
+    QTest::newRow("a URL with #EXTINF inside")
+        << u"#EXTINF:-1,A\nhttp://h/#EXTINF:-1,B\n"_s
+        << Channels{{u"A"_s, uncategorized, u"http://h/#EXTINF:-1,B"_s, {}}};
+    QTest::newRow("the URL is trimmed") << u"#EXTINF:-1,A\n \t http://h/1 \u2003\n"_s << a;
+    QTest::newRow("a URL beyond 2,084 characters")
+        << u"#EXTINF:-1,A\nhttp://h/"_s + QString(5000, u'x')
+        << Channels{{u"A"_s, uncategorized, u"http://h/"_s + QString(5000, u'x'), {}}};
+}
+
+void tst_M3uParser::nameRows()
+{
+    const auto row = [](const char *name, const QString &line, const QString &displayName) {
+        QList<Channel> channels;
+        if (!displayName.isNull()) {
+            channels.append({displayName, uncategorized, u"http://h/1"_s, {}});
+        }
+        QTest::newRow(name) << line + u"\nhttp://h/1\n"_s << channels;
+    };
+    row("no comma", u"#EXTINF:-1"_s, u"Unnamed"_s);
+    row("no comma but attributes", u"#EXTINF:-1 tvg-id=\"x\" Name"_s, u"Unnamed"_s);
+    row("ends in a comma", u"#EXTINF:-1,"_s, {});
+    row("only blanks after the comma", u"#EXTINF:-1, \t\u00a0 "_s, {});
+    row("two commas at the end", u"#EXTINF:-1,A,,"_s, {});
+    row("the name is trimmed", u"#EXTINF:-1,\u2003 A B \t"_s, u"A B"_s);
+    row("a comma in the name", u"#EXTINF:-1,Sports, HD"_s, u"HD"_s);
+    row("a comma in an attribute", u"#EXTINF:-1 tvg-name=\"a, b\",A"_s, u"A"_s);
+    row("a comma only in an attribute", u"#EXTINF:-1 tvg-name=\"a, b\""_s, u"b\""_s);
+    row("quotes in the name", u"#EXTINF:-1,A \"B\" 'C'"_s, u"A \"B\" 'C'"_s);
+    row("other scripts", u"#EXTINF:-1,\u00c9\u4e2d\U0001F600\u0627"_s,
+        u"\u00c9\u4e2d\U0001F600\u0627"_s);
+    row("another comma sign is no comma", u"#EXTINF:-1,A\uff0cB\u060cC"_s, u"A\uff0cB\u060cC"_s);
+    row("NUL in the name", u"#EXTINF:-1,A"_s + QChar(0) + u"B"_s, u"A"_s + QChar(0) + u"B"_s);
+    row("a name that is a number sign", u"#EXTINF:-1,#A"_s, u"#A"_s);
+    row("lower case tag", u"#extinf:-1,A"_s, u"A"_s);
+    row("mixed case tag", u"#ExtInf:-1,A"_s, u"A"_s);
+    row("nothing but the tag", u"#EXTINF"_s, u"Unnamed"_s);
+    row("tag without a colon", u"#EXTINF,A"_s, u"A"_s);
+    row("longer tag", u"#EXTINFO:-1,A"_s, u"A"_s);
+    row("indented tag", u" \t\u00a0#EXTINF:-1,A"_s, u"A"_s);
+    row("blank in the tag", u"# EXTINF:-1,A"_s, {});
+    row("shorter tag", u"#EXTIN:-1,A"_s, {});
+    row("dotless and dotted letters are no I", u"#EXT\u0131NF:-1,A"_s, {});
+}
+
+void tst_M3uParser::attributeRows()
+{
+    const auto row = [](const char *name, const QString &attributes, const QString &group,
+                        const QString &logo) {
+        QTest::newRow(name) << u"#EXTINF:-1 "_s + attributes + u",A\nhttp://h/1\n"_s
+                            << QList<Channel>{{u"A"_s, group, u"http://h/1"_s, logo}};
+    };
+    row("no attributes", u""_s, uncategorized, {});
+    row("empty values", u"group-title=\"\" tvg-logo=\"\""_s, uncategorized, {});
+    row("values are not trimmed", u"group-title=\" G \" tvg-logo=\" L \""_s, u" G "_s, u" L "_s);
+    row("a blank group is a group", u"group-title=\" \""_s, u" "_s, {});
+    row("single quotes", u"group-title='G' tvg-logo='L'"_s, uncategorized, {});
+    row("no quotes", u"group-title=G tvg-logo=L"_s, uncategorized, {});
+    row("curly quotes", u"group-title=\u201cG\u201d"_s, uncategorized, {});
+    row("blank before the equals sign", u"group-title =\"G\""_s, uncategorized, {});
+    row("blank behind the equals sign", u"group-title= \"G\""_s, uncategorized, {});
+    row("capitals", u"Group-Title=\"G\" TVG-LOGO=\"L\""_s, uncategorized, {});
+    row("no closing quote", u"group-title=\"G"_s, uncategorized, {});
+    row("the first occurrence wins", u"group-title=\"G\" group-title=\"H\""_s, u"G"_s, {});
+    row("an empty first occurrence wins", u"group-title=\"\" group-title=\"H\""_s, uncategorized,
+        {});
+    row("an unquoted occurrence does not count", u"group-title=G group-title=\"H\""_s, u"H"_s, {});
+    row("end of a longer name", u"xgroup-title=\"G\" xtvg-logo=\"L\""_s, u"G"_s, u"L"_s);
+    row("no blanks in between", u"group-title=\"G\"tvg-logo=\"L\""_s, u"G"_s, u"L"_s);
+    row("inside another value", u"tvg-name=\"tvg-logo=\"L\" x"_s, uncategorized, u"L"_s);
+    row("the logo inside the group", u"group-title=\"tvg-logo=\" tvg-logo=\"L\""_s, u"tvg-logo="_s,
+        u" tvg-logo="_s);
+    row("commas and apostrophes", u"group-title=\"A, B's; C\""_s, u"A, B's; C"_s, {});
+    row("other scripts", u"group-title=\"\u4e2d\U0001F600\""_s, u"\u4e2d\U0001F600"_s, {});
+    row("NUL", u"group-title=\"a"_s + QChar(0) + u"b\""_s, u"a"_s + QChar(0) + u"b"_s, {});
+    row("a vertical tab and a line separator", u"group-title=\"a\v\u2028b\""_s, u"a\v\u2028b"_s,
+        {});
+    row("the group is called Uncategorized", u"group-title=\"Uncategorized\""_s, uncategorized, {});
+    QTest::newRow("attributes after the comma")
+        << u"#EXTINF:-1,A group-title=\"G\" tvg-logo=\"L\"\nhttp://h/1"_s
+        << QList<Channel>{
+               {u"A group-title=\"G\" tvg-logo=\"L\""_s, u"G"_s, u"http://h/1"_s, u"L"_s}};
+    QTest::newRow("attributes of the next line do not count")
+        << u"#EXTINF:-1 group-title=\"G,A\nhttp://h/1\"\n"_s
+        << QList<Channel>{{u"A"_s, uncategorized, u"http://h/1\""_s, {}}};
+    QTest::newRow("attributes of the header do not count")
+        << u"#EXTM3U group-title=\"G\" tvg-logo=\"L\"\n#EXTINF:-1,A\nhttp://h/1\n"_s
+        << QList<Channel>{{u"A"_s, uncategorized, u"http://h/1"_s, {}}};
+}
+
+void tst_M3uParser::lineRows()
+{
+    using Channels = QList<Channel>;
+    const Channels two{{u"A"_s, uncategorized, u"http://h/1"_s, {}},
+                       {u"B"_s, uncategorized, u"http://h/2"_s, {}}};
+    const QString text = u"#EXTM3U\n#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,B\nhttp://h/2\n"_s;
+    QTest::newRow("LF") << text << two;
+    QTest::newRow("CR LF") << QString(text).replace(u"\n"_s, u"\r\n"_s) << two;
+    QTest::newRow("CR") << QString(text).replace(u"\n"_s, u"\r"_s) << two;
+    QTest::newRow("LF CR") << QString(text).replace(u"\n"_s, u"\n\r"_s) << two;
+    QTest::newRow("CR CR LF") << QString(text).replace(u"\n"_s, u"\r\r\n"_s) << two;
+    QTest::newRow("mixed") << u"#EXTM3U\r#EXTINF:-1,A\r\nhttp://h/1\n#EXTINF:-1,B\rhttp://h/2"_s
+                           << two;
+    QTest::newRow("no line end at the end") << text.chopped(1) << two;
+    QTest::newRow("other separators end no line")
+        << u"#EXTINF:-1,A\u2028http://h/1\n#EXTINF:-1,B\u0085http://h/2\n"_s << Channels();
+    QTest::newRow("only line ends") << u"\r\n\n\r\r\n"_s << Channels();
+    // A byte-order mark is no white space; whoever decodes the file takes it away.
+    QTest::newRow("byte-order mark before the header")
+        << u"\ufeff#EXTM3U\n#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,B\nhttp://h/2\n"_s << two;
+    QTest::newRow("byte-order mark before the first #EXTINF")
+        << u"\ufeff#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,B\nhttp://h/2\n"_s << two.mid(1);
+    QTest::newRow("Latin-1 bytes read as UTF-8")
+        << QString::fromUtf8("#EXTINF:-1 group-title=\"Caf\xe9\",Fran\xe7"
+                             "ais\nhttp://h/1\n")
+        << Channels{{u"Fran\ufffdais"_s, u"Caf\ufffd"_s, u"http://h/1"_s, {}}};
+}
+
+void tst_M3uParser::parses()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QList<Channel>, channels);
+    QList<MediaItem> items;
+    QList<Category> categories;
+    for (const Channel &channel : channels) {
+        items.append(itemOf(channel));
+        const Category category{channel.group, channel.group};
+        if (!categories.contains(category)) {
+            categories.append(category);
+        }
+    }
+    const M3uParser::Result result = M3uParser::parse(text);
+    QCOMPARE(result.items, items);
+    QCOMPARE(result.categories, categories);
+    const M3uParser::Result plain = PlainM3uParser::parse(text);
+    QCOMPARE(plain.items, items);
+    QCOMPARE(plain.categories, categories);
+}
+
+void tst_M3uParser::categoriesInOrderOfFirstAppearance()
+{
+    QString text;
+    const QStringList groups{u"z"_s, u"a"_s, u""_s, u"Z"_s, u"a"_s, u"z"_s, u"a "_s, u""_s, u"z"_s};
+    for (const QString &group : groups) {
+        text += u"#EXTINF:-1 group-title=\"%1\",N\nhttp://h/\n"_s.arg(group);
+    }
+    const M3uParser::Result result = M3uParser::parse(text);
+    QCOMPARE(result.items.size(), groups.size());
+    QStringList names;
+    for (const Category &category : result.categories) {
+        QCOMPARE(category.id, category.name);
+        names << category.name;
+    }
+    QCOMPARE(names, (QStringList{u"z"_s, u"a"_s, uncategorized, u"Z"_s, u"a "_s}));
+}
+
+void tst_M3uParser::thousandsOfGroups()
+{
+    QString text;
+    for (int index = 0; index < 20'000; ++index) {
+        text += u"#EXTINF:-1 group-title=\"G%1\",N%1\nhttp://h/%1\n"_s.arg(index % 5000);
+    }
+    const M3uParser::Result result = M3uParser::parse(text);
+    QCOMPARE(result.items.size(), 20'000);
+    QCOMPARE(result.categories.size(), 5000);
+    QCOMPARE(result.categories.last().id, u"G4999"_s);
+    QCOMPARE(result.items.last().categoryId, u"G4999"_s);
+}
+
+namespace {
+
+void compareWithPlainRules(const QString &text)
+{
+    const M3uParser::Result result = M3uParser::parse(text);
+    const M3uParser::Result plain = PlainM3uParser::parse(text);
+    const bool same = result.items == plain.items && result.categories == plain.categories;
+    QVERIFY2(same, qPrintable(u"differs for "_s + QString::fromUtf8(text.toUtf8().toHex())));
+}
+
+QString pick(QRandomGenerator &random, const QStringList &choices)
+{
+    return choices.at(random.bounded(static_cast<int>(choices.size())));
+}
+
+void addSeedRows()
+{
+    QTest::addColumn<quint32>("seed");
+    for (const quint32 seed : {1U, 2U, 3U, 4U}) {
+        QTest::newRow(qPrintable(u"seed %1"_s.arg(seed))) << seed;
+    }
+}
+
+} // namespace
+
+void tst_M3uParser::sameAsThePlainRulesOnMutations_data()
+{
+    addSeedRows();
+}
+
+void tst_M3uParser::sameAsThePlainRulesOnMutations()
+{
+    QFETCH(const quint32, seed);
+    QRandomGenerator random(seed);
+    const QString sample =
+        u"#EXTM3U\r\n#EXTINF:-1 tvg-logo=\"http://h/a.png\" group-title=\"News\",Channel A\r\n"
+        u"http://h/1.ts\r\n#EXTINF:0 group-title=\"\u4e2d, \U0001F600\",B, HD\r\n"
+        u"#EXTVLCOPT:x\r\n\r\nhttp://h/2.ts\r\n#extinf:-1,\r\nhttp://h/3.ts\r\n"
+        u"#EXTINF:-1 group-title='x' tvg-logo=\"\"\r\nhttp://h/4.ts\r\n"_s;
+    const QStringList pieces{u"\n"_s,
+                             u"\r"_s,
+                             u"\r\n"_s,
+                             u"\""_s,
+                             u","_s,
+                             u"#"_s,
+                             u" "_s,
+                             u"\u00a0"_s,
+                             u"\ufeff"_s,
+                             u"\u2028"_s,
+                             QString(QChar(0)),
+                             u"="_s,
+                             u"\ufffd"_s,
+                             u"\t"_s,
+                             u"#EXTINF"_s,
+                             u"group-title=\""_s,
+                             u"tvg-logo=\""_s,
+                             u"\v\f"_s};
+    for (int round = 0; round < 500; ++round) {
+        QString text = sample;
+        const int changes = 1 + random.bounded(8);
+        for (int change = 0; change < changes; ++change) {
+            // At whole characters, so that no surrogate is left alone.
+            qsizetype at = random.bounded(static_cast<int>(text.size()));
+            at -= text.at(at).isLowSurrogate() ? 1 : 0;
+            const qsizetype length = text.at(at).isHighSurrogate() ? 2 : 1;
+            switch (random.bounded(3)) {
+            case 0:
+                text.remove(at, length);
+                break;
+            case 1:
+                text.insert(at, pick(random, pieces));
+                break;
+            default:
+                text.replace(at, length, pick(random, pieces));
+                break;
+            }
+        }
+        compareWithPlainRules(text);
+        if (QTest::currentTestFailed()) {
+            return;
+        }
+    }
+}
+
+void tst_M3uParser::sameAsThePlainRulesOnRandomLines_data()
+{
+    addSeedRows();
+}
+
+void tst_M3uParser::sameAsThePlainRulesOnRandomLines()
+{
+    QFETCH(const quint32, seed);
+    QRandomGenerator random(seed + 1000);
+    const QStringList lineEnds{u"\n"_s,     u"\r\n"_s,   u"\r"_s,  u"\n\r"_s,
+                               u"\r\r\n"_s, u"\u2028"_s, u"\n\n"_s};
+    const QStringList starts{u"#EXTINF"_s, u"#extinf:"_s, u"#EXTINF:-1 "_s, u"#"_s,
+                             u"http://"_s, u" \t"_s,      u"#EXTM3U"_s,     u"#EXTGRP:"_s,
+                             u"\ufeff"_s,  u""_s};
+    const QStringList words{u"group-title=\"G\""_s,
+                            u"group-title=\"\""_s,
+                            u"group-title='G'"_s,
+                            u"group-title=\"a,b\""_s,
+                            u"group-title=\"G"_s,
+                            u"xgroup-title=\"H\""_s,
+                            u"Group-Title=\"I\""_s,
+                            u"group-title =\"J\""_s,
+                            u"tvg-logo=\"L\""_s,
+                            u"tvg-logo=\""_s,
+                            u"tvg-logo=M\""_s,
+                            u"\""_s,
+                            u","_s,
+                            u", "_s,
+                            u"Name"_s,
+                            u"\u4e2d\U0001F600"_s,
+                            u"\u00a0"_s,
+                            u"\u3000 "_s,
+                            QString(QChar(0)),
+                            QString::fromUtf8("\xe9\xff\xc3"),
+                            u"="_s,
+                            u"\\\"$^.*("_s};
+    for (int round = 0; round < 500; ++round) {
+        QString text;
+        const int lines = random.bounded(30);
+        for (int line = 0; line < lines; ++line) {
+            text += pick(random, starts);
+            const int count = random.bounded(6);
+            for (int word = 0; word < count; ++word) {
+                text += pick(random, words);
+            }
+            text += pick(random, lineEnds);
+        }
+        compareWithPlainRules(text);
+        if (QTest::currentTestFailed()) {
+            return;
+        }
+    }
+}
+
+void tst_M3uParser::binaryText()
+{
+    QRandomGenerator random(7);
+    QByteArray bytes(1'000'000, Qt::Uninitialized);
+    for (char &byte : bytes) {
+        byte = static_cast<char>(random.bounded(256));
+    }
+    compareWithPlainRules(QString::fromUtf8(bytes));
+    compareWithPlainRules(QString::fromLatin1(bytes));
+    // No valid UTF-16 at all: nothing to compare with, but no harm either.
+    QVERIFY(M3uParser::parse(QString(1'000'000, QChar(0xd800))).items.isEmpty());
+}
+
+void tst_M3uParser::oneHugeLine_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<int>("items");
+    constexpr qsizetype size = 10'000'000;
+    QTest::newRow("a URL") << QString(size, u'x') << 1;
+    QTest::newRow("a comment") << u"#"_s + QString(size, u'x') << 0;
+    QTest::newRow("blanks") << QString(size, u' ') << 0;
+    QTest::newRow("#EXTINF with a long name") << u"#EXTINF:-1,"_s + QString(size, u'x') << 0;
+    QTest::newRow("#EXTINF with commas") << u"#EXTINF:-1"_s + QString(size, u',') << 0;
+    QTest::newRow("#EXTINF with quotes") << u"#EXTINF:-1"_s + QString(size, u'"') << 0;
+    QTest::newRow("#EXTINF with half attributes")
+        << u"#EXTINF:-1"_s + u"group-title="_s.repeated(size / 12) << 0;
+    QTest::newRow("#EXTINF without a closing quote")
+        << u"#EXTINF:-1 group-title=\""_s + QString(size, u'x') << 0;
+}
+
+void tst_M3uParser::oneHugeLine()
+{
+    QFETCH(const QString, line);
+    QFETCH(const int, items);
+    const M3uParser::Result result = M3uParser::parse(u"#EXTINF:-1,A\n"_s + line);
+    QCOMPARE(result.items.size(), items);
+    if (items == 1) {
+        QVERIFY(result.items.first().streamUrl == line);
+    }
+}
+
+void tst_M3uParser::hundredMegabytes()
+{
+    constexpr int entries = 50'000;
+    const QString url = u"http://h/"_s + QString(1950, u'x');
+    QString text;
+    text.reserve(entries * 2100);
+    for (int index = 0; index < entries; ++index) {
+        text += u"#EXTINF:-1 group-title=\"G%1\",N%2\r\n"_s.arg(index % 10).arg(index) + url +
+                u"\r\n"_s;
+    }
+    QVERIFY(text.size() > 99'000'000);
+    const M3uParser::Result result = M3uParser::parse(text);
+    QCOMPARE(result.items.size(), entries);
+    QCOMPARE(result.categories.size(), 10);
+    QCOMPARE(result.items.last().name, u"N49999"_s);
+    QVERIFY(result.items.last().id == url);
+}
+
+void tst_M3uParser::theResultOutlivesTheText()
+{
+    auto text = std::make_unique<QString>(u"#EXTINF:-1 group-title=\"G\",A\nhttp://h/1"_s);
+    const M3uParser::Result result = M3uParser::parse(*text);
+    text->fill(u'?');
+    text.reset();
+    QCOMPARE(result.items, QList<MediaItem>{itemOf({u"A"_s, u"G"_s, u"http://h/1"_s, {}})});
+    QCOMPARE(result.categories, (QList<Category>{{u"G"_s, u"G"_s}}));
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_M3uParser)
+#include "tst_M3uParser.moc"

@@ -1,0 +1,357 @@
+#include "app/NetLog.h"
+#include "providers/Await.h"
+#include "providers/SubscriptionService.h"
+#include "providers/XtreamClient.h"
+#include "providers/ZevrinoClient.h"
+#include "support/HttpServer.h"
+#include "support/TestMain.h"
+#include "support/TlsCertificate.h"
+#include "support/TraceCapture.h"
+
+#include <QSslConfiguration>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+// Runs with VANTIRO_NET_DEBUG=1 in its environment. A password that was hidden once stays hidden,
+// so each test has credentials of its own.
+
+namespace {
+
+const QString api = u"/player_api.php"_s;
+const QString credentialsPath = u"/api/v1/subscription/credentials"_s;
+
+HttpReply status(int code, const QByteArray &body = {})
+{
+    HttpReply reply;
+    reply.status = code;
+    reply.body = body;
+    return reply;
+}
+
+} // namespace
+
+class tst_XtreamTrace : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void xtreamSuccess();
+    void xtreamBodyThatIsNoJson();
+    void xtreamHttpError();
+    void xtreamWithoutAnswer();
+    void xtreamPasswordIsMaskedEverywhere_data();
+    void xtreamPasswordIsMaskedEverywhere();
+    void xtreamRedirectQuotingThePassword();
+    void xtreamEmptyPasswordMasksNothing();
+    void xtreamTwoSlashesMakeAnEmptySegment();
+    void xtreamBodyIsCut_data();
+    void xtreamBodyIsCut();
+    void xtreamFormerPasswordStaysMasked();
+    void linesInTheOrderOfEvents();
+
+    void zevrinoSuccess();
+    void zevrinoHttpError();
+    void zevrinoWithoutAnswer();
+    void zevrinoKeyIsMaskedEverywhere_data();
+    void zevrinoKeyIsMaskedEverywhere();
+    void zevrinoEmptyKeyMasksNothing();
+    void zevrinoBodyIsCut();
+
+private:
+    /// What one request with this password left in the trace.
+    QString traceOfGet(const QString &password, const QString &action = {});
+    QString traceOfResolve(const QString &key);
+
+    QTemporaryDir directory;
+    std::unique_ptr<HttpServer> server;
+    std::unique_ptr<HttpServer> secure;
+    std::unique_ptr<SubscriptionService> service;
+};
+
+void tst_XtreamTrace::initTestCase()
+{
+    QVERIFY2(netDebugEnabled(), "run this test with VANTIRO_NET_DEBUG=1");
+    const TlsCertificate certificate(directory.path());
+    QVERIFY(certificate.isValid());
+    QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
+    trusting.setCaCertificates(QSslCertificate::fromPath(certificate.authorityFile()));
+    QSslConfiguration::setDefaultConfiguration(trusting);
+}
+
+void tst_XtreamTrace::init()
+{
+    server = std::make_unique<HttpServer>();
+    secure = std::make_unique<HttpServer>(HttpServer::Tls{directory.filePath(u"certificate.pem"_s),
+                                                          directory.filePath(u"key.pem"_s)});
+    service = std::make_unique<SubscriptionService>(secure->port());
+    QVERIFY2(service->isListening(), "the port of the subscription service is taken");
+}
+
+void tst_XtreamTrace::cleanup()
+{
+    service.reset();
+    secure.reset();
+    server.reset();
+}
+
+QString tst_XtreamTrace::traceOfGet(const QString &password, const QString &action)
+{
+    XtreamClient client(nullptr);
+    client.configure(server->url(), u"joe"_s, password);
+    TraceCapture trace;
+    const auto answer = await<bool>([&](auto callback) {
+        client.get(action, {}, [callback](const QJsonDocument &, bool ok) { callback(ok); });
+    });
+    return answer.calls == 1 ? trace.take() : u"no answer"_s;
+}
+
+QString tst_XtreamTrace::traceOfResolve(const QString &key)
+{
+    ZevrinoClient client(nullptr);
+    TraceCapture trace;
+    const auto answer = await<bool>([&](auto callback) {
+        client.resolve(key, [callback](bool ok, const ZevrinoClient::Credentials &,
+                                       const QString &) { callback(ok); });
+    });
+    return answer.calls == 1 ? trace.take() : u"no answer"_s;
+}
+
+void tst_XtreamTrace::xtreamSuccess()
+{
+    server->on(api, HttpReply::json(R"({"a":"x \"y\""})"_ba));
+    QCOMPARE(traceOfGet(u"Xt-Pw-1"_s, u"get_series"_s),
+             u"[Xtream] -> "_s + server->url(api) +
+                 u"?username=joe&password=***&action=get_series \n"_s +
+                 uR"([Xtream] <- 200 {"a":"x \"y\""} )"_s + u"\n"_s);
+}
+
+void tst_XtreamTrace::xtreamBodyThatIsNoJson()
+{
+    server->on(api, status(200, "<html>\xc3\xa9</html>"_ba));
+    QVERIFY(traceOfGet(u"Xt-Pw-2"_s).endsWith(u"\n[Xtream] <- 200 <html>\u00e9</html> \n"_s));
+    server->on(api, status(200));
+    QVERIFY(traceOfGet(u"Xt-Pw-2"_s).endsWith(u"\n[Xtream] <- 200  \n"_s));
+}
+
+void tst_XtreamTrace::xtreamHttpError()
+{
+    server->on(api, status(404, "a body that is not shown"_ba));
+    const QString url = server->url(api) + u"?username=joe&password=***"_s;
+    QCOMPARE(traceOfGet(u"Xt-Pw-3"_s), u"[Xtream] -> "_s + url + u" \n"_s +
+                                           u"[Xtream] <- error: Error transferring "_s + url +
+                                           u" - server replied: Not Found http status: 404 \n"_s);
+}
+
+void tst_XtreamTrace::xtreamWithoutAnswer()
+{
+    server->refuse();
+    QCOMPARE(traceOfGet(u"Xt-Pw-4"_s),
+             u"[Xtream] -> "_s + server->url(api) + u"?username=joe&password=*** \n"_s +
+                 u"[Xtream] <- error: Connection refused http status: invalid \n"_s);
+}
+
+void tst_XtreamTrace::xtreamPasswordIsMaskedEverywhere_data()
+{
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<QByteArray>("bodyForm");
+    QTest::newRow("plain") << u"Plain-Pw"_s << "Plain-Pw"_ba;
+    QTest::newRow("signs of queries") << u"Q&p=w#1/2?3+4%5"_s << "Q&p=w#1/2?3+4%5"_ba;
+    QTest::newRow("percent-encoded in the body") << u"R&p=w#1"_s << "R%26p%3dw%231"_ba;
+    QTest::newRow("escaped JSON") << u"S/p\"w\\1"_s << R"(S\/p\"w\\1)"_ba;
+    QTest::newRow("escaped HTML") << u"T<p>&w"_s << "T&lt;p&gt;&amp;w"_ba;
+    QTest::newRow("not ASCII") << u"U\u00e9\U0001F511"_s << "U\xc3\xa9\xf0\x9f\x94\x91"_ba;
+    QTest::newRow("not ASCII, escaped JSON")
+        << u"V\u00e9\U0001F511"_s << R"(V\u00e9\ud83d\udd11)"_ba;
+    QTest::newRow("blanks") << u"W x y"_s << "W x y"_ba;
+    QTest::newRow("expression signs") << u"X.*[y](z){1}$^|"_s << "X.*[y](z){1}$^|"_ba;
+    QTest::newRow("a percent sign at the end") << u"Qp%"_s << "Qp%"_ba;
+    QTest::newRow("a percent sequence") << u"Y%41Z%zz"_s << "Y%41Z%zz"_ba;
+}
+
+void tst_XtreamTrace::xtreamPasswordIsMaskedEverywhere()
+{
+    QFETCH(const QString, password);
+    QFETCH(const QByteArray, bodyForm);
+    const QString request =
+        u"[Xtream] -> "_s + server->url(api) + u"?username=joe&password=*** \n"_s;
+    server->on(api, status(200, "[\"" + bodyForm + "\",1]"));
+    QCOMPARE(traceOfGet(password), request + u"[Xtream] <- 200 [\"***\",1] \n"_s);
+
+    server->on(api, status(500));
+    const QString failed = traceOfGet(password);
+    QVERIFY2(failed.startsWith(request + u"[Xtream] <- error: "_s), qPrintable(failed));
+    QVERIFY2(failed.contains(u"?username=joe&password=*** - server replied"_s), qPrintable(failed));
+    QVERIFY2(!failed.contains(password), qPrintable(failed));
+}
+
+void tst_XtreamTrace::xtreamRedirectQuotingThePassword()
+{
+    // The address that failed in the end quotes the password.
+    server->on(api, HttpReply::redirect(u"/joe/Redir%2DPw/x?p=Redir-Pw"_s));
+    server->on(u"/joe/Redir-Pw/x"_s, status(403));
+    const QString trace = traceOfGet(u"Redir-Pw"_s);
+    QVERIFY2(trace.contains(u"/joe/***/x?p=***"_s), qPrintable(trace));
+    QVERIFY2(!trace.contains(u"Redir"_s), qPrintable(trace));
+    QCOMPARE(trace.count(u'\n'), 2);
+}
+
+void tst_XtreamTrace::xtreamEmptyPasswordMasksNothing()
+{
+    server->on(api, HttpReply::json(R"({"password":"","x":"visible"})"_ba));
+    QCOMPARE(traceOfGet(u""_s),
+             u"[Xtream] -> "_s + server->url(api) + u"?username=joe&password= \n"_s +
+                 uR"([Xtream] <- 200 {"password":"","x":"visible"} )"_s + u"\n"_s);
+}
+
+void tst_XtreamTrace::xtreamTwoSlashesMakeAnEmptySegment()
+{
+    XtreamClient client(nullptr);
+    client.configure(server->url(u"//"_s), u"joe"_s, u"Slash-Pw"_s);
+    TraceCapture trace;
+    client.get({}, {}, [](const QJsonDocument &, bool) {});
+    QCOMPARE(trace.take(), u"[Xtream] -> "_s + server->url(u"//player_api.php"_s) +
+                               u"?username=joe&password=*** \n"_s);
+}
+
+void tst_XtreamTrace::xtreamBodyIsCut_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("shown");
+    const QByteArray head = "[\"" + QByteArray(1978, 'x'); // 1980 bytes
+    const QString shownHead = QString::fromLatin1(head);
+    const QByteArray tail(3000, 't');
+    QTest::newRow("2000 bytes") << head + QByteArray(20, 'y') << shownHead + QString(20, u'y');
+    QTest::newRow("2001 bytes") << head + QByteArray(21, 'y') << shownHead + QString(20, u'y');
+    QTest::newRow("much longer") << head + tail << shownHead + QString(20, u't');
+    QTest::newRow("the password over the cut")
+        << head + "0123456789abCut-Pw-Trace" + tail << shownHead + u"0123456789ab***"_s;
+    QTest::newRow("the password over the cut, escaped")
+        << head + "0123456789ab%43%75%74-Pw-Trace" + tail << shownHead + u"0123456789ab***"_s;
+    QTest::newRow("a character over the cut") << head + "0123456789abcdefghi\xc3\xa9" + tail
+                                              << shownHead + u"0123456789abcdefghi\ufffd"_s;
+}
+
+void tst_XtreamTrace::xtreamBodyIsCut()
+{
+    QFETCH(const QByteArray, body);
+    QFETCH(const QString, shown);
+    server->on(api, status(200, body));
+    const QString trace = traceOfGet(u"Cut-Pw-Trace"_s);
+    QCOMPARE(trace.mid(trace.indexOf(u'\n') + 1), u"[Xtream] <- 200 "_s + shown + u" \n"_s);
+}
+
+void tst_XtreamTrace::xtreamFormerPasswordStaysMasked()
+{
+    HttpReply held = status(200, R"(["Former-Pw","Later-Pw"])"_ba);
+    held.held = true;
+    server->on(api, held);
+    XtreamClient client(nullptr);
+    client.configure(server->url(), u"joe"_s, u"Former-Pw"_s);
+    TraceCapture trace;
+    int calls = 0;
+    client.get({}, {}, [&calls](const QJsonDocument &, bool) { ++calls; });
+    client.configure(server->url(), u"joe"_s, u"Later-Pw"_s);
+    QTRY_COMPARE(server->openConnections(), 1);
+    server->release(api);
+    QTRY_COMPARE(calls, 1);
+    const QString text = trace.take();
+    QVERIFY2(text.endsWith(u"[Xtream] <- 200 [\"***\",\"***\"] \n"_s), qPrintable(text));
+}
+
+void tst_XtreamTrace::linesInTheOrderOfEvents()
+{
+    XtreamClient client(nullptr);
+    client.configure(server->url(), u"joe"_s, u"Order-Pw"_s);
+    server->on(api, HttpReply::json("[]"_ba));
+    TraceCapture trace;
+    int calls = 0;
+    client.fetchLiveStreams(u"5"_s, [&](const QList<MediaItem> &) {
+        ++calls;
+        // The reply's line is written before its callback.
+        QCOMPARE(trace.take(), u"[Xtream] <- 200 [] \n"_s);
+    });
+    QCOMPARE(trace.take(), u"[Xtream] -> "_s + server->url(api) +
+                               u"?username=joe&password=***&action=get_live_streams"
+                               u"&category_id=5 \n"_s);
+    QTRY_COMPARE(calls, 1);
+    QCOMPARE(trace.take(), QString());
+}
+
+void tst_XtreamTrace::zevrinoSuccess()
+{
+    secure->on(credentialsPath,
+               HttpReply::json(R"({"status":"success","data":{"server_url":"http://h","username":)"
+                               R"("u","password":"Zv-Pw-1"},"key":"ZV-KEY-1"})"_ba));
+    QCOMPARE(traceOfResolve(u"ZV-KEY-1"_s),
+             u"[Zevrino] -> "_s + SubscriptionService::url() +
+                 uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
+                 uR"([Zevrino] <- 200 {"status":"success","data":{"server_url":"http://h",)"_s +
+                 uR"("username":"u","password":"***"},"key":"***"} )"_s + u"\n"_s);
+}
+
+void tst_XtreamTrace::zevrinoHttpError()
+{
+    secure->on(credentialsPath, status(503, "ZV-KEY-2"_ba));
+    QCOMPARE(traceOfResolve(u"ZV-KEY-2"_s),
+             u"[Zevrino] -> "_s + SubscriptionService::url() +
+                 uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
+                 u"[Zevrino] <- error: Error transferring "_s + SubscriptionService::url() +
+                 u" - server replied: Service Unavailable http status: 503 \n"_s);
+}
+
+void tst_XtreamTrace::zevrinoWithoutAnswer()
+{
+    service.reset();
+    QCOMPARE(traceOfResolve(u"ZV-KEY-3"_s),
+             u"[Zevrino] -> "_s + SubscriptionService::url() +
+                 uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
+                 u"[Zevrino] <- error: Connection refused http status: invalid \n"_s);
+}
+
+void tst_XtreamTrace::zevrinoKeyIsMaskedEverywhere_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QByteArray>("bodyForm");
+    QTest::newRow("quotes and backslashes") << u"ZA\"b\\c"_s << R"(ZA\"b\\c)"_ba;
+    QTest::newRow("slashes") << u"ZB/c/d"_s << R"(ZB\/c\/d)"_ba;
+    QTest::newRow("not ASCII") << u"ZC\u00e9\U0001F511"_s << R"(ZC\u00E9\uD83D\uDD11)"_ba;
+    QTest::newRow("percent-encoded in the body") << u"ZD=e f"_s << "ZD%3De%20f"_ba;
+    QTest::newRow("line ends") << u"ZE\nf\tg"_s << R"(ZE\nf\tg)"_ba;
+}
+
+void tst_XtreamTrace::zevrinoKeyIsMaskedEverywhere()
+{
+    QFETCH(const QString, key);
+    QFETCH(const QByteArray, bodyForm);
+    secure->on(credentialsPath, status(200, R"({"message":"No: )" + bodyForm + "\"}"));
+    const QString expected = u"[Zevrino] -> "_s + SubscriptionService::url() +
+                             uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
+                             uR"([Zevrino] <- 200 {"message":"No: ***"} )"_s + u"\n"_s;
+    QCOMPARE(traceOfResolve(key), expected);
+}
+
+void tst_XtreamTrace::zevrinoEmptyKeyMasksNothing()
+{
+    secure->on(credentialsPath, HttpReply::json(R"({"subscription_key":""})"_ba));
+    QCOMPARE(traceOfResolve(QString()),
+             u"[Zevrino] -> "_s + SubscriptionService::url() + uR"( {"subscription_key":""} )"_s +
+                 u"\n"_s + uR"([Zevrino] <- 200 {"subscription_key":""} )"_s + u"\n"_s);
+}
+
+void tst_XtreamTrace::zevrinoBodyIsCut()
+{
+    secure->on(credentialsPath,
+               status(200, QByteArray(1990, 'x') + "yyyyyZV-KEY-4" + QByteArray(500, 't')));
+    const QString trace = traceOfResolve(u"ZV-KEY-4"_s);
+    QCOMPARE(trace.mid(trace.indexOf(u'\n') + 1),
+             u"[Zevrino] <- 200 "_s + QString(1990, u'x') + u"yyyyy*** \n"_s);
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_XtreamTrace)
+#include "tst_XtreamTrace.moc"

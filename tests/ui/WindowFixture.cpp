@@ -1,0 +1,198 @@
+#include "WindowFixture.h"
+
+#include "model/SourceManager.h"
+#include "player/VlcPlayer.h"
+#include "support/PrivateProfile.h"
+#include "ui/MainWindow.h"
+
+#include <QDateTime>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+WindowFixture::WindowFixture()
+{
+    PrivateProfile::current().clear();
+}
+
+WindowFixture::~WindowFixture() = default;
+
+void WindowFixture::store(const SourceConfig &source)
+{
+    SourceManager(nullptr).saveSource(source);
+}
+
+void WindowFixture::storeLastActive(const QString &name)
+{
+    SourceManager(nullptr).setLastActiveSourceName(name);
+}
+
+SourceConfig WindowFixture::stored(const QString &name)
+{
+    for (const SourceConfig &source : SourceManager(nullptr).sources()) {
+        if (source.name == name) {
+            return source;
+        }
+    }
+    SourceConfig none;
+    none.name = u"?"_s;
+    return none;
+}
+
+QStringList WindowFixture::storedNames()
+{
+    QStringList names;
+    for (const SourceConfig &source : SourceManager(nullptr).sources()) {
+        names << source.name;
+    }
+    return names;
+}
+
+QString WindowFixture::storedLastActive()
+{
+    return SourceManager(nullptr).lastActiveSourceName();
+}
+
+MainWindow &WindowFixture::open()
+{
+    mainWindow = std::make_unique<MainWindow>();
+    mainWindow->show();
+    if (!QTest::qWaitForWindowActive(mainWindow.get())) {
+        qFatal("WindowFixture: the window does not become active");
+    }
+    return *mainWindow;
+}
+
+QWidget &WindowFixture::asWidget() const
+{
+    return *mainWindow;
+}
+
+QObject *WindowFixture::require(QObject *found, const QString &name)
+{
+    if (found == nullptr) {
+        qFatal("WindowFixture: no widget \"%s\"", qUtf8Printable(name));
+    }
+    return found;
+}
+
+QPushButton &WindowFixture::button(const QString &text) const
+{
+    const auto buttons = mainWindow->findChildren<QPushButton *>();
+    const auto found = std::find_if(buttons.begin(), buttons.end(), [&text](QPushButton *button) {
+        return button->text().remove(u'&') == text;
+    });
+    return *static_cast<QPushButton *>(require(found != buttons.end() ? *found : nullptr, text));
+}
+
+VlcPlayer &WindowFixture::player() const
+{
+    auto *player = mainWindow->findChild<VlcPlayer *>();
+    require(player, u"VlcPlayer"_s);
+    return *player;
+}
+
+QTimer &WindowFixture::reconnectTimer() const
+{
+    // The other single-shot timer of the window hides the fullscreen controls after 3 s.
+    constexpr int controlsHideMs = 3000;
+    for (QTimer *timer : mainWindow->findChildren<QTimer *>(Qt::FindDirectChildrenOnly)) {
+        if (timer->isSingleShot() && timer->interval() != controlsHideMs) {
+            return *timer;
+        }
+    }
+    qFatal("WindowFixture: no reconnect timer");
+}
+
+QTimer &WindowFixture::autoRefreshTimer() const
+{
+    for (QTimer *timer : mainWindow->findChildren<QTimer *>(Qt::FindDirectChildrenOnly)) {
+        if (!timer->isSingleShot()) {
+            return *timer;
+        }
+    }
+    qFatal("WindowFixture: no auto-refresh timer");
+}
+
+bool WindowFixture::overlayShown() const
+{
+    return !find<QWidget>(u"loadingOverlay"_s).isHidden();
+}
+
+namespace {
+
+SourceConfig source(qint32 type, const QString &name, const QString &url, qint64 ageSeconds)
+{
+    SourceConfig config = defaultSourceConfig();
+    config.type = type;
+    config.name = name;
+    config.url = url;
+    config.lastUpdated =
+        ageSeconds == neverLoaded ? 0 : QDateTime::currentSecsSinceEpoch() - ageSeconds;
+    return config;
+}
+
+} // namespace
+
+SourceConfig playlistSource(const QString &name, const QString &url, qint64 ageSeconds)
+{
+    return source(SourceType::Playlist, name, url, ageSeconds);
+}
+
+SourceConfig accountSource(const QString &name, const QString &url, qint64 ageSeconds)
+{
+    SourceConfig config = source(SourceType::Xtream, name, url, ageSeconds);
+    config.username = u"u"_s;
+    config.password = u"p"_s;
+    return config;
+}
+
+MediaItem entry(qint32 type, const QString &name, const QString &categoryId)
+{
+    MediaItem item;
+    item.type = type;
+    item.id = name;
+    item.name = name;
+    item.categoryId = categoryId;
+    return item;
+}
+
+MediaItem channel(const QString &name, const QString &url, const QString &group)
+{
+    MediaItem item = entry(StreamKind::Live, name, group);
+    item.id = url;
+    item.streamUrl = url;
+    return item;
+}
+
+HttpReply bodyReply(const QByteArray &body)
+{
+    HttpReply reply;
+    reply.body = body;
+    return reply;
+}
+
+HttpReply statusReply(int status)
+{
+    HttpReply reply;
+    reply.status = status;
+    return reply;
+}
+
+HttpReply heldReply(const QByteArray &body)
+{
+    HttpReply reply = bodyReply(body);
+    reply.held = true;
+    return reply;
+}
+
+QStringList rowTexts(const QTableWidget &table)
+{
+    QStringList texts;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        texts << table.item(row, 0)->text();
+    }
+    return texts;
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "DialogAnswers.h"
+#include "model/CatalogCache.h"
+#include "model/SourceConfig.h"
+#include "support/HttpServer.h"
+
+#include <QDialog>
+#include <QPushButton>
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class MainWindow;
+class QTableWidget;
+class QTimer;
+class VlcPlayer;
+
+/// One test's main window over an empty profile. Sources and cached catalogs are put in place
+/// first, then open() shows the window; its dialogs are answered through `dialogs`.
+class WindowFixture
+{
+public:
+    WindowFixture();
+    ~WindowFixture();
+    WindowFixture(const WindowFixture &) = delete;
+    WindowFixture &operator=(const WindowFixture &) = delete;
+
+    /// Stores a source as an earlier run would have; the window reads it when it opens.
+    static void store(const SourceConfig &source);
+    static void storeLastActive(const QString &name);
+    /// The stored record of that name; one with the name "?" when there is none.
+    static SourceConfig stored(const QString &name);
+    static QStringList storedNames();
+    static QString storedLastActive();
+
+    /// Makes and shows the window, and waits until it is active.
+    MainWindow &open();
+    MainWindow &window() const { return *mainWindow; }
+
+    /// The widget of that object name; ends the program when there is none of that type.
+    template <typename Widget>
+    Widget &find(const QString &name) const
+    {
+        return *static_cast<Widget *>(require(asWidget().findChild<Widget *>(name), name));
+    }
+    /// The button of that text, key marks ignored.
+    QPushButton &button(const QString &text) const;
+    VlcPlayer &player() const;
+    QTimer &reconnectTimer() const;
+    QTimer &autoRefreshTimer() const;
+    bool overlayShown() const;
+
+    DialogAnswers dialogs;
+
+private:
+    QWidget &asWidget() const;
+    static QObject *require(QObject *found, const QString &name);
+
+    std::unique_ptr<MainWindow> mainWindow;
+};
+
+/// A playlist source that was loaded `ageSeconds` ago.
+SourceConfig playlistSource(const QString &name, const QString &url, qint64 ageSeconds = 0);
+/// An account source (user "u", password "p") that was loaded `ageSeconds` ago.
+SourceConfig accountSource(const QString &name, const QString &url, qint64 ageSeconds = 0);
+/// The age of a source that was never loaded.
+inline constexpr qint64 neverLoaded = -1;
+
+MediaItem entry(qint32 type, const QString &name, const QString &categoryId = {});
+/// A live channel of a playlist.
+MediaItem channel(const QString &name, const QString &url, const QString &group);
+
+HttpReply bodyReply(const QByteArray &body);
+HttpReply statusReply(int status);
+/// Waits for HttpServer::release().
+HttpReply heldReply(const QByteArray &body = {});
+
+/// The texts of a table's first column, from top to bottom.
+QStringList rowTexts(const QTableWidget &table);

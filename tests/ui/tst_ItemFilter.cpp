@@ -1,0 +1,281 @@
+#include "support/TestMain.h"
+#include "ui/ItemFilter.h"
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+MediaItem named(const QString &name, const QString &categoryId = {})
+{
+    MediaItem item;
+    item.name = name;
+    item.categoryId = categoryId;
+    return item;
+}
+
+QList<MediaItem> namedAll(const QStringList &names)
+{
+    QList<MediaItem> items;
+    for (const QString &name : names) {
+        items.append(named(name));
+    }
+    return items;
+}
+
+QStringList names(const QList<MediaItem> &items)
+{
+    QStringList result;
+    for (const MediaItem &item : items) {
+        result << item.name;
+    }
+    return result;
+}
+
+QStringList ids(const QList<MediaItem> &items)
+{
+    QStringList result;
+    for (const MediaItem &item : items) {
+        result << item.id;
+    }
+    return result;
+}
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+} // namespace
+
+class tst_ItemFilter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void matches_data();
+    void matches();
+    void category_data();
+    void category();
+    void relevanceOrder_data();
+    void relevanceOrder();
+    void sorted_data();
+    void sorted();
+    void tieBreakGetsOldIndicesAndScores();
+    void tieBreakIsAskedOnlyAmongEqualScores();
+    void keepsEveryField();
+};
+
+void tst_ItemFilter::matches_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("query");
+    QTest::addColumn<bool>("expected");
+
+    const auto row = [](const char *title, const QString &name, const QString &query, bool found) {
+        QTest::newRow(title) << name << query << found;
+    };
+    row("an empty query matches", u"News"_s, {}, true);
+    row("an empty query matches an empty name", {}, {}, true);
+    row("a query does not match an empty name", {}, u"n"_s, false);
+    row("in the middle", u"News"_s, u"ew"_s, true);
+    row("whatever the case", u"News"_s, u"nEWS"_s, true);
+    row("not when longer than the name", u"New"_s, u"News"_s, false);
+    row("not trimmed in front", u"News"_s, u" News"_s, false);
+    row("not trimmed behind", u"News"_s, u"News "_s, false);
+    row("a blank is searched for", u"Sky News"_s, u" "_s, true);
+    row("two words as typed", u"Sky News HD"_s, u"sky news"_s, true);
+    row("two words in the other order do not match", u"Sky News"_s, u"news sky"_s, false);
+    row("two words with other spacing do not match", u"Sky  News"_s, u"sky news"_s, false);
+    row("two words apart do not match", u"Sky Sports News"_s, u"sky news"_s, false);
+    row("a plus sign is itself", u"Canal+ Sport"_s, u"canal+"_s, true);
+    row("a plus sign is no repetition", u"Canall"_s, u"canal+"_s, false);
+    row("a dot is itself", u"Kanal 5"_s, u"kanal.5"_s, false);
+    row("parentheses are themselves", u"Film (2020)"_s, u"(2020)"_s, true);
+    row("an open bracket is itself", u"[HD] Film"_s, u"[h"_s, true);
+    row("a backslash is itself", u"a\\b"_s, u"\\B"_s, true);
+    row("beyond ASCII, whatever the case", u"Über Österreich"_s, u"ÖSTER"_s, true);
+    row("Cyrillic, whatever the case", u"Россия"_s, u"РОССИЯ"_s, true);
+    row("an accent is part of its letter", u"Café"_s, u"cafe"_s, false);
+    row("sharp s is not two letters", u"Straße"_s, u"strasse"_s, false);
+    row("beyond the first plane", u"Fun 😀 TV"_s, u"😀 tv"_s, true);
+    row("beyond the first plane, whatever the case", u"𐐀"_s, u"𐐨"_s, true);
+}
+
+void tst_ItemFilter::matches()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, query);
+    QFETCH(bool, expected);
+
+    const QList<MediaItem> result = applyFilter({named(name)}, {}, query);
+    QCOMPARE(result.size(), expected ? 1 : 0);
+}
+
+void tst_ItemFilter::category_data()
+{
+    QTest::addColumn<QString>("categoryId");
+    QTest::addColumn<QString>("query");
+    QTest::addColumn<QStringList>("expected");
+
+    const auto row = [](const char *title, const QString &id, const QString &query,
+                        const QStringList &expected) {
+        QTest::newRow(title) << id << query << expected;
+    };
+    row("an empty id keeps every category", {}, {}, {u"One"_s, u"Two"_s, u"Three"_s, u"Four"_s});
+    row("an id keeps its own", u"a"_s, {}, {u"One"_s, u"Three"_s});
+    row("ids differ by case", u"A"_s, {}, {u"Two"_s});
+    row("an id is not a part of another", u"aa"_s, {}, {});
+    row("an id and a query together", u"a"_s, u"t"_s, {u"Three"_s});
+    row("a query spans all categories with an empty id", {}, u"T"_s, {u"Two"_s, u"Three"_s});
+}
+
+void tst_ItemFilter::category()
+{
+    QFETCH(QString, categoryId);
+    QFETCH(QString, query);
+    QFETCH(QStringList, expected);
+
+    const QList<MediaItem> items{named(u"One"_s, u"a"_s), named(u"Two"_s, u"A"_s),
+                                 named(u"Three"_s, u"a"_s), named(u"Four"_s)};
+    QCOMPARE(names(applyFilter(items, categoryId, query)), expected);
+}
+
+void tst_ItemFilter::relevanceOrder_data()
+{
+    QTest::addColumn<QString>("query");
+    QTest::addColumn<QStringList>("items");
+    QTest::addColumn<QStringList>("expected");
+
+    const auto row = [](const char *title, const QString &query, const QStringList &items,
+                        const QStringList &expected) {
+        QTest::newRow(title) << query << items << expected;
+    };
+    row("equal, then at the start, then at a word, in their earlier order", u"news"_s,
+        {u"Sky News"_s, u"News 24"_s, u"Breaking-news"_s, u"News"_s, u"Newsroom Live"_s},
+        {u"News"_s, u"News 24"_s, u"Newsroom Live"_s, u"Sky News"_s, u"Breaking-news"_s});
+    row("inside a word comes last", u"ews"_s, {u"News"_s, u"Sky Ews"_s, u"Ewsome"_s, u"EWS"_s},
+        {u"EWS"_s, u"Ewsome"_s, u"Sky Ews"_s, u"News"_s});
+    row("a digit and an underscore are inside a word", u"tv"_s,
+        {u"1tv"_s, u"my_tv"_s, u"my tv"_s, u"my.tv"_s},
+        {u"my tv"_s, u"my.tv"_s, u"1tv"_s, u"my_tv"_s});
+    row("any word counts, not only the first place", u"news"_s, {u"xnews"_s, u"xnews news"_s},
+        {u"xnews news"_s, u"xnews"_s});
+    row("pattern characters are themselves at a word", u"a+ (b"_s,
+        {u"xa+ (b)"_s, u"x a+ (b)"_s, u"A+ (B"_s}, {u"A+ (B"_s, u"x a+ (b)"_s, u"xa+ (b)"_s});
+    row("a query that begins with a sign has no word start after a blank", u"+1"_s,
+        {u"TV +1"_s, u"TV+1"_s, u"+1 TV"_s}, {u"+1 TV"_s, u"TV+1"_s, u"TV +1"_s});
+    row("a letter beyond ASCII is no word character", u"bc"_s, {u"abc"_s, u"ébc"_s},
+        {u"ébc"_s, u"abc"_s});
+    row("without a query the order stays", {}, {u"b"_s, u"a"_s, u"C"_s}, {u"b"_s, u"a"_s, u"C"_s});
+    row("equal names stay in order", u"a"_s, {u"A"_s, u"a"_s, u"A"_s}, {u"A"_s, u"a"_s, u"A"_s});
+}
+
+void tst_ItemFilter::relevanceOrder()
+{
+    QFETCH(QString, query);
+    QFETCH(QStringList, items);
+    QFETCH(QStringList, expected);
+    QCOMPARE(names(applyFilter(namedAll(items), {}, query)), expected);
+}
+
+void tst_ItemFilter::sorted_data()
+{
+    QTest::addColumn<QString>("query");
+    QTest::addColumn<QString>("sortKey");
+    QTest::addColumn<QStringList>("expected");
+
+    const auto row = [](const char *title, const QString &query, const QString &key,
+                        const QStringList &expected) {
+        QTest::newRow(title) << query << key << expected;
+    };
+    // Item: name, added, rating. See sorted() for the list.
+    row("by name, whatever the case, equal names in order", {}, u"name"_s,
+        {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
+    row("an unknown key sorts by name", {}, u"size"_s,
+        {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
+    row("an empty key sorts by name", {}, {}, {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
+    row("a key in capitals is unknown", {}, u"ADDED"_s,
+        {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
+    row("newest first, without a date last, equal dates in order", {}, u"added"_s,
+        {u"2"_s, u"4"_s, u"0"_s, u"5"_s, u"1"_s, u"3"_s});
+    row("best rating first; none, infinite and not a number count as 0", {}, u"rating"_s,
+        {u"3"_s, u"5"_s, u"0"_s, u"1"_s, u"2"_s, u"4"_s});
+    row("the key orders within each relevance band", u"film"_s, u"added"_s,
+        {u"0"_s, u"3"_s, u"2"_s, u"4"_s, u"5"_s, u"1"_s});
+}
+
+void tst_ItemFilter::sorted()
+{
+    QFETCH(QString, query);
+    QFETCH(QString, sortKey);
+    QFETCH(QStringList, expected);
+
+    const auto item = [](int id, const QString &name, qint64 added, double rating) {
+        MediaItem result = named(name);
+        result.id = QString::number(id);
+        result.addedAt = added;
+        result.rating = rating;
+        return result;
+    };
+    QList<MediaItem> items{
+        item(0, u"Film"_s, 5, infinity),       item(1, u"my film"_s, 0, notANumber),
+        item(2, u"the film"_s, 4294967296, 0), item(3, u"FILM"_s, 0, 8.5),
+        item(4, u"a film"_s, 6, -infinity),    item(5, u"xfilm"_s, 5, 8.4)};
+    if (query == "film"_L1) {
+        items[5].name = u"the film 2"_s;
+    }
+    sortItems(items, query, sortKey);
+    QCOMPARE(ids(items), expected);
+}
+
+void tst_ItemFilter::tieBreakGetsOldIndicesAndScores()
+{
+    QList<MediaItem> items = namedAll({u"x news"_s, u"News"_s, u"Newsroom"_s, u"xnews"_s});
+    QList<int> seen;
+    QList<MediaItem> twins = items + items;
+    sortByRelevance(twins, u"news"_s, [&seen](int a, int b, const QList<int> &scores) {
+        seen = scores;
+        // The later of two equals first: only right with indices into the old list.
+        return a > b;
+    });
+    QCOMPARE(seen, (QList<int>{2, 0, 1, 3, 2, 0, 1, 3}));
+
+    for (int index = 0; index < items.size(); ++index) {
+        items[index].id = QString::number(index);
+    }
+    QList<MediaItem> reversed = items;
+    sortByRelevance(reversed, {}, [](int a, int b, const QList<int> &scores) {
+        return scores.at(a) == 0 && scores.at(b) == 0 && a > b;
+    });
+    QCOMPARE(ids(reversed), (QStringList{u"3"_s, u"2"_s, u"1"_s, u"0"_s}));
+}
+
+void tst_ItemFilter::tieBreakIsAskedOnlyAmongEqualScores()
+{
+    QList<MediaItem> items = namedAll({u"b news"_s, u"News"_s, u"a news"_s, u"xnews"_s});
+    bool onlyEquals = true;
+    sortByRelevance(items, u"news"_s, [&onlyEquals](int a, int b, const QList<int> &scores) {
+        onlyEquals = onlyEquals && scores.at(a) == scores.at(b);
+        return a > b;
+    });
+    QVERIFY(onlyEquals);
+    QCOMPARE(names(items), (QStringList{u"News"_s, u"a news"_s, u"b news"_s, u"xnews"_s}));
+}
+
+void tst_ItemFilter::keepsEveryField()
+{
+    const MediaItem full{
+        1,   u"id"_s,   u"Film"_s, u"cat"_s, u"http://icon"_s, u"mkv"_s, u"http://stream"_s,
+        7.5, 1700000000};
+    QList<MediaItem> items = applyFilter({full}, u"cat"_s, u"fi"_s);
+    sortItems(items, u"fi"_s, u"rating"_s);
+    QCOMPARE(items, QList<MediaItem>{full});
+
+    QList<MediaItem> none;
+    sortItems(none, u"fi"_s, u"name"_s);
+    QVERIFY(none.isEmpty());
+    QVERIFY(applyFilter({}, u"cat"_s, u"fi"_s).isEmpty());
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_ItemFilter)
+#include "tst_ItemFilter.moc"

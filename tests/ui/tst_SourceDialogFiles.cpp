@@ -1,0 +1,209 @@
+#include "support/TestMain.h"
+#include "ui/SourceDialog.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qUtf8Printable(path));
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : "(no such file)"_ba;
+}
+
+QString playlistFolder()
+{
+    return PrivateProfile::current().appDataDir() + "/playlists"_L1;
+}
+
+/// What the form gives for a playlist of that name and address.
+SourceConfig playlistConfig(const QString &name, const QString &url)
+{
+    const SourceDialog dialog(nullptr, nullptr);
+    dialog.findChild<QComboBox *>(u"typeCombo"_s)->setCurrentIndex(0);
+    dialog.findChild<QLineEdit *>(u"m3uNameEdit"_s)->setText(name);
+    dialog.findChild<QLineEdit *>(u"m3uUrlEdit"_s)->setText(url);
+    return dialog.config();
+}
+
+} // namespace
+
+/// The copies that the source form makes of local playlists.
+class tst_SourceDialogFiles : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void copyIsNamedAfterTheSource_data();
+    void copyIsNamedAfterTheSource();
+    void addressIsNoLocalFile_data();
+    void addressIsNoLocalFile();
+    void anEarlierCopyIsReplaced();
+    void theStoredCopyIsKept();
+    void theStoredCopyIsKeptThroughALink();
+    void renamingCopiesToTheNewName();
+    void aDirectoryIsNotCopied();
+    void anUnreadableFileStillGivesTheTarget();
+    void aTargetThatCannotBeWrittenIsStillGiven();
+
+private:
+    QString filePath(const QString &name) const { return directory->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> directory;
+};
+
+void tst_SourceDialogFiles::init()
+{
+    PrivateProfile::current().clear();
+    directory = std::make_unique<QTemporaryDir>();
+}
+
+void tst_SourceDialogFiles::copyIsNamedAfterTheSource_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](const char *title, const QString &name, const QString &file,
+                        const QString &expected) {
+        QTest::newRow(title) << name << file << expected;
+    };
+    row("signs become underscores", u"My List!"_s, u"a.m3u8"_s, u"My_List_.m3u8"_s);
+    row("letters, digits, underscore and hyphen stay", u"TV-2_b"_s, u"a.m3u"_s, u"TV-2_b.m3u"_s);
+    row("one underscore per character", u"a../b"_s, u"a.m3u"_s, u"a___b.m3u"_s);
+    row("beyond ASCII", u"Füße"_s, u"a.m3u"_s, u"F__e.m3u"_s);
+    row("beyond the first plane, still one", u"TV😀"_s, u"a.m3u"_s, u"TV_.m3u"_s);
+    row("only odd characters", u"日本"_s, u"a.m3u"_s, u"__.m3u"_s);
+    row("an empty name is the default name", {}, u"a.m3u"_s, u"M3U_Playlist.m3u"_s);
+    row("no suffix", u"List"_s, u"channels"_s, u"List"_s);
+    row("a dot at the end is no suffix", u"List"_s, u"channels."_s, u"List"_s);
+    row("the last suffix", u"List"_s, u"a.b.c"_s, u"List.c"_s);
+    row("the suffix as it is", u"List"_s, u"a.M3U8"_s, u"List.M3U8"_s);
+    row("a hidden file's name is its suffix", u"List"_s, u".m3u"_s, u"List.m3u"_s);
+    row("a path with blanks and umlauts", u"List"_s, u"meine größte Liste.m3u"_s, u"List.m3u"_s);
+}
+
+void tst_SourceDialogFiles::copyIsNamedAfterTheSource()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, file);
+    QFETCH(QString, expected);
+    writeFile(filePath(file), "#EXTM3U\n"_ba);
+
+    const SourceConfig config = playlistConfig(name, u' ' + filePath(file) + u' ');
+    QCOMPARE(config.url, playlistFolder() + u'/' + expected);
+    QCOMPARE(contentOf(config.url), "#EXTM3U\n"_ba);
+    QVERIFY(QFile::exists(filePath(file)));
+}
+
+void tst_SourceDialogFiles::addressIsNoLocalFile_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::newRow("http") << u"http://127.0.0.1/list.m3u"_s;
+    QTest::newRow("https") << u"https://127.0.0.1/list.m3u"_s;
+    QTest::newRow("a scheme in capitals") << u"HTTP://127.0.0.1/list.m3u"_s;
+    QTest::newRow("a scheme in mixed case") << u"HttpS://127.0.0.1/list.m3u"_s;
+    QTest::newRow("another scheme") << u"ftp://127.0.0.1/list.m3u"_s;
+    QTest::newRow("a file that is not there") << u"/nowhere/list.m3u"_s;
+    QTest::newRow("nothing") << QString();
+}
+
+void tst_SourceDialogFiles::addressIsNoLocalFile()
+{
+    QFETCH(QString, url);
+    // A folder of that name makes the address an existing path below the working folder.
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(directory->path());
+    QDir().mkpath(u"HTTP:/127.0.0.1"_s);
+    writeFile(u"HTTP:/127.0.0.1/list.m3u"_s, "local"_ba);
+
+    QCOMPARE(playlistConfig(u"List"_s, url).url, url);
+    QVERIFY(!QFile::exists(playlistFolder()));
+    QDir::setCurrent(before);
+}
+
+void tst_SourceDialogFiles::anEarlierCopyIsReplaced()
+{
+    QDir().mkpath(playlistFolder());
+    writeFile(playlistFolder() + "/List.m3u"_L1, "the old and longer content"_ba);
+    writeFile(filePath(u"a.m3u"_s), "new"_ba);
+    QCOMPARE(contentOf(playlistConfig(u"List"_s, filePath(u"a.m3u"_s)).url), "new"_ba);
+}
+
+void tst_SourceDialogFiles::theStoredCopyIsKept()
+{
+    writeFile(filePath(u"a.m3u8"_s), "content"_ba);
+    const SourceConfig first = playlistConfig(u"My List!"_s, filePath(u"a.m3u8"_s));
+
+    const SourceDialog dialog(nullptr, &first);
+    const SourceConfig second = dialog.config();
+    QCOMPARE(second.url, first.url);
+    QCOMPARE(contentOf(second.url), "content"_ba);
+}
+
+void tst_SourceDialogFiles::theStoredCopyIsKeptThroughALink()
+{
+    writeFile(filePath(u"a.m3u8"_s), "content"_ba);
+    const SourceConfig first = playlistConfig(u"List"_s, filePath(u"a.m3u8"_s));
+    QVERIFY(QFile::link(first.url, filePath(u"link.m3u8"_s)));
+
+    const SourceConfig second = playlistConfig(u"List"_s, filePath(u"link.m3u8"_s));
+    QCOMPARE(second.url, filePath(u"link.m3u8"_s));
+    QCOMPARE(contentOf(first.url), "content"_ba);
+}
+
+void tst_SourceDialogFiles::renamingCopiesToTheNewName()
+{
+    writeFile(filePath(u"a.m3u8"_s), "content"_ba);
+    const SourceConfig first = playlistConfig(u"Old"_s, filePath(u"a.m3u8"_s));
+    const SourceConfig second = playlistConfig(u"New"_s, first.url);
+    QCOMPARE(second.url, playlistFolder() + "/New.m3u8"_L1);
+    QCOMPARE(contentOf(second.url), "content"_ba);
+}
+
+void tst_SourceDialogFiles::aDirectoryIsNotCopied()
+{
+    QCOMPARE(playlistConfig(u"List"_s, directory->path()).url, directory->path());
+    QVERIFY(!QFile::exists(playlistFolder()));
+}
+
+void tst_SourceDialogFiles::anUnreadableFileStillGivesTheTarget()
+{
+    const QString path = filePath(u"a.m3u"_s);
+    writeFile(path, "content"_ba);
+    QFile::setPermissions(path, QFile::WriteOwner);
+    const SourceConfig config = playlistConfig(u"List"_s, path);
+    QCOMPARE(config.url, playlistFolder() + "/List.m3u"_L1);
+    // The superuser reads it all the same.
+    QFile file(path);
+    QCOMPARE(QFile::exists(config.url), file.open(QIODevice::ReadOnly));
+}
+
+void tst_SourceDialogFiles::aTargetThatCannotBeWrittenIsStillGiven()
+{
+    writeFile(filePath(u"a.m3u"_s), "content"_ba);
+    QDir().mkpath(PrivateProfile::current().appDataDir());
+    // A file stands where the folder belongs.
+    writeFile(playlistFolder(), "in the way"_ba);
+    const SourceConfig config = playlistConfig(u"List"_s, filePath(u"a.m3u"_s));
+    QCOMPARE(config.url, playlistFolder() + "/List.m3u"_L1);
+    QVERIFY(!QFile::exists(config.url));
+    QCOMPARE(contentOf(filePath(u"a.m3u"_s)), "content"_ba);
+}
+
+VANTIRO_TEST_MAIN(tst_SourceDialogFiles)
+#include "tst_SourceDialogFiles.moc"
