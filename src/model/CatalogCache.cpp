@@ -12,6 +12,8 @@
 #include <QStandardPaths>
 #include <QVariant>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -181,13 +183,28 @@ qint64 stampFrom(const QByteArray &json)
 
 bool CatalogCache::load(const QString &sourceName, const QString &section, Section &out)
 {
-    const JsonObjectText root = readRoot(sourceName);
-    if (!root.contains(section)) {
+    QList<Section> loaded;
+    if (!load(sourceName, QStringList{section}, loaded)) {
         return false;
     }
-    const JsonObjectText object = JsonObjectText::read(root.value(section));
-    out.categories = readJsonRecords(object.value(categoriesKey), categoryKeys, &categoryFrom);
-    out.items = readJsonRecords(object.value(itemsKey), itemKeys, &itemFrom);
+    out = loaded.takeFirst();
+    return true;
+}
+
+bool CatalogCache::load(const QString &sourceName, const QStringList &sections, QList<Section> &out)
+{
+    const JsonObjectText root = readRoot(sourceName);
+    const bool complete = std::all_of(sections.begin(), sections.end(),
+                                      [&root](const QString &name) { return root.contains(name); });
+    if (!complete) {
+        return false;
+    }
+    out.clear();
+    for (const QString &name : sections) {
+        const JsonObjectText object = JsonObjectText::read(root.value(name));
+        out.append({readJsonRecords(object.value(categoriesKey), categoryKeys, &categoryFrom),
+                    readJsonRecords(object.value(itemsKey), itemKeys, &itemFrom)});
+    }
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /// The catalogs of all sources on disk: one JSON file per source, named after it, under
 /// "/catalog_cache" in the application-data directory.
@@ -27,6 +28,10 @@ public:
 
     /// Reads one section. False when there is none; `out` is then left as it was.
     static bool load(const QString &sourceName, const QString &section, Section &out);
+
+    /// Reads several sections in one go, in the order of their names. False, with `out` left as it
+    /// was, when one of them is missing.
+    static bool load(const QString &sourceName, const QStringList &sections, QList<Section> &out);
 
     /// Writes one section and keeps the rest of the source's file.
     static void save(const QString &sourceName, const QString &section, const Section &data);

@@ -25,10 +25,12 @@ void addExtraItem(QUrlQuery &query, const QString &extra)
     }
 }
 
-/// A query writes "key" for a null value and "key=" for an empty one.
-QString nonNull(const QString &text)
+/// A text as the value of a query item. QUrlQuery takes "%2b" for an encoded plus sign, and servers
+/// take a plus sign for a blank; and it writes "key" for a null value instead of "key=".
+QString queryValue(const QString &text)
 {
-    return text.isNull() ? u""_s : text;
+    QString value = text.isNull() ? u""_s : text;
+    return value.replace(u'%', "%25"_L1).replace(u'+', "%2B"_L1);
 }
 
 QString categoryItem(const QString &categoryId)
@@ -57,8 +59,8 @@ XtreamClient::XtreamClient(QObject *parent)
 void XtreamClient::configure(const QString &serverUrl, const QString &user, const QString &pass)
 {
     server = serverUrl.endsWith(u'/') ? serverUrl.chopped(1) : serverUrl;
-    username = nonNull(user);
-    password = nonNull(pass);
+    username = user;
+    password = pass;
     hideFromTrace(password);
 }
 
@@ -80,8 +82,8 @@ void XtreamClient::request(const QString &action, const QString &extra,
                            std::function<void(const QByteArray &, bool)> callback)
 {
     QUrlQuery query;
-    query.addQueryItem(u"username"_s, username);
-    query.addQueryItem(u"password"_s, password);
+    query.addQueryItem(u"username"_s, queryValue(username));
+    query.addQueryItem(u"password"_s, queryValue(password));
     if (!action.isEmpty()) {
         query.addQueryItem(u"action"_s, action);
     }

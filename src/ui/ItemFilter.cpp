@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <tuple>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +26,17 @@ QList<int> relevanceScores(const QList<MediaItem> &items, const QString &query)
     return scores;
 }
 
+/// Puts the entries into that order of their indices.
+void reorder(QList<MediaItem> &items, const QList<int> &order)
+{
+    QList<MediaItem> sorted;
+    sorted.reserve(items.size());
+    for (const int index : order) {
+        sorted.append(std::move(items[index]));
+    }
+    items = std::move(sorted);
+}
+
 /// Puts the entries into the order of a stable sort by score, then by `tieBreak(a, b)` over indices
 /// into the old order.
 template <typename TieBreak>
@@ -34,12 +47,7 @@ void sortByScore(QList<MediaItem> &items, const QList<int> &scores, TieBreak tie
     std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
         return scores.at(a) != scores.at(b) ? scores.at(a) < scores.at(b) : tieBreak(a, b);
     });
-    QList<MediaItem> sorted;
-    sorted.reserve(items.size());
-    for (const int index : std::as_const(order)) {
-        sorted.append(std::move(items[index]));
-    }
-    items = std::move(sorted);
+    reorder(items, order);
 }
 
 double orderedRating(double rating)
@@ -49,13 +57,33 @@ double orderedRating(double rating)
 
 void sortByName(QList<MediaItem> &items, const QList<int> &scores)
 {
-    NameOrder order(static_cast<size_t>(items.size()));
-    for (const MediaItem &item : std::as_const(items)) {
-        order.add(item.name);
+    // What mostly decides stands together, so that the sort seldom leaves it.
+    struct Key
+    {
+        NameOrder::Head head;
+        int score = 0;
+        int index = 0;
+    };
+    NameOrder names(static_cast<size_t>(items.size()));
+    std::vector<Key> keys(static_cast<size_t>(items.size()));
+    for (size_t index = 0; index < keys.size(); ++index) {
+        const auto row = static_cast<qsizetype>(index);
+        names.add(items.at(row).name);
+        keys[index] = {names.head(index), scores.at(row), static_cast<int>(index)};
     }
-    sortByScore(items, scores, [&order](int a, int b) {
-        return order.before(static_cast<size_t>(a), static_cast<size_t>(b));
+    std::stable_sort(keys.begin(), keys.end(), [&names](const Key &a, const Key &b) {
+        if (a.score != b.score) {
+            return a.score < b.score;
+        }
+        if (a.head.decides && b.head.decides && a.head != b.head) {
+            return std::tie(a.head.first, a.head.second) < std::tie(b.head.first, b.head.second);
+        }
+        return names.before(static_cast<size_t>(a.index), static_cast<size_t>(b.index));
     });
+    QList<int> order(items.size());
+    std::transform(keys.begin(), keys.end(), order.begin(),
+                   [](const Key &key) { return key.index; });
+    reorder(items, order);
 }
 
 /// Sorts by a number of each entry, the highest first.
@@ -72,6 +100,9 @@ void sortDescending(QList<MediaItem> &items, const QList<int> &scores, NumberOf 
 QList<MediaItem> applyFilter(const QList<MediaItem> &items, const QString &categoryId,
                              const QString &query)
 {
+    if (categoryId.isEmpty() && query.isEmpty()) {
+        return items;
+    }
     QList<MediaItem> matches;
     QList<int> scores;
     NameMatcher matcher(query);

@@ -162,8 +162,13 @@ void MainWindow::buildLoadingOverlay()
     label->setStyleSheet(u"color: white; font-size: 14pt;"_s);
     auto *layout = new QVBoxLayout(loadingOverlay);
     layout->addWidget(label);
-    loadingOverlay->setGeometry(tabs->rect());
+    fitLoadingOverlay();
     loadingOverlay->hide();
+}
+
+void MainWindow::fitLoadingOverlay()
+{
+    loadingOverlay->setGeometry(tabs->rect());
 }
 
 void MainWindow::createPlayer()
@@ -201,6 +206,8 @@ void MainWindow::restoreSources()
     const int lastActive =
         sourceCombo->findData(sourceManager->lastActiveSourceName(), Qt::UserRole,
                               Qt::MatchExactly | Qt::MatchCaseSensitive);
+    // The first load begins before the window has its layout.
+    QMetaObject::invokeMethod(this, &MainWindow::fitLoadingOverlay, Qt::QueuedConnection);
     const int index = std::max(lastActive, 0);
     if (index == sourceCombo->currentIndex()) {
         onSourceSelected(index);
@@ -271,7 +278,7 @@ void MainWindow::beginCatalogFetch(int steps)
 {
     pendingFetchSteps += steps;
     if (pendingFetchSteps > 0) {
-        loadingOverlay->setGeometry(tabs->rect());
+        fitLoadingOverlay();
         loadingOverlay->raise();
         loadingOverlay->show();
     }

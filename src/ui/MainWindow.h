@@ -143,6 +143,7 @@ protected:
 private:
     // ---- MainWindow.cpp ----
     QWidget *buildSourceBar();
+    void fitLoadingOverlay();
     void buildTabs();
     void buildFullscreenChrome();
     void buildLoadingOverlay();

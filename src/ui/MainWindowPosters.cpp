@@ -68,8 +68,10 @@ void MainWindow::requestThumbnail(QListWidget *list, QListWidgetItem *item, cons
         return;
     }
     QNetworkReply *reply = thumbnailNetwork->get(QNetworkRequest(address));
-    connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
-        if (received > maxPosterBytes) {
+    // The buffer's limit holds the download up, until it is seen here and broken off.
+    reply->setReadBufferSize(maxPosterBytes + 1);
+    connect(reply, &QNetworkReply::readyRead, reply, [reply] {
+        if (reply->bytesAvailable() > maxPosterBytes) {
             reply->abort();
         }
     });

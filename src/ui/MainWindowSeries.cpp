@@ -71,6 +71,8 @@ void MainWindow::showEpisodesInline(const QString &seriesId, const QString &seri
 void MainWindow::showEpisodes(const QList<Episode> &episodes)
 {
     shownEpisodes = episodes;
+    // A late reply may find the rows of another one.
+    episodeTree->clear();
     QHash<qint32, QTreeWidgetItem *> seasonRows;
     for (int index = 0; index < shownEpisodes.size(); ++index) {
         const Episode &episode = shownEpisodes.at(index);

@@ -129,24 +129,20 @@ void MainWindow::loadXtreamSource(const SourceConfig &config, bool force)
 
 bool MainWindow::loadAccountFromCache(const QString &sourceName)
 {
-    CatalogCache::Section live;
-    CatalogCache::Section movies;
-    CatalogCache::Section series;
-    if (!CatalogCache::load(sourceName, liveSection, live) ||
-        !CatalogCache::load(sourceName, movieSection, movies) ||
-        !CatalogCache::load(sourceName, seriesSection, series)) {
+    QList<CatalogCache::Section> sections;
+    if (!CatalogCache::load(sourceName, {liveSection, movieSection, seriesSection}, sections)) {
         return false;
     }
-    liveCategories = live.categories;
-    liveItems = live.items;
+    liveCategories = sections.at(0).categories;
+    liveItems = sections.at(0).items;
     populateCategoryList(liveCategoryList, liveCategories);
     filterLive();
-    movieCategories = movies.categories;
-    movieItems = movies.items;
+    movieCategories = sections.at(1).categories;
+    movieItems = sections.at(1).items;
     populateCategoryList(movieCategoryList, movieCategories);
     filterMovies();
-    seriesCategories = series.categories;
-    seriesItems = series.items;
+    seriesCategories = sections.at(2).categories;
+    seriesItems = sections.at(2).items;
     populateCategoryList(seriesCategoryList, seriesCategories);
     filterSeries();
     return true;

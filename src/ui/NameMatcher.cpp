@@ -119,25 +119,30 @@ void NameOrder::add(const QString &name)
         entry.name = name;
     }
     entry.length = units.size() - entry.start;
-    constexpr size_t headUnits = 4;
-    for (size_t index = 0; index < headUnits; ++index) {
-        const char16_t unit = index < entry.length ? units[entry.start + index] : u'\0';
-        entry.head = entry.head << 16U | unit;
-    }
     entries.push_back(std::move(entry));
+}
+
+NameOrder::Head NameOrder::head(size_t index) const
+{
+    const Entry &entry = entries[index];
+    const auto pack = [this, &entry](size_t from) {
+        constexpr size_t unitsInPack = 4;
+        quint64 packed = 0;
+        for (size_t at = from; at < from + unitsInPack; ++at) {
+            packed = packed << 16U | (at < entry.length ? units[entry.start + at] : u'\0');
+        }
+        return packed;
+    };
+    return {pack(0), pack(4), entry.plain};
 }
 
 bool NameOrder::before(size_t a, size_t b) const
 {
     const Entry &first = entries[a];
     const Entry &second = entries[b];
-    if (!first.plain || !second.plain) {
-        return nameOf(first).compare(nameOf(second), Qt::CaseInsensitive) < 0;
-    }
-    if (first.head != second.head) {
-        return first.head < second.head;
-    }
-    return view(first) < view(second);
+    return first.plain && second.plain
+               ? view(first) < view(second)
+               : nameOf(first).compare(nameOf(second), Qt::CaseInsensitive) < 0;
 }
 
 /// For a plain name its folded form, which compares alike.

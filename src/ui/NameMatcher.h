@@ -50,11 +50,23 @@ private:
 class NameOrder
 {
 public:
+    /// The first folded units of a name, for a quick answer without looking at the name itself.
+    struct Head
+    {
+        quint64 first = 0;
+        quint64 second = 0;
+        bool decides = false; ///< false for a name that only Qt can compare
+
+        bool operator==(const Head &) const = default;
+    };
+
     /// Makes room for that many names.
     explicit NameOrder(size_t count);
 
     /// Adds the name at the next index.
     void add(const QString &name);
+
+    Head head(size_t index) const;
 
     /// Whether the name at index `a` comes before the one at `b`.
     bool before(size_t a, size_t b) const;
@@ -62,7 +74,6 @@ public:
 private:
     struct Entry
     {
-        quint64 head = 0; ///< the first four folded units, for a quick answer
         size_t start = 0;
         size_t length = 0;
         bool plain = false;

@@ -3,7 +3,7 @@
 #include <QString>
 
 /// A certificate authority and a server certificate for 127.0.0.1 and localhost that it signed,
-/// made anew in a directory. Trust the authority through SSL_CERT_FILE or QSslConfiguration.
+/// made anew in a directory. Trust the authority through QSslConfiguration.
 class TlsCertificate
 {
 public:
