@@ -16,7 +16,9 @@ QProcessEnvironment playerEnvironment()
 
 } // namespace
 
-PlayerSession::PlayerSession() : app(QStringLiteral(VANTIRO_PLAYER), {}, playerEnvironment()) {}
+PlayerSession::PlayerSession()
+    : app(QStringLiteral(VANTIRO_PLAYER), {}, playerEnvironment())
+{}
 
 bool PlayerSession::start()
 {
@@ -47,13 +49,41 @@ bool PlayerSession::clickButton(const QString &text) const
     return Mouse::click(window.waitFor(Role::Button, text));
 }
 
+Accessible PlayerSession::playPauseButton() const
+{
+    const Accessible pause = window.find(Role::Button, u"Pause"_s);
+    return pause ? pause : window.find(Role::Button, u"Play"_s);
+}
+
 bool PlayerSession::addPlaylist(const QString &name, const QString &url)
 {
     const Accessible dialog = app.waitForWindow(u"Add Source"_s);
-    return Mouse::choose(dialog.waitFor(Role::ComboBox, 0), u"M3U Playlist"_s)
-           && Keyboard::fill(dialog.waitFor(Role::Edit, u"Name:"_s), name)
-           && Keyboard::fill(dialog.waitFor(Role::Edit, u"Playlist URL/File"_s), url)
-           && Mouse::click(dialog.waitFor(Role::Button, u"OK"_s)) && dialog.waitUntilGone();
+    return Mouse::choose(dialog.waitFor(Role::ComboBox, 0), u"M3U Playlist"_s) &&
+           Keyboard::fill(dialog.waitFor(Role::Edit, u"Name:"_s), name) &&
+           Keyboard::fill(dialog.waitFor(Role::Edit, u"Playlist URL/File"_s), url) &&
+           Mouse::click(dialog.waitFor(Role::Button, u"OK"_s)) && dialog.waitUntilGone();
+}
+
+bool PlayerSession::openChannels() const
+{
+    return Mouse::click(window.waitFor(Role::ListItem, u"All Categories"_s)) &&
+           window.waitFor(Role::Table);
+}
+
+bool PlayerSession::openFilms() const
+{
+    return Mouse::click(window.waitFor(Role::Tab, u"Movies"_s)) &&
+           Mouse::click(window.waitFor(Role::ListItem, u"All Categories"_s));
+}
+
+bool PlayerSession::playChannel(const QString &name) const
+{
+    return Mouse::click(window.waitFor(Role::Cell, name));
+}
+
+bool PlayerSession::playFilm(const QString &name) const
+{
+    return Mouse::click(window.waitFor(Role::ListItem, name));
 }
 
 void PlayerSession::keepScreenshot(const QString &name) const

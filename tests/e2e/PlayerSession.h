@@ -31,8 +31,16 @@ public:
     [[nodiscard]] bool showsLabel(const QString &text) const;
     /// Clicks a button of the main window.
     [[nodiscard]] bool clickButton(const QString &text) const;
+    /// The button that pauses and plays, whichever it offers now.
+    desktop::Accessible playPauseButton() const;
     /// Adds a playlist source through the open "Add Source" dialog.
     [[nodiscard]] bool addPlaylist(const QString &name, const QString &url);
+    /// Opens all channels, or all films, of the account that is loaded.
+    [[nodiscard]] bool openChannels() const;
+    [[nodiscard]] bool openFilms() const;
+    /// Clicks the channel, or the film, in the list that is open.
+    [[nodiscard]] bool playChannel(const QString &name) const;
+    [[nodiscard]] bool playFilm(const QString &name) const;
     /// Saves a picture of the main window for people to look at.
     void keepScreenshot(const QString &name) const;
 };

@@ -121,7 +121,7 @@ XtreamProvider::XtreamProvider(const QString &user, const QString &password)
 {
     server.on(apiPath, [this](const HttpRequest &request) { return answerApi(request); });
     server.onPrefix(movedPrefix, [this](const HttpRequest &request) {
-        return document(request.path.mid(movedPrefix.size()), request);
+        return answerElsewhere(request.path.mid(movedPrefix.size()), request);
     });
     for (const QString &kind : {u"/live/"_s, u"/movie/"_s, u"/series/"_s}) {
         server.onPrefix(kind, [this](const HttpRequest &request) { return stream(request); });
@@ -172,7 +172,7 @@ void XtreamProvider::setManner(const QString &action, Manner manner)
     if (manner == Manner::Held) {
         // An exact answer, since setting it anew takes back an earlier release.
         server.on(heldPrefix + action, [this, action](const HttpRequest &request) {
-            HttpReply held = document(action, request);
+            HttpReply held = answerElsewhere(action, request);
             held.held = true;
             return held;
         });
@@ -195,13 +195,8 @@ void XtreamProvider::release(const QString &action)
 
 QStringList XtreamProvider::actions() const
 {
-    QStringList asked;
-    for (const HttpRequest &request : server.requests()) {
-        if (request.path == apiPath) {
-            asked << request.queryValue(u"action"_s);
-        }
-    }
-    return asked;
+    const std::lock_guard lock(mutex);
+    return askedFor;
 }
 
 int XtreamProvider::requestCount(const QString &action) const
@@ -214,13 +209,18 @@ bool XtreamProvider::knows(const QString &user, const QString &password) const
     return user == accountUser && password == accountPassword;
 }
 
-HttpReply XtreamProvider::answerApi(const HttpRequest &request) const
+HttpReply XtreamProvider::answerApi(const HttpRequest &request)
 {
     const QString action = request.queryValue(u"action"_s);
     Manner manner = Manner::Plain;
     {
         const std::lock_guard lock(mutex);
         manner = manners.value(action, Manner::Plain);
+        // Who is redirected counts where the redirect leads to: QNetworkAccessManager now and then
+        // sends a request anew while it follows its redirect.
+        if (manner != Manner::Redirect && manner != Manner::Held) {
+            askedFor << action;
+        }
     }
     switch (manner) {
     case Manner::HtmlPage:
@@ -239,6 +239,15 @@ HttpReply XtreamProvider::answerApi(const HttpRequest &request) const
     reply.chunked = manner == Manner::Chunked;
     reply.cutAfter = manner == Manner::CutReply ? reply.body.size() / 2 : -1;
     return reply;
+}
+
+HttpReply XtreamProvider::answerElsewhere(const QString &action, const HttpRequest &request)
+{
+    {
+        const std::lock_guard lock(mutex);
+        askedFor << action;
+    }
+    return document(action, request);
 }
 
 HttpReply XtreamProvider::document(const QString &action, const HttpRequest &request) const

@@ -94,7 +94,8 @@ public:
     HttpServer &http() { return server; }
 
 private:
-    HttpReply answerApi(const HttpRequest &request) const;
+    HttpReply answerApi(const HttpRequest &request);
+    HttpReply answerElsewhere(const QString &action, const HttpRequest &request);
     HttpReply document(const QString &action, const HttpRequest &request) const;
     QByteArray seriesInfo(const QString &seriesId) const;
     HttpReply stream(const HttpRequest &request) const;
@@ -108,6 +109,7 @@ private:
     CatalogSize catalogSize;
     QHash<QString, QByteArray> replies;
     QHash<QString, Manner> manners;
+    QStringList askedFor;
 
     /// Last, so that no handler runs any more when the rest goes.
     HttpServer server;
