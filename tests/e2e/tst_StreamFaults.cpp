@@ -7,9 +7,12 @@
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QTest>
 
 #include <algorithm>
+#include <atomic>
+#include <functional>
 #include <mutex>
 #include <random>
 
@@ -90,12 +93,14 @@ private Q_SLOTS:
     void brokenFilmAsks();
     void filmThatBreaksOffAsks();
     void retryPlaysTheFilmAgain();
-    void emptyFilmShowsNoBox();
+    void filmThatIsNoFilmEndsSilently_data();
+    void filmThatIsNoFilmEndsSilently();
 
 private:
     void addChannel(const QString &name, const HttpReply &reply);
     void addFilm(const QString &name, const HttpReply &reply);
     bool healthyChannelPlays();
+    bool playFilm(const QString &name) const;
     qint64 longestAnswer(const std::function<bool()> &done) const;
     QList<Accessible> errorBoxes() const;
 
@@ -108,7 +113,6 @@ private:
     QElapsedTimer clock;
     QList<qint64> requestTimes;
     std::atomic<bool> comesBack = false;
-    std::atomic<int> filmRequestsLeftToFail = 0;
 };
 
 void TestStreamFaults::addChannel(const QString &name, const HttpReply &reply)
@@ -193,7 +197,21 @@ bool TestStreamFaults::healthyChannelPlays()
 {
     provider.server.clearRequests();
     return session->playChannel(u"Healthy"_s) && session->showsLabel(u"Playing: Healthy"_s) &&
-           session->seesPicture() && provider.server.requestCount(paths[u"Healthy"_s]) == 1;
+           QTest::qWaitFor(
+               [this] { return provider.server.openConnections(paths[u"Healthy"_s]) == 1; },
+               15000) &&
+           session->seesPicture() &&
+           (qInfo() << provider.server.requestCount(paths[u"Healthy"_s])
+                    << provider.server.requestCount(),
+            provider.server.requestCount(paths[u"Healthy"_s]) == 1);
+}
+
+/// Searches for the film, which brings it into view, and plays it.
+bool TestStreamFaults::playFilm(const QString &name) const
+{
+    return Mouse::click(session->window.waitFor(Role::Tab, u"Movies"_s)) &&
+           Keyboard::fill(session->window.waitFor(Role::Edit, u"Search..."_s), name) &&
+           session->playFilm(name);
 }
 
 /// Asks the window's own thread for something until `done`, at least twenty times: the longest
@@ -203,7 +221,7 @@ qint64 TestStreamFaults::longestAnswer(const std::function<bool()> &done) const
     constexpr int atLeast = 20;
     qint64 longest = 0;
     int asked = 0;
-    const bool in_time = QTest::qWaitFor(
+    const bool inTime = QTest::qWaitFor(
         [&] {
             QElapsedTimer answer;
             answer.start();
@@ -212,7 +230,7 @@ qint64 TestStreamFaults::longestAnswer(const std::function<bool()> &done) const
             return ++asked >= atLeast && done();
         },
         60000);
-    return in_time ? longest : 1000000;
+    return inTime ? longest : 1000000;
 }
 
 QList<Accessible> TestStreamFaults::errorBoxes() const
@@ -365,17 +383,15 @@ void TestStreamFaults::anotherChannelEndsTheReconnecting()
 void TestStreamFaults::brokenFilmAsks_data()
 {
     QTest::addColumn<QString>("film");
-    for (const char *name : {"Unauthorized Film", "Forbidden Film", "Missing Film",
-                             "Unavailable Film", "Page Film", "Garbage Film"}) {
+    for (const char *name :
+         {"Unauthorized Film", "Forbidden Film", "Missing Film", "Unavailable Film", "Empty Film"})
         QTest::newRow(name) << QString::fromUtf8(name);
-    }
 }
 
 void TestStreamFaults::brokenFilmAsks()
 {
     QFETCH(const QString, film);
-    QVERIFY(Mouse::click(session->window.waitFor(Role::Tab, u"Movies"_s)));
-    QVERIFY(session->playFilm(film));
+    QVERIFY(playFilm(film));
     const qint64 longest = longestAnswer([this] { return !errorBoxes().isEmpty(); });
     QVERIFY2(longest < frozenMs, qPrintable(QString::number(longest)));
     const Accessible box = session->app.waitForWindow(errorTitle);
@@ -395,10 +411,16 @@ void TestStreamFaults::brokenFilmAsks()
     QVERIFY(!session->window.find(Role::Button, u"Info"_s));
 }
 
+void TestStreamFaults::filmThatIsNoFilmEndsSilently_data()
+{
+    QTest::addColumn<QString>("film");
+    QTest::newRow("page") << u"Page Film"_s;
+    QTest::newRow("garbage") << u"Garbage Film"_s;
+}
+
 void TestStreamFaults::filmThatBreaksOffAsks()
 {
-    QVERIFY(Mouse::click(session->window.waitFor(Role::Tab, u"Movies"_s)));
-    QVERIFY(session->playFilm(u"Cut Film"_s));
+    QVERIFY(playFilm(u"Cut Film"_s));
     QVERIFY(session->seesPicture());
     const Accessible box = session->app.waitForWindow(errorTitle, 40000);
     QVERIFY(box);
@@ -411,8 +433,7 @@ void TestStreamFaults::filmThatBreaksOffAsks()
 
 void TestStreamFaults::retryPlaysTheFilmAgain()
 {
-    QVERIFY(Mouse::click(session->window.waitFor(Role::Tab, u"Movies"_s)));
-    QVERIFY(session->playFilm(u"Second Chance"_s));
+    QVERIFY(playFilm(u"Second Chance"_s));
     const Accessible box = session->app.waitForWindow(errorTitle);
     QVERIFY(box);
     comesBack = true;
@@ -424,9 +445,18 @@ void TestStreamFaults::retryPlaysTheFilmAgain()
     QVERIFY(errorBoxes().isEmpty());
 }
 
-void TestStreamFaults::emptyFilmShowsNoBox()
+// What has no length has come to its end by itself, as far as anybody knows.
+void TestStreamFaults::filmThatIsNoFilmEndsSilently()
 {
-    QSKIP("to be found out");
+    QFETCH(const QString, film);
+    QVERIFY(playFilm(film));
+    QTRY_VERIFY(provider.server.requestCount(paths[film]) > 0);
+    QElapsedTimer waiting;
+    waiting.start();
+    const qint64 longest = longestAnswer([&waiting] { return waiting.hasExpired(3000); });
+    QVERIFY2(longest < frozenMs, qPrintable(QString::number(longest)));
+    QVERIFY(errorBoxes().isEmpty());
+    QVERIFY(session->window.find(Role::Label, u"Playing: "_s + film));
 }
 
 VANTIRO_TEST_MAIN(TestStreamFaults)
