@@ -134,6 +134,8 @@ QTableWidget *makeTable(const QString &kindWord)
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->verticalHeader()->hide();
+    // Tab leaves the table instead of walking its cells.
+    table->setTabKeyNavigation(false);
     return table;
 }
 

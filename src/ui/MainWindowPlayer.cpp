@@ -62,6 +62,8 @@ QPushButton *makeButton(const QString &text, const QString &objectName = {})
 {
     auto *button = new QPushButton(text);
     button->setObjectName(objectName);
+    // Space belongs to the panel; Return and Enter press the button.
+    button->setAutoDefault(true);
     return button;
 }
 
@@ -418,6 +420,7 @@ void MainWindow::showStreamInfo()
     dialog->setMinimumSize(440, 340);
     auto *text = new QPlainTextEdit(player->mediaInfoText());
     text->setReadOnly(true);
+    text->setTabChangesFocus(true);
     text->setAccessibleName(tr("Stream Info"));
     QPushButton *refresh = makeButton(tr("Refresh"));
     connect(refresh, &QPushButton::clicked, text,

@@ -192,18 +192,16 @@ void TestStreamFaults::cleanup()
     }
 }
 
-/// Whether a channel plays after what was before: its picture, its name, its own connection.
+/// Whether a channel plays after what was before: its picture, where it belongs, its name, and its
+/// own connection.
 bool TestStreamFaults::healthyChannelPlays()
 {
+    const QString path = paths[u"Healthy"_s];
     provider.server.clearRequests();
     return session->playChannel(u"Healthy"_s) && session->showsLabel(u"Playing: Healthy"_s) &&
-           QTest::qWaitFor(
-               [this] { return provider.server.openConnections(paths[u"Healthy"_s]) == 1; },
-               15000) &&
-           session->seesPicture() &&
-           (qInfo() << provider.server.requestCount(paths[u"Healthy"_s])
-                    << provider.server.requestCount(),
-            provider.server.requestCount(paths[u"Healthy"_s]) == 1);
+           QTest::qWaitFor([&] { return provider.server.openConnections(path) == 1; }, 15000) &&
+           session->seesPicture() && provider.server.requestCount(path) == 1 &&
+           NativeWindow::ofProcess(session->app.processId()).size() == 1;
 }
 
 /// Searches for the film, which brings it into view, and plays it.

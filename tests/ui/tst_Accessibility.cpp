@@ -1,0 +1,193 @@
+// Everything can be reached and named without eyes and without a mouse.
+
+#include "model/SourceManager.h"
+#include "support/TestMain.h"
+#include "ui/MainWindow.h"
+#include "ui/SourceDialog.h"
+
+#include <QAccessible>
+#include <QComboBox>
+#include <QFile>
+#include <QListWidget>
+#include <QSet>
+#include <QTest>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isControl(QAccessible::Role role)
+{
+    static const QSet<int> roles = {
+        QAccessible::PushButton, QAccessible::EditableText, QAccessible::ComboBox,
+        QAccessible::CheckBox,   QAccessible::Slider,       QAccessible::List,
+        QAccessible::Table,      QAccessible::Tree,         QAccessible::PageTab};
+    return roles.contains(role);
+}
+
+/// What a screen reader says: the name, or the text of the label that belongs to the control.
+QString spokenName(QAccessibleInterface &control)
+{
+    const QString name = control.text(QAccessible::Name);
+    if (!name.isEmpty()) {
+        return name;
+    }
+    const auto labels = control.relations(QAccessible::Label);
+    return labels.isEmpty() ? QString() : labels.first().first->text(QAccessible::Name);
+}
+
+/// Walks the visible part of the tree and lists controls without a name; counts the controls.
+void findNameless(QAccessibleInterface *parent, QStringList &nameless, int &controls)
+{
+    for (int index = 0; index < parent->childCount(); ++index) {
+        QAccessibleInterface *child = parent->child(index);
+        if (child == nullptr || child->state().invisible ||
+            child->role() == QAccessible::ScrollBar) {
+            continue;
+        }
+        if (isControl(child->role())) {
+            ++controls;
+            if (spokenName(*child).isEmpty()) {
+                const QObject *object = child->object();
+                nameless << (object != nullptr
+                                 ? object->objectName() + u' ' +
+                                       QString::fromLatin1(object->metaObject()->className())
+                                 : QString::number(child->role()));
+            }
+        }
+        // The rows of a view are named by their texts; there can be very many.
+        if (child->tableInterface() == nullptr && child->role() != QAccessible::ComboBox) {
+            findNameless(child, nameless, controls);
+        }
+    }
+}
+
+/// The widgets that Tab comes by, beginning anywhere, until it comes round.
+QSet<const QWidget *> reachedByTab(QWidget &window)
+{
+    QSet<const QWidget *> reached;
+    while (QApplication::focusWidget() != nullptr &&
+           !reached.contains(QApplication::focusWidget())) {
+        reached.insert(QApplication::focusWidget());
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    }
+    return reached;
+}
+
+QStringList notReached(QWidget &window)
+{
+    const QSet<const QWidget *> reached = reachedByTab(window);
+    QStringList missing;
+    const auto widgets = window.findChildren<QWidget *>();
+    for (const QWidget *widget : widgets) {
+        const bool wantsKeys =
+            (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr;
+        if (wantsKeys && widget->isVisible() && widget->isEnabled() && !reached.contains(widget)) {
+            missing << widget->objectName() + u' ' +
+                           QString::fromLatin1(widget->metaObject()->className());
+        }
+    }
+    return missing;
+}
+
+} // namespace
+
+class tst_Accessibility : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { PrivateProfile::current().clear(); }
+    void mainWindow_data();
+    void mainWindow();
+    void sourceDialog_data();
+    void sourceDialog();
+};
+
+void tst_Accessibility::mainWindow_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<bool>("categoryOpen");
+    QTest::newRow("categories, nothing playing") << -1 << false;
+    QTest::newRow("entries, a channel playing") << int(StreamKind::Live) << true;
+    QTest::newRow("entries, a film playing") << int(StreamKind::Movie) << true;
+    QTest::newRow("entries, an episode playing") << int(StreamKind::Episode) << true;
+}
+
+void tst_Accessibility::mainWindow()
+{
+    QFETCH(int, kind);
+    QFETCH(bool, categoryOpen);
+    const QString playlist = PrivateProfile::current().root() + u"/list.m3u"_s;
+    QFile file(playlist);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("#EXTM3U\n#EXTINF:-1 group-title=\"News\",One\nhttp://127.0.0.1:9/1\n");
+    file.close();
+    {
+        SourceConfig source = defaultSourceConfig();
+        source.name = u"List"_s;
+        source.url = playlist;
+        SourceManager(nullptr).saveSource(source);
+    }
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    if (categoryOpen) {
+        auto *categories = window.findChild<QListWidget *>(u"channelCategoryList"_s);
+        window.selectChannelCategory(categories->item(1));
+    }
+    if (kind >= 0) {
+        MediaItem item;
+        item.type = kind;
+        item.name = u"Something"_s;
+        item.streamUrl = u"http://127.0.0.1:9/1"_s;
+        window.playMediaItem(item);
+        // Films need an account; the rows that they show are what matters here.
+        for (const QString &name : {u"seekRow"_s, u"controlsRow"_s, u"nextEpisodeButton"_s}) {
+            window.findChild<QWidget *>(name)->show();
+        }
+    }
+
+    QAccessible::setActive(true);
+    QStringList nameless;
+    int controls = 0;
+    findNameless(QAccessible::queryAccessibleInterface(&window), nameless, controls);
+    QCOMPARE(nameless, QStringList());
+    QVERIFY(controls >= 6);
+
+    window.findChild<QComboBox *>(u"sourceCombo"_s)->setFocus();
+    QCOMPARE(notReached(window), QStringList());
+}
+
+void tst_Accessibility::sourceDialog_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("playlist") << int(SourceType::Playlist);
+    QTest::newRow("account") << int(SourceType::Xtream);
+    QTest::newRow("subscription") << int(SourceType::Zevrino);
+}
+
+void tst_Accessibility::sourceDialog()
+{
+    QFETCH(int, type);
+    SourceConfig source = defaultSourceConfig();
+    source.type = type;
+    source.name = u"Source"_s;
+    SourceDialog dialog(nullptr, &source);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+
+    QAccessible::setActive(true);
+    QStringList nameless;
+    int controls = 0;
+    findNameless(QAccessible::queryAccessibleInterface(&dialog), nameless, controls);
+    QCOMPARE(nameless, QStringList());
+    QVERIFY(controls >= 4);
+
+    dialog.findChild<QComboBox *>(u"typeCombo"_s)->setFocus();
+    QCOMPARE(notReached(dialog), QStringList());
+}
+
+VANTIRO_TEST_MAIN(tst_Accessibility)
+#include "tst_Accessibility.moc"
