@@ -2,13 +2,13 @@
 
 #include "model/Age.h"
 #include "model/JsonScan.h"
+#include "model/SafeFileName.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QVariant>
 
@@ -31,10 +31,7 @@ QString cacheDir()
 
 QString cacheFilePath(const QString &sourceName)
 {
-    static const QRegularExpression unsafe(u"[^A-Za-z0-9_-]"_s);
-    QString fileName = sourceName;
-    fileName.replace(unsafe, u"_"_s);
-    return cacheDir() + u'/' + fileName + ".json"_L1;
+    return cacheDir() + u'/' + safeFileName(sourceName) + ".json"_L1;
 }
 
 /// The members of a source's file, none when there is no usable one.

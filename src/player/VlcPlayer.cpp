@@ -2,6 +2,7 @@
 
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
+#include "player/VlcHandles.h"
 
 #include <QGuiApplication>
 #include <QTimer>
@@ -10,9 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <memory>
-
-#include <vlc/vlc.h>
 
 using namespace Qt::StringLiterals;
 
@@ -29,12 +27,6 @@ constexpr qint64 seekMarginMs = 1000;
 /// How long replacing a stream may wait for the old one, and the end of the player for all.
 constexpr std::chrono::milliseconds stopPatience(60);
 constexpr std::chrono::milliseconds exitPatience(1000);
-
-struct MediaRelease
-{
-    void operator()(libvlc_media_t *media) const { libvlc_media_release(media); }
-};
-using MediaPtr = std::unique_ptr<libvlc_media_t, MediaRelease>;
 
 libvlc_instance_t *createInstance()
 {

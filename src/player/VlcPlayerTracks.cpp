@@ -1,29 +1,12 @@
 #include "player/VlcPlayer.h"
 
+#include "player/VlcHandles.h"
+
 #include <QUrl>
-
-#include <memory>
-
-#include <vlc/vlc.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct DescriptionRelease
-{
-    void operator()(libvlc_track_description_t *list) const
-    {
-        libvlc_track_description_list_release(list);
-    }
-};
-using DescriptionList = std::unique_ptr<libvlc_track_description_t, DescriptionRelease>;
-
-struct MediaRelease
-{
-    void operator()(libvlc_media_t *media) const { libvlc_media_release(media); }
-};
-using MediaPtr = std::unique_ptr<libvlc_media_t, MediaRelease>;
 
 /// libVLC's factor from its statistics to the figures shown.
 constexpr double bitrateFactor = 8.0;

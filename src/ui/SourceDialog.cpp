@@ -1,5 +1,6 @@
 #include "ui/SourceDialog.h"
 
+#include "model/SafeFileName.h"
 #include "providers/XtreamClient.h"
 #include "ui/PlainMessageBox.h"
 
@@ -15,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QStackedWidget>
 #include <QStandardPaths>
 
@@ -55,9 +55,7 @@ bool isRemote(const QString &url)
 /// The stored copy's file name for a source of that name.
 QString storedFileName(const QString &sourceName, const QFileInfo &chosen)
 {
-    static const QRegularExpression unsafe(u"[^A-Za-z0-9_-]"_s);
-    QString fileName = sourceName;
-    fileName.replace(unsafe, u"_"_s);
+    QString fileName = safeFileName(sourceName);
     if (fileName.isEmpty()) {
         fileName = u"playlist"_s;
     }

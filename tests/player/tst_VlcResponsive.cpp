@@ -134,6 +134,7 @@ private:
     int progress = 0;
     /// The longest gap on this machine while a stream plays and nobody touches it.
     qint64 jitterMs = 0;
+    qint64 longestMs = 0;
 };
 
 void TestVlcResponsive::initTestCase()
@@ -161,6 +162,7 @@ void TestVlcResponsive::initTestCase()
 
 void TestVlcResponsive::cleanupTestCase()
 {
+    qInfo() << "longest gap of all streams:" << longestMs << "ms";
     server.dropConnections();
     player.reset();
     surface.reset();
@@ -236,6 +238,7 @@ void TestVlcResponsive::staysResponsive()
     QVERIFY(heart.runFor(100));
     player->play(server.url(path), true);
     QVERIFY(healthyStreamPlays());
+    longestMs = std::max(longestMs, heart.longestGap());
     QVERIFY2(heart.longestGap() <= jitterMs + allowanceMs,
              qPrintable(u"%1 ms"_s.arg(heart.longestGap())));
 
