@@ -218,9 +218,14 @@ void fillCategoryList(QListWidget *list, const QList<Category> &categories)
 void fillTable(QTableWidget *table, const QList<MediaItem> &items)
 {
     table->setRowCount(static_cast<int>(items.size()));
-    for (int row = 0; row < table->rowCount(); ++row) {
-        table->setItem(row, 0, new QTableWidgetItem(items.at(row).name));
+    {
+        // One update of the view for all rows instead of one for each.
+        const QSignalBlocker blocker(table->model());
+        for (int row = 0; row < table->rowCount(); ++row) {
+            table->setItem(row, 0, new QTableWidgetItem(items.at(row).name));
+        }
     }
+    table->viewport()->update();
 }
 
 void fillPosterGrid(QListWidget *list, const QList<MediaItem> &items, const QIcon &placeholder)

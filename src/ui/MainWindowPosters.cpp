@@ -68,8 +68,8 @@ void MainWindow::requestThumbnail(QListWidget *list, QListWidgetItem *item, cons
         return;
     }
     QNetworkReply *reply = thumbnailNetwork->get(QNetworkRequest(address));
-    // The buffer's limit holds the download up, until it is seen here and broken off.
-    reply->setReadBufferSize(maxPosterBytes + 1);
+    // The buffer's limit keeps a fast server from sending far more before it is broken off here.
+    reply->setReadBufferSize(2 * maxPosterBytes);
     connect(reply, &QNetworkReply::readyRead, reply, [reply] {
         if (reply->bytesAvailable() > maxPosterBytes) {
             reply->abort();

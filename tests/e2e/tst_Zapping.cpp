@@ -157,27 +157,27 @@ void TestZapping::endsWithTheLastChannel()
     session.reset();
 }
 
-// Opening a picture takes libVLC a good part of a second, and in that time it is slow to let go of
-// the surface. A stream that finds it taken must not open a window of its own.
+// libVLC is slow to let go of the surface while a stream opens its picture and sound. The stream
+// that finds the surface taken must not open a window of its own.
 void TestZapping::changesWhileTheLastStreamStarts()
 {
-    constexpr int phases = 16;
-    constexpr int phaseMs = 50;
+    constexpr int phases = 12;
+    constexpr int phaseMs = 80;
     serve(HttpReply::file(streamPath(u"short.ts"_s)));
+    provider->server.on(paths.first(), HttpReply::file(streamPath(u"short.ts"_s)));
+    provider->server.on(paths.last(), liveStream(u"grey.ts"_s, 30));
     QVERIFY(session->start());
     QVERIFY(session->openChannels());
     for (int phase = 0; phase < phases; ++phase) {
-        const int number = phase % (channelCount - 1);
-        const int requests = provider->server.requestCount(paths.at(number));
-        QVERIFY(session->playChannel(u"Channel %1"_s.arg(number)));
-        QTRY_VERIFY(provider->server.requestCount(paths.at(number)) > requests);
+        const int requests = provider->server.requestCount(paths.first());
+        QVERIFY(session->playChannel(u"Channel 0"_s));
+        QTRY_VERIFY(provider->server.requestCount(paths.first()) > requests);
         QElapsedTimer sinceRequest;
         sinceRequest.start();
         QTRY_VERIFY(sinceRequest.hasExpired(qint64(phase) * phaseMs));
-        QCOMPARE(NativeWindow::ofProcess(session->app.processId()).size(), 1);
+        QVERIFY(session->playChannel(u"Grey"_s));
+        QVERIFY2(showsGreyChannel(), qPrintable(QString::number(phase)));
     }
-    QVERIFY(session->playChannel(u"Grey"_s));
-    QVERIFY(showsGreyChannel());
     QVERIFY(session->close());
     session.reset();
 }
