@@ -3,6 +3,7 @@
 #include "support/CatalogGenerator.h"
 #include "ui/BrowseTab.h"
 #include "ui/ItemFilter.h"
+#include "ui/ItemIndex.h"
 #include "ui/Thumbnails.h"
 
 #include <QCoreApplication>
@@ -47,6 +48,23 @@ void posterFilter(benchmark::State &state, const QString &query, const QString &
         benchmark::DoNotOptimize(filtered);
     }
 }
+void posterKeystroke(benchmark::State &state, const QString &query, const QString &sortKey)
+{
+    const QList<MediaItem> items = movies(state);
+    ItemIndex index;
+    index.select(items, {}, {}, sortKey);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(index.select(items, {}, query, sortKey));
+    }
+}
+BENCHMARK_CAPTURE(posterKeystroke, all_by_name, QString(), u"name"_s)
+    ->Arg(100000)
+    ->Arg(150000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(posterKeystroke, letter_by_name, u"e"_s, u"name"_s)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond);
+
 BENCHMARK_CAPTURE(posterFilter, all_by_name, QString(), u"name"_s)
     ->Arg(100000)
     ->Arg(150000)

@@ -37,17 +37,16 @@ void reorder(QList<MediaItem> &items, const QList<int> &order)
     items = std::move(sorted);
 }
 
-/// Puts the entries into the order of a stable sort by score, then by `tieBreak(a, b)` over indices
-/// into the old order.
+/// The order of a stable sort by score, then by `tieBreak(a, b)`, as indices.
 template <typename TieBreak>
-void sortByScore(QList<MediaItem> &items, const QList<int> &scores, TieBreak tieBreak)
+QList<int> orderByScore(const QList<int> &scores, TieBreak tieBreak)
 {
-    QList<int> order(items.size());
+    QList<int> order(scores.size());
     std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
         return scores.at(a) != scores.at(b) ? scores.at(a) < scores.at(b) : tieBreak(a, b);
     });
-    reorder(items, order);
+    return order;
 }
 
 double orderedRating(double rating)
@@ -55,7 +54,7 @@ double orderedRating(double rating)
     return std::isfinite(rating) ? rating : 0.0;
 }
 
-void sortByName(QList<MediaItem> &items, const QList<int> &scores)
+QList<int> orderByName(const QList<MediaItem> &items, const QList<int> &scores)
 {
     // What mostly decides stands together, so that the sort seldom leaves it.
     struct Key
@@ -83,16 +82,31 @@ void sortByName(QList<MediaItem> &items, const QList<int> &scores)
     QList<int> order(items.size());
     std::transform(keys.begin(), keys.end(), order.begin(),
                    [](const Key &key) { return key.index; });
-    reorder(items, order);
+    return order;
 }
 
-/// Sorts by a number of each entry, the highest first.
+/// By a number of each entry, the highest first.
 template <typename Number, typename NumberOf>
-void sortDescending(QList<MediaItem> &items, const QList<int> &scores, NumberOf numberOf)
+QList<int> orderDescending(const QList<MediaItem> &items, const QList<int> &scores,
+                           NumberOf numberOf)
 {
     QList<Number> numbers(items.size());
     std::transform(items.cbegin(), items.cend(), numbers.begin(), numberOf);
-    sortByScore(items, scores, [&numbers](int a, int b) { return numbers.at(a) > numbers.at(b); });
+    return orderByScore(scores, [&numbers](int a, int b) { return numbers.at(a) > numbers.at(b); });
+}
+
+QList<int> orderByKey(const QList<MediaItem> &items, const QList<int> &scores,
+                      const QString &sortKey)
+{
+    if (sortKey == "added"_L1) {
+        return orderDescending<qint64>(items, scores,
+                                       [](const MediaItem &item) { return item.addedAt; });
+    }
+    if (sortKey == "rating"_L1) {
+        return orderDescending<double>(
+            items, scores, [](const MediaItem &item) { return orderedRating(item.rating); });
+    }
+    return orderByName(items, scores);
 }
 
 } // namespace
@@ -117,7 +131,7 @@ QList<MediaItem> applyFilter(const QList<MediaItem> &items, const QString &categ
         }
     }
     if (!query.isEmpty()) {
-        sortByScore(matches, scores, [](int, int) { return false; });
+        reorder(matches, orderByScore(scores, [](int, int) { return false; }));
     }
     return matches;
 }
@@ -126,18 +140,15 @@ void sortByRelevance(QList<MediaItem> &items, const QString &query,
                      const std::function<bool(int, int, const QList<int> &)> &tieBreak)
 {
     const QList<int> scores = relevanceScores(items, query);
-    sortByScore(items, scores, [&](int a, int b) { return tieBreak(a, b, scores); });
+    reorder(items, orderByScore(scores, [&](int a, int b) { return tieBreak(a, b, scores); }));
 }
 
 void sortItems(QList<MediaItem> &items, const QString &query, const QString &sortKey)
 {
-    const QList<int> scores = relevanceScores(items, query);
-    if (sortKey == "added"_L1) {
-        sortDescending<qint64>(items, scores, [](const MediaItem &item) { return item.addedAt; });
-    } else if (sortKey == "rating"_L1) {
-        sortDescending<double>(items, scores,
-                               [](const MediaItem &item) { return orderedRating(item.rating); });
-    } else {
-        sortByName(items, scores);
-    }
+    reorder(items, orderByKey(items, relevanceScores(items, query), sortKey));
+}
+
+QList<int> sortedOrder(const QList<MediaItem> &items, const QString &sortKey)
+{
+    return orderByKey(items, QList<int>(items.size(), 0), sortKey);
 }

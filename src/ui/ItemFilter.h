@@ -21,3 +21,6 @@ void sortByRelevance(QList<MediaItem> &items, const QString &query,
 /// Sorts by relevance, then by `sortKey`: "added" newest first, "rating" highest first, any other
 /// by name ignoring case. A rating that is not finite counts as 0.
 void sortItems(QList<MediaItem> &items, const QString &query, const QString &sortKey);
+
+/// The order into which sortItems() puts the entries without a query, as their indices.
+QList<int> sortedOrder(const QList<MediaItem> &items, const QString &sortKey);

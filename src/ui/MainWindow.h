@@ -3,6 +3,7 @@
 #include "model/CatalogCache.h"
 #include "model/CatalogRecords.h"
 #include "model/SourceConfig.h"
+#include "ui/ItemIndex.h"
 #include "ui/Thumbnails.h"
 
 #include <QHash>
@@ -265,6 +266,9 @@ private:
     QList<MediaItem> movieItems;
     QList<MediaItem> seriesItems;
     QList<MediaItem> channelItems;
+    /// The orders of the poster tabs' entries.
+    ItemIndex movieIndex;
+    ItemIndex seriesIndex;
     /// The entries shown, in display order: row r of the view is element r.
     QList<MediaItem> liveFiltered;
     QList<MediaItem> movieFiltered;

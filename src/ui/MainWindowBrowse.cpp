@@ -186,17 +186,15 @@ void MainWindow::filterChannels()
 
 void MainWindow::filterMovies()
 {
-    const QString query = movieSearch->text();
-    movieFiltered = applyFilter(movieItems, movieCategoryId, query);
-    sortItems(movieFiltered, query, movieSortCombo->currentData().toString());
+    movieFiltered = movieIndex.select(movieItems, movieCategoryId, movieSearch->text(),
+                                      movieSortCombo->currentData().toString());
     populatePosterGrid(moviePosterList, movieFiltered);
 }
 
 void MainWindow::filterSeries()
 {
-    const QString query = seriesSearch->text();
-    seriesFiltered = applyFilter(seriesItems, seriesCategoryId, query);
-    sortItems(seriesFiltered, query, seriesSortCombo->currentData().toString());
+    seriesFiltered = seriesIndex.select(seriesItems, seriesCategoryId, seriesSearch->text(),
+                                        seriesSortCombo->currentData().toString());
     populatePosterGrid(seriesPosterList, seriesFiltered);
 }
 

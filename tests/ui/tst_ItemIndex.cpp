@@ -1,0 +1,98 @@
+// The index gives what filtering and sorting give, whatever is asked of it in whatever order.
+
+#include "support/CatalogGenerator.h"
+#include "support/TestMain.h"
+#include "ui/ItemFilter.h"
+#include "ui/ItemIndex.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<MediaItem> plainly(const QList<MediaItem> &items, const QString &categoryId,
+                         const QString &query, const QString &sortKey)
+{
+    QList<MediaItem> filtered = applyFilter(items, categoryId, query);
+    sortItems(filtered, query, sortKey);
+    return filtered;
+}
+
+/// Movies of which many share a name, a rating or a date.
+QList<MediaItem> moviesWithTies(quint32 seed)
+{
+    QRandomGenerator random(seed);
+    QList<MediaItem> movies = CatalogGenerator(seed).movies(300, 4);
+    for (MediaItem &movie : movies) {
+        movie.rating = random.bounded(4);
+        movie.addedAt = random.bounded(5);
+        if (random.bounded(3) == 0) {
+            movie.name = movies.at(random.bounded(20)).name.toUpper();
+        }
+    }
+    return movies;
+}
+
+} // namespace
+
+class tst_ItemIndex : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sameAsFilterAndSort_data();
+    void sameAsFilterAndSort();
+    void anotherListIsSeen();
+    void aChangedListIsSeen();
+};
+
+void tst_ItemIndex::sameAsFilterAndSort_data()
+{
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 10; ++seed) {
+        QTest::addRow("seed %u", seed) << seed;
+    }
+}
+
+void tst_ItemIndex::sameAsFilterAndSort()
+{
+    QFETCH(quint32, seed);
+    const QList<MediaItem> movies = moviesWithTies(seed);
+    ItemIndex index;
+    for (const QString &query :
+         {u""_s, u"e"_s, u"news"_s, u"the"_s, u"24"_s, u"ü"_s, u"no such"_s}) {
+        for (const QString &category : {u""_s, u"2"_s, u"9"_s}) {
+            for (const QString &key : {u"name"_s, u"added"_s, u"rating"_s, u"other"_s}) {
+                const QList<MediaItem> expected = plainly(movies, category, query, key);
+                QCOMPARE(index.select(movies, category, query, key), expected);
+            }
+        }
+    }
+}
+
+void tst_ItemIndex::anotherListIsSeen()
+{
+    ItemIndex index;
+    const QList<MediaItem> first = moviesWithTies(1);
+    const QList<MediaItem> second = moviesWithTies(2);
+    for (const QList<MediaItem> &movies : {first, second, QList<MediaItem>(), first}) {
+        QCOMPARE(index.select(movies, {}, u"e"_s, u"name"_s),
+                 plainly(movies, {}, u"e"_s, u"name"_s));
+    }
+}
+
+void tst_ItemIndex::aChangedListIsSeen()
+{
+    ItemIndex index;
+    QList<MediaItem> movies = moviesWithTies(3);
+    index.select(movies, {}, {}, u"rating"_s);
+    movies.first().rating = 100.0;
+    QCOMPARE(index.select(movies, {}, {}, u"rating"_s).first(), movies.first());
+    movies.removeFirst();
+    QCOMPARE(index.select(movies, {}, {}, u"rating"_s), plainly(movies, {}, {}, u"rating"_s));
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_ItemIndex)
+#include "tst_ItemIndex.moc"
