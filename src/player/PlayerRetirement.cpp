@@ -17,21 +17,23 @@ PlayerRetirement::PlayerRetirement()
     : state(std::make_shared<State>())
 {}
 
-void PlayerRetirement::retire(libvlc_media_player_t *mediaPlayer,
-                              std::chrono::milliseconds patience)
+PlayerRetirement::Ticket PlayerRetirement::retire(libvlc_media_player_t *mediaPlayer,
+                                                  std::chrono::milliseconds patience)
 {
-    const auto stopped = std::make_shared<bool>(false);
+    Ticket ticket;
+    ticket.done = std::make_shared<std::atomic<bool>>(false);
     std::unique_lock lock(state->mutex);
     ++state->stopping;
-    std::thread([shared = state, stopped, mediaPlayer] {
+    std::thread([shared = state, done = ticket.done, mediaPlayer] {
         libvlc_media_player_stop(mediaPlayer);
         libvlc_media_player_release(mediaPlayer);
         const std::lock_guard guard(shared->mutex);
         --shared->stopping;
-        *stopped = true;
+        done->store(true);
         shared->changed.notify_all();
     }).detach();
-    state->changed.wait_for(lock, patience, [&stopped] { return *stopped; });
+    state->changed.wait_for(lock, patience, [&ticket] { return ticket.isDone(); });
+    return ticket;
 }
 
 bool PlayerRetirement::waitForAll(std::chrono::milliseconds patience)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <memory>
 
@@ -15,10 +16,20 @@ class PlayerRetirement final
 public:
     PlayerRetirement();
 
+    /// Tells whether one player is gone, and with it its connection and its picture. Null-safe.
+    class Ticket
+    {
+    public:
+        bool isDone() const { return !done || done->load(); }
+
+    private:
+        friend class PlayerRetirement;
+        std::shared_ptr<std::atomic<bool>> done;
+    };
+
     /// Takes over a player and begins to stop it. Waits for the end no longer than `patience`, so
-    /// that in the usual case the old connection is closed and the old picture gone on return. The
-    /// player's event callbacks must be detached.
-    void retire(libvlc_media_player_t *mediaPlayer, std::chrono::milliseconds patience);
+    /// that in the usual case the player is gone on return. Its event callbacks must be detached.
+    Ticket retire(libvlc_media_player_t *mediaPlayer, std::chrono::milliseconds patience);
 
     /// Waits until all players are gone. False when some still are not; they then go on stopping
     /// for as long as the process lives, and their libVLC instance must not be released.

@@ -4,6 +4,7 @@
 #include "app/TraceSecrets.h"
 #include "player/VlcHandles.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QTimer>
 #include <QWidget>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +29,10 @@ constexpr qint64 seekMarginMs = 1000;
 /// How long replacing a stream may wait for the old one, and the end of the player for all.
 constexpr std::chrono::milliseconds stopPatience(60);
 constexpr std::chrono::milliseconds exitPatience(1000);
+
+/// How often to look whether the picture's window is free, and how long to wait for it.
+constexpr int windowPollMs = 10;
+constexpr int maxWindowPatienceMs = 1000;
 
 libvlc_instance_t *createInstance()
 {
@@ -58,6 +64,10 @@ VlcPlayer::VlcPlayer(QWidget *surface, QObject *parent)
     , progressTimer(new QTimer(this))
 {
     createMediaPlayer();
+    windowTimer = new QTimer(this);
+    windowTimer->setSingleShot(true);
+    windowTimer->setInterval(windowPollMs);
+    connect(windowTimer, &QTimer::timeout, this, &VlcPlayer::startWhenWindowIsFree);
     progressTimer->setInterval(progressIntervalMs);
     connect(progressTimer, &QTimer::timeout, this, &VlcPlayer::checkPlaybackProgress);
     progressTimer->start();
@@ -65,6 +75,7 @@ VlcPlayer::VlcPlayer(QWidget *surface, QObject *parent)
 
 VlcPlayer::~VlcPlayer()
 {
+    forgetNextMedia();
     if (mediaPlayer != nullptr) {
         detachEvents();
         retirement.retire(mediaPlayer, exitPatience);
@@ -102,7 +113,7 @@ void VlcPlayer::retireMediaPlayer()
 {
     const MediaPtr media(libvlc_media_player_get_media(mediaPlayer));
     detachEvents();
-    retirement.retire(mediaPlayer, stopPatience);
+    previous = retirement.retire(mediaPlayer, stopPatience);
     createMediaPlayer();
     if (mediaPlayer != nullptr && media) {
         libvlc_media_player_set_media(mediaPlayer, media.get());
@@ -124,10 +135,11 @@ void VlcPlayer::attachToWidget()
     if (videoWidget == nullptr || mediaPlayer == nullptr) {
         return;
     }
+    QWidget *widget = otherWindow != nullptr ? otherWindow : videoWidget;
     // In this order: the surface gets a window of its own without its ancestors getting one.
-    videoWidget->setAttribute(Qt::WA_DontCreateNativeAncestors);
-    videoWidget->setAttribute(Qt::WA_NativeWindow);
-    setOutputWindow(mediaPlayer, videoWidget->winId());
+    widget->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    widget->setAttribute(Qt::WA_NativeWindow);
+    setOutputWindow(mediaPlayer, widget->winId());
 }
 
 void VlcPlayer::reattach()
@@ -147,15 +159,40 @@ void VlcPlayer::play(const QString &url, bool live)
     isLive.store(live);
     resetStallTracking();
 
-    const MediaPtr media(libvlc_media_new_location(instance, url.toUtf8().constData()));
+    MediaPtr media(libvlc_media_new_location(instance, url.toUtf8().constData()));
     if (!media) {
         Q_EMIT playbackError(tr("Could not create media for URL: ") + url);
         return;
     }
+    forgetNextMedia();
     if (started) {
         retireMediaPlayer();
+        windowPatienceMs = maxWindowPatienceMs;
     }
-    if (mediaPlayer == nullptr) {
+    nextMedia = media.release();
+    nextUrl = url;
+    startWhenWindowIsFree();
+}
+
+/// libVLC opens a window of its own, somewhere on the screen, when another player still has ours.
+void VlcPlayer::startWhenWindowIsFree()
+{
+    if (!previous.isDone() && windowPatienceMs > 0) {
+        windowPatienceMs -= windowPollMs;
+        windowTimer->start();
+        return;
+    }
+    if (!previous.isDone()) {
+        useAnotherWindow();
+        previous = {};
+    }
+    startNextMedia();
+}
+
+void VlcPlayer::startNextMedia()
+{
+    const MediaPtr media(std::exchange(nextMedia, nullptr));
+    if (mediaPlayer == nullptr || !media) {
         return;
     }
     libvlc_media_player_set_media(mediaPlayer, media.get());
@@ -166,8 +203,38 @@ void VlcPlayer::play(const QString &url, bool live)
         Q_EMIT playing();
         Q_EMIT pausedChanged(false);
     } else {
-        Q_EMIT playbackError(tr("Playback failed to start for: ") + url);
+        Q_EMIT playbackError(tr("Playback failed to start for: ") + nextUrl);
     }
+}
+
+void VlcPlayer::forgetNextMedia()
+{
+    windowTimer->stop();
+    const MediaPtr forgotten(std::exchange(nextMedia, nullptr));
+}
+
+void VlcPlayer::useAnotherWindow()
+{
+    if (videoWidget == nullptr) {
+        return;
+    }
+    // The one before goes with the surface: the player that keeps it draws into it still.
+    otherWindow = new QWidget(videoWidget);
+    otherWindow->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    otherWindow->setAttribute(Qt::WA_NativeWindow);
+    otherWindow->setMouseTracking(true);
+    otherWindow->setGeometry(videoWidget->rect());
+    otherWindow->show();
+    otherWindow->raise();
+    videoWidget->installEventFilter(this);
+}
+
+bool VlcPlayer::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == videoWidget && event->type() == QEvent::Resize && otherWindow != nullptr) {
+        otherWindow->setGeometry(videoWidget->rect());
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void VlcPlayer::stop()
@@ -176,8 +243,10 @@ void VlcPlayer::stop()
         return;
     }
     resetStallTracking();
+    forgetNextMedia();
     if (started) {
         retireMediaPlayer();
+        windowPatienceMs = maxWindowPatienceMs;
     }
     if (videoWidget != nullptr) {
         // Otherwise the last picture stays until something else paints.

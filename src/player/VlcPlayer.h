@@ -15,6 +15,7 @@ class QWidget;
 
 struct libvlc_event_t;
 struct libvlc_instance_t;
+struct libvlc_media_t;
 struct libvlc_media_player_t;
 
 /// The one contact with libVLC: plays a URL into a native widget, reports position, pause state and
@@ -24,7 +25,9 @@ struct libvlc_media_player_t;
 /// libVLC cannot be started, every operation does nothing and every query gives its neutral value.
 ///
 /// A stream that is replaced or stopped goes to PlayerRetirement with its media player, and a fresh
-/// media player takes its place: libVLC's own stop can take as long as the server likes.
+/// media player takes its place: libVLC's own stop can take as long as the server likes. The next
+/// stream starts as soon as the old one has let go of the picture's window, at once as a rule; when
+/// it does not let go, the next one gets a window of its own above it.
 ///
 /// playbackInterrupted() may be emitted on libVLC's event thread: connect it with the automatic or
 /// the queued connection type, never directly.
@@ -45,7 +48,8 @@ public:
     void attachToWidget();
     void reattach();
 
-    /// Starts a stream in place of the current one. `live` says that it has no end of its own.
+    /// Starts a stream in place of the current one, at once or when that one is gone. `live` says
+    /// that it has no end of its own.
     void play(const QString &url, bool live);
     void stop();
     void pause();
@@ -82,6 +86,9 @@ public:
     QString mediaInfoText() const;
     /// @}
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 Q_SIGNALS:
     /// play() could not create the media, or libVLC refused to start it.
     void playbackError(const QString &message);
@@ -109,6 +116,10 @@ private:
     void createMediaPlayer();
     void retireMediaPlayer();
     void detachEvents();
+    void startWhenWindowIsFree();
+    void startNextMedia();
+    void forgetNextMedia();
+    void useAnotherWindow();
 
     void checkPlaybackProgress();
     void countStillTick();
@@ -118,6 +129,15 @@ private:
     libvlc_media_player_t *mediaPlayer = nullptr;
     std::unique_ptr<EventSource> eventSource;
     PlayerRetirement retirement;
+    /// The player that had the picture's window before this one.
+    PlayerRetirement::Ticket previous;
+    /// What waits for the window, with its URL and the time left for waiting in ms.
+    libvlc_media_t *nextMedia = nullptr;
+    QString nextUrl;
+    int windowPatienceMs = 0;
+    QTimer *windowTimer = nullptr;
+    /// Drawn into instead of the surface, and a child of it, since a player kept the surface.
+    QWidget *otherWindow = nullptr;
     /// The media player has been started, and has something to stop.
     bool started = false;
     /// The volume asked for last, in percent, which a fresh media player gets too; -1 for none.
