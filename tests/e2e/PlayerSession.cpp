@@ -49,12 +49,6 @@ bool PlayerSession::clickButton(const QString &text) const
     return Mouse::click(window.waitFor(Role::Button, text));
 }
 
-Accessible PlayerSession::playPauseButton() const
-{
-    const Accessible pause = window.find(Role::Button, u"Pause"_s);
-    return pause ? pause : window.find(Role::Button, u"Play"_s);
-}
-
 bool PlayerSession::addPlaylist(const QString &name, const QString &url)
 {
     const Accessible dialog = app.waitForWindow(u"Add Source"_s);

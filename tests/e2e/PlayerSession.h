@@ -31,8 +31,6 @@ public:
     [[nodiscard]] bool showsLabel(const QString &text) const;
     /// Clicks a button of the main window.
     [[nodiscard]] bool clickButton(const QString &text) const;
-    /// The button that pauses and plays, whichever it offers now.
-    desktop::Accessible playPauseButton() const;
     /// Adds a playlist source through the open "Add Source" dialog.
     [[nodiscard]] bool addPlaylist(const QString &name, const QString &url);
     /// Opens all channels, or all films, of the account that is loaded.

@@ -223,7 +223,8 @@ void TestFullscreen::controlsActOverThePicture()
     QVERIFY(Mouse::moveTo(Screen::area().center()));
     QVERIFY(session->showsLabel(title));
     const QRect picture = pictureAboveChrome();
-    QVERIFY(Mouse::click(session->playPauseButton()));
+    QVERIFY(session->clickButton(u"Pause"_s));
+    QVERIFY(session->window.waitFor(Role::Button, u"Play"_s));
     QVERIFY(Screen::waitUntilStill(picture));
 
     QVERIFY(Mouse::moveTo(Screen::area().center()));
@@ -245,7 +246,8 @@ void TestFullscreen::controlsActOverThePicture()
     QVERIFY(Mouse::drag({groove.right() - 6, groove.center().y()}, groove.center()));
     QTRY_VERIFY(volume.value() > 20 && volume.value() < 80);
 
-    QVERIFY(Mouse::click(session->playPauseButton()));
+    QVERIFY(session->clickButton(u"Play"_s));
+    QVERIFY(session->window.waitFor(Role::Button, u"Pause"_s));
     QVERIFY(Screen::waitUntilMoving(picture));
 }
 
