@@ -3,6 +3,7 @@
 
 option(VANTIRO_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 set(VANTIRO_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
+option(VANTIRO_HARDEN "Build with the compiler's and linker's hardening" OFF)
 
 add_library(vantiro_options INTERFACE)
 target_include_directories(vantiro_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -34,6 +35,36 @@ if(VANTIRO_SANITIZE)
     target_compile_options(vantiro_options INTERFACE
         -fsanitize=${VANTIRO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(vantiro_options INTERFACE -fsanitize=${VANTIRO_SANITIZE})
+endif()
+
+if(VANTIRO_HARDEN)
+    set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+    include(CheckPIESupported)
+    check_pie_supported(LANGUAGES CXX)
+    # The C library refuses to fortify what is not optimised.
+    target_compile_options(vantiro_options INTERFACE
+        -U_FORTIFY_SOURCE $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2> -D_GLIBCXX_ASSERTIONS
+        -fstack-protector-strong -fstack-clash-protection)
+    # What guards jumps and calls differs between processors.
+    include(CheckCXXCompilerFlag)
+    foreach(guard IN ITEMS -fcf-protection -mbranch-protection=standard)
+        string(MAKE_C_IDENTIFIER "VANTIRO_HAS${guard}" has_guard)
+        check_cxx_compiler_flag(${guard} ${has_guard})
+        target_compile_options(vantiro_options INTERFACE $<$<BOOL:${${has_guard}}>:${guard}>)
+    endforeach()
+    target_link_options(vantiro_options INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+    # Link-time optimisation compiles once more, so the warnings need their settings here too.
+    target_link_options(vantiro_options INTERFACE
+        $<$<BOOL:${VANTIRO_WARNINGS_AS_ERRORS}>:-Werror>)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        # GCC 12 takes the count with which Qt's QHash copies itself for one that may be negative.
+        target_link_options(vantiro_options INTERFACE -Wno-alloc-size-larger-than)
+        # Optimising a PIE at link time forgets -fPIC and copies Qt's variables into the program,
+        # while Qt's libraries go on with their own: no application object is found then.
+        check_cxx_compiler_flag(-mno-direct-extern-access VANTIRO_HAS_INDIRECT_ACCESS)
+        target_link_options(vantiro_options INTERFACE
+            $<$<BOOL:${VANTIRO_HAS_INDIRECT_ACCESS}>:-mno-direct-extern-access>)
+    endif()
 endif()
 
 # A static library of one folder under src/.
