@@ -1,9 +1,12 @@
 # Finds libVLC 3 and offers it as LibVLC::LibVLC.
 #
-# LIBVLC_ROOT may name a folder with include/ and lib/ (a Windows SDK for libVLC).
+# LIBVLC_ROOT may name a folder with include/ and lib/, or with sdk/ as VideoLAN's archives for
+# Windows have it.
 
-find_path(LibVLC_INCLUDE_DIR vlc/vlc.h HINTS ${LIBVLC_ROOT} ENV LIBVLC_ROOT PATH_SUFFIXES include)
-find_library(LibVLC_LIBRARY NAMES vlc libvlc HINTS ${LIBVLC_ROOT} ENV LIBVLC_ROOT PATH_SUFFIXES lib)
+find_path(LibVLC_INCLUDE_DIR vlc/vlc.h HINTS ${LIBVLC_ROOT} ENV LIBVLC_ROOT
+          PATH_SUFFIXES include sdk/include)
+find_library(LibVLC_LIBRARY NAMES vlc libvlc HINTS ${LIBVLC_ROOT} ENV LIBVLC_ROOT
+             PATH_SUFFIXES lib sdk/lib)
 
 if(LibVLC_INCLUDE_DIR AND EXISTS ${LibVLC_INCLUDE_DIR}/vlc/libvlc_version.h)
     file(STRINGS ${LibVLC_INCLUDE_DIR}/vlc/libvlc_version.h version_lines

@@ -23,6 +23,10 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
+# What is built runs under Wine, in a profile of its own.
+set(CMAKE_CROSSCOMPILING_EMULATOR
+    ${CMAKE_CURRENT_LIST_DIR}/run-under-wine ${VANTIRO_WINDOWS_SDK} ${CMAKE_BINARY_DIR}/wine)
+
 # Qt's tools (moc, rcc) are the host's.
 set(QT_HOST_PATH /usr CACHE PATH "Qt of the building machine")
 set(QT_HOST_PATH_CMAKE_DIR /usr/lib/x86_64-linux-gnu/cmake CACHE PATH "Its CMake files")

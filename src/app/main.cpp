@@ -3,7 +3,14 @@
 #include "ui/MainWindow.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLoggingCategory>
+
+#ifdef Q_OS_WIN
+#include <cstdio>
+
+#include <windows.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +25,30 @@ void preferX11OverWayland()
         !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "xcb");
     }
+#endif
+}
+
+/// A program with windows has no console on Windows. When one started it, and nothing redirects
+/// them, texts and traces go there.
+void writeToParentConsole()
+{
+#ifdef Q_OS_WIN
+    const bool outputLeads = GetStdHandle(STD_OUTPUT_HANDLE) != nullptr;
+    const bool errorsLead = GetStdHandle(STD_ERROR_HANDLE) != nullptr;
+    if ((outputLeads && errorsLead) || AttachConsole(ATTACH_PARENT_PROCESS) == FALSE)
+        return;
+    if (!outputLeads)
+        std::freopen("CONOUT$", "w", stdout);
+    if (!errorsLead)
+        std::freopen("CONOUT$", "w", stderr);
+#endif
+}
+
+/// Elsewhere the program's file carries its icon.
+void showInstalledIcon()
+{
+#ifdef Q_OS_LINUX
+    QApplication::setWindowIcon(QIcon::fromTheme(u"vantiro-player"_s));
 #endif
 }
 
@@ -37,6 +68,7 @@ int main(int argc, char **argv)
     // Poster images trigger these warnings in quantity.
     QLoggingCategory::setFilterRules(
         u"qt.gui.imageio.jpeg.warning=false\nqt.gui.icc.warning=false"_s);
+    writeToParentConsole();
     if (CommandLine::asksForText(argc, argv)) {
         const QCoreApplication textOnly(argc, argv);
         nameApplication();
@@ -47,6 +79,7 @@ int main(int argc, char **argv)
     nameApplication();
     CommandLine::process(app);
     Theme::apply(app);
+    showInstalledIcon();
 
     MainWindow window;
     window.show();

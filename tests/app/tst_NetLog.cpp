@@ -24,8 +24,9 @@ ProbeOutput runProbe(const QProcessEnvironment &environment, const QStringList &
     ProbeOutput output;
     output.finished = probe.waitForFinished() && probe.exitStatus() == QProcess::NormalExit &&
                       probe.exitCode() == 0;
-    output.answers = probe.readAllStandardOutput();
-    output.trace = probe.readAllStandardError();
+    // Windows writes its own line ends.
+    output.answers = probe.readAllStandardOutput().replace("\r\n", "\n");
+    output.trace = probe.readAllStandardError().replace("\r\n", "\n");
     return output;
 }
 

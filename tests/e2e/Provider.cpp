@@ -84,6 +84,7 @@ QByteArray Provider::answer(const QString &action) const
         array.append(QJsonObject{{u"stream_id"_s, array.size() + 1},
                                  {u"name"_s, entry.name},
                                  {u"category_id"_s, categoryId},
+                                 {u"stream_icon"_s, live ? QString() : filmPoster},
                                  {u"container_extension"_s, entry.extension}});
     }
     return compact(array);

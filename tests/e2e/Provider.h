@@ -23,6 +23,9 @@ public:
     QString addFilm(const QString &name, const QString &extension,
                     const HttpServer::Handler &handler);
 
+    /// The address of the poster that every film has; call it before store().
+    void setFilmPoster(const QString &url) { filmPoster = url; }
+
     /// Puts the account into the profile, as an earlier run would have: the player loads it when it
     /// starts. Answers the player's questions about the catalog from here on.
     void store();
@@ -37,6 +40,7 @@ private:
 
     QList<Entry> channels;
     QList<Entry> films;
+    QString filmPoster;
 };
 
 /// A channel that plays the transport stream of that name and length at its own pace, over and

@@ -198,7 +198,7 @@ void tst_CatalogCache::anySectionName()
 
 void tst_CatalogCache::sourcesAreIndependent()
 {
-    const QStringList sources{u"A"_s, u"a"_s, u"AA"_s, u""_s, u"A-"_s};
+    const QStringList sources{u"A"_s, u"B"_s, u"AA"_s, u""_s, u"A-"_s};
     for (const QString &source : sources) {
         CatalogCache::save(source, u"live"_s, sectionWith(movie(source)));
     }

@@ -71,12 +71,23 @@ void writeSettingsFile(const QByteArray &text)
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     QCOMPARE(file.write(text), text.size());
+#ifdef Q_OS_WIN
+    // The program keeps its settings in the registry.
+    file.close();
+    const QSettings written(path, QSettings::IniFormat);
+    QSettings registry(u"Vantiro"_s, u"Player"_s);
+    for (const QString &key : written.allKeys())
+        registry.setValue(key, written.value(key));
+#endif
 }
 
 /// Settings keep a file's values in memory until its time stamp changes; this makes the next
 /// reader parse the file, as after a restart.
 void forgetSettingsInMemory()
 {
+#ifdef Q_OS_WIN
+    return; // the registry is asked anew each time
+#endif
     QFile file(PrivateProfile::current().settingsFile());
     QVERIFY(file.open(QIODevice::ReadWrite));
     const QDateTime later = QFileInfo(file).lastModified().addSecs(100);

@@ -30,6 +30,12 @@ PrivateProfile::PrivateProfile()
 {
     if (!directory.isValid())
         qFatal("PrivateProfile: cannot make a temporary folder");
+#ifdef Q_OS_WIN
+    // The environment does not move the registry and the known folders, so the whole profile must
+    // be made for the tests, as packaging/windows/run-under-wine does.
+    if (!qEnvironmentVariableIsSet("VANTIRO_PRIVATE_PROFILE"))
+        qFatal("PrivateProfile: set VANTIRO_PRIVATE_PROFILE in a profile that holds no user's data");
+#endif
     // An X server's cookie lies in the user's home unless the environment says otherwise.
     if (!qEnvironmentVariableIsSet("XAUTHORITY"))
         qputenv("XAUTHORITY", QFile::encodeName(QDir::homePath() + "/.Xauthority"_L1));
@@ -67,6 +73,9 @@ void PrivateProfile::clear()
         contents.removeRecursively();
         QDir().mkpath(contents.path());
     }
+#ifdef Q_OS_WIN
+    QDir(appDataDir()).removeRecursively();
+#endif
 }
 
 QString PrivateProfile::root() const

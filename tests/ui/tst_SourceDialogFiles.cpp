@@ -157,6 +157,9 @@ void tst_SourceDialogFiles::theStoredCopyIsKept()
 
 void tst_SourceDialogFiles::theStoredCopyIsKeptThroughALink()
 {
+#ifdef Q_OS_WIN
+    QSKIP("Qt makes shortcuts on Windows, which are no links");
+#endif
     writeFile(filePath(u"a.m3u8"_s), "content"_ba);
     const SourceConfig first = playlistConfig(u"List"_s, filePath(u"a.m3u8"_s));
     QVERIFY(QFile::link(first.url, filePath(u"link.m3u8"_s)));

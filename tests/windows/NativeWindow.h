@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QRect>
+#include <QString>
+
+#include <optional>
+
+/// A window of another process as Windows itself knows it, and the input that a person gives it.
+/// Rectangles are in pixels of the screen.
+class NativeWindow
+{
+public:
+    /// Waits for a visible top-level window of that process with that title.
+    static std::optional<NativeWindow> waitFor(qint64 processId, const QString &title,
+                                               int timeoutMs = 60000);
+
+    /// The window without its frame.
+    QRect clientRect() const;
+    /// The deepest visible native child of at least that size; empty if there is none.
+    QRect childRect(const QSize &minimum) const;
+    bool isVisible() const;
+    [[nodiscard]] bool waitUntilGone(int timeoutMs = 30000) const;
+
+    /// Asks the window to close, as its close button does.
+    void close() const;
+    /// Clicks at a place within the window, from the top left corner of its client area.
+    void click(const QPoint &place) const;
+
+private:
+    explicit NativeWindow(quintptr windowHandle)
+        : handle(windowHandle)
+    {
+    }
+    quintptr handle;
+};
+
+/// The keyboard of this desktop; what it types goes to the window that has the focus.
+namespace NativeKeyboard {
+
+enum class Key { Tab, Return, Escape, SelectAll };
+void press(Key key);
+void type(const QString &text);
+
+} // namespace NativeKeyboard
