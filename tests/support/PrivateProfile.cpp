@@ -34,7 +34,8 @@ PrivateProfile::PrivateProfile()
     // The environment does not move the registry and the known folders, so the whole profile must
     // be made for the tests, as packaging/windows/run-under-wine does.
     if (!qEnvironmentVariableIsSet("VANTIRO_PRIVATE_PROFILE"))
-        qFatal("PrivateProfile: set VANTIRO_PRIVATE_PROFILE in a profile that holds no user's data");
+        qFatal(
+            "PrivateProfile: set VANTIRO_PRIVATE_PROFILE in a profile that holds no user's data");
 #endif
     // An X server's cookie lies in the user's home unless the environment says otherwise.
     if (!qEnvironmentVariableIsSet("XAUTHORITY"))

@@ -127,7 +127,8 @@ QRect NativeWindow::childRect(const QSize &minimum) const
 
 bool NativeWindow::isVisible() const
 {
-    return IsWindow(nativeHandle(handle)) != FALSE && IsWindowVisible(nativeHandle(handle)) != FALSE;
+    return IsWindow(nativeHandle(handle)) != FALSE &&
+           IsWindowVisible(nativeHandle(handle)) != FALSE;
 }
 
 bool NativeWindow::waitUntilGone(int timeoutMs) const

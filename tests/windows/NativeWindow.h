@@ -29,15 +29,20 @@ public:
 private:
     explicit NativeWindow(quintptr windowHandle)
         : handle(windowHandle)
-    {
-    }
+    {}
     quintptr handle;
 };
 
 /// The keyboard of this desktop; what it types goes to the window that has the focus.
 namespace NativeKeyboard {
 
-enum class Key { Tab, Return, Escape, SelectAll };
+enum class Key
+{
+    Tab,
+    Return,
+    Escape,
+    SelectAll
+};
 void press(Key key);
 void type(const QString &text);
 
