@@ -13,6 +13,7 @@ endforeach()
 
 install(TARGETS vantiro-player RUNTIME DESTINATION .)
 install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION .)
+install(FILES ${CMAKE_CURRENT_LIST_DIR}/licenses.txt DESTINATION licenses RENAME README.txt)
 
 if(CMAKE_CROSSCOMPILING)
     # Qt's deployment tool runs on Windows only, so this is what it would choose.
