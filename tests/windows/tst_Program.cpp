@@ -126,7 +126,7 @@ bool tst_Program::closeWindow()
 void tst_Program::checkStoredPlaylist(const QString &url)
 {
     const auto sources = [] { return SourceManager(nullptr).sources(); };
-    QTRY_COMPARE(sources().size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sources().size(), 1, startMs);
     QCOMPARE(sources().constFirst().name, u"Home"_s);
     QCOMPARE(sources().constFirst().url, url);
     const QSettings registry(u"HKEY_CURRENT_USER\\Software\\Vantiro\\Player"_s,
@@ -136,7 +136,8 @@ void tst_Program::checkStoredPlaylist(const QString &url)
     const QString folder = PrivateProfile::current().appDataDir();
     QVERIFY2(folder.endsWith("/AppData/Roaming/Vantiro/Vantiro Player"_L1), qPrintable(folder));
     CatalogCache::Section section;
-    QTRY_VERIFY(CatalogCache::load(sources().constFirst().name, u"channel"_s, section));
+    QTRY_VERIFY_WITH_TIMEOUT(CatalogCache::load(sources().constFirst().name, u"channel"_s, section),
+                             startMs);
     QCOMPARE(section.items.size(), 3);
 }
 
