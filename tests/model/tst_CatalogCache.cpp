@@ -198,11 +198,14 @@ void tst_CatalogCache::anySectionName()
 
 void tst_CatalogCache::sourcesAreIndependent()
 {
-    const QStringList sources{u"A"_s, u"B"_s, u"AA"_s, u""_s, u"A-"_s};
-    for (const QString &source : sources) {
+    QStringList sources{u"A"_s, u"B"_s, u"AA"_s, u""_s, u"A-"_s};
+#ifndef Q_OS_WIN // whose file names do not tell the case
+    sources.append(u"a"_s);
+#endif
+    for (const QString &source : std::as_const(sources)) {
         CatalogCache::save(source, u"live"_s, sectionWith(movie(source)));
     }
-    for (const QString &source : sources) {
+    for (const QString &source : std::as_const(sources)) {
         CatalogCache::Section loaded;
         QVERIFY(CatalogCache::load(source, u"live"_s, loaded));
         QCOMPARE(loaded, sectionWith(movie(source)));

@@ -75,6 +75,13 @@ void SeriesWindow::show(const QString &seriesId, const QString &name)
     window().showEpisodesInline(seriesId, name);
 }
 
+void SeriesWindow::openEpisodes()
+{
+    cacheEpisodes(u"9"_s, mixedSeasons());
+    open();
+    show();
+}
+
 void SeriesWindow::goBack() const
 {
     QTest::mouseClick(&windowFixture.button(u"< Back to Shows"_s), Qt::LeftButton);

@@ -35,6 +35,8 @@ public:
     /// Opens the episode page of "Show" or another one.
     void show(const QString &seriesId = QStringLiteral("9"),
               const QString &name = QStringLiteral("Show"));
+    /// Opens the window, and in it the episode page of "Show" with mixedSeasons() from the cache.
+    void openEpisodes();
     void goBack() const;
     int page() const;
     QTreeWidget &tree() const;

@@ -50,10 +50,8 @@ void tst_MainWindowEpisodes::aClickPlaysAnEpisode()
 void tst_MainWindowEpisodes::aClickOnASeasonPlaysNothing()
 {
     SeriesWindow series;
-    SeriesWindow::cacheEpisodes(u"9"_s, mixedSeasons());
-    series.open();
+    series.openEpisodes();
     const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
-    series.show();
     series.click(series.tree().topLevelItem(0));
     series.window().playEpisodeTreeItem(series.tree().topLevelItem(1));
     QCOMPARE(playing.count(), 0);
@@ -63,10 +61,8 @@ void tst_MainWindowEpisodes::aClickOnASeasonPlaysNothing()
 void tst_MainWindowEpisodes::returnAndEnterPlayTheCurrentRow()
 {
     SeriesWindow series;
-    SeriesWindow::cacheEpisodes(u"9"_s, mixedSeasons());
-    series.open();
+    series.openEpisodes();
     const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
-    series.show();
     const auto press = [&series](Qt::Key key, QTreeWidgetItem *row) {
         series.tree().setFocus();
         series.tree().setCurrentItem(row);
@@ -85,10 +81,8 @@ void tst_MainWindowEpisodes::returnAndEnterPlayTheCurrentRow()
 void tst_MainWindowEpisodes::rowsOfNoEpisodePlayNothing()
 {
     SeriesWindow series;
-    SeriesWindow::cacheEpisodes(u"9"_s, mixedSeasons());
-    series.open();
+    series.openEpisodes();
     const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
-    series.show();
     series.window().playEpisodeTreeItem(nullptr);
     for (const int index : {-1, 4, 100000}) {
         QTreeWidgetItem stray;
@@ -133,10 +127,8 @@ void tst_MainWindowEpisodes::streamsComeFromTheAccount()
 void tst_MainWindowEpisodes::nextEpisodeWalksToTheEnd()
 {
     SeriesWindow series;
-    SeriesWindow::cacheEpisodes(u"9"_s, mixedSeasons());
-    series.open();
+    series.openEpisodes();
     const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
-    series.show();
     series.click(series.episodeRow(0, 0));
     const QTreeWidgetItem *current = series.tree().currentItem();
 
@@ -162,10 +154,8 @@ void tst_MainWindowEpisodes::nextEpisodeWalksToTheEnd()
 void tst_MainWindowEpisodes::nextEpisodeBeforeAnyEpisodeDoesNothing()
 {
     SeriesWindow series;
-    SeriesWindow::cacheEpisodes(u"9"_s, mixedSeasons());
-    series.open();
+    series.openEpisodes();
     const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
-    series.show();
     series.window().playNextEpisode();
     series.window().updateNextEpisodeButton();
     QCOMPARE(playing.count(), 0);
@@ -204,9 +194,7 @@ void tst_MainWindowEpisodes::playingFromAnotherTabEndsTheSeries()
 {
     QFETCH(bool, film);
     SeriesWindow series;
-    SeriesWindow::cacheEpisodes(u"9"_s, mixedSeasons());
-    series.open();
-    series.show();
+    series.openEpisodes();
     series.click(series.episodeRow(0, 0));
     QVERIFY(series.nextButton().isEnabled());
     if (film) {
@@ -230,10 +218,8 @@ void tst_MainWindowEpisodes::playingFromAnotherTabEndsTheSeries()
 void tst_MainWindowEpisodes::clearingTheSeriesEndsIt()
 {
     SeriesWindow series;
-    SeriesWindow::cacheEpisodes(u"9"_s, mixedSeasons());
-    series.open();
+    series.openEpisodes();
     const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
-    series.show();
     series.click(series.episodeRow(0, 0));
     series.window().clearSeriesContext();
     series.window().updateNextEpisodeButton();
