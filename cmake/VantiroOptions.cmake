@@ -67,9 +67,9 @@ if(VANTIRO_HARDEN)
     endif()
 endif()
 
-# A static library of one folder under src/.
+# A library of one folder under src/: static, or shared with BUILD_SHARED_LIBS.
 function(vantiro_add_library name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINK")
-    add_library(${name} STATIC ${ARG_SOURCES})
+    add_library(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC vantiro_options ${ARG_LINK})
 endfunction()
