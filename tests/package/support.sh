@@ -15,7 +15,7 @@ skip() {
 
 for tool in "${tools[@]}"; do
     command -v "$tool" >/dev/null ||
-        fail "$tool is missing; scripts/bootstrap --package installs it"
+        fail "$tool is missing; scripts/bootstrap --test --package installs it"
 done
 
 shopt -s nullglob

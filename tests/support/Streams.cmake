@@ -1,6 +1,5 @@
 # The streams that tests play, made once per build folder by ffmpeg (target vantiro_streams).
 
-find_program(VANTIRO_FFMPEG ffmpeg REQUIRED)
 set(streams_dir ${PROJECT_BINARY_DIR}/streams)
 file(MAKE_DIRECTORY ${streams_dir}/hls)
 

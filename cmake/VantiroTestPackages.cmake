@@ -1,0 +1,63 @@
+# Finds what the tests and the demo need beyond the player itself, and says whether they are built:
+# VANTIRO_WITH_TESTS, and VANTIRO_WITH_DEMO for the demo provider, which needs less.
+#
+# VANTIRO_BUILD_TESTS decides what happens when something is missing: AUTO leaves out what needs it
+# and names it, ON makes that an error, OFF looks for nothing.
+
+set(VANTIRO_BUILD_TESTS AUTO CACHE STRING
+    "Build the tests and the demo: ON, OFF, or AUTO for what this machine has the packages for")
+set_property(CACHE VANTIRO_BUILD_TESTS PROPERTY STRINGS AUTO ON OFF)
+
+set(VANTIRO_WITH_TESTS OFF)
+set(VANTIRO_WITH_DEMO OFF)
+if(NOT VANTIRO_BUILD_TESTS)
+    return()
+endif()
+
+set(missing)
+find_package(Qt6 6.4 QUIET COMPONENTS Test)
+if(NOT TARGET Qt6::Test)
+    list(APPEND missing "Qt Test")
+endif()
+if(NOT WIN32) # the Windows build has no TLS servers and no demo
+    find_package(OpenSSL QUIET)
+    if(NOT OPENSSL_FOUND)
+        list(APPEND missing "the headers of OpenSSL")
+    endif()
+    if(NOT missing)
+        set(VANTIRO_WITH_DEMO ON)
+    endif()
+endif()
+find_program(VANTIRO_FFMPEG ffmpeg)
+if(NOT VANTIRO_FFMPEG)
+    list(APPEND missing ffmpeg)
+endif()
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    # The end-to-end tests drive the program's window.
+    find_package(PkgConfig QUIET)
+    if(PkgConfig_FOUND)
+        pkg_check_modules(ATSPI QUIET IMPORTED_TARGET atspi-2 gobject-2.0)
+        pkg_check_modules(XCB QUIET IMPORTED_TARGET xcb)
+        pkg_check_modules(XFIXES QUIET IMPORTED_TARGET xfixes x11)
+        foreach(module IN ITEMS ATSPI XCB XFIXES)
+            if(NOT ${module}_FOUND)
+                list(APPEND missing "the headers of ${module}")
+            endif()
+        endforeach()
+    else()
+        list(APPEND missing pkg-config)
+    endif()
+endif()
+
+if(NOT missing)
+    set(VANTIRO_WITH_TESTS ON)
+    return()
+endif()
+list(JOIN missing ", " missing)
+if(VANTIRO_BUILD_TESTS STREQUAL "AUTO")
+    message(STATUS "Not building the tests, which also need: ${missing}. "
+                   "scripts/bootstrap --test installs that on Debian.")
+else()
+    message(FATAL_ERROR "The tests also need: ${missing}. "
+                        "scripts/bootstrap --test installs that on Debian.")
+endif()
