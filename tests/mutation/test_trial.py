@@ -1,0 +1,149 @@
+"""The whole of it, on a small project: what is killed, survives, never ends or is never run."""
+
+import contextlib
+import io
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+import mutate
+
+FILES = {
+    "CMakeLists.txt": """
+cmake_minimum_required(VERSION 3.22)
+project(Sample LANGUAGES CXX)
+set(CMAKE_CXX_STANDARD 20)
+add_library(sample src/app/Sample.cpp)
+add_executable(tst_Sample tests/tst_Sample.cpp)
+target_link_libraries(tst_Sample PRIVATE sample)
+enable_testing()
+add_test(NAME tst_Sample COMMAND tst_Sample)
+add_test(NAME tst_Broken COMMAND false)
+add_custom_target(tst_Broken)
+""",
+    "src/app/Sample.cpp": """\
+int sum(int a, int b)
+{
+    return a + b;
+}
+int sumWithoutTest(int a, int b)
+{
+    return a + b;
+}
+int notAsked(int a)
+{
+    return a + 2;
+}
+int counted(int end)
+{
+    int count = 0;
+    while (count != end) {
+        ++count;
+    }
+    return count;
+}
+bool isSmall(int a)
+{
+    return a < 3;
+}
+""",
+    "tests/tst_Sample.cpp": """\
+#include <cstdio>
+int sum(int, int);
+int counted(int);
+bool isSmall(int);
+int notAsked(int);
+int main()
+{
+    notAsked(1);
+    if (sum(2, 1) != 3 || counted(4) != 4 || !isSmall(1)) {
+        std::puts("FAIL!  : wrong");
+        return 1;
+    }
+}
+""",
+    "tests/mutation/equivalent.txt": """\
+src/app/Sample.cpp
+- return a < 3;
++ return a < 4;
+Nobody is asked whether three is small.
+""",
+    ".gitignore": "/build/\n",
+}
+
+
+class Trial(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.project = pathlib.Path(folder.name)
+        for name, text in FILES.items():
+            path = cls.project / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_text(text)
+        subprocess.run(["git", "init", "-q"], cwd=cls.project, check=True)
+
+    def mutate(self, *words):
+        """The exit status and the report of a run, and the lines that it told on the way."""
+        told = io.StringIO()
+        report = self.project / "build" / "report.txt"
+        with contextlib.redirect_stdout(told):
+            status = mutate.main(["--jobs", "2", "--report", str(report), *words], self.project)
+        return status, report.read_text(), told.getvalue().splitlines()
+
+    def lines(self, *numbers):
+        return ["--lines", ",".join(f"src/app/Sample.cpp:{number}" for number in numbers)]
+
+    def test_what_a_test_notices_is_killed(self):
+        status, report, _ = self.mutate(*self.lines(3))
+        self.assertIn("2 mutants: 2 killed, 0 timeouts, 0 survived, 0 not covered", report)
+        self.assertEqual(status, 0)
+
+    def test_what_no_test_notices_survives(self):
+        status, report, _ = self.mutate(*self.lines(11))
+        self.assertIn("survived: src/app/Sample.cpp:11 (arithmetic)\n", report)
+        self.assertIn("\n  - return a + 2;\n  + return a - 2;\n", report)
+        self.assertIn("3 mutants: 0 killed, 0 timeouts, 3 survived", report)
+        self.assertEqual(status, 1)
+
+    def test_what_no_test_runs_is_told(self):
+        status, report, _ = self.mutate(*self.lines(7))
+        self.assertIn("not covered: src/app/Sample.cpp:7 (arithmetic)", report)
+        self.assertEqual(status, 1)
+
+    def test_what_never_ends_is_noticed(self):
+        status, report, _ = self.mutate(*self.lines(17))
+        self.assertIn("1 timeouts, 0 survived", report)
+        self.assertEqual(status, 0)
+
+    def test_what_is_known_to_change_nothing_is_left_out(self):
+        _, report, _ = self.mutate(*self.lines(23))
+        self.assertNotIn("return a < 4;", report)
+        self.assertIn("\n  - return a < 3;\n  + return a <= 3;\n", report)
+
+    def test_a_broken_test_is_left_out(self):
+        _, report, _ = self.mutate(*self.lines(3))
+        self.assertIn("tst_Broken (failed)", report)
+
+    def test_a_seed_takes_the_same_mutants(self):
+        def tried(seed):
+            _, report, told = self.mutate("--count", "4", "--seed", seed)
+            self.assertIn("4 mutants: ", report)
+            return {line.split(None, 1)[1] for line in told if line[:4].strip().isdigit()}
+
+        self.assertEqual(tried("1"), tried("1"))
+        self.assertNotEqual(tried("1"), tried("2"))
+
+    def test_the_sources_stay(self):
+        self.mutate(*self.lines(3, 11))
+        for name in ("src/app/Sample.cpp", "build/mutate/job1/source/src/app/Sample.cpp"):
+            with self.subTest(name):
+                self.assertEqual((self.project / name).read_text(), FILES["src/app/Sample.cpp"])
+
+
+if __name__ == "__main__":
+    unittest.main()
