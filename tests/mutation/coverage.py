@@ -1,10 +1,14 @@
 """Which test runs which lines of `src/`: measured once and kept until the sources change."""
 
+import concurrent.futures
+import contextlib
 import hashlib
 import json
 import re
-import shutil
 import subprocess
+import tempfile
+import threading
+from collections import defaultdict
 from pathlib import Path
 
 import workspace
@@ -13,8 +17,14 @@ _INCLUDE = re.compile(r'^#include "((?:app|model|player|providers|ui)/[^"]+\.h)"
 _CONSTANT = re.compile(r"\b(?:constexpr|const|constinit)\b[^=(){}]*?\b(\w+)\s*(?:=|\{)")
 
 
+# Seconds from which on a program's functions are run one by one, so that a mutant meets only those
+# that run its line.
+SLOW = 4
+
+
 class Coverage:
-    """Tests by line, and how long each takes."""
+    """Tests by line, and how long each takes. A test's name is that of its program, followed by that
+    of its function if it is run alone."""
 
     def __init__(self, data):
         self._lines = data["lines"]
@@ -58,37 +68,69 @@ def measured(space, folder, tests, jobs):
         space.configure()
         if not space.build(jobs=jobs, quiet=False):
             raise SystemExit("scripts/mutate: the build fails without any mutant")
-        data = _measure(space, folder)
+        data = _measure(space, jobs)
         kept.write_text(json.dumps(data))
     return Coverage(json.loads(kept.read_text()))
 
 
-def _measure(space, folder):
+def _measure(space, jobs):
     lines, seconds, broken = {}, {}, {}
-    for name, test in space.tests().items():
-        counts = folder / "counts"
-        shutil.rmtree(counts, ignore_errors=True)
+    locks = defaultdict(threading.Lock)
+
+    def measure(test):
+        with contextlib.ExitStack() as held:
+            for lock in test.locks:
+                held.enter_context(locks[lock])
+            return test.program, *_measure_program(space, test)
+
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        for program, result, runs in pool.map(measure, space.tests().values()):
+            print(f"  {program}: {result}, {sum(run[1] for run in runs):.1f} s", flush=True)
+            if result != workspace.PASSED:
+                broken[program] = result
+                continue
+            for name, taken, counts in runs:
+                seconds[name] = taken
+                _add(lines, name, counts)
+    for name in seconds:
+        for header in _headers_of(space.source, name.split()[0]):
+            # What is inline is compiled into the test itself, where nothing counts it.
+            counts = dict.fromkeys(lines.get(f"src/{header}", {}), 1)
+            _add(lines, name, {f"src/{header}": counts})
+    return {"lines": lines, "seconds": seconds, "broken": broken}
+
+
+def _add(lines, name, counts):
+    for file, numbers in counts.items():
+        known = lines.setdefault(file, {})
+        for number, count in numbers.items():
+            users = known.setdefault(number, [])
+            if count and name not in users:
+                users.append(name)
+
+
+def _measure_program(space, test):
+    """How the program ends, and its name, seconds and counts: of the whole, or of each function."""
+    result, *whole = _measure_run(space, test)
+    if result != workspace.PASSED or whole[0] < SLOW:
+        return result, [(test.program, *whole)]
+    runs = []
+    for function in test.functions():
+        alone, *run = _measure_run(space, test.alone(function))
+        if alone != workspace.PASSED:
+            return result, [(test.program, *whole)]  # its functions go on from each other
+        runs.append((f"{test.program} {function}", *run))
+    return result, runs or [(test.program, *whole)]
+
+
+def _measure_run(space, test):
+    with tempfile.TemporaryDirectory() as counts:
         environment = {
-            "GCOV_PREFIX": str(counts),
+            "GCOV_PREFIX": counts,
             "GCOV_PREFIX_STRIP": str(len(space.build_dir.parts) - 1),
         }
-        result, seconds[name] = space.run(test, test.seconds, environment)
-        print(f"  {name}: {result}, {seconds[name]:.1f} s", flush=True)
-        if result != workspace.PASSED:
-            broken[name] = result
-            continue
-        for file, numbers in _counted(space, counts).items():
-            known = lines.setdefault(file, {})
-            for number, count in numbers.items():
-                users = known.setdefault(number, [])
-                if count:
-                    users.append(name)
-        for header in _headers_of(space.source, name):
-            # What is inline is compiled into the test itself, where nothing counts it.
-            for users in lines.get(f"src/{header}", {}).values():
-                if name not in users:
-                    users.append(name)
-    return {"lines": lines, "seconds": seconds, "broken": broken}
+        result, seconds = space.run(test, test.seconds, environment)
+        return result, seconds, _counted(space, Path(counts))
 
 
 def _headers_of(source, test):

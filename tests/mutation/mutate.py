@@ -85,6 +85,15 @@ def candidates(options, map_of_tests, source):
     return found
 
 
+def _named(programs, names):
+    """The tests of these names, which are those of programs or of their functions."""
+    found = {}
+    for name in names:
+        program, _, function = name.partition(" ")
+        found[name] = programs[program].alone(function) if function else programs[program]
+    return found
+
+
 class Trial:
     """Tries the candidates in their order until enough of them turned out to be mutants."""
 
@@ -129,12 +138,12 @@ class Trial:
             return candidate
 
     def _work(self, space):
-        tests = space.tests()
+        programs = space.tests()
         while (candidate := self._next()) is not None:
             place, (mutant, covering) = candidate
             result, noticed = INVALID, ""
             try:
-                result, noticed = self._try(space, mutant, [tests[name] for name in covering])
+                result, noticed = self._try(space, mutant, _named(programs, covering))
             finally:
                 with self._changed:
                     self._under_way -= 1
@@ -147,21 +156,22 @@ class Trial:
     def _try(self, space, mutant, tests):
         if not tests:
             return UNCOVERED, ""
-        fast = [test for test in tests if not test.e2e] or tests
-        fast.sort(key=lambda test: self._coverage.seconds[test.name])
+        if any(not test.e2e for test in tests.values()):
+            tests = {name: test for name, test in tests.items() if not test.e2e}
+        seconds = self._coverage.seconds
         path = space.source / mutant.file
         text = path.read_text()
         path.write_text(mutant.apply(text))
         try:
-            if not space.build([test.name for test in fast]):
+            if not space.build({test.program for test in tests.values()}):
                 return INVALID, ""
-            for test in fast:
-                result, _ = space.run(test, 10 + 4 * self._coverage.seconds[test.name])
+            for name in sorted(tests, key=lambda name: (seconds[name], name)):
+                result, _ = space.run(tests[name], 10 + 4 * seconds[name])
                 if result == workspace.TIMEOUT:
-                    return TIMEOUT, test.name
+                    return TIMEOUT, name
                 if result == workspace.FAILED:
-                    return KILLED, test.name
-            return SURVIVED, f"{len(fast)} tests"
+                    return KILLED, name
+            return SURVIVED, f"{len(tests)} tests"
         finally:
             path.write_text(text)
 

@@ -7,8 +7,10 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import unittest.mock
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
+import coverage
 import mutate
 
 FILES = {
@@ -52,16 +54,29 @@ bool isSmall(int a)
 """,
     "tests/tst_Sample.cpp": """\
 #include <cstdio>
+#include <string>
 int sum(int, int);
 int counted(int);
 bool isSmall(int);
 int notAsked(int);
-int main()
+bool fails(const std::string &function)
 {
     notAsked(1);
-    if (sum(2, 1) != 3 || counted(4) != 4 || !isSmall(1)) {
-        std::puts("FAIL!  : wrong");
-        return 1;
+    return function == "numbers" ? sum(2, 1) != 3 || counted(4) != 4 : !isSmall(1);
+}
+int main(int argc, char **argv)
+{
+    const std::string asked = argc > 1 ? argv[1] : "";
+    if (asked == "-functions") {
+        std::puts("numbers()");
+        std::puts("sizes()");
+        return 0;
+    }
+    for (const char *function : {"numbers", "sizes"}) {
+        if ((asked.empty() || asked == function) && fails(function)) {
+            std::puts("FAIL!  : wrong");
+            return 1;
+        }
     }
 }
 """,
@@ -124,6 +139,13 @@ class Trial(unittest.TestCase):
         _, report, _ = self.mutate(*self.lines(23))
         self.assertNotIn("return a < 4;", report)
         self.assertIn("\n  - return a < 3;\n  + return a <= 3;\n", report)
+
+    def test_a_slow_program_runs_the_functions_alone_that_run_the_line(self):
+        with unittest.mock.patch.object(coverage, "SLOW", 0):
+            _, _, told = self.mutate("--tests", "Sample", *self.lines(3, 11))
+        told = "\n".join(told)
+        self.assertRegex(told, r"Sample.cpp:3 \w+: killed tst_Sample numbers\n")
+        self.assertRegex(told, r"Sample.cpp:11 \w+: survived 2 tests\n")
 
     def test_a_broken_test_is_left_out(self):
         _, report, _ = self.mutate(*self.lines(3))

@@ -1,5 +1,5 @@
-"""A copy of the sources with a build of its own, in which tests run. The working
-tree stays as it is.
+"""A copy of the sources with a build of its own, in which tests run. The working tree stays as it
+is.
 
 The libraries of `src/` are shared ones here, so that a mutant is compiled and linked into one of
 them, and no test program is linked again.
@@ -13,7 +13,7 @@ import signal
 import subprocess
 import threading
 import time
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 from pathlib import Path
 
 PASSED, FAILED, TIMEOUT, SKIPPED = "passed", "failed", "timeout", "skipped"
@@ -23,14 +23,26 @@ _MEMORY_LIMIT = 8 << 30  # bytes of address space; a loop that has lost its end 
 
 @dataclass
 class Test:
-    """A test program as CTest would run it."""
+    """A test program, or one function of it, as CTest would run it."""
 
-    name: str
+    program: str
     command: list
     environment: dict
     directory: str
     seconds: float  # the time limit
     e2e: bool
+    locks: list  # what it must have for itself
+
+    def alone(self, function):
+        return replace(self, command=[*self.command, function])
+
+    def functions(self):
+        """The names of its functions, or none if the program does not tell."""
+        told = subprocess.run(
+            [*self.command, "-functions"], env={**os.environ, **self.environment},
+            cwd=self.directory, stdin=subprocess.DEVNULL, capture_output=True, text=True,
+        ).stdout
+        return re.findall(r"^(\w+)\(\)$", told, re.MULTILINE)
 
 
 class Workspace:
@@ -42,7 +54,7 @@ class Workspace:
         self.port = port
         self._wanted = re.compile(wanted)
         self.with_coverage = with_coverage
-        self._running = None
+        self._running = set()
 
     def synchronize(self):
         """Makes the copy hold what the working tree holds; what is equal keeps its time."""
@@ -135,6 +147,7 @@ class Workspace:
             found[name] = Test(
                 name, test["command"], environment, properties["WORKING_DIRECTORY"],
                 properties.get("TIMEOUT", 300), "e2e" in properties.get("LABELS", []),
+                properties.get("RESOURCE_LOCK", []),
             )
         return found
 
@@ -148,7 +161,7 @@ class Workspace:
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
             text=True, errors="replace", start_new_session=True,
         )
-        self._running = process
+        self._running.add(process)
         late = threading.Event()
 
         def give_up():
@@ -166,7 +179,7 @@ class Workspace:
         status = process.wait()
         timer.cancel()
         process.stdout.close()
-        self._running = None
+        self._running.discard(process)
         if late.is_set() and not failed:
             result = TIMEOUT
         elif failed or status not in (0, _SKIP_STATUS):
@@ -176,9 +189,8 @@ class Workspace:
         return result, time.monotonic() - began
 
     def interrupt(self):
-        """Ends the test that runs, from another thread."""
-        process = self._running
-        if process:
+        """Ends the tests that run, from another thread."""
+        for process in list(self._running):
             _end(process)
 
 
