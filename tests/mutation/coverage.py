@@ -23,8 +23,8 @@ SLOW = 4
 
 
 class Coverage:
-    """Tests by line, and how long each takes. A test's name is that of its program, followed by that
-    of its function if it is run alone."""
+    """Tests by line, and how long each takes. A test's name is that of its program, followed by
+    that of its function if it is run alone."""
 
     def __init__(self, data):
         self._lines = data["lines"]
@@ -83,7 +83,7 @@ def _measure(space, jobs):
                 held.enter_context(locks[lock])
             return test.program, *_measure_program(space, test)
 
-    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool, space.interrupted(pool):
         for program, result, runs in pool.map(measure, space.tests().values()):
             print(f"  {program}: {result}, {sum(run[1] for run in runs):.1f} s", flush=True)
             if result != workspace.PASSED:

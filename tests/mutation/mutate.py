@@ -11,7 +11,7 @@ import argparse
 import concurrent.futures
 import fnmatch
 import random
-import subprocess
+import signal
 import sys
 import threading
 import time
@@ -166,6 +166,8 @@ class Trial:
             if not space.build({test.program for test in tests.values()}):
                 return INVALID, ""
             for name in sorted(tests, key=lambda name: (seconds[name], name)):
+                if self._stopped:
+                    return INVALID, ""
                 result, _ = space.run(tests[name], 10 + 4 * seconds[name])
                 if result == workspace.TIMEOUT:
                     return TIMEOUT, name
@@ -176,7 +178,8 @@ class Trial:
             path.write_text(text)
 
 
-def report(trial, broken, seconds):
+def report(trial, broken, untouched, seconds):
+    """The text of the report, and how many mutants went unnoticed."""
     counted = Counter(result for _, _, result, _ in trial.results)
     lines = []
     for wanted in (SURVIVED, UNCOVERED):
@@ -184,6 +187,7 @@ def report(trial, broken, seconds):
             if result == wanted:
                 lines += [f"{wanted}: {mutant.file}:{mutant.line} ({mutant.operator})",
                           f"  - {mutant.before}", f"  + {mutant.after}"]
+    lines += [f"nothing to break: {file}:{line}" for file, line in sorted(untouched)]
     for name, how in broken.items():
         lines.append(f"left out, since it does not pass unbroken: {name} ({how})")
     tried = sum(counted.values()) - counted[INVALID]
@@ -198,6 +202,8 @@ def report(trial, broken, seconds):
 def main(words, project):
     """Does what `words`, the command line, asks for with the sources in the folder `project`."""
     options = arguments(words)
+    # Ended by the system it ends as by a person: the tests that run go as well.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     build = project / "build" / "mutate"
     build.mkdir(parents=True, exist_ok=True)
     counting = workspace.Workspace(
@@ -220,7 +226,8 @@ def main(words, project):
     began = time.monotonic()
     trial = Trial(found, count, map_of_tests, spaces)
     trial.run()
-    text, unnoticed = report(trial, map_of_tests.broken, time.monotonic() - began)
+    untouched = chosen_lines(options) - {(mutant.file, mutant.line) for mutant, _ in found}
+    text, unnoticed = report(trial, map_of_tests.broken, untouched, time.monotonic() - began)
     print(text, end="")
     if options.report:
         options.report.write_text(text)

@@ -148,8 +148,9 @@ class Trial(unittest.TestCase):
         self.assertRegex(told, r"Sample.cpp:11 \w+: survived 2 tests\n")
 
     def test_a_broken_test_is_left_out(self):
-        _, report, _ = self.mutate(*self.lines(3))
+        _, report, _ = self.mutate(*self.lines(1))
         self.assertIn("tst_Broken (failed)", report)
+        self.assertIn("nothing to break: src/app/Sample.cpp:1\n", report)
 
     def test_a_seed_takes_the_same_mutants(self):
         def tried(seed):

@@ -5,6 +5,7 @@ The libraries of `src/` are shared ones here, so that a mutant is compiled and l
 them, and no test program is linked again.
 """
 
+import contextlib
 import json
 import os
 import re
@@ -192,6 +193,16 @@ class Workspace:
         """Ends the tests that run, from another thread."""
         for process in list(self._running):
             _end(process)
+
+    @contextlib.contextmanager
+    def interrupted(self, pool):
+        """Leaves no test behind that a thread of `pool` runs when an exception passes."""
+        try:
+            yield
+        except BaseException:
+            pool.shutdown(wait=False, cancel_futures=True)
+            self.interrupt()
+            raise
 
 
 def _end(process):
