@@ -226,7 +226,8 @@ def main(words, project):
     began = time.monotonic()
     trial = Trial(found, count, map_of_tests, spaces)
     trial.run()
-    untouched = chosen_lines(options) - {(mutant.file, mutant.line) for mutant, _ in found}
+    named = set() if options.count else chosen_lines(options)
+    untouched = named - {(mutant.file, mutant.line) for mutant, _ in found}
     text, unnoticed = report(trial, map_of_tests.broken, untouched, time.monotonic() - began)
     print(text, end="")
     if options.report:
