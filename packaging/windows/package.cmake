@@ -16,12 +16,12 @@ install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION .)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/licenses.txt DESTINATION licenses RENAME README.txt)
 
 if(CMAKE_CROSSCOMPILING)
-    # Qt's deployment tool runs on Windows only, so this is what it would choose.
+    # Qt's deployment tool runs on Windows only, so what the program loads is listed here.
     foreach(library IN ITEMS Core Gui Widgets Network)
         install(FILES ${VANTIRO_WINDOWS_SDK}/qt/bin/Qt6${library}.dll DESTINATION .)
     endforeach()
     foreach(plugin IN ITEMS platforms/qwindows imageformats/qjpeg imageformats/qgif imageformats/qico
-            styles/qwindowsvistastyle tls/qschannelbackend)
+            imageformats/qwebp styles/qwindowsvistastyle tls/qschannelbackend)
         get_filename_component(folder ${plugin} DIRECTORY)
         install(FILES ${VANTIRO_WINDOWS_SDK}/qt/plugins/${plugin}.dll DESTINATION ${folder})
     endforeach()
@@ -31,8 +31,8 @@ if(CMAKE_CROSSCOMPILING)
         ${VANTIRO_WINDOWS_SDK}/mingw/libwinpthread-1.dll
         DESTINATION .)
     # The packages that the libraries are built from tell their licences.
-    foreach(component IN ITEMS qt6-base-dev libvlc-dev g++-mingw-w64-x86-64-posix
-            mingw-w64-x86-64-dev rapidjson-dev)
+    foreach(component IN ITEMS qt6-base-dev qt6-image-formats-plugins libvlc-dev
+            g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev rapidjson-dev)
         install(FILES /usr/share/doc/${component}/copyright
                 DESTINATION licenses RENAME ${component}.txt)
     endforeach()

@@ -1,16 +1,39 @@
 # shellcheck shell=bash disable=SC2154,SC2164
-# Qt for Windows, shared, with its own copies of zlib, png, jpeg and the like. The building
+# Qt for Windows, shared, with its own copies of zlib, png, jpeg, webp and the like. The building
 # machine's Qt gives moc, rcc and uic, so both are the same version.
 
 qt_options=(
     -DBUILD_SHARED_LIBS=ON -DCMAKE_BUILD_TYPE=Release
     -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF
-    -DINPUT_opengl=no -DINPUT_openssl=no -DFEATURE_schannel=ON
+    -DINPUT_opengl=no -DINPUT_openssl=no -DFEATURE_schannel=ON -DFEATURE_sql=ON
 )
-for feature in sql dbus vulkan printsupport glib zstd brotli icu system_zlib system_png \
-    system_jpeg system_freetype system_harfbuzz system_pcre2 system_doubleconversion; do
+for feature in dbus vulkan printsupport glib zstd brotli icu system_zlib system_png \
+    system_jpeg system_freetype system_harfbuzz system_pcre2 system_doubleconversion \
+    system_sqlite sql_odbc sql_mysql sql_psql; do
     qt_options+=("-DFEATURE_$feature=OFF")
 done
+
+imageformats_options=(-DCMAKE_BUILD_TYPE=Release -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF)
+for feature in system_webp tiff jasper mng; do
+    imageformats_options+=("-DFEATURE_$feature=OFF")
+done
+
+# SQLite as the one source file that Qt compiles; it is made by programs of the building machine.
+build_sqlite3() {
+    unpack_source sqlite3
+    rm -rf "$work/build/sqlite3"
+    mkdir -p "$work/build/sqlite3"
+    cd "$work/build/sqlite3"
+    CC=gcc "$work/src/sqlite3/configure" --disable-tcl --disable-readline
+    make sqlite3.c
+}
+
+# Debian's source is without SQLite.
+add_sqlite() {
+    local folder=$work/src/qt6-base/src/3rdparty/sqlite
+    mkdir -p "$folder"
+    cp "$work/build/sqlite3/"sqlite3.{c,h} "$folder/"
+}
 
 # Debian's source is without the headers of the drawing tablets' Windows interface.
 remove_wintab() {
@@ -20,19 +43,32 @@ remove_wintab() {
         "$platforms"/{windows,direct2d}/CMakeLists.txt
 }
 
+# Configures Qt module $1 (rest: options) in $work/build/$1, to be installed into the built folder.
 configure_qt() {
-    rm -rf "$work/build/qt" "$out/qt"
-    # The toolchain file looks for Qt there.
-    mkdir -p "$out/qt"
-    cmake -S "$work/src/qt6-base" -B "$work/build/qt" -G Ninja \
+    local module=$1
+    shift
+    rm -rf "$work/build/$module"
+    cmake -S "$work/src/$module" -B "$work/build/$module" -G Ninja \
         -DCMAKE_TOOLCHAIN_FILE="$repository/packaging/windows/toolchain-mingw64.cmake" \
-        -DVANTIRO_WINDOWS_SDK="$out" -DCMAKE_INSTALL_PREFIX="$out/qt" "${qt_options[@]}"
+        -DVANTIRO_WINDOWS_SDK="$out" -DCMAKE_INSTALL_PREFIX="$out/qt" "$@"
 }
 
 build_qt6-base() {
     unpack_source qt6-base
     remove_wintab
-    configure_qt
-    cmake --build "$work/build/qt" --parallel "$jobs"
-    cmake --install "$work/build/qt" --strip
+    add_sqlite
+    rm -rf "$out/qt"
+    # The toolchain file looks for Qt there.
+    mkdir -p "$out/qt"
+    configure_qt qt6-base "${qt_options[@]}"
+    cmake --build "$work/build/qt6-base" --parallel "$jobs"
+    cmake --install "$work/build/qt6-base" --strip
+}
+
+# The plugin for WebP; the module's other formats are none of posters.
+build_qt6-imageformats() {
+    unpack_source qt6-imageformats
+    configure_qt qt6-imageformats "${imageformats_options[@]}"
+    cmake --build "$work/build/qt6-imageformats" --parallel "$jobs" --target QWebpPlugin
+    cmake --install "$work/build/qt6-imageformats/src/plugins/imageformats/webp" --strip
 }
