@@ -36,9 +36,10 @@ void ElidedLabel::paintEvent(QPaintEvent *event)
 {
     Q_UNUSED(event)
     QPainter painter(this);
-    style()->drawItemText(&painter, contentsRect(),
-                          QStyle::visualAlignment(layoutDirection(), alignment()), palette(),
-                          isEnabled(), shownText(), foregroundRole());
+    // The flags are unsigned on Windows.
+    const int flags = static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment()));
+    style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), shownText(),
+                          foregroundRole());
 }
 
 QString ElidedLabel::shownText() const
