@@ -16,7 +16,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION .)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/licenses.txt DESTINATION licenses RENAME README.txt)
 
 if(CMAKE_CROSSCOMPILING)
-    # Qt's deployment tool runs on Windows only, so what the program loads is listed here.
+    # Qt's deployment tool runs on Windows only, so what the program loads is listed here. Qt SQL,
+    # which a kit may hold, is not among it.
     foreach(library IN ITEMS Core Gui Widgets Network)
         install(FILES ${VANTIRO_WINDOWS_SDK}/qt/bin/Qt6${library}.dll DESTINATION .)
     endforeach()
@@ -41,7 +42,8 @@ if(CMAKE_CROSSCOMPILING)
                 DESTINATION licenses RENAME ${license}.txt)
     endforeach()
     if(EXISTS ${VANTIRO_WINDOWS_SDK}/licenses)
-        install(DIRECTORY ${VANTIRO_WINDOWS_SDK}/licenses/ DESTINATION licenses)
+        install(DIRECTORY ${VANTIRO_WINDOWS_SDK}/licenses/ DESTINATION licenses
+                PATTERN sqlite3 EXCLUDE)
     endif()
 else()
     qt_generate_deploy_app_script(TARGET vantiro-player FILENAME_VARIABLE deploy_script)
