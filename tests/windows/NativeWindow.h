@@ -25,6 +25,7 @@ public:
     void close() const;
     /// Clicks at a place within the window, from the top left corner of its client area.
     void click(const QPoint &place) const;
+    void moveMouse(const QPoint &place) const;
 
 private:
     explicit NativeWindow(quintptr windowHandle)
@@ -41,6 +42,13 @@ enum class Key
     Tab,
     Return,
     Escape,
+    Space,
+    Left,
+    Up,
+    Right,
+    Down,
+    F,
+    M,
     SelectAll
 };
 void press(Key key);

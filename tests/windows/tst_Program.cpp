@@ -1,6 +1,7 @@
 // The program on Windows, driven as a person does: its windows are found and its input is given
 // through Windows itself, its pixels are read from the screen. The layout is the window's own, at
-// the size with which it opens.
+// the size with which it opens. The program is as the packages install it: it finds no other
+// plugins of Qt than theirs.
 
 #include "e2e/PosterArt.h"
 #include "e2e/Provider.h"
@@ -11,11 +12,14 @@
 #include "support/desktop/Screen.h"
 #include "windows/NativeWindow.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QDirIterator>
 #include <QProcess>
 #include <QSettings>
 #include <QStandardPaths>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using NativeKeyboard::Key;
@@ -63,6 +67,27 @@ int filesWith(const QByteArray &bytes)
     return count;
 }
 
+QByteArray asWebp(const QByteArray &picture)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    constexpr int lossless = 100;
+    QImage::fromData(picture).save(&buffer, "WEBP", lossless);
+    return bytes;
+}
+
+bool screenShows(const QColor &color)
+{
+    constexpr int wanted = 1000;
+    const QImage image = desktop::Screen::grab();
+    int pixels = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        pixels += static_cast<int>(std::count(line, line + image.width(), color.rgb()));
+    }
+    return pixels >= wanted;
+}
+
 } // namespace
 
 class tst_Program : public QObject
@@ -92,6 +117,7 @@ void tst_Program::init()
     PrivateProfile::current().clear();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"VANTIRO_NET_DEBUG"_s, u"1"_s);
+    environment.remove(u"QT_PLUGIN_PATH"_s);
     player.setProcessEnvironment(environment);
     player.setProcessChannelMode(QProcess::ForwardedChannels);
 }
@@ -206,18 +232,22 @@ void tst_Program::showsPostersAndPlaysAFilm()
     Provider provider;
     const QString film =
         provider.addFilm(u"Orbit"_s, u"mp4"_s, HttpReply::file(streamPath(u"film.mp4"_s)));
-    const QByteArray poster = paintPoster(u"Orbit"_s, u"A film"_s, 3);
+    const QColor accent = posterAccent(3);
+    const QByteArray poster = asWebp(paintPoster(u"Orbit"_s, u"A film"_s, 3));
+    QVERIFY(poster.contains("WEBP"));
     HttpReply posterReply;
-    posterReply.contentType = "image/png"_ba;
+    posterReply.contentType = "image/webp"_ba;
     posterReply.body = poster;
-    provider.server.on(u"/orbit.png"_s, posterReply);
-    provider.setFilmPoster(provider.server.url(u"/orbit.png"_s));
+    provider.server.on(u"/orbit.webp"_s, posterReply);
+    provider.setFilmPoster(provider.server.url(u"/orbit.webp"_s));
     provider.store();
 
     QVERIFY(start());
     QTRY_VERIFY_WITH_TIMEOUT(filesWith(poster) == 1, startMs);
-    QVERIFY(clickUntil({moviesTab, firstCategory, firstPoster},
-                       [&] { return provider.server.requestCount(film) > 0; }));
+    QVERIFY(!screenShows(accent));
+    QVERIFY(clickUntil({moviesTab, firstCategory}, [&] { return screenShows(accent); }));
+    keepScreenshot(u"posters"_s);
+    QVERIFY(clickUntil({firstPoster}, [&] { return provider.server.requestCount(film) > 0; }));
     QVERIFY(desktop::Screen::waitUntilMoving(window->childRect(minimumPicture)));
     keepScreenshot(u"film"_s);
     QVERIFY(closeWindow());
