@@ -1,0 +1,67 @@
+#include "WindowFixture.h"
+#include "support/TestMain.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QTableWidget>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray playlist = "#EXTM3U\n#EXTINF:-1,News\nhttp://127.0.0.1:9/news.ts\n"_ba;
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : "(no such file)"_ba;
+}
+
+} // namespace
+
+/// The stored copy of a local playlist where file names do not tell the case of letters.
+class tst_PlaylistRename : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aNameInOtherLettersCaseKeepsTheCopy();
+};
+
+void tst_PlaylistRename::aNameInOtherLettersCaseKeepsTheCopy()
+{
+    const QTemporaryDir directory;
+    const QString chosen = directory.filePath(u"chosen.m3u"_s);
+    QFile file(chosen);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(playlist);
+    file.close();
+
+    WindowFixture fixture;
+    fixture.dialogs.next([&](QDialog &dialog) {
+        dialog.findChild<QComboBox *>(u"typeCombo"_s)->setCurrentIndex(0);
+        dialog.findChild<QLineEdit *>(u"m3uNameEdit"_s)->setText(u"List"_s);
+        dialog.findChild<QLineEdit *>(u"m3uUrlEdit"_s)->setText(chosen);
+        DialogAnswers::click(dialog, u"OK"_s);
+    });
+    fixture.open();
+    QTRY_COMPARE(WindowFixture::storedNames(), QStringList{u"List"_s});
+    QVERIFY(WindowFixture::stored(u"List"_s).url != chosen);
+    // The copy is all that is left.
+    QVERIFY(QFile::remove(chosen));
+
+    fixture.dialogs.next([](QDialog &dialog) {
+        dialog.findChild<QLineEdit *>(u"m3uNameEdit"_s)->setText(u"LIST"_s);
+        DialogAnswers::click(dialog, u"OK"_s);
+    });
+    fixture.button(u"Edit Source..."_s).click();
+    QTRY_COMPARE(WindowFixture::storedNames(), QStringList{u"LIST"_s});
+    QCOMPARE(contentOf(WindowFixture::stored(u"LIST"_s).url), playlist);
+    QTRY_COMPARE(rowTexts(fixture.find<QTableWidget>(u"channelTable"_s)), QStringList{u"News"_s});
+    QCOMPARE(fixture.dialogs.seen().size(), 2);
+}
+
+VANTIRO_TEST_MAIN(tst_PlaylistRename)
+#include "tst_PlaylistRename.moc"
