@@ -77,6 +77,9 @@ private:
 void tst_XtreamTrace::initTestCase()
 {
     QVERIFY2(netDebugEnabled(), "run this test with VANTIRO_NET_DEBUG=1");
+#ifdef Q_OS_WIN
+    return; // no TLS server, see init()
+#endif
     const TlsCertificate certificate(directory.path());
     QVERIFY(certificate.isValid());
     QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
@@ -87,6 +90,11 @@ void tst_XtreamTrace::initTestCase()
 void tst_XtreamTrace::init()
 {
     server = std::make_unique<HttpServer>();
+#ifdef Q_OS_WIN
+    if (QByteArrayView(QTest::currentTestFunction()).startsWith("zevrino"))
+        QSKIP("Windows' own TLS cannot serve under Wine");
+    return;
+#endif
     secure = std::make_unique<HttpServer>(HttpServer::Tls{directory.filePath(u"certificate.pem"_s),
                                                           directory.filePath(u"key.pem"_s)});
     service = std::make_unique<SubscriptionService>(secure->port());

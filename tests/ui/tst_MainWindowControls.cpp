@@ -225,6 +225,9 @@ void tst_MainWindowControls::keysNeedThePanelsFocus()
 
 void tst_MainWindowControls::aStreamStartsAtThePanelsVolume()
 {
+#ifdef Q_OS_WIN
+    QSKIP("libVLC tells no volume under Wine");
+#endif
     WindowFixture fixture;
     open(fixture);
     fixture.find<QSlider>(u"volumeSlider"_s).setValue(40);
