@@ -1,7 +1,9 @@
 #include "model/CatalogCache.h"
 
 #include "model/Age.h"
-#include "model/JsonScan.h"
+#include "model/JsonObjectText.h"
+#include "model/JsonReader.h"
+#include "model/JsonWriter.h"
 #include "model/SafeFileName.h"
 
 #include <QDateTime>
@@ -138,7 +140,8 @@ QByteArray arrayText(const QList<Record> &records)
         }
         append(json, record);
     }
-    return json + ']';
+    json += ']';
+    return json;
 }
 
 // The keys stand in the order of the records' members.
@@ -156,12 +159,15 @@ Category categoryFrom(const JsonFields &fields)
 
 MediaItem itemFrom(const JsonFields &fields)
 {
-    return {
-        fields[0].toInt(),    fields[1].toText(),
-        fields[2].toText(),   fields[3].toText(),
-        fields[4].toText(),   fields[5].toText(),
-        fields[6].toText(),   fields[7].kind == JsonField::Kind::Number ? fields[7].toReal() : 0.0,
-        fields[8].toInteger()};
+    return {fields[0].toInt(),
+            fields[1].toText(),
+            fields[2].toText(),
+            fields[3].toText(),
+            fields[4].toText(),
+            fields[5].toText(),
+            fields[6].toText(),
+            fields[7].kind == JsonField::Kind::Number ? fields[7].toReal() : 0.0,
+            fields[8].toVariantInteger()};
 }
 
 Episode episodeFrom(const JsonFields &fields)

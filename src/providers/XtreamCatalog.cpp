@@ -1,6 +1,6 @@
 #include "providers/XtreamCatalog.h"
 
-#include "model/JsonScan.h"
+#include "model/JsonReader.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

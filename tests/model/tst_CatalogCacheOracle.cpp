@@ -1,4 +1,5 @@
 #include "model/CatalogCache.h"
+#include "model/JsonTexts.h"
 #include "model/PlainCatalogCache.h"
 #include "support/TestMain.h"
 
@@ -117,12 +118,6 @@ QJsonObject rootWithoutTimes()
     return root;
 }
 
-QString quoted(const QByteArray &content)
-{
-    return u"differs for "_s +
-           QString::fromLatin1(content.toPercentEncoding(" !\"#$&'()*+,/:;<=>?@[\\]^_`{|}"_ba));
-}
-
 void addSeedRows()
 {
     QTest::addColumn<quint32>("seed");
@@ -168,14 +163,14 @@ void tst_CatalogCacheOracle::randomCatalogs()
 
         PlainCatalogCache::save(sourceName, name, section);
         PlainCatalogCache::saveEpisodes(sourceName, u"2"_s, episodes);
-        QVERIFY2(readTheSame(), qPrintable(quoted(readFile())));
+        QVERIFY2(readTheSame(), JsonTexts::printable(readFile()).constData());
         const QJsonObject expected = rootWithoutTimes();
 
         writeFile(before);
         CatalogCache::save(sourceName, name, section);
         CatalogCache::saveEpisodes(sourceName, u"2"_s, episodes);
-        QVERIFY2(readTheSame(), qPrintable(quoted(readFile())));
-        QVERIFY2(rootWithoutTimes() == expected, qPrintable(quoted(readFile())));
+        QVERIFY2(readTheSame(), JsonTexts::printable(readFile()).constData());
+        QVERIFY2(rootWithoutTimes() == expected, JsonTexts::printable(readFile()).constData());
 
         CatalogCache::Section loaded;
         QVERIFY(CatalogCache::load(sourceName, name, loaded));
@@ -201,50 +196,10 @@ void tst_CatalogCacheOracle::mutatedFiles()
         R"("addedAt":1600000000,"x":[{}]},{"type":1}]},"movie":{"items":[]},"other":[1,{"a":null}],)"
         R"("episodes":{"1":{"savedAt":1600000000,"list":[{"id":"7","season":2,"title":"T"}]},)"
         R"("2":{"list":[]}}})"_ba;
-    const QList<QByteArray> pieces{"{"_ba,
-                                   "}"_ba,
-                                   "["_ba,
-                                   "]"_ba,
-                                   ","_ba,
-                                   ":"_ba,
-                                   "\""_ba,
-                                   "\\"_ba,
-                                   "\\u"_ba,
-                                   "\\ud83d"_ba,
-                                   "\\u0000"_ba,
-                                   "\\x"_ba,
-                                   " "_ba,
-                                   "\n"_ba,
-                                   "null"_ba,
-                                   "true"_ba,
-                                   "1"_ba,
-                                   "-"_ba,
-                                   "."_ba,
-                                   "e5"_ba,
-                                   "1e99"_ba,
-                                   "-0"_ba,
-                                   "00"_ba,
-                                   "\xc3"_ba,
-                                   "\xc3\xa9"_ba,
-                                   "\xff"_ba,
-                                   QByteArray(1, '\0'),
-                                   R"("live":{},)"_ba,
-                                   R"("id":"6",)"_ba,
-                                   R"("episodes":{},)"_ba,
-                                   "99999999999999999999"_ba,
-                                   "[[[[[]]]]],"_ba};
     for (int round = 0; round < 500; ++round) {
-        QByteArray content = sample;
-        const int changes = 1 + random.bounded(3);
-        for (int change = 0; change < changes; ++change) {
-            const int at = random.bounded(static_cast<int>(content.size()));
-            const QByteArray piece =
-                random.bounded(4) == 0 ? QByteArray()
-                                       : pieces.at(random.bounded(static_cast<int>(pieces.size())));
-            content.replace(at, random.bounded(3), piece);
-        }
+        const QByteArray content = JsonTexts::mutated(sample, random);
         writeFile(content);
-        QVERIFY2(readTheSame(), qPrintable(quoted(content)));
+        QVERIFY2(readTheSame(), JsonTexts::printable(content).constData());
 
         const CatalogCache::Section section = randomSection(random);
         PlainCatalogCache::save(sourceName, u"movie"_s, section);
@@ -253,7 +208,7 @@ void tst_CatalogCacheOracle::mutatedFiles()
         writeFile(content);
         CatalogCache::save(sourceName, u"movie"_s, section);
         CatalogCache::saveEpisodes(sourceName, u"2"_s, {});
-        QVERIFY2(rootWithoutTimes() == expected, qPrintable(quoted(content)));
+        QVERIFY2(rootWithoutTimes() == expected, JsonTexts::printable(content).constData());
     }
 }
 

@@ -9,11 +9,12 @@
 #include <vector>
 
 /// @file
-/// Reads and writes large JSON texts of many small objects without building a document tree.
+/// Reads large JSON texts of many small objects without building a document tree.
 ///
 /// Clean texts are read by RapidJSON's event reader. What is odd (not UTF-8, nested deeper than any
-/// catalog, with lone surrogates, malformed) goes to QJsonDocument, so that Qt alone decides what
-/// such a text means. Results are those of QJsonDocument and QJsonValue in either case.
+/// catalog, with lone surrogates or numbers that no double holds, malformed) goes to QJsonDocument,
+/// so that Qt alone decides what such a text means. Results are those of QJsonDocument and QJsonValue
+/// in either case.
 
 /// One member of a flat object, as far as a catalog needs it. Valid during the callback only.
 struct JsonField
@@ -23,7 +24,8 @@ struct JsonField
         Absent,
         Text,
         Number,
-        Other
+        True,
+        Other ///< false, null, an array or an object
     };
 
     Kind kind = Kind::Absent;
@@ -38,6 +40,8 @@ struct JsonField
     int toInt() const;
     /// The integer of a number or of a decimal text as a QVariant converts it, otherwise 0.
     qint64 toInteger() const;
+    /// The integer of any value as a QVariant converts it: that of toInteger(), but 1 for true.
+    qint64 toVariantInteger() const;
     /// The real number of a number or of a numeric text as a QVariant converts it; 0 otherwise, and
     /// for what is not finite.
     double toReal() const;
@@ -66,37 +70,3 @@ QList<Record> readJsonRecords(const QByteArray &json, const QList<QByteArray> &k
         [&records, convert](const JsonFields &fields) { records.append(convert(fields)); });
     return valid ? records : QList<Record>();
 }
-
-/// A JSON object as the texts of its members, which can be kept and replaced without being read.
-class JsonObjectText final
-{
-public:
-    JsonObjectText() = default;
-
-    /// An object without members when the text is not JSON or its root is no object.
-    static JsonObjectText read(const QByteArray &json);
-
-    bool contains(const QString &key) const { return find(key) >= 0; }
-    /// The JSON text of a member's value, empty when there is no such member.
-    QByteArray value(const QString &key) const;
-    /// Adds a member or replaces its value; `json` must be a JSON text.
-    void insert(const QString &key, const QByteArray &json);
-    QByteArray toJson() const;
-
-private:
-    struct Member
-    {
-        QString key;
-        QByteArray json;
-    };
-
-    qsizetype find(const QString &key) const;
-
-    QList<Member> members;
-};
-
-/// Appends `text` to `json` in quotes and with the escapes that it needs.
-void appendJsonText(QByteArray &json, QStringView text);
-
-/// Appends a number as QJsonDocument writes it: shortest form, "null" when it is not finite.
-void appendJsonNumber(QByteArray &json, double number);
