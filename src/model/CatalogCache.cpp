@@ -4,6 +4,7 @@
 #include "model/JsonObjectText.h"
 #include "model/JsonReader.h"
 #include "model/JsonWriter.h"
+#include "model/OwnerOnlyFile.h"
 #include "model/SafeFileName.h"
 
 #include <QDateTime>
@@ -46,7 +47,7 @@ JsonObjectText readRoot(const QString &sourceName)
 void writeRoot(const QString &sourceName, const JsonObjectText &root)
 {
     QFile file(cacheFilePath(sourceName));
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    if (openOwnerOnly(file)) { // it holds stream URLs, and those credentials
         file.write(root.toJson());
     }
 }

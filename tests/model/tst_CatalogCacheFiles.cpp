@@ -95,7 +95,10 @@ private Q_SLOTS:
     void aNameTooLongForAFileIsIgnored();
     void contentOfASection();
     void contentOfTheEpisodeStore();
+    void orderOfTheKeys();
     void contentIsCompactUtf8();
+    void onlyTheOwnerMayRead_data();
+    void onlyTheOwnerMayRead();
     void loadingWritesNothing();
 
     void savingKeepsEverythingElse_data();
@@ -226,6 +229,62 @@ void tst_CatalogCacheFiles::contentOfTheEpisodeStore()
                                      {u"containerExtension"_s, u"mp4"_s}}}));
 }
 
+void tst_CatalogCacheFiles::orderOfTheKeys()
+{
+    const QByteArray movies =
+        R"("movie":{"categories":[{"id":"c1","name":"cn1"}],"items":[{"type":1,"id":"i1",)"
+        R"("name":"n1","categoryId":"c1","iconUrl":"http://h/p.jpg","containerExtension":"mkv",)"
+        R"("streamUrl":"http://h/1","rating":7.5,"addedAt":1700000000}]})"_ba;
+    CatalogCache::save(sourceName, u"movie"_s, sampleSection());
+    QCOMPARE(readFile(), '{' + movies + '}');
+
+    // Further sections follow in the order in which they were saved first.
+    CatalogCache::save(sourceName, u"live"_s, {{{u"1"_s, {}}, {u"2"_s, {}}}, {}});
+    CatalogCache::save(sourceName, u"movie"_s, sampleSection());
+    const QByteArray live =
+        R"("live":{"categories":[{"id":"1","name":""},{"id":"2","name":""}],"items":[]})"_ba;
+    QCOMPARE(readFile(), '{' + movies + ',' + live + '}');
+
+    CatalogCache::saveEpisodes(sourceName, u"9"_s, {sampleEpisode()});
+    const QByteArray savedAt =
+        QByteArray::number(readRoot()[u"episodes"_s][u"9"_s][u"savedAt"_s].toInteger());
+    QCOMPARE(readFile(), '{' + movies + ',' + live + R"(,"episodes":{"9":{"savedAt":)" + savedAt +
+                             R"(,"list":[{"id":"e1","seriesName":"sn1","season":3,)"
+                             R"("episodeNumber":4,"title":"t1","containerExtension":"mp4"}]}}})");
+}
+
+void tst_CatalogCacheFiles::onlyTheOwnerMayRead_data()
+{
+    QTest::addColumn<bool>("exists");
+    QTest::newRow("a new file") << false;
+    QTest::newRow("a file that all may read") << true;
+}
+
+void tst_CatalogCacheFiles::onlyTheOwnerMayRead()
+{
+    // It holds stream URLs, and those credentials.
+#ifdef Q_OS_WIN
+    QSKIP("Windows' permissions come from the folder");
+#endif
+    QFETCH(const bool, exists);
+    constexpr auto owner = QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                           QFileDevice::ReadUser | QFileDevice::WriteUser;
+    const auto prepare = [exists, owner] {
+        QFile::remove(cacheFile());
+        if (exists) {
+            writeFile("{}"_ba);
+            QVERIFY(QFile::setPermissions(cacheFile(),
+                                          owner | QFileDevice::ReadGroup | QFileDevice::ReadOther));
+        }
+    };
+    prepare();
+    CatalogCache::save(sourceName, u"live"_s, sampleSection());
+    QCOMPARE(QFile::permissions(cacheFile()), owner);
+    prepare();
+    CatalogCache::saveEpisodes(sourceName, u"9"_s, {sampleEpisode()});
+    QCOMPARE(QFile::permissions(cacheFile()), owner);
+}
+
 void tst_CatalogCacheFiles::contentIsCompactUtf8()
 {
     MediaItem item = sampleItem();
@@ -308,6 +367,10 @@ void tst_CatalogCacheFiles::damagedFile_data()
     QTest::newRow("cut at the end") << whole.chopped(1);
     QTest::newRow("cut in the middle") << whole.left(40);
     QTest::newRow("cut in a text") << whole.left(8);
+    QTest::newRow("cut behind a name") << R"({"live")"_ba;
+    QTest::newRow("cut behind a colon") << R"({"live":)"_ba;
+    QTest::newRow("number beyond a double") << R"({"a":[12e308],)"_ba + whole.mid(1);
+    QTest::newRow("number too close to 0") << R"({"a":1e-400,)"_ba + whole.mid(1);
     QTest::newRow("garbage behind") << whole + "x";
     QTest::newRow("two objects") << whole + whole;
     QTest::newRow("array") << '[' + whole + ']';
@@ -412,6 +475,12 @@ void tst_CatalogCacheFiles::oddItemValue_data()
     QTest::newRow("digits text") << R"("12")"_ba << 0 << u"12"_s << 0.0 << qint64(12);
     QTest::newRow("word") << R"("abc")"_ba << 0 << u"abc"_s << 0.0 << qint64(0);
     QTest::newRow("null") << "null"_ba << 0 << QString() << 0.0 << qint64(0);
+    QTest::newRow("true") << "true"_ba << 0 << QString() << 0.0 << qint64(1);
+    QTest::newRow("false") << "false"_ba << 0 << QString() << 0.0 << qint64(0);
+    QTest::newRow("text of true") << R"("true")"_ba << 0 << u"true"_s << 0.0 << qint64(0);
+    QTest::newRow("fraction") << "2.5"_ba << 0 << QString() << 2.5 << qint64(3);
+    QTest::newRow("text of a fraction") << R"("2.5")"_ba << 0 << u"2.5"_s << 0.0 << qint64(0);
+    QTest::newRow("empty array") << "[]"_ba << 0 << QString() << 0.0 << qint64(0);
     QTest::newRow("array") << "[1]"_ba << 0 << QString() << 0.0 << qint64(0);
     QTest::newRow("object") << R"({"a":1})"_ba << 0 << QString() << 0.0 << qint64(0);
     QTest::newRow("beyond 32 bits")
@@ -530,6 +599,7 @@ void tst_CatalogCacheFiles::strangeSavedAt_data()
     QTest::addColumn<bool>("fresh");
     QTest::newRow("zero") << "0"_ba << false;
     QTest::newRow("negative") << "-1"_ba << false;
+    QTest::newRow("true is one second after the epoch") << "true"_ba << false;
     QTest::newRow("null") << "null"_ba << false;
     QTest::newRow("word") << R"("now")"_ba << false;
     QTest::newRow("object") << "{}"_ba << false;
