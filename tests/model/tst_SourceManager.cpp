@@ -490,6 +490,11 @@ void tst_SourceManager::arraySize_data()
     QTest::newRow("smaller than the entries") << "size=1\n"_ba << 1;
     QTest::newRow("larger than the entries") << "size=5\n"_ba << 5;
     QTest::newRow("beyond any number") << "size=99999999999999999999\n"_ba << 0;
+    QTest::newRow("the most that is believed") << "size=10000\n"_ba << 10'000;
+    QTest::newRow("more: the entries are counted") << "size=10001\n"_ba << 2;
+    QTest::newRow("more: up to the highest index") << "size=2147483647\n7\\name=G\n"_ba << 7;
+    QTest::newRow("more: other groups do not count") << "size=10001\nx\\name=X\n"_ba << 2;
+    QTest::newRow("more: an absurd index") << "size=10001\n1000000\\name=X\n"_ba << 10'000;
 }
 
 void tst_SourceManager::arraySize()
