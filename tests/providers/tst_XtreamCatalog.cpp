@@ -1,11 +1,10 @@
-#include "providers/PlainXtreamCatalog.h"
 #include "providers/XtreamCatalog.h"
 #include "support/TestMain.h"
 
-#include <QRandomGenerator>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
-
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -49,8 +48,6 @@ private Q_SLOTS:
     void oddEpisodeReplies();
     void oddTexts_data();
     void oddTexts();
-    void sameAsThePlainConversions_data();
-    void sameAsThePlainConversions();
 };
 
 void tst_XtreamCatalog::values_data()
@@ -80,6 +77,7 @@ void tst_XtreamCatalog::values_data()
         << "12.0"_ba << none << u"12"_s << 12 << 12.0 << qint64(12);
     QTest::newRow("whole number with an exponent")
         << "1.5e2"_ba << none << u"150"_s << 150 << 150.0 << qint64(150);
+    QTest::newRow("fraction") << "123.75"_ba << none << u"124"_s << 0 << 123.75 << qint64(124);
     QTest::newRow("2^31") << "2147483648"_ba << none << u"2147483648"_s << 0 << 2147483648.0
                           << qint64(2147483648);
     QTest::newRow("2^53") << "9007199254740992"_ba << none << u"9007199254740992"_s << 0
@@ -171,10 +169,7 @@ void tst_XtreamCatalog::numbersOutOfRange()
     QCOMPARE(movies.size(), 2);
     QCOMPARE(movies[0].name, u"n"_s);
     QCOMPARE(movies[0].categoryId, u"c"_s);
-    QCOMPARE(movies[0].rating, real);
-    bool isInteger = false;
-    QCOMPARE(movies[0].id.toLongLong(&isInteger), movies[0].addedAt);
-    QVERIFY(isInteger);
+    QVERIFY(movies[0].rating == real); // exactly, QCOMPARE is fuzzy
     QCOMPARE(movies[1].id, u"7"_s);
 }
 
@@ -204,6 +199,10 @@ void tst_XtreamCatalog::roots_data()
     QTest::newRow("text") << R"("stream_id")"_ba;
     QTest::newRow("number") << "5"_ba;
     QTest::newRow("null") << "null"_ba;
+    QTest::newRow("cut behind a name") << R"([{"stream_id":1},{"series_id")"_ba;
+    QTest::newRow("cut behind a colon") << R"([{"stream_id":1},{"series_id":)"_ba;
+    QTest::newRow("number beyond a double") << R"([{"stream_id":1,"x":12e308}])"_ba;
+    QTest::newRow("number too close to 0") << R"([{"stream_id":1,"x":[1e-400]}])"_ba;
     QTest::newRow("cut") << R"([{"stream_id":1,"series_id":1,"category_id":"1"},{"a":)"_ba;
     QTest::newRow("cut at the end") << R"([{"stream_id":1,"series_id":1,"category_id":"1"})"_ba;
     QTest::newRow("garbage behind") << R"([{"stream_id":1,"series_id":1,"category_id":"1"}]x)"_ba;
@@ -373,36 +372,6 @@ void tst_XtreamCatalog::oddEpisodeReplies()
     QCOMPARE(parseSeriesEpisodes(reply), episodes);
 }
 
-namespace {
-
-/// Equal, where a rating that is no number equals another such one.
-bool sameItems(QList<MediaItem> left, QList<MediaItem> right)
-{
-    if (left.size() != right.size()) {
-        return false;
-    }
-    for (qsizetype index = 0; index < left.size(); ++index) {
-        if (std::isnan(left[index].rating) && std::isnan(right[index].rating)) {
-            left[index].rating = right[index].rating = 0;
-        }
-    }
-    return left == right;
-}
-
-void compareWithPlainConversions(const QByteArray &body)
-{
-    const bool same = parseCategories(body) == PlainXtreamCatalog::parseCategories(body) &&
-                      parseLiveStreams(body) == PlainXtreamCatalog::parseLiveStreams(body) &&
-                      sameItems(parseVodStreams(body), PlainXtreamCatalog::parseVodStreams(body)) &&
-                      sameItems(parseSeries(body), PlainXtreamCatalog::parseSeries(body)) &&
-                      parseSeriesEpisodes(body) == PlainXtreamCatalog::parseSeriesEpisodes(body);
-    const QByteArray message =
-        "differs for " + body.toPercentEncoding(" !\"#$&'()*+,/:;<=>?@[\\]^_`{|}");
-    QVERIFY2(same, message.constData());
-}
-
-} // namespace
-
 void tst_XtreamCatalog::oddTexts_data()
 {
     QTest::addColumn<QByteArray>("body");
@@ -430,7 +399,8 @@ void tst_XtreamCatalog::oddTexts_data()
     row("key of an inner object", R"(n","x":{"name":"inner","rating":7},"y":")"_ba);
     row("key of an inner array", R"(n","x":[{"name":"inner"},"name"],"y":")"_ba);
     QTest::newRow("byte-order mark before the list") << "\xef\xbb\xbf" + item;
-    QTest::newRow("number beyond a double") << QByteArray(item).replace("5}", "1e999}");
+    QTest::newRow("number beyond a double") << QByteArray(item).replace("5}", "12e308}");
+    QTest::newRow("number too close to 0") << QByteArray(item).replace("5}", "1e-400}");
     QTest::newRow("minus zero") << QByteArray(item).replace("5}", "-0}");
     QTest::newRow("number with zeros") << QByteArray(item).replace("5}", "05}");
     QTest::newRow("nested deeply")
@@ -445,80 +415,16 @@ void tst_XtreamCatalog::oddTexts()
 {
     // Whatever Qt's own parser makes of such a text is right.
     QFETCH(const QByteArray, body);
-    QVERIFY(sameItems(parseVodStreams(body), PlainXtreamCatalog::parseVodStreams(body)));
-}
-
-void tst_XtreamCatalog::sameAsThePlainConversions_data()
-{
-    QTest::addColumn<quint32>("seed");
-    for (const quint32 seed : {1U, 2U, 3U, 4U}) {
-        QTest::newRow(qPrintable(u"seed %1"_s.arg(seed))) << seed;
-    }
-}
-
-void tst_XtreamCatalog::sameAsThePlainConversions()
-{
-    QFETCH(const quint32, seed);
-    QRandomGenerator random(seed);
-    const QList<QByteArray> samples{
-        R"([{"stream_id":1,"name":"A","category_id":"5","stream_icon":"http:\/\/h\/a.png",)"
-        R"("rating":"7.5","added":"1600000000","container_extension":"mkv"},)"
-        R"({"series_id":"2","name":"\u00e9","cover":null,"rating":8.25,)"
-        R"("last_modified":1600000001,"backdrop":["x",{"y":[]}]},)"
-        R"({"category_id":"9","category_name":"Nine","parent_id":0}, [1], null, "x"])"_ba,
-        R"({"info":{"name":"S","cover":"c"},"seasons":[],"episodes":{"1":[{"id":"11",)"
-        R"("episode_num":1,"title":"T","container_extension":"mp4","info":{"a":[]}}],)"
-        R"("10":[{"id":100}],"2":[{"id":20},{"id":21}]}})"_ba};
-    const QList<QByteArray> pieces{"{"_ba,
-                                   "}"_ba,
-                                   "["_ba,
-                                   "]"_ba,
-                                   ","_ba,
-                                   ":"_ba,
-                                   "\""_ba,
-                                   "\\"_ba,
-                                   "\\u"_ba,
-                                   "\\ud83d"_ba,
-                                   "\\u0000"_ba,
-                                   "\\x"_ba,
-                                   " "_ba,
-                                   "\n"_ba,
-                                   "\t"_ba,
-                                   "null"_ba,
-                                   "true"_ba,
-                                   "1"_ba,
-                                   "-"_ba,
-                                   "."_ba,
-                                   "e5"_ba,
-                                   "1e99"_ba,
-                                   "-0"_ba,
-                                   "00"_ba,
-                                   "\xc3"_ba,
-                                   "\xc3\xa9"_ba,
-                                   "\xff"_ba,
-                                   "\xf0\x9f\x98\x80"_ba,
-                                   QByteArray(1, '\0'),
-                                   R"("name":"B",)"_ba,
-                                   R"("stream_id":"x",)"_ba,
-                                   "9007199254740993"_ba,
-                                   R"("rating":"nan",)"_ba,
-                                   R"({"id":5},)"_ba,
-                                   "99999999999999999999"_ba};
-    const auto pick = [&random](const QList<QByteArray> &list) {
-        return list.at(random.bounded(static_cast<int>(list.size())));
-    };
-    for (int round = 0; round < 3000; ++round) {
-        QByteArray body = pick(samples);
-        const int changes = 1 + random.bounded(3);
-        for (int change = 0; change < changes; ++change) {
-            const int at = random.bounded(static_cast<int>(body.size()));
-            const int length = random.bounded(3);
-            body.replace(at, length, random.bounded(4) == 0 ? QByteArray() : pick(pieces));
-        }
-        compareWithPlainConversions(body);
-        if (QTest::currentTestFailed()) {
-            return;
-        }
+    const QJsonArray expected = QJsonDocument::fromJson(body).array();
+    const QList<MediaItem> movies = parseVodStreams(body);
+    QCOMPARE(movies.size(), expected.size());
+    for (qsizetype index = 0; index < movies.size(); ++index) {
+        const QJsonObject object = expected.at(index).toObject();
+        const MediaItem &movie = movies.at(index);
+        QCOMPARE(movie.id, QString::number(object.value("stream_id"_L1).toInteger()));
+        QCOMPARE(movie.name, object.value("name"_L1).toString());
+        QCOMPARE(movie.categoryId, object.value("category_id"_L1).toString());
+        QCOMPARE(movie.rating, object.value("rating"_L1).toDouble());
     }
 }
 
