@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 
 ElidedLabel::ElidedLabel(const QString &text, QWidget *parent)
@@ -25,9 +26,9 @@ bool ElidedLabel::event(QEvent *event)
         QToolTip::hideText();
         event->ignore();
     } else {
-        // Escaped: a tool tip would render what looks like markup.
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text().toHtmlEscaped(),
-                           this);
+        // As a paragraph: a tool tip guesses whether a text is markup, and this one never is.
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
+                           Qt::convertFromPlainText(text(), Qt::WhiteSpaceNormal), this);
     }
     return true;
 }
