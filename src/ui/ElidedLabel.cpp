@@ -37,10 +37,9 @@ void ElidedLabel::paintEvent(QPaintEvent *event)
 {
     Q_UNUSED(event)
     QPainter painter(this);
-    // The flags are unsigned on Windows.
-    const int flags = static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment()));
-    style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), shownText(),
-                          foregroundRole());
+    style()->drawItemText(&painter, contentsRect(),
+                          static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())),
+                          palette(), isEnabled(), shownText(), foregroundRole());
 }
 
 QString ElidedLabel::shownText() const
