@@ -130,10 +130,12 @@ public Q_SLOTS:
     void onVolumeChanged(int value);
     void onPlaybackError(const QString &message);
     void onPlaybackInterrupted(const QString &reason);
-    void showStreamInfo();
     void onPositionChanged(qint64 currentMs, qint64 totalMs);
     void onSeekSliderPressed();
     void onSeekSliderReleased();
+
+    // ---- MainWindowTracks.cpp: tracks, subtitles and what is known of the stream ----
+    void showStreamInfo();
     void loadSubtitleFile();
     void showSubtitleMenu();
     void showAudioMenu();
@@ -185,13 +187,15 @@ private:
     QWidget *buildPlayerPanel();
     QWidget *buildSeekRow();
     QWidget *buildControlsRow();
+    void changeVolumeBy(int delta);
+    void toggleMute();
+    void seekByKey(qint64 deltaMs);
     void moveChromeInto(QVBoxLayout *layout);
     void enterFullscreen();
     void leaveFullscreen();
     void hideFullscreenControls();
-    void changeVolumeBy(int delta);
-    void toggleMute();
-    void seekByKey(qint64 deltaMs);
+
+    // ---- MainWindowTracks.cpp ----
     void execMenuAbove(QMenu &menu, const QPushButton *button);
 
     // ---- MainWindowPlayback.cpp ----
