@@ -66,6 +66,7 @@ MainWindow::MainWindow()
 
     auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     escape->setContext(Qt::WindowShortcut);
+    escape->setAutoRepeat(false);
     connect(escape, &QShortcut::activated, this, [this] {
         if (fullscreen) {
             toggleFullscreen();

@@ -146,18 +146,19 @@ QWidget *MainWindow::buildControlsRow()
 void MainWindow::addPlayerShortcuts()
 {
     playerPanel->setFocusPolicy(Qt::StrongFocus);
-    const auto add = [this](Qt::Key key, const std::function<void()> &action) {
+    const auto add = [this](Qt::Key key, bool repeats, const std::function<void()> &action) {
         auto *shortcut = new QShortcut(QKeySequence(key), playerPanel);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        shortcut->setAutoRepeat(repeats);
         connect(shortcut, &QShortcut::activated, this, action);
     };
-    add(Qt::Key_Space, [this] { togglePlayPause(); });
-    add(Qt::Key_F, [this] { toggleFullscreen(); });
-    add(Qt::Key_Up, [this] { changeVolumeBy(volumeStep); });
-    add(Qt::Key_Down, [this] { changeVolumeBy(-volumeStep); });
-    add(Qt::Key_M, [this] { toggleMute(); });
-    add(Qt::Key_Left, [this] { seekByKey(-skipMs); });
-    add(Qt::Key_Right, [this] { seekByKey(skipMs); });
+    add(Qt::Key_Space, false, [this] { togglePlayPause(); });
+    add(Qt::Key_F, false, [this] { toggleFullscreen(); });
+    add(Qt::Key_Up, true, [this] { changeVolumeBy(volumeStep); });
+    add(Qt::Key_Down, true, [this] { changeVolumeBy(-volumeStep); });
+    add(Qt::Key_M, false, [this] { toggleMute(); });
+    add(Qt::Key_Left, true, [this] { seekByKey(-skipMs); });
+    add(Qt::Key_Right, true, [this] { seekByKey(skipMs); });
 }
 
 // The slider's own range limits what comes out.

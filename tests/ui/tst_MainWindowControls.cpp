@@ -1,6 +1,5 @@
-#include "WindowFixture.h"
+#include "SoundWindow.h"
 #include "player/VlcPlayer.h"
-#include "support/Streams.h"
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
 
@@ -9,7 +8,6 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
@@ -47,72 +45,28 @@ QStringList actionsOf(const QMenu &menu)
 
 } // namespace
 
-/// The panel's controls and keys, with sound but no picture.
+/// The panel's controls, with sound but no picture.
 class tst_MainWindowControls : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
     void panelIsBuiltInOrder();
     void volumeSlider();
-    void mutingWithNothingRememberedGivesFullVolume();
-    void upAndDownChangeTheVolume();
-    void mutingTwiceRestores();
-    void anotherWindowRemembersTheSameVolume();
-    void keysNeedThePanelsFocus();
     void aStreamStartsAtThePanelsVolume();
-    void leftAndRightSeekInAMovie();
-    void leftAndRightDoNothingOnALiveChannel();
+    void everyStartSetsThePanelsVolume();
     void theButtonsSeek();
     void theSliderSeeksOnRelease();
-    void spaceAndTheButtonPause();
     void audioMenuWithoutTracks();
     void subtitleMenuWithoutTracks();
     void audioMenuMarksTheCurrentTrack();
     void subtitleFileIsAskedFor();
     void streamInfo();
-
-private:
-    MainWindow &open(WindowFixture &fixture);
-    /// Plays ten seconds of sound as an entry of that kind and waits until it runs.
-    void playSound(WindowFixture &fixture, qint32 kind);
-
-    std::unique_ptr<HttpServer> server;
 };
-
-void tst_MainWindowControls::init()
-{
-    server = std::make_unique<HttpServer>();
-    server->onPrefix(u"/"_s, [](const HttpRequest &) {
-        return HttpReply::file(streamPath(u"audio.mp3"_s), "audio/mpeg"_ba);
-    });
-}
-
-MainWindow &tst_MainWindowControls::open(WindowFixture &fixture)
-{
-    SourceConfig source = accountSource(u"A"_s, server->url());
-    source.liveExtension = u"mp3"_s;
-    WindowFixture::store(source);
-    for (const QString &section : {u"live"_s, u"movie"_s, u"series"_s}) {
-        CatalogCache::save(u"A"_s, section, {});
-    }
-    return fixture.open();
-}
-
-void tst_MainWindowControls::playSound(WindowFixture &fixture, qint32 kind)
-{
-    MediaItem item = entry(kind, u"Sound"_s);
-    item.containerExtension = u"mp3"_s;
-    fixture.window().playMediaItem(item);
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.player().isPlaying() && fixture.player().timeMs() > 0, 10000);
-    QTRY_VERIFY(fixture.player().lengthMs() > 9000);
-}
 
 void tst_MainWindowControls::panelIsBuiltInOrder()
 {
-    WindowFixture fixture;
-    open(fixture);
+    SoundWindow fixture;
     const auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
     QCOMPARE(panel.layout()->contentsMargins(), QMargins(4, 4, 4, 4));
     QCOMPARE(widgetsOf(panel), (QStringList{u"videoSurface"_s, u"Nothing playing"_s, u"seekRow"_s,
@@ -137,8 +91,7 @@ void tst_MainWindowControls::panelIsBuiltInOrder()
 
 void tst_MainWindowControls::volumeSlider()
 {
-    WindowFixture fixture;
-    open(fixture);
+    SoundWindow fixture;
     const auto &slider = fixture.find<QSlider>(u"volumeSlider"_s);
     QCOMPARE(slider.minimum(), 0);
     QCOMPARE(slider.maximum(), 100);
@@ -147,131 +100,37 @@ void tst_MainWindowControls::volumeSlider()
     QCOMPARE(slider.orientation(), Qt::Horizontal);
 }
 
-// Before every other test that mutes: the remembered volume is one for the whole process.
-void tst_MainWindowControls::mutingWithNothingRememberedGivesFullVolume()
-{
-    WindowFixture fixture;
-    open(fixture);
-    auto &slider = fixture.find<QSlider>(u"volumeSlider"_s);
-    auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
-    panel.setFocus();
-    slider.setValue(0);
-    QTest::keyClick(&panel, Qt::Key_M);
-    QCOMPARE(slider.value(), 100);
-}
-
-void tst_MainWindowControls::upAndDownChangeTheVolume()
-{
-    WindowFixture fixture;
-    open(fixture);
-    auto &slider = fixture.find<QSlider>(u"volumeSlider"_s);
-    auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
-    panel.setFocus();
-    slider.setValue(92);
-    for (const int expected : {97, 100, 100}) {
-        QTest::keyClick(&panel, Qt::Key_Up);
-        QCOMPARE(slider.value(), expected);
-    }
-    slider.setValue(8);
-    for (const int expected : {3, 0, 0}) {
-        QTest::keyClick(&panel, Qt::Key_Down);
-        QCOMPARE(slider.value(), expected);
-    }
-}
-
-void tst_MainWindowControls::mutingTwiceRestores()
-{
-    WindowFixture fixture;
-    open(fixture);
-    auto &slider = fixture.find<QSlider>(u"volumeSlider"_s);
-    auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
-    panel.setFocus();
-    slider.setValue(35);
-    QTest::keyClick(&panel, Qt::Key_M);
-    QCOMPARE(slider.value(), 0);
-    QTest::keyClick(&panel, Qt::Key_M);
-    QCOMPARE(slider.value(), 35);
-}
-
-void tst_MainWindowControls::anotherWindowRemembersTheSameVolume()
-{
-    const auto setAndPressM = [this](int volume) {
-        WindowFixture fixture;
-        open(fixture);
-        auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
-        panel.setFocus();
-        fixture.find<QSlider>(u"volumeSlider"_s).setValue(volume);
-        QTest::keyClick(&panel, Qt::Key_M);
-        return fixture.find<QSlider>(u"volumeSlider"_s).value();
-    };
-    QCOMPARE(setAndPressM(60), 0);
-    QCOMPARE(setAndPressM(0), 60);
-}
-
-void tst_MainWindowControls::keysNeedThePanelsFocus()
-{
-    WindowFixture fixture;
-    MainWindow &window = open(fixture);
-    auto &slider = fixture.find<QSlider>(u"volumeSlider"_s);
-    auto &search = fixture.find<QLineEdit>(u"liveAllSearch"_s);
-    const QSignalSpy paused(&fixture.player(), &VlcPlayer::pausedChanged);
-    search.setFocus();
-    QTest::keyClicks(&search, u"mf "_s);
-    QCOMPARE(search.text(), u"mf "_s);
-    QCOMPARE(slider.value(), 100);
-    QCOMPARE(paused.count(), 0);
-    QVERIFY(!window.isFullScreen());
-}
-
 void tst_MainWindowControls::aStreamStartsAtThePanelsVolume()
 {
 #ifdef Q_OS_WIN
     QSKIP("libVLC tells no volume under Wine");
 #endif
-    WindowFixture fixture;
-    open(fixture);
+    SoundWindow fixture;
     fixture.find<QSlider>(u"volumeSlider"_s).setValue(40);
-    playSound(fixture, 1);
+    fixture.play(1);
     QTRY_COMPARE(fixture.player().volume(), 40);
     fixture.find<QSlider>(u"volumeSlider"_s).setValue(70);
     QTRY_COMPARE(fixture.player().volume(), 70);
 }
 
-void tst_MainWindowControls::leftAndRightSeekInAMovie()
+void tst_MainWindowControls::everyStartSetsThePanelsVolume()
 {
-    for (const qint32 kind : {1, 3}) {
-        WindowFixture fixture;
-        open(fixture);
-        playSound(fixture, kind);
-        auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
-        fixture.player().seek(5000);
-        QTRY_VERIFY(fixture.player().timeMs() > 4000);
-        QTest::keyClick(&panel, Qt::Key_Left);
-        QTRY_VERIFY(fixture.player().timeMs() < 3000);
-        QTest::keyClick(&panel, Qt::Key_Right);
-        QTRY_VERIFY(fixture.player().timeMs() > 8000);
-    }
-}
-
-void tst_MainWindowControls::leftAndRightDoNothingOnALiveChannel()
-{
-    WindowFixture fixture;
-    open(fixture);
-    playSound(fixture, 0);
-    auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
-    const qint64 before = fixture.player().timeMs();
-    QTest::keyClick(&panel, Qt::Key_Right);
-    // It plays on from where it was.
-    QTRY_VERIFY(fixture.player().timeMs() >= before + 500);
-    QVERIFY(fixture.player().timeMs() < before + 5000);
-    QVERIFY(fixture.find<QWidget>(u"seekRow"_s).isHidden());
+    SoundWindow fixture;
+    VlcPlayer &player = fixture.player();
+    // The slider has not been moved, and stands at 100.
+    player.setVolume(30);
+    fixture.play(1);
+    QTRY_COMPARE(player.volume(), 100);
+    player.setVolume(30);
+    QTRY_COMPARE(player.volume(), 30);
+    fixture.window().replayCurrentStream();
+    QTRY_COMPARE(player.volume(), 100);
 }
 
 void tst_MainWindowControls::theButtonsSeek()
 {
-    WindowFixture fixture;
-    open(fixture);
-    playSound(fixture, 1);
+    SoundWindow fixture;
+    fixture.play(1);
     fixture.player().seek(5000);
     QTRY_VERIFY(fixture.player().timeMs() > 4000);
     fixture.button(u"<< 10s"_s).click();
@@ -282,9 +141,8 @@ void tst_MainWindowControls::theButtonsSeek()
 
 void tst_MainWindowControls::theSliderSeeksOnRelease()
 {
-    WindowFixture fixture;
-    open(fixture);
-    playSound(fixture, 1);
+    SoundWindow fixture;
+    fixture.play(1);
     auto &slider = fixture.find<QSlider>(u"seekSlider"_s);
     QTRY_VERIFY(slider.maximum() > 9000);
     const QPoint place(slider.width() * 3 / 4, slider.height() / 2);
@@ -297,24 +155,9 @@ void tst_MainWindowControls::theSliderSeeksOnRelease()
     QTRY_VERIFY(slider.value() > wanted - 1000);
 }
 
-void tst_MainWindowControls::spaceAndTheButtonPause()
-{
-    WindowFixture fixture;
-    open(fixture);
-    playSound(fixture, 1);
-    auto &button = fixture.find<QPushButton>(u"accentButton"_s);
-    const QSignalSpy paused(&fixture.player(), &VlcPlayer::pausedChanged);
-    QTest::keyClick(&fixture.find<QWidget>(u"playerPanel"_s), Qt::Key_Space);
-    QCOMPARE(paused.count(), 1);
-    button.click();
-    QCOMPARE(paused.count(), 2);
-    QCOMPARE(button.text(), paused.last().first().toBool() ? u"Play"_s : u"Pause"_s);
-}
-
 void tst_MainWindowControls::audioMenuWithoutTracks()
 {
-    WindowFixture fixture;
-    open(fixture);
+    SoundWindow fixture;
     QStringList actions;
     bool enabled = true;
     fixture.dialogs.nextMenu([&](QMenu &menu) {
@@ -328,8 +171,8 @@ void tst_MainWindowControls::audioMenuWithoutTracks()
 
 void tst_MainWindowControls::subtitleMenuWithoutTracks()
 {
-    WindowFixture fixture;
-    MainWindow &window = open(fixture);
+    SoundWindow fixture;
+    MainWindow &window = fixture.window();
     window.playMediaItem(entry(1, u"Sound"_s));
     auto &button = fixture.find<QPushButton>(u"subtitlesButton"_s);
     // To a place where the whole menu fits on the screen.
@@ -350,9 +193,8 @@ void tst_MainWindowControls::subtitleMenuWithoutTracks()
 
 void tst_MainWindowControls::audioMenuMarksTheCurrentTrack()
 {
-    WindowFixture fixture;
-    open(fixture);
-    playSound(fixture, 1);
+    SoundWindow fixture;
+    fixture.play(1);
     QTRY_COMPARE(fixture.player().audioTracks().size(), 1);
     QStringList actions;
     fixture.dialogs.nextMenu([&](QMenu &menu) { actions = actionsOf(menu); });
@@ -362,8 +204,8 @@ void tst_MainWindowControls::audioMenuMarksTheCurrentTrack()
 
 void tst_MainWindowControls::subtitleFileIsAskedFor()
 {
-    WindowFixture fixture;
-    MainWindow &window = open(fixture);
+    SoundWindow fixture;
+    MainWindow &window = fixture.window();
     QStringList filters;
     fixture.dialogs.next([&](QDialog &dialog) {
         filters = dynamic_cast<QFileDialog &>(dialog).nameFilters();
@@ -378,8 +220,8 @@ void tst_MainWindowControls::subtitleFileIsAskedFor()
 
 void tst_MainWindowControls::streamInfo()
 {
-    WindowFixture fixture;
-    MainWindow &window = open(fixture);
+    SoundWindow fixture;
+    MainWindow &window = fixture.window();
     fixture.button(u"Info"_s).click();
     fixture.button(u"Info"_s).click();
     const QList<QDialog *> shown = window.findChildren<QDialog *>();
@@ -393,7 +235,7 @@ void tst_MainWindowControls::streamInfo()
     QCOMPARE(text->toPlainText(), fixture.player().mediaInfoText().trimmed());
     QCOMPARE(qobject_cast<QVBoxLayout *>(dialog->layout())->stretch(0), 1);
 
-    playSound(fixture, 1);
+    fixture.play(1);
     QTRY_VERIFY((DialogAnswers::click(*dialog, u"Refresh"_s),
                  text->toPlainText().contains("mp"_L1, Qt::CaseInsensitive)));
     dialog->close();
