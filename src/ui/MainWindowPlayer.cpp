@@ -222,9 +222,10 @@ void MainWindow::onPositionChanged(qint64 currentMs, qint64 totalMs)
 void MainWindow::updatePlayerChrome()
 {
     const bool shown = hasMedia && (!fullscreen || fullscreenControlsVisible);
+    const bool seekRowShown = shown && StreamKind::isSeekable(currentKind);
     nowPlayingLabel->setVisible(shown);
-    seekRow->setVisible(shown && StreamKind::isSeekable(currentKind));
-    controlsRow->setVisible(shown);
+    setRowVisible(seekRow, seekRowShown);
+    setRowVisible(controlsRow, shown);
     if (!fullscreen) {
         return;
     }
@@ -235,6 +236,15 @@ void MainWindow::updatePlayerChrome()
     repositionFullscreenChrome();
     fullscreenChrome->show();
     fullscreenChrome->raise();
+}
+
+void MainWindow::setRowVisible(QWidget *row, bool visible)
+{
+    if (!visible && row->isAncestorOf(focusWidget())) {
+        // The row would hand the focus to the next widget of the window, which is the source box.
+        playerPanel->setFocus(Qt::OtherFocusReason);
+    }
+    row->setVisible(visible);
 }
 
 void MainWindow::repositionFullscreenChrome()
@@ -251,6 +261,8 @@ void MainWindow::toggleFullscreen()
     fullscreenControlsVisible = false;
     controlsHideTimer->stop();
     videoSurface->unsetCursor();
+    // The rows change their parent, and would lose the focus to a widget outside the panel.
+    playerPanel->setFocus(Qt::OtherFocusReason);
     sourceBar->setVisible(!fullscreen);
     tabs->setVisible(!fullscreen);
     setAllMargins(centralLayout, fullscreen ? 0 : normalCentralMargin);

@@ -44,6 +44,12 @@ private Q_SLOTS:
     void withNothingPlayingNoControlsShow();
     void aMovieKeepsItsSeekRow();
     void movingTheMouseInTheWindowChangesNothing();
+    void everyEntryBeginsWithoutControls();
+    void everyMovementCountsAnew();
+    void theControlsHaveRoomForTheSeekRow();
+    void thePanelTakesTheFocusOfItsButtons_data();
+    void thePanelTakesTheFocusOfItsButtons();
+    void hiddenControlsLeaveTheFocusToThePanel();
 
 private:
     MainWindow &openAndPlay(WindowFixture &fixture, qint32 kind);
@@ -251,6 +257,120 @@ void tst_MainWindowFullscreen::movingTheMouseInTheWindowChangesNothing()
     QCoreApplication::processEvents();
     QVERIFY(!shows(fixture, u"fullscreenChrome"_s));
     QVERIFY(!hideTimer(window).isActive());
+}
+
+void tst_MainWindowFullscreen::everyEntryBeginsWithoutControls()
+{
+    WindowFixture fixture;
+    MainWindow &window = openAndPlay(fixture, 1);
+    window.toggleFullscreen();
+    window.showFullscreenControls();
+    window.toggleFullscreen();
+    window.toggleFullscreen();
+    QVERIFY(!shows(fixture, u"fullscreenChrome"_s));
+    QVERIFY(!shows(fixture, u"controlsRow"_s));
+    QVERIFY(!hideTimer(window).isActive());
+}
+
+void tst_MainWindowFullscreen::everyMovementCountsAnew()
+{
+    WindowFixture fixture;
+    MainWindow &window = openAndPlay(fixture, 0);
+    window.toggleFullscreen();
+    QTimer &timer = hideTimer(window);
+    window.showFullscreenControls();
+    timer.stop();
+    QTest::mouseMove(&fixture.find<QWidget>(u"controlsRow"_s), QPoint(5, 5));
+    QTRY_VERIFY(timer.isActive());
+    QVERIFY(shows(fixture, u"fullscreenChrome"_s));
+}
+
+// Measured with all three rows, whatever plays: a film may start while the window is fullscreen.
+void tst_MainWindowFullscreen::theControlsHaveRoomForTheSeekRow()
+{
+    QList<int> heights;
+    for (const qint32 kind : {0, 1}) {
+        WindowFixture fixture;
+        MainWindow &window = openAndPlay(fixture, kind);
+        window.toggleFullscreen();
+        window.showFullscreenControls();
+        const auto &chrome = fixture.find<QWidget>(u"fullscreenChrome"_s);
+        heights << chrome.height();
+        QCOMPARE(shows(fixture, u"seekRow"_s), kind == 1);
+        int rows = 2 * chrome.layout()->spacing();
+        for (const QString &row : {u"mutedLabel"_s, u"seekRow"_s, u"controlsRow"_s}) {
+            rows += fixture.find<QWidget>(row).sizeHint().height();
+        }
+        QCOMPARE(chrome.layout()->contentsMargins(), QMargins());
+        QCOMPARE(heights.last(), rows);
+    }
+    QCOMPARE(heights.first(), heights.last());
+}
+
+void tst_MainWindowFullscreen::thePanelTakesTheFocusOfItsButtons_data()
+{
+    QTest::addColumn<bool>("mouse");
+    QTest::addColumn<QString>("leave");
+    for (const bool mouse : {false, true}) {
+        for (const QString &leave : {u"button"_s, u"escape"_s, u"call"_s}) {
+            QTest::addRow("%s, by %s", mouse ? "clicked" : "focused", qPrintable(leave))
+                << mouse << leave;
+        }
+    }
+}
+
+void tst_MainWindowFullscreen::thePanelTakesTheFocusOfItsButtons()
+{
+    QFETCH(bool, mouse);
+    QFETCH(QString, leave);
+    WindowFixture fixture;
+    MainWindow &window = openAndPlay(fixture, 1);
+    auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
+    auto &button = fixture.button(u"Fullscreen"_s);
+    const auto press = [&] {
+        button.setFocus();
+        QVERIFY(button.hasFocus());
+        if (mouse) {
+            QTest::mouseClick(&button, Qt::LeftButton);
+        } else {
+            QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+        }
+    };
+    press();
+    QVERIFY(window.isFullScreen());
+    QVERIFY(panel.hasFocus());
+
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    window.showFullscreenControls();
+    button.setFocus();
+    if (leave == "button"_L1) {
+        press();
+    } else if (leave == "escape"_L1) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+    } else {
+        window.toggleFullscreen();
+    }
+    QVERIFY(!window.isFullScreen());
+    QVERIFY(panel.hasFocus());
+    // The keys act on the player at once.
+    QTest::keyClick(window.windowHandle(), Qt::Key_F);
+    QVERIFY(window.isFullScreen());
+}
+
+void tst_MainWindowFullscreen::hiddenControlsLeaveTheFocusToThePanel()
+{
+    WindowFixture fixture;
+    MainWindow &window = openAndPlay(fixture, 1);
+    window.toggleFullscreen();
+    QTimer &timer = hideTimer(window);
+    timer.setInterval(1);
+    for (const QString &text : {u"Info"_s, u"10s >>"_s}) {
+        window.showFullscreenControls();
+        fixture.button(text).setFocus();
+        QVERIFY(fixture.button(text).hasFocus());
+        QTRY_VERIFY(!shows(fixture, u"controlsRow"_s));
+        QVERIFY(fixture.find<QWidget>(u"playerPanel"_s).hasFocus());
+    }
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowFullscreen)

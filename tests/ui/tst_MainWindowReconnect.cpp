@@ -36,6 +36,8 @@ private Q_SLOTS:
     void anInterruptionFromAnotherThreadComesQueued();
     void anInterruptedMovieAsksTheUser_data();
     void anInterruptedMovieAsksTheUser();
+    void thePanelTakesTheFocusOfAnInterruptedFilm_data();
+    void thePanelTakesTheFocusOfAnInterruptedFilm();
     void anInterruptionOfNothingAsksTheUser();
     void errorBox_data();
     void errorBox();
@@ -212,6 +214,37 @@ void tst_MainWindowReconnect::anInterruptedMovieAsksTheUser()
         QCOMPARE(fixture.find<QWidget>(row).isVisible(), retried);
     }
     QVERIFY(!fixture.reconnectTimer().isActive());
+}
+
+void tst_MainWindowReconnect::thePanelTakesTheFocusOfAnInterruptedFilm_data()
+{
+    QTest::addColumn<QString>("focused");
+    QTest::addColumn<bool>("boxIsOpen");
+    QTest::newRow("a button of the controls") << u"Pause"_s << false;
+    QTest::newRow("a button beside the slider") << u"<< 10s"_s << false;
+    QTest::newRow("while another box has the keyboard") << u"Pause"_s << true;
+}
+
+void tst_MainWindowReconnect::thePanelTakesTheFocusOfAnInterruptedFilm()
+{
+    QFETCH(QString, focused);
+    QFETCH(bool, boxIsOpen);
+    WindowFixture fixture;
+    MainWindow &window = openAndPlay(fixture, 1, u"Film"_s);
+    fixture.button(focused).setFocus();
+    QVERIFY(fixture.button(focused).hasFocus());
+    const auto interrupt = [&] { Q_EMIT fixture.player().playbackInterrupted(u"it broke"_s); };
+    if (boxIsOpen) {
+        fixture.dialogs.next([&](QDialog &box) {
+            interrupt();
+            QVERIFY(DialogAnswers::click(box, u"Close"_s));
+        });
+        Q_EMIT fixture.player().playbackError(u"no"_s);
+    } else {
+        interrupt();
+    }
+    QVERIFY(fixture.find<QWidget>(u"controlsRow"_s).isHidden());
+    QCOMPARE(window.focusWidget(), &fixture.find<QWidget>(u"playerPanel"_s));
 }
 
 void tst_MainWindowReconnect::anInterruptionOfNothingAsksTheUser()
