@@ -1,6 +1,7 @@
 #include "ui/ClickToSeekSlider.h"
 
 #include <QMouseEvent>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOptionSlider>
 
@@ -20,6 +21,12 @@ int ClickToSeekSlider::valueFromPos(const QPoint &point) const
     const int position = horizontal ? point.x() : point.y();
     return QStyle::sliderValueFromPosition(minimum(), maximum(), position - sliderMin,
                                            sliderMax - sliderMin, option.upsideDown);
+}
+
+void ClickToSeekSlider::letGo()
+{
+    const QSignalBlocker blocker(this);
+    setSliderDown(false);
 }
 
 void ClickToSeekSlider::mousePressEvent(QMouseEvent *event)

@@ -190,6 +190,7 @@ private:
     void changeVolumeBy(int delta);
     void toggleMute();
     void seekByKey(qint64 deltaMs);
+    void endSeekHold();
     void setRowVisible(QWidget *row, bool visible);
     void moveChromeInto(QVBoxLayout *layout);
     void enterFullscreen();

@@ -77,6 +77,8 @@ void MainWindow::replayCurrentStream()
 void MainWindow::startCurrentStream()
 {
     hasMedia = true;
+    // What the user drags to is a time of the stream before.
+    endSeekHold();
     updatePlayerChrome();
     nowPlayingLabel->setText(tr("Playing: ") + currentTitle);
     player->play(currentUrl, currentKind == StreamKind::Live);

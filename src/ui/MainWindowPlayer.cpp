@@ -14,6 +14,7 @@
 #include <QSlider>
 #include <QTabWidget>
 #include <QTimer>
+#include <QWindow>
 
 #include <algorithm>
 #include <limits>
@@ -203,7 +204,15 @@ void MainWindow::onSeekSliderPressed()
 void MainWindow::onSeekSliderReleased()
 {
     seeking = false;
-    player->seek(seekSlider->value());
+    if (seekSlider->maximum() > 0) {
+        player->seek(seekSlider->value());
+    }
+}
+
+void MainWindow::endSeekHold()
+{
+    seeking = false;
+    seekSlider->letGo();
 }
 
 void MainWindow::onPositionChanged(qint64 currentMs, qint64 totalMs)
@@ -223,6 +232,9 @@ void MainWindow::updatePlayerChrome()
 {
     const bool shown = hasMedia && (!fullscreen || fullscreenControlsVisible);
     const bool seekRowShown = shown && StreamKind::isSeekable(currentKind);
+    if (!seekRowShown) {
+        endSeekHold();
+    }
     nowPlayingLabel->setVisible(shown);
     setRowVisible(seekRow, seekRowShown);
     setRowVisible(controlsRow, shown);
@@ -345,6 +357,12 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
             loadThumbnailsAfterResize(moviePosterList);
         } else if (seriesPosterList != nullptr && watched == seriesPosterList->viewport()) {
             loadThumbnailsAfterResize(seriesPosterList);
+        }
+        break;
+    case QEvent::WindowBlocked:
+        if (watched == windowHandle()) {
+            // A dialog opens, and the release of the mouse will not come through to here.
+            endSeekHold();
         }
         break;
     default:

@@ -100,6 +100,7 @@ private Q_SLOTS:
     void otherButtonsAreThoseOfAPlainSlider_data();
     void otherButtonsAreThoseOfAPlainSlider();
     void anotherButtonsReleaseDoesNotEndTheDrag();
+    void lettingGoEndsTheDragSilently();
 
 private:
     static void shapes();
@@ -300,6 +301,28 @@ void tst_ClickToSeekSlider::anotherButtonsReleaseDoesNotEndTheDrag()
     QVERIFY(slider.isSliderDown());
     QCOMPARE(slider.value(), slider.valueFromPos(QPoint(100, 20)));
     QCOMPARE(released.count(), 0);
+}
+
+void tst_ClickToSeekSlider::lettingGoEndsTheDragSilently()
+{
+    ClickToSeekSlider slider(Qt::Horizontal);
+    shapeSlider(slider, {});
+    QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(100, 20));
+    const int value = slider.value();
+    const QSignalSpy pressed(&slider, &QSlider::sliderPressed);
+    const QSignalSpy released(&slider, &QSlider::sliderReleased);
+    slider.letGo();
+    QVERIFY(!slider.isSliderDown());
+    // The rest of the drag.
+    sendMouse(slider, QEvent::MouseMove, QPointF(250, 20), Qt::NoButton, Qt::LeftButton);
+    QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(300, 20));
+    QCOMPARE(slider.value(), value);
+    QCOMPARE(released.count(), 0);
+
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, QPoint(200, 20));
+    QCOMPARE(pressed.count(), 1);
+    QCOMPARE(released.count(), 1);
+    QCOMPARE(slider.value(), slider.valueFromPos(QPoint(200, 20)));
 }
 
 VANTIRO_TEST_MAIN(tst_ClickToSeekSlider)

@@ -57,6 +57,9 @@ private Q_SLOTS:
     void everyStartSetsThePanelsVolume();
     void theButtonsSeek();
     void theSliderSeeksOnRelease();
+    void aClickWithoutALengthSeeksNowhere();
+    void aHoldThatEndsWithoutAReleaseSeeksNowhere_data();
+    void aHoldThatEndsWithoutAReleaseSeeksNowhere();
     void audioMenuWithoutTracks();
     void subtitleMenuWithoutTracks();
     void audioMenuMarksTheCurrentTrack();
@@ -153,6 +156,69 @@ void tst_MainWindowControls::theSliderSeeksOnRelease()
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, place);
     QTRY_VERIFY(fixture.player().timeMs() > wanted - 1000);
     QTRY_VERIFY(slider.value() > wanted - 1000);
+}
+
+void tst_MainWindowControls::aClickWithoutALengthSeeksNowhere()
+{
+    SoundWindow fixture;
+    fixture.play(1);
+    auto &slider = fixture.find<QSlider>(u"seekSlider"_s);
+    fixture.player().seek(4000);
+    QTRY_VERIFY(fixture.player().timeMs() > 3000);
+    // As before the first report of a length.
+    slider.setRange(0, 0);
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, slider.rect().center());
+    QVERIFY(fixture.playsOn());
+    // Reports move it again.
+    QTRY_VERIFY(slider.value() > 4000);
+}
+
+void tst_MainWindowControls::aHoldThatEndsWithoutAReleaseSeeksNowhere_data()
+{
+    QTest::addColumn<QString>("end");
+    QTest::newRow("another film starts") << u"start"_s;
+    QTest::newRow("a channel starts") << u"channel"_s;
+    QTest::newRow("the same film starts again") << u"replay"_s;
+    QTest::newRow("the film is interrupted") << u"interruption"_s;
+    QTest::newRow("a box opens") << u"box"_s;
+    QTest::newRow("fullscreen hides the row") << u"fullscreen"_s;
+}
+
+void tst_MainWindowControls::aHoldThatEndsWithoutAReleaseSeeksNowhere()
+{
+    QFETCH(QString, end);
+    SoundWindow fixture;
+    fixture.play(1);
+    MainWindow &window = fixture.window();
+    auto &slider = fixture.find<QSlider>(u"seekSlider"_s);
+    QTRY_VERIFY(slider.maximum() > 9000);
+    const QSignalSpy released(&slider, &QSlider::sliderReleased);
+    const QPoint place(slider.width() * 3 / 4, slider.height() / 2);
+    QTest::mousePress(&slider, Qt::LeftButton, {}, place);
+    QVERIFY(slider.isSliderDown());
+    if (end == "start"_L1) {
+        fixture.play(1);
+    } else if (end == "channel"_L1) {
+        fixture.play(0);
+    } else if (end == "replay"_L1) {
+        window.replayCurrentStream();
+        QTRY_VERIFY(fixture.player().timeMs() > 0);
+    } else if (end == "interruption"_L1) {
+        Q_EMIT fixture.player().playbackInterrupted(u"it broke"_s);
+    } else if (end == "box"_L1) {
+        Q_EMIT fixture.player().playbackError(u"no"_s);
+    } else {
+        window.toggleFullscreen();
+    }
+    QVERIFY(!slider.isSliderDown());
+    // One that comes after all is none.
+    QTest::mouseRelease(&slider, Qt::LeftButton, {}, place);
+    QCOMPARE(released.count(), 0);
+    QVERIFY(fixture.playsOn());
+
+    // The next film's slider follows it, and can be held again.
+    fixture.play(1);
+    QTRY_VERIFY(slider.maximum() > 9000 && slider.value() > 0 && slider.value() < 5000);
 }
 
 void tst_MainWindowControls::audioMenuWithoutTracks()
