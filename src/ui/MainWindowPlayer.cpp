@@ -2,6 +2,7 @@
 
 #include "player/VlcPlayer.h"
 #include "ui/ClickToSeekSlider.h"
+#include "ui/ElidedLabel.h"
 #include "ui/FormatMs.h"
 
 #include <QBoxLayout>
@@ -67,9 +68,8 @@ QWidget *MainWindow::buildPlayerPanel()
     // A plain widget paints the background of its style sheet only when told so.
     videoSurface->setAttribute(Qt::WA_StyledBackground);
     videoSurface->setMouseTracking(true);
-    nowPlayingLabel = new QLabel(tr("Nothing playing"));
+    nowPlayingLabel = new ElidedLabel(tr("Nothing playing"));
     nowPlayingLabel->setObjectName(u"mutedLabel"_s);
-    nowPlayingLabel->setTextFormat(Qt::PlainText);
     nowPlayingLabel->hide();
 
     playerLayout->addWidget(videoSurface, 1);

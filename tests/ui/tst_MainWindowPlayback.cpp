@@ -3,10 +3,12 @@
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
 
+#include <QHelpEvent>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTimer>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -52,6 +54,7 @@ private Q_SLOTS:
     void playingFocusesThePanel();
     void playingReplacesTheStream();
     void aTitleIsShownAsItIs();
+    void aLongTitleDoesNotWidenTheWindow();
     void positionsMoveTheSlider();
     void positionsThatSayNothingAreIgnored_data();
     void positionsThatSayNothingAreIgnored();
@@ -256,6 +259,40 @@ void tst_MainWindowPlayback::aTitleIsShownAsItIs()
     window.playMediaItem(channelAt(u"<b>One</b> %1 & two"_s));
     QCOMPARE(nowPlaying(fixture), u"Playing: <b>One</b> %1 & two"_s);
     QCOMPARE(fixture.find<QLabel>(u"mutedLabel"_s).textFormat(), Qt::PlainText);
+}
+
+void tst_MainWindowPlayback::aLongTitleDoesNotWidenTheWindow()
+{
+    WindowFixture fixture;
+    MainWindow &window = open(fixture, false);
+    window.playMediaItem(channelAt(u"One"_s));
+    QCoreApplication::processEvents();
+    const auto &panel = fixture.find<QWidget>(u"playerPanel"_s);
+    const QSize least = window.minimumSizeHint();
+    const QSize size = window.size();
+    const QRect place = panel.geometry();
+
+    const QString title = u"A name that goes on "_s.repeated(100);
+    window.playMediaItem(channelAt(title));
+    QCoreApplication::processEvents();
+    QCOMPARE(window.minimumSizeHint(), least);
+    QCOMPARE(window.size(), size);
+    QCOMPARE(panel.geometry(), place);
+    auto &label = fixture.find<QLabel>(u"mutedLabel"_s);
+    QVERIFY(panel.rect().contains(label.geometry()));
+    QCOMPARE(label.text(), u"Playing: "_s + title);
+
+    const QPoint middle = label.rect().center();
+    QHelpEvent event(QEvent::ToolTip, middle, label.mapToGlobal(middle));
+    QCoreApplication::sendEvent(&label, &event);
+    QTRY_VERIFY(QToolTip::text().contains(title.trimmed()));
+    QToolTip::hideText();
+
+    // So it is while it tells of a reconnect.
+    window.onPlaybackInterrupted(u"it broke"_s);
+    QCoreApplication::processEvents();
+    QCOMPARE(window.minimumSizeHint(), least);
+    QCOMPARE(panel.geometry(), place);
 }
 
 void tst_MainWindowPlayback::positionsMoveTheSlider()
