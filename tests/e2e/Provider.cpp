@@ -72,6 +72,14 @@ void Provider::store()
     manager.saveSource(account);
 }
 
+void Provider::storeAlso(const QString &name, const QString &path) const
+{
+    SourceConfig playlist;
+    playlist.name = name;
+    playlist.url = server.url(path);
+    SourceManager(nullptr).saveSource(playlist);
+}
+
 QByteArray Provider::answer(const QString &action) const
 {
     QJsonArray array;

@@ -29,6 +29,9 @@ public:
     /// Puts the account into the profile, as an earlier run would have: the player loads it when it
     /// starts. Answers the player's questions about the catalog from here on.
     void store();
+    /// Puts another source of that name into the profile, a playlist that `server` answers for at
+    /// the path.
+    void storeAlso(const QString &name, const QString &path) const;
 
 private:
     struct Entry

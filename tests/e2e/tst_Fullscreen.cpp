@@ -30,6 +30,8 @@ private Q_SLOTS:
     void filmShowsItsSeekRow();
     void keysReachThePlayer_data();
     void keysReachThePlayer();
+    void keysReachThePlayerAfterTheButton();
+    void aHeldKeySwitchesOnce();
     void withoutMediaThereIsNothingButBlack();
 
 private:
@@ -53,6 +55,9 @@ void TestFullscreen::init()
     provider->addChannel(u"Night News"_s, liveStream(u"grey.ts"_s, 30));
     provider->addFilm(u"Long Film"_s, u"mp4"_s, HttpReply::file(streamPath(u"film.mp4"_s)));
     provider->store();
+    // Sources whose names begin with keys of the player.
+    provider->storeAlso(u"Film Club"_s, u"/film-club.m3u"_s);
+    provider->storeAlso(u"Music"_s, u"/music.m3u"_s);
     session = std::make_unique<PlayerSession>();
     QVERIFY(session->start());
 }
@@ -351,6 +356,66 @@ void TestFullscreen::keysReachThePlayer()
     QVERIFY(Keyboard::press(u"Up"_s, 3));
     QTRY_COMPARE(volume.value(), 100.0);
     QVERIFY(session->seesPicture());
+}
+
+void TestFullscreen::keysReachThePlayerAfterTheButton()
+{
+    watchChannel();
+    const Accessible volume = session->window.waitFor(Role::Slider, u"Volume"_s);
+    const Accessible source = session->window.waitFor(Role::ComboBox, 0);
+    const QString sourceName = source.text();
+    QVERIFY(change(u"button"_s));
+    QTRY_COMPARE(session->videoRect(), Screen::area());
+    QVERIFY(session->seesPicture());
+    QVERIFY(change(u"button"_s));
+    QTRY_VERIFY(!isFullScreen());
+    QVERIFY(session->window.waitFor(Role::Button, u"Add Source..."_s));
+
+    QVERIFY(Keyboard::press(u"m"_s));
+    QTRY_COMPARE(volume.value(), 0.0);
+    QVERIFY(Keyboard::press(u"m"_s));
+    QTRY_COMPARE(volume.value(), 100.0);
+    QVERIFY(Keyboard::press(u"Down"_s));
+    QTRY_COMPARE(volume.value(), 95.0);
+    QVERIFY(Keyboard::press(u"f"_s));
+    QTRY_VERIFY(isFullScreen());
+    QVERIFY(Keyboard::press(u"f"_s));
+    QTRY_VERIFY(!isFullScreen());
+    // None of them chose another source.
+    QVERIFY(session->window.waitFor(Role::Tabs));
+    QCOMPARE(session->window.waitFor(Role::ComboBox, 0).text(), sourceName);
+    QVERIFY(session->showsLabel(title));
+    QCOMPARE(provider->server.requestCount(u"/film-club.m3u"_s), 0);
+    QCOMPARE(provider->server.requestCount(u"/music.m3u"_s), 0);
+    session->keepScreenshot(u"after-fullscreen"_s);
+}
+
+void TestFullscreen::aHeldKeySwitchesOnce()
+{
+    watchChannel();
+    const Accessible volume = session->window.waitFor(Role::Slider, u"Volume"_s);
+    const Accessible search = session->window.waitFor(Role::Edit, u"Search..."_s);
+    // The screen's own repeats: a search line shows that they come.
+    QVERIFY(Mouse::click(search));
+    QTRY_VERIFY(search.isFocused());
+    QVERIFY(Keyboard::hold(u"m"_s));
+    QTRY_VERIFY(search.text().size() > 3);
+    QVERIFY(Keyboard::release(u"m"_s));
+    QVERIFY(Keyboard::fill(search, {}));
+
+    QVERIFY(Mouse::click(session->videoRect().center()));
+    QTRY_VERIFY(!search.isFocused());
+    QVERIFY(Keyboard::hold(u"Down"_s));
+    QTRY_VERIFY(volume.value() < 60.0);
+    QVERIFY(Keyboard::release(u"Down"_s));
+    QVERIFY(Keyboard::hold(u"f"_s));
+    QTRY_VERIFY(isFullScreen());
+    QVERIFY(session->seesPicture());
+    QVERIFY(isFullScreen());
+    QVERIFY(Keyboard::release(u"f"_s));
+    QVERIFY(Keyboard::hold(u"Escape"_s));
+    QTRY_VERIFY(!isFullScreen());
+    QVERIFY(Keyboard::release(u"Escape"_s));
 }
 
 void TestFullscreen::withoutMediaThereIsNothingButBlack()

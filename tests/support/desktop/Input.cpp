@@ -183,6 +183,16 @@ bool press(const QString &keys, int times)
     return xdotool(QStringList{u"key"_s} + QStringList(times, keys));
 }
 
+bool hold(const QString &key)
+{
+    return xdotool({u"keydown"_s, key});
+}
+
+bool release(const QString &key)
+{
+    return xdotool({u"keyup"_s, key});
+}
+
 bool type(const QString &text)
 {
     const bool plain = std::all_of(text.begin(), text.end(), [](QChar character) {

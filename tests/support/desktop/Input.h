@@ -45,6 +45,9 @@ namespace Keyboard {
 
 /// Presses a key, so many times: "Return", "Escape", "space", "Left", "a", "ctrl+a", "alt+F4".
 [[nodiscard]] bool press(const QString &keys, int times = 1);
+/// Presses a key and keeps it down, so that the screen repeats it; end it with release().
+[[nodiscard]] bool hold(const QString &key);
+[[nodiscard]] bool release(const QString &key);
 /// Types printable ASCII characters.
 [[nodiscard]] bool type(const QString &text);
 /// Puts any text in through the clipboard with Ctrl+V. Returns once the program has fetched it.
