@@ -172,23 +172,29 @@ void XtreamClient::fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback
 
 QString XtreamClient::liveStreamUrl(const QString &streamId, const QString &extension) const
 {
-    return streamUrl("live"_L1, streamId, extension);
+    return streamUrl(account(), "live"_L1, streamId, extension);
 }
 
 QString XtreamClient::movieStreamUrl(const QString &streamId, const QString &extension) const
 {
-    return streamUrl("movie"_L1, streamId, extension);
+    return streamUrl(account(), "movie"_L1, streamId, extension);
 }
 
 QString XtreamClient::episodeStreamUrl(const QString &streamId, const QString &extension) const
 {
-    return streamUrl("series"_L1, streamId, extension);
+    return episodeStreamUrl(account(), streamId, extension);
 }
 
-QString XtreamClient::streamUrl(QLatin1StringView kind, const QString &streamId,
-                                const QString &extension) const
+QString XtreamClient::episodeStreamUrl(const XtreamAccount &account, const QString &streamId,
+                                       const QString &extension)
+{
+    return streamUrl(account, "series"_L1, streamId, extension);
+}
+
+QString XtreamClient::streamUrl(const XtreamAccount &account, QLatin1StringView kind,
+                                const QString &streamId, const QString &extension)
 {
     // Put together in one go: a value that holds "%1" or the like must stay as it is.
-    return server + u'/' + kind + u'/' + username + u'/' + password + u'/' + streamId + u'.' +
-           extension;
+    return account.server + u'/' + kind + u'/' + account.username + u'/' + account.password + u'/' +
+           streamId + u'.' + extension;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/CatalogRecords.h"
+#include "providers/XtreamAccount.h"
 
 #include <QJsonDocument>
 #include <QObject>
@@ -30,6 +31,7 @@ public:
     /// Sets the account. One trailing slash of `server` is removed; nothing else is checked.
     /// Requests in flight keep the account that they were sent with.
     void configure(const QString &server, const QString &username, const QString &password);
+    XtreamAccount account() const { return {server, username, password}; }
 
     /// Sends one request. `action` may be empty; `extra` is empty or one "key=value" item. The flag
     /// is true only when the network succeeded and the body is JSON.
@@ -58,14 +60,17 @@ public:
     QString liveStreamUrl(const QString &streamId, const QString &extension) const;
     QString movieStreamUrl(const QString &streamId, const QString &extension) const;
     QString episodeStreamUrl(const QString &streamId, const QString &extension) const;
+    /// The same for another account than the one that is set.
+    static QString episodeStreamUrl(const XtreamAccount &account, const QString &streamId,
+                                    const QString &extension);
     /// @}
 
 private:
     /// Sends one request and hands over its body; the flag is true when the network succeeded.
     void request(const QString &action, const QString &extra,
                  std::function<void(const QByteArray &, bool)> callback);
-    QString streamUrl(QLatin1StringView kind, const QString &streamId,
-                      const QString &extension) const;
+    static QString streamUrl(const XtreamAccount &account, QLatin1StringView kind,
+                             const QString &streamId, const QString &extension);
 
     QNetworkAccessManager *network;
     QString server;

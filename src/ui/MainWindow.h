@@ -3,6 +3,7 @@
 #include "model/CatalogCache.h"
 #include "model/CatalogRecords.h"
 #include "model/SourceConfig.h"
+#include "providers/XtreamAccount.h"
 #include "ui/ItemIndex.h"
 #include "ui/Thumbnails.h"
 
@@ -180,7 +181,7 @@ private:
 
     // ---- MainWindowSeries.cpp ----
     QWidget *buildEpisodePage();
-    void showEpisodes(const QList<Episode> &episodes);
+    void showEpisodes(const QList<Episode> &episodes, const XtreamAccount &account);
     bool hasNextEpisode() const;
 
     // ---- MainWindowPlayer.cpp ----
@@ -284,16 +285,20 @@ private:
     // ---- MainWindowSeries.cpp ----
     QLabel *episodeTitleLabel = nullptr;
     QTreeWidget *episodeTree = nullptr;
-    /// The show of the episode page, and its episodes; a tree row names one by index.
+    /// The show of the episode page, its episodes and their account; a tree row names an episode by
+    /// index.
     QString currentSeriesName;
     QList<Episode> shownEpisodes;
-    /// The show now playing, its episodes and the index of the one that plays, -1 for none.
+    XtreamAccount shownAccount;
+    /// The show now playing, its episodes, their account, which stays the same when the source
+    /// changes, and the index of the episode that plays, -1 for none.
     QString playingSeriesName;
     QList<Episode> episodePlaylist;
     qint32 currentEpisodeIndex = -1;
 
     // ---- MainWindowPlayer.cpp ----
     VlcPlayer *player = nullptr;
+    XtreamAccount playingAccount;
     QWidget *playerPanel = nullptr;
     QVBoxLayout *playerLayout = nullptr;
     QWidget *videoSurface = nullptr;

@@ -42,7 +42,10 @@ QString MainWindow::streamUrlFor(const MediaItem &item) const
     case StreamKind::Movie:
         return xtream->movieStreamUrl(item.id, orDefault(item.containerExtension, movieFormat));
     case StreamKind::Episode:
-        return xtream->episodeStreamUrl(item.id, orDefault(item.containerExtension, movieFormat));
+        // An episode of a series that goes on comes from the account that its show was opened with.
+        return XtreamClient::episodeStreamUrl(
+            currentEpisodeIndex < 0 ? xtream->account() : playingAccount, item.id,
+            orDefault(item.containerExtension, movieFormat));
     default:
         return {};
     }

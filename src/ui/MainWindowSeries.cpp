@@ -52,24 +52,26 @@ void MainWindow::showEpisodesInline(const QString &seriesId, const QString &seri
     episodeTitleLabel->setText(seriesName);
     episodeTree->clear();
     seriesStack->setCurrentIndex(BrowsePage::Episodes);
+    const XtreamAccount account = xtream->account();
 
     QList<Episode> cached;
     if (CatalogCache::loadEpisodes(currentSource.name, seriesId, catalogMaxAgeSeconds, cached)) {
-        showEpisodes(cached);
+        showEpisodes(cached, account);
         return;
     }
-    xtream->fetchSeriesEpisodes(seriesId, [this, sourceName = currentSource.name,
-                                           seriesId](const QList<Episode> &episodes) {
+    xtream->fetchSeriesEpisodes(seriesId, [this, sourceName = currentSource.name, seriesId,
+                                           account](const QList<Episode> &episodes) {
         if (seriesStack->currentIndex() != BrowsePage::Episodes) {
             return;
         }
         CatalogCache::saveEpisodes(sourceName, seriesId, episodes);
-        showEpisodes(episodes);
+        showEpisodes(episodes, account);
     });
 }
 
-void MainWindow::showEpisodes(const QList<Episode> &episodes)
+void MainWindow::showEpisodes(const QList<Episode> &episodes, const XtreamAccount &account)
 {
+    shownAccount = account;
     shownEpisodes = episodes;
     // A late reply may find the rows of another one.
     episodeTree->clear();
@@ -104,6 +106,7 @@ void MainWindow::playEpisodeTreeItem(QTreeWidgetItem *item)
     if (index < 0 || index >= shownEpisodes.size()) {
         return;
     }
+    playingAccount = shownAccount;
     episodePlaylist = shownEpisodes;
     currentEpisodeIndex = index;
     playingSeriesName = currentSeriesName;
@@ -133,6 +136,7 @@ void MainWindow::updateNextEpisodeButton()
 
 void MainWindow::clearSeriesContext()
 {
+    playingAccount = {};
     episodePlaylist.clear();
     currentEpisodeIndex = -1;
     playingSeriesName.clear();

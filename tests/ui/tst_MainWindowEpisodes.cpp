@@ -23,6 +23,9 @@ private Q_SLOTS:
     void nextEpisodeWalksToTheEnd();
     void nextEpisodeBeforeAnyEpisodeDoesNothing();
     void nextEpisodeFollowsThePlayingShow();
+    void nextEpisodeStaysWithItsAccount_data();
+    void nextEpisodeStaysWithItsAccount();
+    void aLateShowPlaysFromTheAccountThatWasAsked();
     void playingFromAnotherTabEndsTheSeries_data();
     void playingFromAnotherTabEndsTheSeries();
     void clearingTheSeriesEndsIt();
@@ -183,33 +186,95 @@ void tst_MainWindowEpisodes::nextEpisodeFollowsThePlayingShow()
     QCOMPARE(series.playingText(), u"Playing: Other - S01E02 - Two"_s);
 }
 
+void tst_MainWindowEpisodes::nextEpisodeStaysWithItsAccount_data()
+{
+    QTest::addColumn<bool>("playlist");
+    QTest::newRow("after a switch to another account") << false;
+    QTest::newRow("after a switch to a playlist") << true;
+}
+
+void tst_MainWindowEpisodes::nextEpisodeStaysWithItsAccount()
+{
+    QFETCH(bool, playlist);
+    HttpServer other;
+    SourceConfig next =
+        playlist ? playlistSource(u"B"_s, u"/nowhere"_s) : accountSource(u"B"_s, other.url());
+    next.username = u"someone"_s;
+    next.password = u"else"_s;
+    SeriesWindow series;
+    for (const QString &section : {u"live"_s, u"movie"_s, u"series"_s, u"channel"_s}) {
+        CatalogCache::save(u"B"_s, section, {});
+    }
+    series.openEpisodes();
+    series.click(series.episodeRow(0, 0));
+    series.window().loadSource(next, false);
+    QTest::mouseClick(&series.nextButton(), Qt::LeftButton);
+    QCOMPARE(series.playingText(), u"Playing: Show - S01E01 - Start"_s);
+    QTRY_VERIFY(series.server.requestCount(u"/series/u/p/11.mp4"_s) > 0);
+    if (playlist) {
+        return;
+    }
+
+    // A show of the new account plays from there.
+    CatalogCache::saveEpisodes(u"B"_s, u"9"_s, mixedSeasons());
+    series.show();
+    series.window().playEpisodeTreeItem(series.episodeRow(0, 0));
+    QTRY_VERIFY(other.requestCount(u"/series/someone/else/21.mkv"_s) > 0);
+}
+
+void tst_MainWindowEpisodes::aLateShowPlaysFromTheAccountThatWasAsked()
+{
+    HttpServer other;
+    SeriesWindow series;
+    for (const QString &section : {u"live"_s, u"movie"_s, u"series"_s}) {
+        CatalogCache::save(u"B"_s, section, {});
+    }
+    CatalogCache::saveEpisodes(u"B"_s, u"8"_s, {});
+    series.open();
+    series.server.on(SeriesWindow::apiPath(), heldReply(seriesInfo()));
+    series.show();
+    QTRY_COMPARE(series.apiRequests(), 1);
+    series.window().loadSource(accountSource(u"B"_s, other.url()), false);
+    series.show(u"8"_s, u"Other"_s);
+    series.server.release(SeriesWindow::apiPath());
+    QTRY_COMPARE(series.tree().topLevelItemCount(), 2);
+    series.window().playEpisodeTreeItem(series.episodeRow(0, 0));
+    QTRY_VERIFY(series.server.requestCount(u"/series/u/p/5.avi"_s) > 0);
+}
+
 void tst_MainWindowEpisodes::playingFromAnotherTabEndsTheSeries_data()
 {
-    QTest::addColumn<bool>("film");
-    QTest::newRow("a channel") << false;
-    QTest::newRow("a film") << true;
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a channel") << u"Channel"_s;
+    QTest::newRow("a film") << u"Film"_s;
+    QTest::newRow("a channel of a playlist") << u"List channel"_s;
 }
 
 void tst_MainWindowEpisodes::playingFromAnotherTabEndsTheSeries()
 {
-    QFETCH(bool, film);
+    QFETCH(QString, name);
     SeriesWindow series;
     series.openEpisodes();
     series.click(series.episodeRow(0, 0));
     QVERIFY(series.nextButton().isEnabled());
-    if (film) {
+    if (name == "Film"_L1) {
         series.window().playMovieRow(0, 0);
-    } else {
+    } else if (name == "Channel"_L1) {
         series.window().playLiveRow(0, 0);
+    } else {
+        CatalogCache::save(u"P"_s, u"channel"_s,
+                           {{}, {channel(name, series.server.url(u"/list.mp3"_s), {})}});
+        series.window().loadSource(playlistSource(u"P"_s, u"/nowhere"_s), false);
+        series.window().playChannelRow(0, 0);
     }
-    const QString text = film ? u"Playing: Film"_s : u"Playing: Channel"_s;
+    const QString text = u"Playing: "_s + name;
     QCOMPARE(series.playingText(), text);
     QVERIFY(!series.nextButton().isVisible());
     QVERIFY(!series.nextButton().isEnabled());
     series.window().playNextEpisode();
     QCOMPARE(series.playingText(), text);
     // The page is still there to play from.
-    series.click(series.episodeRow(0, 1));
+    series.window().playEpisodeTreeItem(series.episodeRow(0, 1));
     QCOMPARE(series.playingText(), u"Playing: Show - S02E02 - End"_s);
     QVERIFY(series.nextButton().isVisible());
     QVERIFY(!series.nextButton().isEnabled());
