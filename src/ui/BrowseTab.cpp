@@ -97,19 +97,25 @@ Skeleton beginSkeleton(QWidget *parent, const QString &kindWord)
 void shareItemsView(const Skeleton &tab, QWidget *view)
 {
     tab.itemsLayout->addWidget(view, 1);
-    QObject::connect(tab.stack, &QStackedWidget::currentChanged, view, [tab, view](int index) {
-        if (index == BrowsePage::Items && view->parentWidget() != tab.itemsPage) {
-            tab.itemsLayout->addWidget(view, 1);
-            view->setVisible(true);
+    const auto showOnCategoryPage = [tab, view](const QString &text) {
+        const bool searching = !text.isEmpty();
+        tab.categoryLabel->setVisible(!searching);
+        tab.categoryList->setVisible(!searching);
+        if (searching && view->parentWidget() != tab.categoryPage) {
+            tab.categoryLayout->addWidget(view, 1);
         }
-    });
-    QObject::connect(tab.allSearch, &QLineEdit::textChanged, view,
-                     [tab, view](const QString &text) {
-                         const bool searching = !text.isEmpty();
-                         tab.categoryLabel->setVisible(!searching);
-                         tab.categoryList->setVisible(!searching);
-                         if (searching && view->parentWidget() != tab.categoryPage) {
-                             tab.categoryLayout->addWidget(view, 1);
+        view->setVisible(searching);
+    };
+    QObject::connect(tab.allSearch, &QLineEdit::textChanged, view, showOnCategoryPage);
+    QObject::connect(tab.stack, &QStackedWidget::currentChanged, view,
+                     [tab, view, showOnCategoryPage](int index) {
+                         if (index == BrowsePage::Items) {
+                             if (view->parentWidget() != tab.itemsPage) {
+                                 tab.itemsLayout->addWidget(view, 1);
+                             }
+                             view->setVisible(true);
+                         } else if (index == BrowsePage::Categories) {
+                             showOnCategoryPage(tab.allSearch->text());
                          }
                          view->setVisible(searching);
                      });

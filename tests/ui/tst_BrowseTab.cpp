@@ -89,6 +89,9 @@ private Q_SLOTS:
     void theViewReturnsToTheItemsPage_data() { kinds(); }
     void theViewReturnsToTheItemsPage();
     void fillsCategories();
+    void theSearchResultsReturnToTheCategoryPage_data() { kinds(); }
+    void theSearchResultsReturnToTheCategoryPage();
+    void aLongTitleNeedsNoRoom();
     void fillsTheTable();
     void fillsThePosterGrid();
 
@@ -289,6 +292,42 @@ void tst_BrowseTab::theViewReturnsToTheItemsPage()
 void tst_BrowseTab::fillsCategories()
 {
     QListWidget list;
+void tst_BrowseTab::theSearchResultsReturnToTheCategoryPage()
+{
+    QFETCH(bool, posters);
+    const Tab tab(posters);
+    tab.show();
+    tab.allSearch->setText(u"n"_s);
+    tab.stack->setCurrentIndex(1);
+    QCOMPARE(tab.view->parentWidget(), tab.stack->widget(1));
+    tab.stack->setCurrentIndex(0);
+    QCOMPARE(tab.view->parentWidget(), tab.stack->widget(0));
+    QVERIFY(tab.view->isVisible());
+    QVERIFY(tab.categoryList->isHidden());
+
+    // The field is cleared in that state, and again while another page shows.
+    for (const int page : {0, 1}) {
+        tab.allSearch->setText(u"n"_s);
+        tab.stack->setCurrentIndex(page);
+        tab.allSearch->clear();
+        tab.stack->setCurrentIndex(0);
+        QVERIFY(tab.categoryList->isVisible());
+        QVERIFY(!tab.view->isVisible());
+        tab.stack->setCurrentIndex(1);
+        QVERIFY(tab.view->isVisible());
+        QCOMPARE(tab.view->parentWidget(), tab.stack->widget(1));
+        tab.stack->setCurrentIndex(0);
+    }
+}
+
+void tst_BrowseTab::aLongTitleNeedsNoRoom()
+{
+    const Tab tab(true);
+    const int width = tab.root->minimumSizeHint().width();
+    tab.titleLabel->setText(QString(5000, u'x'));
+    QCOMPARE(tab.root->minimumSizeHint().width(), width);
+}
+
     fillCategoryList(&list, {{u"7"_s, u"News"_s}, {u"3"_s, u"Sport"_s}});
     QCOMPARE(texts(list), (QStringList{u"All Categories"_s, u"News"_s, u"Sport"_s}));
     QStringList ids;
