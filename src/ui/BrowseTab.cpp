@@ -1,5 +1,6 @@
 #include "ui/BrowseTab.h"
 
+#include "ui/ElidedLabel.h"
 #include "ui/Thumbnails.h"
 
 #include <QBoxLayout>
@@ -62,8 +63,7 @@ void buildItemsPage(Skeleton &tab)
     tab.itemsLayout = new QVBoxLayout(tab.itemsPage);
     auto *titleRow = new QHBoxLayout;
     auto *back = new QPushButton(translated("< Back to Categories"));
-    tab.titleLabel = new QLabel;
-    tab.titleLabel->setTextFormat(Qt::PlainText);
+    tab.titleLabel = new ElidedLabel;
     QFont font = tab.titleLabel->font();
     font.setWeight(QFont::Bold);
     tab.titleLabel->setFont(font);

@@ -2,11 +2,11 @@
 
 #include "providers/XtreamClient.h"
 #include "ui/BrowseTab.h"
+#include "ui/ElidedLabel.h"
 #include "ui/EpisodeItem.h"
 
 #include <QBoxLayout>
 #include <QHash>
-#include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTreeWidget>
@@ -19,9 +19,8 @@ QWidget *MainWindow::buildEpisodePage()
     auto *back = new QPushButton(tr("< Back to Shows"));
     connect(back, &QPushButton::clicked, this,
             [this] { seriesStack->setCurrentIndex(BrowsePage::Items); });
-    episodeTitleLabel = new QLabel;
+    episodeTitleLabel = new ElidedLabel;
     episodeTitleLabel->setObjectName(u"episodeTitleLabel"_s);
-    episodeTitleLabel->setTextFormat(Qt::PlainText);
     QFont font = episodeTitleLabel->font();
     font.setWeight(QFont::Bold);
     episodeTitleLabel->setFont(font);
@@ -52,8 +51,8 @@ void MainWindow::showEpisodesInline(const QString &seriesId, const QString &seri
     episodeTitleLabel->setText(seriesName);
     episodeTree->clear();
     seriesStack->setCurrentIndex(BrowsePage::Episodes);
-    const XtreamAccount account = xtream->account();
 
+    const XtreamAccount account = xtream->account();
     QList<Episode> cached;
     if (CatalogCache::loadEpisodes(currentSource.name, seriesId, catalogMaxAgeSeconds, cached)) {
         showEpisodes(cached, account);
@@ -71,8 +70,8 @@ void MainWindow::showEpisodesInline(const QString &seriesId, const QString &seri
 
 void MainWindow::showEpisodes(const QList<Episode> &episodes, const XtreamAccount &account)
 {
-    shownAccount = account;
     shownEpisodes = episodes;
+    shownAccount = account;
     // A late reply may find the rows of another one.
     episodeTree->clear();
     QHash<qint32, QTreeWidgetItem *> seasonRows;
@@ -106,8 +105,8 @@ void MainWindow::playEpisodeTreeItem(QTreeWidgetItem *item)
     if (index < 0 || index >= shownEpisodes.size()) {
         return;
     }
-    playingAccount = shownAccount;
     episodePlaylist = shownEpisodes;
+    playingAccount = shownAccount;
     currentEpisodeIndex = index;
     playingSeriesName = currentSeriesName;
     playMediaItem(mediaItemFromEpisode(shownEpisodes.at(index), currentSeriesName));
@@ -136,8 +135,8 @@ void MainWindow::updateNextEpisodeButton()
 
 void MainWindow::clearSeriesContext()
 {
-    playingAccount = {};
     episodePlaylist.clear();
+    playingAccount = {};
     currentEpisodeIndex = -1;
     playingSeriesName.clear();
 }

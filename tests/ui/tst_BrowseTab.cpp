@@ -328,6 +328,9 @@ void tst_BrowseTab::aLongTitleNeedsNoRoom()
     QCOMPARE(tab.root->minimumSizeHint().width(), width);
 }
 
+void tst_BrowseTab::fillsCategories()
+{
+    QListWidget list;
     fillCategoryList(&list, {{u"7"_s, u"News"_s}, {u"3"_s, u"Sport"_s}});
     QCOMPARE(texts(list), (QStringList{u"All Categories"_s, u"News"_s, u"Sport"_s}));
     QStringList ids;

@@ -24,6 +24,9 @@ private Q_SLOTS:
     void aReplyAfterGoingBackIsDropped();
     void aReplyAfterASourceSwitchIsDropped();
     void aLateReplyFillsThePageOfAnotherShow();
+    void twoLateRepliesShowTheLastOne();
+    void aLateReplyIsCachedUnderTheSourceOfItsRequest();
+    void aLongNameNeedsNoRoom();
     void aReplyAfterTheWindowIsGone();
     void failuresAreSavedAsNoEpisodes_data();
     void failuresAreSavedAsNoEpisodes();
@@ -218,6 +221,70 @@ void tst_MainWindowSeries::aLateReplyFillsThePageOfAnotherShow()
     QList<Episode> cached;
     QVERIFY(CatalogCache::loadEpisodes(u"A"_s, u"9"_s, 60, cached));
     QVERIFY(!CatalogCache::loadEpisodes(u"A"_s, u"8"_s, 60, cached));
+}
+
+void tst_MainWindowSeries::twoLateRepliesShowTheLastOne()
+{
+    SeriesWindow series;
+    series.open();
+    series.server.on(SeriesWindow::apiPath(), [](const HttpRequest &request) {
+        HttpReply reply = HttpReply::redirect(u"/held"_s + request.queryValue(u"series_id"_s));
+        // Without a pause the client may ask twice.
+        reply.delayMs = 20;
+        return reply;
+    });
+    series.server.on(u"/held9"_s, heldReply(seriesInfo()));
+    series.server.on(u"/held8"_s,
+                     heldReply(R"({"episodes":{"4":[{"id":"80","title":"Only"}]}})"_ba));
+    series.show();
+    series.show(u"8"_s, u"Other"_s);
+    QTRY_COMPARE(series.server.requestCount(u"/held9"_s), 1);
+    QTRY_COMPARE(series.server.requestCount(u"/held8"_s), 1);
+
+    series.server.release(u"/held8"_s);
+    QTRY_COMPARE(treeTexts(series.tree()), (QStringList{u"Season 4"_s, u"  E00 - Only"_s}));
+    series.server.release(u"/held9"_s);
+    QVERIFY(series.settle());
+    QCOMPARE(treeTexts(series.tree()),
+             (QStringList{u"Season 1"_s, u"  E02 - Pilot"_s, u"  E03 - Second"_s, u"Season 10"_s,
+                          u"  E01 - Third"_s}));
+    QList<Episode> cached;
+    QVERIFY(CatalogCache::loadEpisodes(u"A"_s, u"9"_s, 60, cached));
+    QCOMPARE(cached.size(), 3);
+    QVERIFY(CatalogCache::loadEpisodes(u"A"_s, u"8"_s, 60, cached));
+    QCOMPARE(cached.size(), 1);
+    QCOMPARE(cached.constFirst().id, u"80"_s);
+}
+
+void tst_MainWindowSeries::aLateReplyIsCachedUnderTheSourceOfItsRequest()
+{
+    SeriesWindow series;
+    series.open();
+    series.server.on(SeriesWindow::apiPath(), heldReply(seriesInfo()));
+    series.show();
+    QTRY_COMPARE(series.apiRequests(), 1);
+    CatalogCache::save(u"B"_s, u"channel"_s, {});
+    CatalogCache::saveEpisodes(u"B"_s, u"8"_s, {});
+    series.window().loadSource(playlistSource(u"B"_s, u"/nowhere"_s), false);
+    // The page of another show is open when the reply comes.
+    series.show(u"8"_s, u"Other"_s);
+    series.server.release(SeriesWindow::apiPath());
+    QVERIFY(series.settle());
+    QList<Episode> cached;
+    QVERIFY(CatalogCache::loadEpisodes(u"A"_s, u"9"_s, 60, cached));
+    QCOMPARE(cached.size(), 3);
+    QVERIFY(!CatalogCache::loadEpisodes(u"B"_s, u"9"_s, 60, cached));
+}
+
+void tst_MainWindowSeries::aLongNameNeedsNoRoom()
+{
+    SeriesWindow series;
+    SeriesWindow::cacheEpisodes(u"9"_s, {});
+    series.open();
+    series.show();
+    const int width = series.window().minimumSizeHint().width();
+    series.show(u"9"_s, QString(5000, u'x'));
+    QCOMPARE(series.window().minimumSizeHint().width(), width);
 }
 
 void tst_MainWindowSeries::failuresAreSavedAsNoEpisodes_data()
