@@ -15,6 +15,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStackedWidget>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 
 using namespace Qt::StringLiterals;
@@ -117,7 +118,6 @@ void shareItemsView(const Skeleton &tab, QWidget *view)
                          } else if (index == BrowsePage::Categories) {
                              showOnCategoryPage(tab.allSearch->text());
                          }
-                         view->setVisible(searching);
                      });
 }
 
@@ -145,6 +145,21 @@ QTableWidget *makeTable(const QString &kindWord)
     return table;
 }
 
+/// Keeps the place of a whole poster for each entry, whatever the size of its picture. The grid
+/// takes the size of one item for all.
+class PosterDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->decorationSize = posterSize;
+    }
+};
+
 QListWidget *makePosterList()
 {
     auto *list = new QListWidget;
@@ -154,6 +169,7 @@ QListWidget *makePosterList()
     list->setWrapping(true);
     list->setUniformItemSizes(true);
     list->setIconSize(posterSize);
+    list->setItemDelegate(new PosterDelegate(list));
     list->setSpacing(10);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -1,5 +1,6 @@
 #include "support/TestMain.h"
 #include "ui/BrowseTab.h"
+#include "ui/Thumbnails.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -88,12 +89,14 @@ private Q_SLOTS:
     void searchShowsTheResultsInPlaceOfTheCategories();
     void theViewReturnsToTheItemsPage_data() { kinds(); }
     void theViewReturnsToTheItemsPage();
-    void fillsCategories();
     void theSearchResultsReturnToTheCategoryPage_data() { kinds(); }
     void theSearchResultsReturnToTheCategoryPage();
     void aLongTitleNeedsNoRoom();
+    void fillsCategories();
     void fillsTheTable();
     void fillsThePosterGrid();
+    void aPosterLeavesTheCellsAlone_data();
+    void aPosterLeavesTheCellsAlone();
 
 private:
     static void kinds();
@@ -289,9 +292,6 @@ void tst_BrowseTab::theViewReturnsToTheItemsPage()
     }
 }
 
-void tst_BrowseTab::fillsCategories()
-{
-    QListWidget list;
 void tst_BrowseTab::theSearchResultsReturnToTheCategoryPage()
 {
     QFETCH(bool, posters);
@@ -383,6 +383,46 @@ void tst_BrowseTab::fillsThePosterGrid()
 
     fillPosterGrid(tab.posterList, {film}, placeholder);
     QCOMPARE(texts(*tab.posterList), QStringList{u"Film"_s});
+}
+
+void tst_BrowseTab::aPosterLeavesTheCellsAlone_data()
+{
+    QTest::addColumn<QSize>("poster");
+    QTest::newRow("tall") << QSize(100, 4000);
+    QTest::newRow("wide") << QSize(4000, 100);
+    QTest::newRow("tiny") << QSize(2, 3);
+    QTest::newRow("large") << QSize(1400, 2100);
+}
+
+void tst_BrowseTab::aPosterLeavesTheCellsAlone()
+{
+    QFETCH(QSize, poster);
+    const Tab tab(true);
+    tab.show();
+    tab.stack->setCurrentIndex(1);
+    MediaItem film;
+    film.name = u"Film"_s;
+    fillPosterGrid(tab.posterList, {film, film, film}, QIcon(makePlaceholderPoster()));
+    const auto cells = [&tab] {
+        QAbstractItemView &view = *tab.posterList;
+        view.doItemsLayout();
+        QList<QRect> rects;
+        for (int row = 0; row < tab.posterList->count(); ++row) {
+            rects << tab.posterList->visualItemRect(tab.posterList->item(row));
+        }
+        return rects;
+    };
+    const QList<QRect> before = cells();
+    // The place of a whole poster and of one line of text below it.
+    const int lineHeight = tab.posterList->fontMetrics().height();
+    QVERIFY(before.at(0).height() >= posterSize.height() + lineHeight);
+    QVERIFY(before.at(0).height() < posterSize.height() + 2 * lineHeight);
+    QVERIFY(before.at(0).width() >= posterSize.width());
+
+    QPixmap picture(poster);
+    picture.fill(Qt::red);
+    tab.posterList->item(2)->setIcon(QIcon(picture));
+    QCOMPARE(cells(), before);
 }
 
 VANTIRO_TEST_MAIN(tst_BrowseTab)
