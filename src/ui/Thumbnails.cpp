@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 maxPosterPixels = 16'000'000;
+constexpr auto dataScheme = "data:"_L1;
 
 /// Formats that are programs rather than pictures.
 bool isVectorFormat(const QByteArray &format)
@@ -44,6 +45,30 @@ QPixmap makePlaceholderPoster()
 bool isPosterUrl(const QUrl &url)
 {
     return url.scheme() == "http"_L1 || url.scheme() == "https"_L1;
+}
+
+bool isDataUrl(const QString &url)
+{
+    return url.startsWith(dataScheme, Qt::CaseInsensitive);
+}
+
+QByteArray dataUrlBytes(const QString &url)
+{
+    // The longest form of a byte is "%xx".
+    constexpr qsizetype maxEncodedBytes = 3 * maxPosterBytes;
+    const qsizetype comma = url.indexOf(u',');
+    if (!isDataUrl(url) || comma < 0 || url.size() - comma > maxEncodedBytes) {
+        return {};
+    }
+    const QString type = url.mid(dataScheme.size(), comma - dataScheme.size()).trimmed();
+    if (!type.startsWith("image/"_L1, Qt::CaseInsensitive)) {
+        return {};
+    }
+    QByteArray bytes = QByteArray::fromPercentEncoding(QStringView(url).mid(comma + 1).toUtf8());
+    if (type.endsWith(";base64"_L1, Qt::CaseInsensitive)) {
+        bytes = QByteArray::fromBase64(bytes);
+    }
+    return bytes.size() <= maxPosterBytes ? bytes : QByteArray();
 }
 
 QPixmap decodePoster(const QByteArray &bytes)

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QByteArray>
 #include <QMultiHash>
 #include <QPixmap>
 #include <QString>
 
-class QByteArray;
 class QListWidget;
 class QRect;
 class QUrl;
@@ -24,6 +24,13 @@ QPixmap makePlaceholderPoster();
 /// Whether a poster may be fetched from there: over HTTP only, so that no catalog makes the player
 /// read a local file.
 bool isPosterUrl(const QUrl &url);
+
+/// Whether the URL holds the poster itself ("data:...").
+bool isDataUrl(const QString &url);
+
+/// The bytes that a data URL holds, in Base64 or percent-encoded. Empty when it is malformed, says
+/// that it is no image, or holds more than maxPosterBytes.
+QByteArray dataUrlBytes(const QString &url);
 
 /// The picture in the bytes, whatever raster format they have. Null for anything else, and for more
 /// pixels than a poster can want: catalogs come from strangers.

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QIcon>
+#include <QImageReader>
 #include <QImageWriter>
 #include <QListWidget>
 #include <QRandomGenerator>
@@ -105,6 +106,10 @@ private Q_SLOTS:
     void placeholder();
     void posterUrl_data();
     void posterUrl();
+    void dataUrl_data();
+    void dataUrl();
+    void dataUrlsAreLimited();
+    void decodesWebp();
     void decodesRasterPictures_data();
     void decodesRasterPictures();
     void refuses_data();
@@ -181,6 +186,57 @@ void tst_Thumbnails::posterUrl()
     QFETCH(QString, url);
     QFETCH(bool, allowed);
     QCOMPARE(isPosterUrl(QUrl(url)), allowed);
+}
+
+void tst_Thumbnails::dataUrl_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<QByteArray>("bytes");
+    const auto row = [](const char *name, const QString &url, const QByteArray &bytes = {}) {
+        QTest::newRow(name) << url << bytes;
+    };
+    row("Base64", u"data:image/png;base64,AAEC/f7/"_s, "\x00\x01\x02\xfd\xfe\xff"_ba);
+    row("Base64 without padding", u"data:image/png;base64,YWI"_s, "ab"_ba);
+    row("percent-encoded Base64", u"data:image/png;base64,YWI%3D"_s, "ab"_ba);
+    row("with a parameter", u"data:image/png;name=a.png;base64,YWI="_s, "ab"_ba);
+    row("in capitals", u"DATA:IMAGE/PNG;BASE64,YWI="_s, "ab"_ba);
+    row("percent-encoded", u"data:image/gif,GIF89a%00%ff,%2C"_s, "GIF89a\0\xff,,"_ba);
+    row("no bytes", u"data:image/png;base64,"_s);
+    row("no comma", u"data:image/png;base64"_s);
+    row("no type", u"data:;base64,YWI="_s);
+    row("no image", u"data:text/html;base64,YWI="_s);
+    row("another scheme", u"http://a/image/png;base64,YWI="_s);
+    row("nothing", {});
+}
+
+void tst_Thumbnails::dataUrl()
+{
+    QFETCH(QString, url);
+    QFETCH(QByteArray, bytes);
+    QCOMPARE(dataUrlBytes(url), bytes);
+    QCOMPARE(isDataUrl(url), url.startsWith("data:"_L1, Qt::CaseInsensitive));
+}
+
+void tst_Thumbnails::dataUrlsAreLimited()
+{
+    const QString head = u"data:image/png,"_s;
+    QCOMPARE(dataUrlBytes(head + QString(maxPosterBytes, u'x')).size(), maxPosterBytes);
+    QVERIFY(dataUrlBytes(head + QString(maxPosterBytes + 1, u'x')).isEmpty());
+    QVERIFY(dataUrlBytes(head + QString(4 * maxPosterBytes, u'x')).isEmpty());
+    const QByteArray tooLong(maxPosterBytes + 1, 'x');
+    QVERIFY(dataUrlBytes(u"data:image/png;base64,"_s + QString::fromLatin1(tooLong.toBase64()))
+                .isEmpty());
+}
+
+void tst_Thumbnails::decodesWebp()
+{
+    if (!QImageReader::supportedImageFormats().contains("webp")) {
+        QSKIP("Qt's plugin for WebP is not installed");
+    }
+    const QByteArray lossless =
+        QByteArray::fromBase64("UklGRhwAAABXRUJQVlA4TA8AAAAvCMACAAcQRY7+ByKi/wEA"_ba);
+    QCOMPARE(decodePoster(lossless).size(), QSize(9, 12));
+    QCOMPARE(decodePoster(lossless).toImage().pixelColor(4, 6), QColor(200, 0, 0));
 }
 
 void tst_Thumbnails::decodesRasterPictures_data()
