@@ -3,6 +3,7 @@
 #include "model/Age.h"
 #include "model/SourceManager.h"
 #include "player/VlcPlayer.h"
+#include "providers/ReplyTimeout.h"
 #include "ui/BrowseTab.h"
 #include "ui/PlainMessageBox.h"
 #include "ui/SourceDialog.h"
@@ -50,6 +51,8 @@ MainWindow::MainWindow()
     , thumbnailNetwork(new QNetworkAccessManager(this))
     , placeholderPoster(makePlaceholderPoster())
 {
+    thumbnailNetwork->setObjectName(u"thumbnailNetwork"_s);
+    thumbnailNetwork->setTransferTimeout(posterTimeoutMs);
     setWindowTitle(tr("Vantiro Player"));
     resize(1200, 750);
 

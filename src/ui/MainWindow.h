@@ -8,6 +8,7 @@
 #include "ui/Thumbnails.h"
 
 #include <QHash>
+#include <QIcon>
 #include <QMainWindow>
 #include <QPixmap>
 
@@ -206,7 +207,9 @@ private:
     void startCurrentStream();
 
     // ---- MainWindowPosters.cpp ----
+    void downloadThumbnail(QListWidget *list, const QString &url);
     void takeThumbnail(QListWidget *list, const QString &url, const QByteArray &body);
+    void askAgainForThumbnail(QListWidget *list, const QString &url);
 
     // Members, grouped by the same files.
 
@@ -294,11 +297,11 @@ private:
     /// changes, and the index of the episode that plays, -1 for none.
     QString playingSeriesName;
     QList<Episode> episodePlaylist;
+    XtreamAccount playingAccount;
     qint32 currentEpisodeIndex = -1;
 
     // ---- MainWindowPlayer.cpp ----
     VlcPlayer *player = nullptr;
-    XtreamAccount playingAccount;
     QWidget *playerPanel = nullptr;
     QVBoxLayout *playerLayout = nullptr;
     QWidget *videoSurface = nullptr;
@@ -336,7 +339,8 @@ private:
     // ---- MainWindowPosters.cpp ----
     QNetworkAccessManager *thumbnailNetwork = nullptr;
     QPixmap placeholderPoster;
-    QHash<QString, QPixmap> thumbnailCache;
-    /// Which rows of each grid show which poster.
+    /// One icon for each poster, shared by all items that show it.
+    QHash<QString, QIcon> thumbnailCache;
+    /// Which rows of each grid wait for which poster.
     QHash<const QListWidget *, PosterRows> posterRows;
 };

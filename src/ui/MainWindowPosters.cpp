@@ -10,6 +10,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -52,17 +54,23 @@ void MainWindow::requestThumbnail(QListWidget *list, QListWidgetItem *item, cons
     if (url.isEmpty()) {
         return;
     }
-    const auto known = thumbnailCache.constFind(url);
-    if (known != thumbnailCache.constEnd()) {
-        item->setIcon(QIcon(*known));
-        return;
+    auto known = thumbnailCache.constFind(url);
+    if (known == thumbnailCache.constEnd()) {
+        const QPixmap poster =
+            isDataUrl(url) ? decodePoster(dataUrlBytes(url)) : loadCachedPoster(url);
+        if (poster.isNull()) {
+            downloadThumbnail(list, url);
+            return;
+        }
+        known = thumbnailCache.insert(url, QIcon(poster));
     }
-    const QPixmap cached = loadCachedPoster(url);
-    if (!cached.isNull()) {
-        thumbnailCache.insert(url, cached);
-        item->setIcon(QIcon(cached));
-        return;
+    if (item->icon().cacheKey() != known->cacheKey()) {
+        item->setIcon(*known);
     }
+}
+
+void MainWindow::downloadThumbnail(QListWidget *list, const QString &url)
+{
     const QUrl address(url);
     if (!isPosterUrl(address)) {
         return;
@@ -75,27 +83,51 @@ void MainWindow::requestThumbnail(QListWidget *list, QListWidgetItem *item, cons
             reply->abort();
         }
     });
-    connect(reply, &QNetworkReply::finished, this, [this, reply, list = QPointer(list), url] {
-        reply->deleteLater();
-        if (reply->error() == QNetworkReply::NoError && mayBeImage(*reply)) {
-            takeThumbnail(list, url, reply->readAll());
-        }
-    });
+    // A request may wait for others to the same server, and its timeout runs meanwhile.
+    const auto waited = std::make_shared<bool>(true);
+    const auto begin = [waited] { *waited = false; };
+    connect(reply, &QNetworkReply::socketStartedConnecting, reply, begin);
+    connect(reply, &QNetworkReply::requestSent, reply, begin);
+    connect(reply, &QNetworkReply::finished, this,
+            [this, reply, waited, list = QPointer(list), url] {
+                reply->deleteLater();
+                if (*waited && reply->error() == QNetworkReply::OperationCanceledError) {
+                    askAgainForThumbnail(list, url);
+                } else if (reply->error() == QNetworkReply::NoError && mayBeImage(*reply)) {
+                    takeThumbnail(list, url, reply->readAll());
+                }
+            });
 }
 
 void MainWindow::takeThumbnail(QListWidget *list, const QString &url, const QByteArray &body)
 {
-    const QPixmap poster = decodePoster(body);
-    if (poster.isNull()) {
+    // Another entry with the same poster may have got it already.
+    auto known = thumbnailCache.constFind(url);
+    if (known == thumbnailCache.constEnd()) {
+        const QPixmap poster = decodePoster(body);
+        if (poster.isNull()) {
+            return;
+        }
+        saveCachedPoster(url, body);
+        known = thumbnailCache.insert(url, QIcon(poster));
+    }
+    if (list == nullptr) {
         return;
     }
-    saveCachedPoster(url, body);
-    thumbnailCache.insert(url, poster);
+    const QList<int> rows = posterRows[list].take(*list, url);
+    for (const int row : rows) {
+        list->item(row)->setIcon(*known);
+    }
+}
+
+void MainWindow::askAgainForThumbnail(QListWidget *list, const QString &url)
+{
     if (list == nullptr) {
         return;
     }
     const QList<int> rows = posterRows[list].of(*list, url);
     for (const int row : rows) {
-        list->item(row)->setIcon(QIcon(poster));
+        list->item(row)->setData(PosterRole::Requested, false);
     }
+    loadVisibleThumbnails(list);
 }

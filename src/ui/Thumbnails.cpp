@@ -139,3 +139,10 @@ QList<int> PosterRows::of(const QListWidget &grid, const QString &url)
     }
     return rows.values(url);
 }
+
+QList<int> PosterRows::take(const QListWidget &grid, const QString &url)
+{
+    const QList<int> waiting = of(grid, url);
+    rows.remove(url);
+    return waiting;
+}

@@ -52,13 +52,15 @@ struct RowRange
 };
 RowRange rowsInBand(const QListWidget &grid, const QRect &band);
 
-/// Which rows of a grid show the poster of a URL. Reads the grid once per fill, on first use.
+/// Which rows of a grid wait for the poster of a URL. Reads the grid once per fill, on first use.
 class PosterRows final
 {
 public:
     /// Call it when the grid was filled anew.
     void forget() { known = false; }
     QList<int> of(const QListWidget &grid, const QString &url);
+    /// As of(), and they wait no longer.
+    QList<int> take(const QListWidget &grid, const QString &url);
 
 private:
     QMultiHash<QString, int> rows;

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int requestedRole = Qt::UserRole + 2;
 constexpr int moviesTab = 1;
+constexpr int showsTab = 2;
 constexpr int itemsPage = 1;
 
 } // namespace
@@ -48,6 +49,13 @@ QListWidget &PosterWindow::grid() const
 QListWidget &PosterWindow::otherGrid() const
 {
     return windowFixture.find<QListWidget>(u"seriesPosterList"_s);
+}
+
+void PosterWindow::showOtherGrid() const
+{
+    windowFixture.find<QTabWidget>(u"tabs"_s).setCurrentIndex(showsTab);
+    windowFixture.find<QStackedWidget>(u"seriesStack"_s).setCurrentIndex(itemsPage);
+    QCoreApplication::processEvents();
 }
 
 void PosterWindow::fill(const QStringList &urls) const
@@ -124,5 +132,12 @@ HttpReply imageReply(const QByteArray &body, const QByteArray &contentType)
 {
     HttpReply reply = bodyReply(body);
     reply.contentType = contentType;
+    return reply;
+}
+
+HttpReply heldImage(const QByteArray &body)
+{
+    HttpReply reply = imageReply(body);
+    reply.held = true;
     return reply;
 }

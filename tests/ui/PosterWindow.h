@@ -24,8 +24,9 @@ public:
     WindowFixture &fixture() { return windowFixture; }
     MainWindow &window() const { return windowFixture.window(); }
     QListWidget &grid() const;
-    /// The grid of the other poster tab, not on screen.
+    /// The grid of the other poster tab, not on screen before showOtherGrid().
     QListWidget &otherGrid() const;
+    void showOtherGrid() const;
 
     /// Fills a grid with one entry per poster URL; the pass over the visible ones comes later, from
     /// the event loop.
@@ -52,3 +53,5 @@ QList<int> rowsNearView(const QListWidget &grid);
 /// A picture of 14 x 21 pixels in one colour.
 QByteArray pngOf(const QColor &color);
 HttpReply imageReply(const QByteArray &body, const QByteArray &contentType = "image/png");
+/// Waits for HttpServer::release().
+HttpReply heldImage(const QByteArray &body);

@@ -139,8 +139,13 @@ void tst_MainWindowBadPosters::badUrl_data()
     QTest::newRow("no scheme") << u"//127.0.0.1/good.png"_s;
     QTest::newRow("a broken port") << u"http://127.0.0.1:99999/good.png"_s;
     QTest::newRow("http without a host") << u"http:///good.png"_s;
-    QTest::newRow("data") << u"data:image/png;base64,"_s +
-                                 QString::fromLatin1(pngOf(Qt::green).toBase64());
+    QTest::newRow("data that is no picture") << u"data:image/png;base64,AAAA"_s;
+    QTest::newRow("data that says it is no picture")
+        << u"data:text/plain;base64,"_s + QString::fromLatin1(pngOf(Qt::green).toBase64());
+    QTest::newRow("data with an SVG")
+        << u"data:image/svg+xml,"_s + QString::fromLatin1(svgBomb().toPercentEncoding());
+    QTest::newRow("data with a hundred million pixels")
+        << u"data:image/png;base64,"_s + QString::fromLatin1(blankPng({10000, 10000}).toBase64());
     QTest::newRow("ftp") << u"ftp://127.0.0.1/good.png"_s;
     QTest::newRow("a resource") << u"qrc:/qt-project.org/styles/commonstyle/images/up-32.png"_s;
     QTest::newRow("an unknown scheme") << u"poster://127.0.0.1/good.png"_s;

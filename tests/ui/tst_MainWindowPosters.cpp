@@ -27,13 +27,6 @@ QString pathOf(int row)
     return u"/posters/%1.png"_s.arg(row);
 }
 
-HttpReply heldImage(const QByteArray &body)
-{
-    HttpReply reply = imageReply(body);
-    reply.held = true;
-    return reply;
-}
-
 QByteArray fileBytes(const QString &path)
 {
     QFile file(path);
@@ -68,14 +61,10 @@ private Q_SLOTS:
     void aRestartReadsFromDisk();
     void aCorruptFileIsDownloadedAnew();
     void theFileHoldsTheBytesAsTheyCame();
-    void oneUrlInTwoEntriesIsRequestedTwice();
-    void farEntriesWithTheSameUrlGetThePoster();
-    void theOtherGridIsNotTouchedByAReply();
     void anEntryWithoutAUrlKeepsThePlaceholder();
     void redirectsAreFollowed();
     void contentType_data();
     void contentType();
-    void aReplyAfterARefillServesTheNewItems();
     void aReplyForAnEntryThatIsGoneIsKept();
     void aReplyAfterTheWindowIsGone();
 
@@ -304,50 +293,6 @@ void tst_MainWindowPosters::theFileHoldsTheBytesAsTheyCame()
     QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 1);
 }
 
-void tst_MainWindowPosters::oneUrlInTwoEntriesIsRequestedTwice()
-{
-    server->on(pathOf(0), heldImage(pngOf(red)));
-    PosterWindow posters;
-    posters.fill({server->url(pathOf(0)), server->url(pathOf(0))});
-    QTRY_COMPARE(server->requestCount(pathOf(0)), 2);
-    QVERIFY(posters.showsPlaceholder(0));
-    server->release(pathOf(0));
-    QVERIFY(posters.settle());
-    QCOMPARE(posters.color(0), red);
-    QCOMPARE(posters.color(1), red);
-    QCOMPARE(server->requestCount(), 2);
-}
-
-void tst_MainWindowPosters::farEntriesWithTheSameUrlGetThePoster()
-{
-    QStringList list = urls(1000);
-    list[900] = list.at(0);
-    list[901] = list.at(0).toUpper();
-    PosterWindow posters;
-    posters.fill(list);
-    QVERIFY(posters.settle());
-    QCOMPARE(posters.color(900), red);
-    QVERIFY(!posters.wasAskedFor(900));
-    // The URL must be the very same.
-    QVERIFY(posters.showsPlaceholder(901));
-    QVERIFY(posters.showsPlaceholder(902));
-}
-
-void tst_MainWindowPosters::theOtherGridIsNotTouchedByAReply()
-{
-    server->on(pathOf(0), heldImage(pngOf(red)));
-    PosterWindow posters;
-    posters.fill(urls(1));
-    QTRY_COMPARE(server->requestCount(pathOf(0)), 1);
-    // Without an event in between: its own pass has not run.
-    server->release(pathOf(0));
-    QVERIFY(posters.settle());
-    posters.fill(posters.otherGrid(), urls(1));
-    QCOMPARE(posters.color(posters.otherGrid(), 0), QColor(45, 45, 48));
-    QTRY_COMPARE(posters.color(posters.otherGrid(), 0), red);
-    QCOMPARE(server->requestCount(), 1);
-}
-
 void tst_MainWindowPosters::anEntryWithoutAUrlKeepsThePlaceholder()
 {
     PosterWindow posters;
@@ -395,20 +340,6 @@ void tst_MainWindowPosters::contentType()
     QCOMPARE(server->requestCount(), 1);
     QCOMPARE(posters.color(0), taken ? red : QColor(45, 45, 48));
     QCOMPARE(QFile::exists(thumbnailCachePath(urls(1).constFirst())), taken);
-}
-
-void tst_MainWindowPosters::aReplyAfterARefillServesTheNewItems()
-{
-    server->on(pathOf(0), heldImage(pngOf(blue)));
-    PosterWindow posters;
-    posters.fill(urls(1));
-    QTRY_COMPARE(server->requestCount(pathOf(0)), 1);
-    posters.fill({server->url(pathOf(7)), server->url(pathOf(0))});
-    QTRY_COMPARE(server->requestCount(pathOf(0)), 2);
-    server->release(pathOf(0));
-    QVERIFY(posters.settle());
-    QCOMPARE(posters.color(0), red);
-    QCOMPARE(posters.color(1), blue);
 }
 
 void tst_MainWindowPosters::aReplyForAnEntryThatIsGoneIsKept()

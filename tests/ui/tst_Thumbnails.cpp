@@ -385,6 +385,10 @@ void tst_Thumbnails::posterRows()
     QCOMPARE(sorted(u"b"_s), QList<int>{1});
     QCOMPARE(sorted(u"A"_s), QList<int>{4});
     QCOMPARE(sorted(u"c"_s), QList<int>());
+    QCOMPARE(rows.take(*grid.list, u"a"_s).size(), 2);
+    QCOMPARE(sorted(u"a"_s), QList<int>());
+    QCOMPARE(rows.take(*grid.list, u"a"_s), QList<int>());
+    QCOMPARE(sorted(u"b"_s), QList<int>{1});
 
     grid.fill({u"c"_s});
     rows.forget();
