@@ -1,149 +1,51 @@
 #include "app/TraceSecrets.h"
 
-#include <QHash>
-#include <QList>
+#include "app/CredentialPatterns.h"
+#include "app/NetLog.h"
+
 #include <QRegularExpression>
-#include <QStringList>
-#include <QUrl>
-#include <QUrlQuery>
 
 #include <algorithm>
-#include <vector>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QByteArray mask = "***"_ba;
-// The longest spelling of one byte is a percent sign encoded a few times over, or "&#x0000ff;".
-constexpr qsizetype longestSpellingOfByte = 16;
+// How far behind the cut of a body credentials are recognised by their name or place.
+constexpr qsizetype patternSlack = 1024;
 
-/// Spellings that only some characters have: in forms, as HTML names, as short JSON escapes.
-QString ownSpelling(char32_t character)
+/// A secret, and how many scopes know it.
+struct Secret
 {
-    static const QHash<char32_t, QString> spellings = {
-        {U' ', u"\\+"_s},     {U'&', u"&amp;"_s},          {U'<', u"&lt;"_s},
-        {U'>', u"&gt;"_s},    {U'"', u"\\\\+\"|&quot;"_s}, {U'\'', u"&apos;"_s},
-        {U'/', u"\\\\+/"_s},  {U'\\', u"\\\\{2,}"_s},      {U'\n', u"\\\\+n"_s},
-        {U'\r', u"\\\\+r"_s}, {U'\t', u"\\\\+t"_s},        {U'\b', u"\\\\+b"_s},
-        {U'\f', u"\\\\+f"_s}};
-    return spellings.value(character);
-}
-
-/// The spellings of one character, as a pattern over UTF-8 bytes read as Latin-1.
-QString characterPattern(char32_t character)
-{
-    const QString text = QString::fromUcs4(&character, 1);
-    const QByteArray bytes = text.toUtf8();
-    QString percent;
-    for (const char byte : bytes) {
-        percent += u"%(?:25)*(?i:"_s + QString::fromLatin1(QByteArray(1, byte).toHex()) + u')';
-    }
-    QString json;
-    for (const QChar unit : text) {
-        json += u"\\\\+u(?i:%1)"_s.arg(unit.unicode(), 4, 16, QLatin1Char('0'));
-    }
-    const auto number = static_cast<uint>(character);
-    QStringList spellings{percent, json,
-                          u"&#(?:0*%1|(?i:x0*%2));"_s.arg(number).arg(number, 0, 16)};
-    if (const QString own = ownSpelling(character); !own.isEmpty()) {
-        spellings << own;
-    }
-    // As it is comes last: a percent sign, say, also begins its own encoding.
-    spellings << QRegularExpression::escape(QString::fromLatin1(bytes));
-    return u"(?:"_s + spellings.join(u'|') + u')';
-}
-
-QString base64Pattern(const QString &secret)
-{
-    const QByteArray utf8 = secret.toUtf8();
-    const auto plain = utf8.toBase64(QByteArray::OmitTrailingEquals);
-    const auto urlSafe =
-        utf8.toBase64(QByteArray::OmitTrailingEquals | QByteArray::Base64UrlEncoding);
-    return QRegularExpression::escape(QString::fromLatin1(plain)) + u'|' +
-           QRegularExpression::escape(QString::fromLatin1(urlSafe));
-}
-
-QString secretPattern(const QString &secret)
-{
-    QString pattern;
-    for (const char32_t character : secret.toUcs4()) {
-        pattern += characterPattern(character);
-    }
-    return pattern + u'|' + base64Pattern(secret);
-}
-
-/// The registered secrets, each with the expression that finds it.
-struct SecretList
-{
-    struct Secret
-    {
-        QString text;
-        QRegularExpression expression;
-        bool continues = false; ///< a later piece of a long secret
-    };
-
-    QList<Secret> secrets;
-    /// In bytes of UTF-8.
-    qsizetype longest = 0;
-
-    void add(const QString &text)
-    {
-        // An expression for very many characters would be too large to compile.
-        constexpr qsizetype longestPiece = 64;
-        const qsizetype pieces = (text.size() + longestPiece - 1) / longestPiece;
-        const qsizetype pieceSize = pieces == 0 ? 0 : (text.size() + pieces - 1) / pieces;
-        for (qsizetype start = 0; start < text.size(); start += pieceSize) {
-            addPiece(text.mid(start, pieceSize), start > 0);
-        }
-    }
-
-private:
-    void addPiece(const QString &text, bool continues)
-    {
-        const bool known =
-            std::any_of(secrets.cbegin(), secrets.cend(),
-                        [&text](const Secret &secret) { return secret.text == text; });
-        if (!known) {
-            secrets.append({text, QRegularExpression(secretPattern(text)), continues});
-            longest = std::max(longest, text.toUtf8().size());
-        }
-    }
+    SecretSpelling spelling;
+    int scopes = 0;
 };
 
-SecretList &secretList()
+std::map<QString, Secret> &knownSecrets()
 {
-    static SecretList list;
-    return list;
+    static std::map<QString, Secret> secrets;
+    return secrets;
 }
 
 /// Where secrets stand in a text, in its order; those that overlap count as one.
-struct Range
+QList<TextRange> findSecrets(const QByteArray &utf8)
 {
-    qsizetype start = 0;
-    qsizetype end = 0;
-    bool continues = false;
-};
-
-std::vector<Range> findSecrets(const QString &haystack)
-{
-    std::vector<Range> found;
-    for (const SecretList::Secret &secret : std::as_const(secretList().secrets)) {
-        auto matches = secret.expression.globalMatch(haystack);
-        while (matches.hasNext()) {
-            const auto match = matches.next();
-            found.push_back({match.capturedStart(), match.capturedEnd(), secret.continues});
-        }
+    // One Latin-1 character per byte lets one expression work on bytes of any encoding.
+    QList<TextRange> found = findCredentialValues(QString::fromLatin1(utf8));
+    for (const auto &[text, secret] : knownSecrets()) {
+        found += secret.spelling.find(utf8);
     }
-    std::sort(found.begin(), found.end(),
-              [](const Range &left, const Range &right) { return left.start < right.start; });
-    std::vector<Range> merged;
-    for (const Range &range : found) {
-        const qsizetype reach = merged.empty() ? 0 : merged.back().end;
-        if (range.start < reach || (range.continues && range.start == reach && reach > 0)) {
-            merged.back().end = std::max(merged.back().end, range.end);
+    std::sort(found.begin(), found.end(), [](const TextRange &left, const TextRange &right) {
+        return left.start < right.start;
+    });
+    QList<TextRange> merged;
+    for (const TextRange &range : std::as_const(found)) {
+        if (!merged.isEmpty() && range.start < merged.constLast().end) {
+            merged.last().end = std::max(merged.constLast().end, range.end);
         } else {
-            merged.push_back(range);
+            merged.append(range);
         }
     }
     return merged;
@@ -152,14 +54,14 @@ std::vector<Range> findSecrets(const QString &haystack)
 QByteArray maskedHead(const QByteArray &utf8, qsizetype maxBytes)
 {
     // A secret that begins before the cut may go on behind it.
-    const qsizetype slack = secretList().longest * longestSpellingOfByte;
+    qsizetype slack = patternSlack;
+    for (const auto &[text, secret] : knownSecrets()) {
+        slack = std::max(slack, SecretSpelling::longest(text.toUtf8().size()));
+    }
     const qsizetype end = std::min(maxBytes, utf8.size());
-    // One Latin-1 character per byte lets one expression work on bytes of any encoding.
-    const QString haystack =
-        QString::fromLatin1(utf8.constData(), std::min(utf8.size(), end + slack));
     QByteArray result;
     qsizetype copied = 0;
-    for (const Range &range : findSecrets(haystack)) {
+    for (const TextRange &range : findSecrets(utf8.left(end + slack))) {
         if (range.start >= end) {
             break;
         }
@@ -173,37 +75,47 @@ QByteArray maskedHead(const QByteArray &utf8, qsizetype maxBytes)
     return result;
 }
 
-bool namesCredential(const QString &queryKey)
-{
-    static const QRegularExpression expression(u"pass|pwd|token|secret|key|auth"_s,
-                                               QRegularExpression::CaseInsensitiveOption);
-    return expression.match(queryKey).hasMatch();
-}
-
 } // namespace
 
-void hideFromTrace(const QString &secret)
+/// Counts the secrets up and, in the end, down again.
+struct RedactionScope::Registration
 {
-    secretList().add(secret);
-}
-
-void hideUrlCredentialsFromTrace(const QString &url)
-{
-    const QUrl parsed(url, QUrl::TolerantMode);
-    hideFromTrace(parsed.password(QUrl::FullyDecoded));
-    const auto items = QUrlQuery(parsed).queryItems(QUrl::FullyDecoded);
-    for (const auto &[key, value] : items) {
-        if (namesCredential(key)) {
-            hideFromTrace(value);
-            // Forms write a blank as a plus sign.
-            hideFromTrace(QString(value).replace(u'+', u' '));
+    explicit Registration(QStringList texts)
+        : secrets(std::move(texts))
+    {
+        for (const QString &text : secrets) {
+            ++knownSecrets().try_emplace(text, Secret{SecretSpelling(text)}).first->second.scopes;
         }
     }
-    static const QRegularExpression accountPath(
-        u"/(?:live|movie|series)/[^/?#]+/([^/?#]+)/[^/?#]+"_s);
-    const auto match = accountPath.match(url);
-    if (match.hasMatch()) {
-        hideFromTrace(QUrl::fromPercentEncoding(match.captured(1).toUtf8()));
+
+    ~Registration()
+    {
+        for (const QString &text : secrets) {
+            const auto known = knownSecrets().find(text);
+            if (--known->second.scopes == 0) {
+                knownSecrets().erase(known);
+            }
+        }
+    }
+
+    Q_DISABLE_COPY_MOVE(Registration)
+
+private:
+    const QStringList secrets;
+};
+
+RedactionScope::RedactionScope(const QString &secret, const QString &url)
+{
+    if (!netDebugEnabled()) {
+        return;
+    }
+    QStringList secrets = urlCredentials(url) << secret;
+    secrets.removeIf([](const QString &text) {
+        constexpr qsizetype shortestSecret = 4;
+        return text.size() < shortestSecret;
+    });
+    if (!secrets.isEmpty()) {
+        registration = std::make_shared<const Registration>(std::move(secrets));
     }
 }
 
@@ -215,8 +127,10 @@ QString traceSafe(const QString &text)
 
 QString traceSafeUrl(const QString &url)
 {
+    // The short form leads to live streams only.
     static const QRegularExpression shortForm(
-        u"^(\\w+://[^/?#]+/[^/?#]+/)[^/?#]+(/\\d+(?:\\.\\w+)?(?:[?#].*)?)$"_s);
+        u"^(\\w+://[^/?#]+/[^/?#]+/)[^/?#]+(/\\d+(?:\\.(?:ts|m3u8))?(?:[?#].*)?)$"_s);
+    const RedactionScope ownCredentials({}, url);
     QString masked = url;
     masked.replace(shortForm, u"\\1***\\2"_s);
     return traceSafe(masked);

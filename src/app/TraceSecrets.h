@@ -3,19 +3,29 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
+
 /// Keeps credentials out of trace lines. All functions are for the GUI thread.
 
-/// From now on traceSafe() and traceSafeHead() replace `secret` by "***". An empty text is ignored.
-void hideFromTrace(const QString &secret);
+/// While it or a copy of it lives, traceSafe() and its kind replace a secret by "***" wherever it
+/// stands, in each spelling that SecretSpelling.h names.
+///
+/// Secrets of less than four characters would blank innocent texts; they are hidden only under the
+/// names and in the places that CredentialPatterns.h names. Costs nothing while tracing is off.
+class RedactionScope final
+{
+public:
+    RedactionScope() = default;
+    /// Redacts `secret`, and the credentials that `url` carries. Either may be empty.
+    explicit RedactionScope(const QString &secret, const QString &url = {});
 
-/// Registers the credentials that a URL carries: the password of its user info, the values of query
-/// items that name a password, key or token, and the password segment of account stream paths
-/// ("/live/user/password/1.ts", likewise "movie" and "series").
-void hideUrlCredentialsFromTrace(const QString &url);
+private:
+    struct Registration;
+    std::shared_ptr<const Registration> registration;
+};
 
-/// `text` with every registered secret replaced by "***". A secret is found in each spelling that a
-/// URL, a JSON text or an HTML page can give it, character by character: as it is, percent-encoded
-/// (also several times over), with a JSON escape, as a character reference, and whole in Base64.
+/// `text` with every secret that a RedactionScope knows, and every value that stands under the name
+/// or in the place of a credential, replaced by "***".
 QString traceSafe(const QString &text);
 
 /// traceSafe() for a stream URL. Masks also what stands where the short form of account streams has

@@ -153,7 +153,6 @@ void VlcPlayer::play(const QString &url, bool live)
         return;
     }
     if (netDebugEnabled()) {
-        hideUrlCredentialsFromTrace(url);
         NetLogStream() << "[VLC] play ->" << traceSafeUrl(url);
     }
     isLive.store(live);

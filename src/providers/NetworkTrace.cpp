@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QNetworkReply>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -18,11 +19,19 @@ QString httpStatus(const QNetworkReply &reply)
 
 } // namespace
 
+QString traceSafeError(const QNetworkReply &reply)
+{
+    // The error text of an HTTP failure quotes the URL to which the last redirect led. That one may
+    // repeat under an innocent name what the first one called a password.
+    const RedactionScope asked({}, reply.request().url().toString(QUrl::FullyEncoded));
+    const RedactionScope answered({}, reply.url().toString(QUrl::FullyEncoded));
+    return traceSafe(reply.errorString());
+}
+
 void traceFailedReply(const char *tag, const QNetworkReply &reply)
 {
     if (netDebugEnabled()) {
-        // The error text of an HTTP failure quotes the request's URL.
-        NetLogStream() << tag << "<- error:" << traceSafe(reply.errorString())
+        NetLogStream() << tag << "<- error:" << traceSafeError(reply)
                        << "http status:" << httpStatus(reply);
     }
 }

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <QString>
+
 class QByteArray;
 class QNetworkReply;
 
 /// How much of a reply's body a trace line shows, in bytes.
 inline constexpr int traceBodyBytes = 2000;
+
+/// A failed reply's error text, without the credentials of the addresses that it was asked from.
+QString traceSafeError(const QNetworkReply &reply);
 
 /// Traces a failed reply (error text and HTTP status) under `tag`, when tracing is on.
 void traceFailedReply(const char *tag, const QNetworkReply &reply);

@@ -1,7 +1,6 @@
 #include "providers/XtreamClient.h"
 
 #include "app/NetLog.h"
-#include "app/TraceSecrets.h"
 #include "providers/NetworkTrace.h"
 #include "providers/XtreamCatalog.h"
 
@@ -61,7 +60,7 @@ void XtreamClient::configure(const QString &serverUrl, const QString &user, cons
     server = serverUrl.endsWith(u'/') ? serverUrl.chopped(1) : serverUrl;
     username = user;
     password = pass;
-    hideFromTrace(password);
+    redaction = RedactionScope(password, server);
 }
 
 void XtreamClient::get(const QString &action, const QString &extra,
@@ -103,17 +102,19 @@ void XtreamClient::request(const QString &action, const QString &extra,
         // Qt connects the signal to its own slot anew at each hop and would follow it twice.
         QObject::disconnect(reply, &QNetworkReply::redirectAllowed, nullptr, nullptr);
     });
-    connect(reply, &QNetworkReply::finished, this, [reply, callback = std::move(callback)] {
-        reply->deleteLater();
-        if (reply->error() != QNetworkReply::NoError) {
-            traceFailedReply("[Xtream]", *reply);
-            callback({}, false);
-            return;
-        }
-        const QByteArray body = reply->readAll();
-        traceReply("[Xtream]", *reply, body);
-        callback(body, true);
-    });
+    // Keeps the password redacted until the reply is traced, whatever account is set meanwhile.
+    connect(reply, &QNetworkReply::finished, this,
+            [reply, sent = redaction, callback = std::move(callback)] {
+                reply->deleteLater();
+                if (reply->error() != QNetworkReply::NoError) {
+                    traceFailedReply("[Xtream]", *reply);
+                    callback({}, false);
+                    return;
+                }
+                const QByteArray body = reply->readAll();
+                traceReply("[Xtream]", *reply, body);
+                callback(body, true);
+            });
 }
 
 void XtreamClient::testLogin(std::function<void(bool, const QString &)> callback)

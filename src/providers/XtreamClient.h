@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/TraceSecrets.h"
 #include "model/CatalogRecords.h"
 #include "providers/XtreamAccount.h"
 
@@ -76,4 +77,5 @@ private:
     QString server;
     QString username;
     QString password;
+    RedactionScope redaction; ///< of this account's credentials
 };

@@ -71,7 +71,7 @@ QString ZevrinoClient::serviceBaseUrl()
 
 void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
 {
-    hideFromTrace(subscriptionKey);
+    const RedactionScope redaction(subscriptionKey);
     QNetworkRequest request(QUrl(endpoint(), QUrl::TolerantMode));
     request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
     const QByteArray body = QJsonDocument(QJsonObject{{u"subscription_key"_s, subscriptionKey}})
@@ -80,18 +80,20 @@ void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
         NetLogStream() << "[Zevrino] ->" << endpoint() << traceSafe(QString::fromUtf8(body));
     }
     QNetworkReply *reply = network->post(request, body);
-    connect(reply, &QNetworkReply::finished, this, [reply, callback = std::move(callback)] {
-        reply->deleteLater();
-        if (reply->error() != QNetworkReply::NoError) {
-            traceFailedReply("[Zevrino]", *reply);
-            callback(false, {}, tr("Could not reach server: ") + reply->errorString());
-            return;
-        }
-        const QByteArray replyBody = reply->readAll();
-        const Outcome outcome = readReply(replyBody);
-        // The reply carries the account's password, which must be known before it is traced.
-        hideFromTrace(outcome.credentials.password);
-        traceReply("[Zevrino]", *reply, replyBody);
-        callback(outcome.ok, outcome.credentials, outcome.message);
-    });
+    connect(reply, &QNetworkReply::finished, this,
+            [reply, redaction, callback = std::move(callback)] {
+                reply->deleteLater();
+                if (reply->error() != QNetworkReply::NoError) {
+                    traceFailedReply("[Zevrino]", *reply);
+                    callback(false, {}, tr("Could not reach server: ") + reply->errorString());
+                    return;
+                }
+                const QByteArray replyBody = reply->readAll();
+                const Outcome outcome = readReply(replyBody);
+                // The reply may repeat the account's password outside the member of that name.
+                const RedactionScope account(outcome.credentials.password,
+                                             outcome.credentials.serverUrl);
+                traceReply("[Zevrino]", *reply, replyBody);
+                callback(outcome.ok, outcome.credentials, outcome.message);
+            });
 }

@@ -5,6 +5,7 @@
 #include "model/Age.h"
 #include "model/SourceManager.h"
 #include "providers/M3uParser.h"
+#include "providers/NetworkTrace.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
 #include "ui/PlainMessageBox.h"
@@ -70,8 +71,7 @@ void MainWindow::loadM3uSource(const SourceConfig &config, bool force)
 void MainWindow::downloadPlaylist(const SourceConfig &config)
 {
     if (netDebugEnabled()) {
-        hideUrlCredentialsFromTrace(config.url);
-        NetLogStream() << "[M3U] ->" << traceSafe(config.url);
+        NetLogStream() << "[M3U] ->" << traceSafeUrl(config.url);
     }
     QNetworkReply *reply = network->get(QNetworkRequest(QUrl(config.url)));
     connect(reply, &QNetworkReply::finished, this, [this, reply, name = config.name] {
@@ -79,7 +79,7 @@ void MainWindow::downloadPlaylist(const SourceConfig &config)
         if (reply->error() != QNetworkReply::NoError) {
             const QString error = reply->errorString();
             if (netDebugEnabled()) {
-                NetLogStream() << "[M3U] <- error:" << traceSafe(error);
+                NetLogStream() << "[M3U] <- error:" << traceSafeError(*reply);
             }
             catalogFetchStepDone();
             PlainMessageBox::warn(this, tr("Load Playlist"),

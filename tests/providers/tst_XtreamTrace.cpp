@@ -14,8 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-// Runs with VANTIRO_NET_DEBUG=1 in its environment. A password that was hidden once stays hidden,
-// so each test has credentials of its own.
+// Runs with VANTIRO_NET_DEBUG=1 in its environment.
 
 namespace {
 
@@ -48,6 +47,10 @@ private Q_SLOTS:
     void xtreamPasswordIsMaskedEverywhere_data();
     void xtreamPasswordIsMaskedEverywhere();
     void xtreamRedirectQuotingThePassword();
+    void xtreamRedirectToACredentialOfItsOwn();
+    void xtreamUserInformation();
+    void xtreamShortPassword();
+    void xtreamForgetsThePasswordWithTheClient();
     void xtreamEmptyPasswordMasksNothing();
     void xtreamTwoSlashesMakeAnEmptySegment();
     void xtreamBodyIsCut_data();
@@ -56,6 +59,8 @@ private Q_SLOTS:
     void linesInTheOrderOfEvents();
 
     void zevrinoSuccess();
+    void zevrinoReplyWithoutSuccess_data();
+    void zevrinoReplyWithoutSuccess();
     void zevrinoHttpError();
     void zevrinoWithoutAnswer();
     void zevrinoKeyIsMaskedEverywhere_data();
@@ -178,7 +183,7 @@ void tst_XtreamTrace::xtreamPasswordIsMaskedEverywhere_data()
         << u"V\u00e9\U0001F511"_s << R"(V\u00e9\ud83d\udd11)"_ba;
     QTest::newRow("blanks") << u"W x y"_s << "W x y"_ba;
     QTest::newRow("expression signs") << u"X.*[y](z){1}$^|"_s << "X.*[y](z){1}$^|"_ba;
-    QTest::newRow("a percent sign at the end") << u"Qp%"_s << "Qp%"_ba;
+    QTest::newRow("a percent sign at the end") << u"Qpw%"_s << "Qpw%"_ba;
     QTest::newRow("a percent sequence") << u"Y%41Z%zz"_s << "Y%41Z%zz"_ba;
 }
 
@@ -207,6 +212,50 @@ void tst_XtreamTrace::xtreamRedirectQuotingThePassword()
     QVERIFY2(trace.contains(u"/joe/***/x?p=***"_s), qPrintable(trace));
     QVERIFY2(!trace.contains(u"Redir"_s), qPrintable(trace));
     QCOMPARE(trace.count(u'\n'), 2);
+}
+
+void tst_XtreamTrace::xtreamRedirectToACredentialOfItsOwn()
+{
+    server->on(api, HttpReply::redirect(u"/cdn?token=Hop-Token&q=Hop-Token"_s));
+    server->on(u"/cdn"_s, status(403));
+    const QString trace = traceOfGet(u"Own-Redir-Pw"_s);
+    QVERIFY2(trace.contains(server->url(u"/cdn?token=***&q=*** "_s)), qPrintable(trace));
+}
+
+void tst_XtreamTrace::xtreamUserInformation()
+{
+    const QString address = server->url().replace(u"://"_s, u"://anna:Info%2FPw@"_s);
+    XtreamClient client(nullptr);
+    client.configure(address, u"joe"_s, u"User-Info-Pw"_s);
+    server->on(api, status(200, R"(["Info\/Pw"])"_ba));
+    TraceCapture trace;
+    int calls = 0;
+    client.get({}, {}, [&calls](const QJsonDocument &, bool) { ++calls; });
+    QTRY_COMPARE(calls, 1);
+    const QString shown = server->url().replace(u"://"_s, u"://anna:***@"_s);
+    QCOMPARE(trace.take(), u"[Xtream] -> "_s + shown +
+                               u"/player_api.php?username=joe&password=*** \n"_s +
+                               u"[Xtream] <- 200 [\"***\"] \n"_s);
+}
+
+void tst_XtreamTrace::xtreamShortPassword()
+{
+    server->on(api, status(200, R"({"user_info":{"password":"1","auth":1},"id":1})"_ba));
+    QCOMPARE(traceOfGet(u"1"_s, u"get_series&id=1"_s),
+             u"[Xtream] -> "_s + server->url(api) +
+                 u"?username=joe&password=***&action=get_series%26id%3D1 \n"_s +
+                 uR"([Xtream] <- 200 {"user_info":{"password":"***","auth":1},"id":1} )"_s +
+                 u"\n"_s);
+}
+
+void tst_XtreamTrace::xtreamForgetsThePasswordWithTheClient()
+{
+    // The source dialog tests an account with a client of its own.
+    (void)traceOfGet(u"get_series"_s);
+    server->on(api, status(200, R"(["get_series"])"_ba));
+    const QString trace = traceOfGet(u"Another-Pw"_s, u"get_series"_s);
+    QVERIFY2(trace.contains(u"&action=get_series "_s), qPrintable(trace));
+    QVERIFY2(trace.endsWith(u"200 [\"get_series\"] \n"_s), qPrintable(trace));
 }
 
 void tst_XtreamTrace::xtreamEmptyPasswordMasksNothing()
@@ -301,6 +350,29 @@ void tst_XtreamTrace::zevrinoSuccess()
                  uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
                  uR"([Zevrino] <- 200 {"status":"success","data":{"server_url":"http://h",)"_s +
                  uR"("username":"u","password":"***"},"key":"***"} )"_s + u"\n"_s);
+}
+
+void tst_XtreamTrace::zevrinoReplyWithoutSuccess_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    const QByteArray data = R"("data":{"username":"u","password":"Unknown-Pw"})"_ba;
+    QTest::newRow("refused") << R"({"status":"expired",)" + data + '}';
+    QTest::newRow("not an object") << "[{" + data + "}]";
+    QTest::newRow("cut") << R"({"status":"success","data":{"password":"Unknown-Pw)"_ba;
+    QTest::newRow("malformed") << "<br/>{'status':ok " + data + " garbage";
+    QTest::newRow("missing credentials") << R"({"status":"success",)" + data + '}';
+    QTest::newRow("over the cut") << R"({"status":"expired","x":")" + QByteArray(1930, 'x') +
+                                         "\"," + data + '}';
+}
+
+void tst_XtreamTrace::zevrinoReplyWithoutSuccess()
+{
+    QFETCH(const QByteArray, body);
+    secure->on(credentialsPath, HttpReply::json(body));
+    const QString trace = traceOfResolve(u"ZV-KEY-5"_s);
+    QVERIFY2(trace.contains(u"***"_s), qPrintable(trace));
+    QVERIFY2(trace.contains(uR"("password":"***)"_s), qPrintable(trace));
+    QVERIFY2(!trace.contains(u"Unkn"_s), qPrintable(trace));
 }
 
 void tst_XtreamTrace::zevrinoHttpError()

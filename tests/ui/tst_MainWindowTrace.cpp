@@ -53,6 +53,8 @@ private Q_SLOTS:
     void aFailedDownload();
     void aFileAndTheCacheWriteNothing();
     void playingAndReconnecting();
+    void aRedirectToACredential();
+    void innocentFoldersAreTraced();
     void noLineShowsThePassword_data();
     void noLineShowsThePassword();
 
@@ -127,6 +129,41 @@ void tst_MainWindowTrace::playingAndReconnecting()
                           u"[VLC] live reconnect attempt 2 - again "_s}));
 }
 
+void tst_MainWindowTrace::aRedirectToACredential()
+{
+    WindowFixture fixture;
+    server->on(u"/list.m3u"_s, HttpReply::redirect(u"/cdn/list?token=Hop%20Token&x=Hop%20Token"_s));
+    WindowFixture::store(playlistSource(u"A"_s, server->url(u"/list.m3u"_s), neverLoaded));
+    TraceCapture capture;
+    fixture.open();
+    QTRY_COMPARE(fixture.dialogs.seen().size(), 1);
+    const QStringList lines = traceLines(capture.take());
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(lines.at(1), u"[M3U] <- error: Error transferring "_s +
+                              server->url(u"/cdn/list?token=***&x=***"_s) +
+                              u" - server replied: Not Found "_s);
+}
+
+void tst_MainWindowTrace::innocentFoldersAreTraced()
+{
+    WindowFixture fixture;
+    server->onPrefix(u"/"_s, [](const HttpRequest &) { return heldReply(); });
+    WindowFixture::store(playlistSource(u"A"_s, u"/nowhere"_s));
+    CatalogCache::save(u"A"_s, u"channel"_s, {});
+    MainWindow &window = fixture.open();
+    TraceCapture capture;
+    // The first URL's values are hidden in its own line only.
+    QStringList expected;
+    for (const auto &[path, shown] : QList<std::pair<QString, QString>>{
+             {u"/live/joe/football/1.ts?author=1&pass=x"_s,
+              u"/live/joe/***/1.ts?author=1&pass=***"_s},
+             {u"/football/1/x/film.mp4"_s, u"/football/1/x/film.mp4"_s}}) {
+        window.playMediaItem(channel(u"One"_s, server->url(path), {}));
+        expected << u"[VLC] play -> "_s + server->url(shown) + u' ';
+    }
+    QCOMPARE(traceLines(capture.take()), expected);
+}
+
 void tst_MainWindowTrace::noLineShowsThePassword_data()
 {
     QTest::addColumn<QString>("password");
@@ -142,6 +179,8 @@ void tst_MainWindowTrace::noLineShowsThePassword_data()
     QTest::newRow("in a path") << odd << u"/live/u/%1/list.m3u"_s << 404;
     QTest::newRow("under another name") << odd << u"/list.m3u?user=u&pass=%1"_s << 404;
     QTest::newRow("as a token") << odd << u"/list.m3u?Token=%1"_s << 404;
+    QTest::newRow("in a playlist's path") << odd << u"/playlist/u/%1/m3u_plus"_s << 404;
+    QTest::newRow("in a playlist's path, found") << odd << u"/playlist/u/%1/list.m3u"_s << 200;
 }
 
 void tst_MainWindowTrace::noLineShowsThePassword()
