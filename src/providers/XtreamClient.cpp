@@ -2,6 +2,7 @@
 
 #include "app/NetLog.h"
 #include "providers/NetworkTrace.h"
+#include "providers/RedirectFollower.h"
 #include "providers/XtreamCatalog.h"
 
 #include <QJsonObject>
@@ -97,11 +98,7 @@ void XtreamClient::request(const QString &action, const QString &extra,
         NetLogStream() << "[Xtream] ->" << traceSafe(url.toString(QUrl::FullyEncoded));
     }
     QNetworkReply *reply = network->get(networkRequest);
-    connect(reply, &QNetworkReply::redirected, reply, [reply] {
-        Q_EMIT reply->redirectAllowed();
-        // Qt connects the signal to its own slot anew at each hop and would follow it twice.
-        QObject::disconnect(reply, &QNetworkReply::redirectAllowed, nullptr, nullptr);
-    });
+    new RedirectFollower(reply);
     // Keeps the password redacted until the reply is traced, whatever account is set meanwhile.
     connect(reply, &QNetworkReply::finished, this,
             [reply, sent = redaction, callback = std::move(callback)] {
