@@ -25,12 +25,13 @@ void addExtraItem(QUrlQuery &query, const QString &extra)
     }
 }
 
-/// A text as the value of a query item. QUrlQuery takes "%2b" for an encoded plus sign, and servers
-/// take a plus sign for a blank; and it writes "key" for a null value instead of "key=".
+/// A text as the value of a query item. Servers take a plus sign for a blank, and QUrlQuery leaves
+/// one as it is; and it writes "key" for a null value instead of "key=". What is percent-encoded
+/// already stays so: accounts are pasted in that form.
 QString queryValue(const QString &text)
 {
     QString value = text.isNull() ? u""_s : text;
-    return value.replace(u'%', "%25"_L1).replace(u'+', "%2B"_L1);
+    return value.replace(u'+', "%2B"_L1);
 }
 
 QString categoryItem(const QString &categoryId)

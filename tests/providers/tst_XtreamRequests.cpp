@@ -1,7 +1,9 @@
+#include "app/TraceSecrets.h"
 #include "providers/Await.h"
 #include "providers/XtreamClient.h"
 #include "support/HttpServer.h"
 #include "support/TestMain.h"
+#include "support/TraceCapture.h"
 
 #include <QJsonDocument>
 #include <QTest>
@@ -49,6 +51,9 @@ private Q_SLOTS:
     void query();
     void accountIsEncoded_data();
     void accountIsEncoded();
+    void percentSignsAreQtsMatter_data();
+    void percentSignsAreQtsMatter();
+    void withoutTheSwitchNothingIsTraced();
     void serverAddress_data();
     void serverAddress();
     void twoSlashesAtTheRoot();
@@ -147,6 +152,49 @@ void tst_XtreamRequests::accountIsEncoded()
     const QList<std::pair<QString, QString>> items{
         {u"username"_s, text}, {u"password"_s, text}, {u"action"_s, u"a"_s}};
     QCOMPARE(server->requests().first().query, items);
+}
+
+void tst_XtreamRequests::percentSignsAreQtsMatter_data()
+{
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("received");
+    QTest::newRow("in percent form") << u"a%20b"_s << u"a%20b"_s << u"a b"_s;
+    QTest::newRow("delimiters in percent form")
+        << u"a%26b%3Dc%23%2F"_s << u"a%26b%3Dc%23%2F"_s << u"a&b=c#/"_s;
+    QTest::newRow("not ASCII in percent form") << u"%C3%BC"_s << u"%C3%BC"_s << u"\u00fc"_s;
+    QTest::newRow("a plus sign in percent form") << u"a%2Bb"_s << u"a%2Bb"_s << u"a+b"_s;
+    QTest::newRow("a percent sign in percent form") << u"100%25"_s << u"100%25"_s << u"100%"_s;
+    QTest::newRow("a percent sign at the end") << u"100%"_s << u"100%25"_s << u"100%"_s;
+    QTest::newRow("no digits") << u"%zz"_s << u"%25zz"_s << u"%zz"_s;
+    QTest::newRow("a plus sign") << u"a+b"_s << u"a%2Bb"_s << u"a+b"_s;
+    QTest::newRow("delimiters") << u"a&b=c"_s << u"a%26b%3Dc"_s << u"a&b=c"_s;
+    QTest::newRow("not ASCII") << u"\u00fc"_s << u"%C3%BC"_s << u"\u00fc"_s;
+}
+
+void tst_XtreamRequests::percentSignsAreQtsMatter()
+{
+    QFETCH(const QString, password);
+    QFETCH(const QString, sent);
+    QFETCH(const QString, received);
+    client->configure(server->url(), u"joe"_s, password);
+    QCOMPARE(get(*client).calls, 1);
+    QCOMPARE(server->requests().size(), 1);
+    QCOMPARE(server->requests().first().target, u"/player_api.php?username=joe&password="_s + sent);
+    QCOMPARE(server->requests().first().queryValue(u"password"_s), received);
+}
+
+void tst_XtreamRequests::withoutTheSwitchNothingIsTraced()
+{
+    TraceCapture trace;
+    client->configure(server->url(), u"joe"_s, u"Silent-Pw"_s);
+    QCOMPARE(get(*client).calls, 1);
+    server->on(api, status(403, "Silent-Pw"_ba));
+    QCOMPARE(get(*client).calls, 1);
+    QCOMPARE(trace.take(), QString());
+    // No secret was registered either.
+    const RedactionScope redaction(u"Silent-Pw"_s, u"http://u:Silent-Url-Pw@h/"_s);
+    QCOMPARE(traceSafe(u"Silent-Pw Silent-Url-Pw"_s), u"Silent-Pw Silent-Url-Pw"_s);
 }
 
 void tst_XtreamRequests::serverAddress_data()
