@@ -3,6 +3,7 @@
 #include "app/NetLog.h"
 #include "providers/NetworkTrace.h"
 #include "providers/RedirectFollower.h"
+#include "providers/ReplyTimeout.h"
 #include "providers/XtreamCatalog.h"
 
 #include <QJsonObject>
@@ -55,7 +56,9 @@ auto parsedBy(QList<Record> (*parse)(const QByteArray &),
 XtreamClient::XtreamClient(QObject *parent)
     : QObject(parent)
     , network(new QNetworkAccessManager(this))
-{}
+{
+    network->setTransferTimeout(replyTimeoutMs);
+}
 
 void XtreamClient::configure(const QString &serverUrl, const QString &user, const QString &pass)
 {
@@ -100,6 +103,7 @@ void XtreamClient::request(const QString &action, const QString &extra,
     }
     QNetworkReply *reply = network->get(networkRequest);
     new RedirectFollower(reply);
+    keepTimeoutBehindRedirects(reply);
     // Keeps the password redacted until the reply is traced, whatever account is set meanwhile.
     connect(reply, &QNetworkReply::finished, this,
             [reply, sent = redaction, callback = std::move(callback)] {

@@ -16,8 +16,8 @@ class QNetworkAccessManager;
 /// catalog, and the URLs of its streams.
 ///
 /// GUI thread only. Each callback is called exactly once, later, on the GUI thread, unless the
-/// client is destroyed first. Requests are independent and may run side by side; they have no
-/// time-out and are not repeated.
+/// client is destroyed first. Requests are independent and may run side by side; one that
+/// makes no progress for replyTimeoutMs fails, and none is repeated.
 class XtreamClient final : public QObject
 {
     Q_OBJECT

@@ -3,6 +3,7 @@
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
 #include "providers/NetworkTrace.h"
+#include "providers/ReplyTimeout.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -62,7 +63,9 @@ Outcome readReply(const QByteArray &body)
 ZevrinoClient::ZevrinoClient(QObject *parent)
     : QObject(parent)
     , network(new QNetworkAccessManager(this))
-{}
+{
+    network->setTransferTimeout(replyTimeoutMs);
+}
 
 QString ZevrinoClient::serviceBaseUrl()
 {
@@ -80,6 +83,7 @@ void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
         NetLogStream() << "[Zevrino] ->" << endpoint() << traceSafe(QString::fromUtf8(body));
     }
     QNetworkReply *reply = network->post(request, body);
+    keepTimeoutBehindRedirects(reply);
     connect(reply, &QNetworkReply::finished, this,
             [reply, redaction, callback = std::move(callback)] {
                 reply->deleteLater();

@@ -36,7 +36,8 @@ public:
     static QString serviceBaseUrl();
 
     /// Asks the service. The callback is called exactly once, later, on the GUI thread, unless the
-    /// client is destroyed first.
+    /// client is destroyed first. A service that makes no progress for replyTimeoutMs counts as
+    /// unreachable.
     void resolve(const QString &subscriptionKey, Callback callback);
 
 private:
