@@ -22,6 +22,11 @@ QString versionText()
            u'\n';
 }
 
+void report(const QString &message)
+{
+    std::fputs(qPrintable(message + u'\n'), stderr);
+}
+
 } // namespace
 
 bool CommandLine::asksForText(int argc, char **argv)
@@ -32,27 +37,29 @@ bool CommandLine::asksForText(int argc, char **argv)
     });
 }
 
-void CommandLine::process(const QCoreApplication &app)
+std::optional<int> CommandLine::process(const QCoreApplication &app)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QCoreApplication::translate("CommandLine", "A player for internet television."));
-    parser.addHelpOption();
+    const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version(
         {u"v"_s, u"version"_s},
         QCoreApplication::translate("CommandLine", "Displays version information."));
     parser.addOption(version);
-    parser.process(app);
+    if (!parser.parse(app.arguments())) {
+        report(parser.errorText());
+    }
+    if (parser.isSet(help) || parser.isSet(u"help-all"_s)) {
+        std::fputs(qPrintable(parser.helpText()), stdout);
+        return EXIT_SUCCESS;
+    }
     if (parser.isSet(version)) {
         std::fputs(qPrintable(versionText()), stdout);
-        std::exit(EXIT_SUCCESS); // NOLINT(concurrency-mt-unsafe): no other thread yet
+        return EXIT_SUCCESS;
     }
-    if (!parser.positionalArguments().isEmpty()) {
-        std::fputs(
-            qPrintable(QCoreApplication::translate("CommandLine", "Unexpected argument '%1'.")
-                           .arg(parser.positionalArguments().constFirst()) +
-                       u'\n'),
-            stderr);
-        std::exit(EXIT_FAILURE); // NOLINT(concurrency-mt-unsafe): no other thread yet
+    for (const QString &word : parser.positionalArguments()) {
+        report(QCoreApplication::translate("CommandLine", "Unexpected argument '%1'.").arg(word));
     }
+    return std::nullopt;
 }

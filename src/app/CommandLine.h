@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 class QCoreApplication;
 
 /// The few words that the program understands on its command line.
@@ -8,8 +10,9 @@ namespace CommandLine {
 /// Whether the words ask only for a text ("--help", "--version"), for which no display is needed.
 bool asksForText(int argc, char **argv);
 
-/// Answers "--help" and "--version" and leaves the process with status 0, or with status 1 after a
-/// message for a word that it does not know. Returns when there is nothing to answer.
-void process(const QCoreApplication &app);
+/// Answers "--help" and "--version" on standard output and returns the status with which the
+/// process is to end. Without either returns nothing, and the program starts: words that it does
+/// not know are only reported on standard error.
+std::optional<int> process(const QCoreApplication &app);
 
 } // namespace CommandLine

@@ -72,12 +72,16 @@ int main(int argc, char **argv)
     if (CommandLine::asksForText(argc, argv)) {
         const QCoreApplication textOnly(argc, argv);
         nameApplication();
-        CommandLine::process(textOnly);
+        if (const auto status = CommandLine::process(textOnly)) {
+            return *status;
+        }
     }
     preferX11OverWayland();
     QApplication app(argc, argv);
     nameApplication();
-    CommandLine::process(app);
+    if (const auto status = CommandLine::process(app)) {
+        return *status;
+    }
     Theme::apply(app);
     showInstalledIcon();
 

@@ -1,0 +1,138 @@
+// What the program sets at its start and what it writes, seen in the program itself: a plugin
+// (start_probe.cpp) reports from within.
+
+#include "model/SourceManager.h"
+#include "support/HttpServer.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The status with which the probe ends the event loop.
+constexpr int probeStatus = 7;
+
+struct Run
+{
+    int exitCode = -1;
+    QByteArray errors;
+    QStringList report;
+};
+
+} // namespace
+
+class tst_StartUp : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void whatMainSets();
+    void unknownWordsAreReported_data();
+    void unknownWordsAreReported();
+    void isSilentWithoutTheSwitch();
+
+private:
+    /// Runs the program until it has loaded and cached its playlist.
+    Run run(const QStringList &words = {}, bool traces = false);
+
+    std::unique_ptr<HttpServer> server;
+};
+
+void tst_StartUp::init()
+{
+    PrivateProfile::current().clear();
+    server = std::make_unique<HttpServer>();
+    HttpReply playlist;
+    playlist.body = "#EXTINF:-1,One\nhttp://127.0.0.1:9/1\n"_ba;
+    server->on(u"/list.m3u"_s, playlist);
+    SourceConfig source;
+    source.name = u"A"_s;
+    source.url = server->url(u"/list.m3u"_s);
+    SourceManager manager(nullptr);
+    manager.saveSource(source);
+}
+
+Run tst_StartUp::run(const QStringList &words, bool traces)
+{
+    const QString folder = PrivateProfile::current().root();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"QT_PLUGIN_PATH"_s, QStringLiteral(VANTIRO_PROBE_PLUGINS));
+    environment.insert(u"QT_QPA_GENERIC_PLUGINS"_s, u"start_probe"_s);
+    environment.insert(u"VANTIRO_PROBE_REPORT"_s, folder + u"/report"_s);
+    environment.insert(u"VANTIRO_PROBE_AWAITS"_s,
+                       PrivateProfile::current().appDataDir() + u"/catalog_cache/A.json"_s);
+    environment.remove(u"VANTIRO_NET_DEBUG"_s);
+    if (traces) {
+        environment.insert(u"VANTIRO_NET_DEBUG"_s, u"1"_s);
+    }
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(VANTIRO_PLAYER), words);
+    Run result;
+    if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit) {
+        result.exitCode = process.exitCode();
+    }
+    result.errors = process.readAllStandardError();
+    // What Qt's offscreen platform says of any window.
+    result.errors.replace("This plugin does not support propagateSizeHints()\n"_ba, ""_ba);
+    QFile report(folder + u"/report"_s);
+    if (report.open(QIODevice::ReadOnly)) {
+        result.report = QString::fromUtf8(report.readAll()).split(u'\n');
+    }
+    return result;
+}
+
+void tst_StartUp::whatMainSets()
+{
+    const Run result = run();
+    QCOMPARE(result.exitCode, probeStatus);
+    QCOMPARE(result.report,
+             (QStringList{u"Vantiro Player"_s, u"Vantiro"_s, u"JPEG warnings off"_s,
+                          u"colour profile warnings off"_s, u"window #1e2026"_s,
+                          u"style sheet on"_s}));
+}
+
+void tst_StartUp::unknownWordsAreReported_data()
+{
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<QByteArray>("errors");
+    QTest::newRow("a file") << QStringList{u"/tmp/film.mp4"_s}
+                            << "Unexpected argument '/tmp/film.mp4'.\n"_ba;
+    QTest::newRow("an option") << QStringList{u"--nope"_s} << "Unknown option 'nope'.\n"_ba;
+    QTest::newRow("several") << QStringList{u"--nope"_s, u"one"_s, u"--"_s, u"--two"_s}
+                             << "Unknown option 'nope'.\nUnexpected argument 'one'.\n"
+                                "Unexpected argument '--two'.\n"_ba;
+}
+
+void tst_StartUp::unknownWordsAreReported()
+{
+    QFETCH(const QStringList, words);
+    QFETCH(const QByteArray, errors);
+    const Run result = run(words);
+    QCOMPARE(result.errors, errors);
+    QCOMPARE(result.exitCode, probeStatus);
+    QCOMPARE(server->requestCount(), 1);
+}
+
+void tst_StartUp::isSilentWithoutTheSwitch()
+{
+    const Run silent = run();
+    QCOMPARE(silent.exitCode, probeStatus);
+    QCOMPARE(server->requestCount(), 1);
+    QCOMPARE(silent.errors, QByteArray());
+
+    init();
+    const Run traced = run({}, true);
+    QCOMPARE(traced.exitCode, probeStatus);
+    QCOMPARE(QString::fromUtf8(traced.errors),
+             u"[M3U] -> "_s + server->url(u"/list.m3u"_s) + u" \n[M3U] <- 36 bytes \n"_s);
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_StartUp)
+#include "tst_StartUp.moc"
