@@ -1,6 +1,6 @@
 // A plugin that the program itself loads. Once its window shows and the file named by
-// VANTIRO_PROBE_AWAITS is there, it writes what start-up has set to VANTIRO_PROBE_REPORT, a line each, and
-// ends the event loop with status 7.
+// VANTIRO_PROBE_AWAITS is there, it writes what start-up has set to VANTIRO_PROBE_REPORT, a line
+// each, and ends the event loop with status 7.
 
 #include <QApplication>
 #include <QFile>
@@ -45,7 +45,8 @@ private:
     {
         const auto onOff = [](bool on) { return on ? u"on"_s : u"off"_s; };
         const QStringList lines{
-            QCoreApplication::applicationName(), QCoreApplication::organizationName(),
+            QCoreApplication::applicationName(),
+            QCoreApplication::organizationName(),
             u"JPEG warnings "_s + onOff(QLoggingCategory("qt.gui.imageio.jpeg").isWarningEnabled()),
             u"colour profile warnings "_s +
                 onOff(QLoggingCategory("qt.gui.icc").isWarningEnabled()),

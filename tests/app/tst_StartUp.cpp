@@ -92,10 +92,9 @@ void tst_StartUp::whatMainSets()
 {
     const Run result = run();
     QCOMPARE(result.exitCode, probeStatus);
-    QCOMPARE(result.report,
-             (QStringList{u"Vantiro Player"_s, u"Vantiro"_s, u"JPEG warnings off"_s,
-                          u"colour profile warnings off"_s, u"window #1e2026"_s,
-                          u"style sheet on"_s}));
+    QCOMPARE(result.report, (QStringList{u"Vantiro Player"_s, u"Vantiro"_s, u"JPEG warnings off"_s,
+                                         u"colour profile warnings off"_s, u"window #1e2026"_s,
+                                         u"style sheet on"_s}));
 }
 
 void tst_StartUp::unknownWordsAreReported_data()

@@ -194,8 +194,9 @@ void tst_MainWindowTrace::noLineShowsThePassword()
         list += "#EXTINF:-1,One\n"_ba + server->url(path).arg(encoded).toUtf8() + '\n';
     }
     server->onPrefix(u"/"_s, [list, status](const HttpRequest &request) {
-        const bool isList =
-            request.path.contains("get.php"_L1) || request.path.endsWith("list.m3u"_L1);
+        const bool isList = request.path.contains("get.php"_L1) ||
+                            request.path.endsWith("list.m3u"_L1) ||
+                            request.path.startsWith("/playlist/"_L1);
         if (!isList) {
             return heldReply();
         }
