@@ -1,8 +1,9 @@
-// A plugin that the program itself loads. Once its window shows and the file named by
-// VANTIRO_PROBE_AWAITS is there, it writes what start-up has set to VANTIRO_PROBE_REPORT, a line
-// each, and ends the event loop with status 7.
+// A plugin that the program itself loads. Once its window shows and its data hold a file of the
+// name VANTIRO_PROBE_AWAITS, it writes what start-up has set to VANTIRO_PROBE_REPORT, a line each,
+// and ends the event loop with status 7.
 
 #include <QApplication>
+#include <QDirIterator>
 #include <QFile>
 #include <QGenericPlugin>
 #include <QLoggingCategory>
@@ -23,7 +24,7 @@ public:
     Probe()
     {
         connect(&timer, &QTimer::timeout, this, [this] {
-            if (windowShows() && QFile::exists(qEnvironmentVariable("VANTIRO_PROBE_AWAITS"))) {
+            if (windowShows() && fileIsThere()) {
                 timer.stop();
                 writeReport();
                 QCoreApplication::exit(7);
@@ -39,6 +40,15 @@ private:
         return std::any_of(windows.cbegin(), windows.cend(), [](const QWidget *window) {
             return window->isVisible() && qobject_cast<const QMainWindow *>(window) != nullptr;
         });
+    }
+
+    /// Wherever the names of the application put it.
+    static bool fileIsThere()
+    {
+        return QDirIterator(qEnvironmentVariable("XDG_DATA_HOME"),
+                            {qEnvironmentVariable("VANTIRO_PROBE_AWAITS")}, QDir::Files,
+                            QDirIterator::Subdirectories)
+            .hasNext();
     }
 
     static void writeReport()

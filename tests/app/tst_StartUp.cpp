@@ -5,7 +5,6 @@
 #include "support/HttpServer.h"
 #include "support/TestMain.h"
 
-#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTest>
@@ -65,8 +64,7 @@ Run tst_StartUp::run(const QStringList &words, bool traces)
     environment.insert(u"QT_PLUGIN_PATH"_s, QStringLiteral(VANTIRO_PROBE_PLUGINS));
     environment.insert(u"QT_QPA_GENERIC_PLUGINS"_s, u"start_probe"_s);
     environment.insert(u"VANTIRO_PROBE_REPORT"_s, folder + u"/report"_s);
-    environment.insert(u"VANTIRO_PROBE_AWAITS"_s,
-                       PrivateProfile::current().appDataDir() + u"/catalog_cache/A.json"_s);
+    environment.insert(u"VANTIRO_PROBE_AWAITS"_s, u"A.json"_s); // the cached playlist
     environment.remove(u"VANTIRO_NET_DEBUG"_s);
     if (traces) {
         environment.insert(u"VANTIRO_NET_DEBUG"_s, u"1"_s);
