@@ -5,8 +5,7 @@
 #include "player/VlcPlayer.h"
 #include "providers/ReplyTimeout.h"
 #include "ui/BrowseTab.h"
-#include "ui/PlainMessageBox.h"
-#include "ui/SourceDialog.h"
+#include "ui/ElidedComboBox.h"
 #include "ui/Thumbnails.h"
 
 #include <QApplication>
@@ -24,7 +23,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -33,15 +31,8 @@ namespace {
 constexpr int autoRefreshIntervalMs = 1800000;
 constexpr int controlsHideDelayMs = 3000;
 constexpr int overlayAlpha = 150;
-
-std::optional<SourceConfig> findSource(const SourceManager &manager, const QString &name)
-{
-    const QList<SourceConfig> sources = manager.sources();
-    const auto found =
-        std::find_if(sources.begin(), sources.end(),
-                     [&name](const SourceConfig &source) { return source.name == name; });
-    return found != sources.end() ? std::optional(*found) : std::nullopt;
-}
+/// A third of the window's width at the start.
+constexpr int sourceComboMaxWidth = 400;
 
 } // namespace
 
@@ -51,6 +42,7 @@ MainWindow::MainWindow()
     , thumbnailNetwork(new QNetworkAccessManager(this))
     , placeholderPoster(makePlaceholderPoster())
 {
+    network->setTransferTimeout(replyTimeoutMs);
     thumbnailNetwork->setObjectName(u"thumbnailNetwork"_s);
     thumbnailNetwork->setTransferTimeout(posterTimeoutMs);
     setWindowTitle(tr("Vantiro Player"));
@@ -86,12 +78,14 @@ MainWindow::MainWindow()
 
     buildTabs();
     auto *splitter = new QSplitter(Qt::Horizontal);
+    splitter->setObjectName(u"splitter"_s);
     splitter->addWidget(tabs);
     splitter->addWidget(buildPlayerPanel());
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 2);
-    // The factors only share out what a resize adds; the start is shared out alike.
-    splitter->setSizes({1, 2});
+    // The factors only share out what a resize adds. The start is shared out alike, and in pixels:
+    // sizes far from the later ones would give way to what the pages ask for.
+    splitter->setSizes({width() / 3, width() - width() / 3});
     centralLayout->addWidget(splitter, 1);
 
     buildFullscreenChrome();
@@ -106,10 +100,11 @@ QWidget *MainWindow::buildSourceBar()
     sourceBar = new QWidget;
     sourceBar->setObjectName(u"sourceBar"_s);
     sourceBar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    sourceCombo = new QComboBox;
+    sourceCombo = new ElidedComboBox;
     sourceCombo->setObjectName(u"sourceCombo"_s);
     sourceCombo->setAccessibleName(tr("Source"));
     sourceCombo->setMinimumWidth(220);
+    sourceCombo->setMaximumWidth(sourceComboMaxWidth);
     auto *add = new QPushButton(tr("Add Source..."));
     auto *edit = new QPushButton(tr("Edit Source..."));
     auto *refresh = new QPushButton(tr("Refresh Playlist"));
@@ -225,15 +220,25 @@ void MainWindow::onSourceSelected(int index)
     if (index < 0) {
         return;
     }
-    if (const auto source = findSource(*sourceManager, sourceCombo->itemData(index).toString())) {
+    if (const auto source = storedSource(sourceCombo->itemData(index).toString())) {
         loadSource(*source, false);
     }
+}
+
+std::optional<SourceConfig> MainWindow::storedSource(const QString &name) const
+{
+    const QList<SourceConfig> sources = sourceManager->sources();
+    const auto found =
+        std::find_if(sources.begin(), sources.end(),
+                     [&name](const SourceConfig &source) { return source.name == name; });
+    return found != sources.end() ? std::optional(*found) : std::nullopt;
 }
 
 void MainWindow::loadSource(const SourceConfig &config, bool force)
 {
     // A copy: the caller may hand in currentSource itself.
     const SourceConfig source = config;
+    beginLoad();
     currentSource = source;
     sourceManager->setLastActiveSourceName(source.name);
     showTabsFor(source.type);
@@ -266,7 +271,8 @@ void MainWindow::resetBrowseTabs()
         stack->setCurrentIndex(BrowsePage::Categories);
     }
     for (QList<MediaItem> *items : {&liveItems, &movieItems, &seriesItems, &channelItems}) {
-        items->clear();
+        // Not clear(): that allocates a list that is shared anew, as large as it was.
+        *items = QList<MediaItem>();
     }
     resetTabFilterState(liveCategoryId, liveCategoryList, liveTitleLabel, liveAllSearch,
                         liveSearch);
@@ -276,6 +282,28 @@ void MainWindow::resetBrowseTabs()
                         seriesSearch);
     resetTabFilterState(channelCategoryId, channelCategoryList, channelTitleLabel, channelAllSearch,
                         channelSearch);
+}
+
+void MainWindow::emptyBrowseTabs()
+{
+    resetBrowseTabs();
+    for (QList<Category> *categories : {&liveCategories, &movieCategories, &seriesCategories}) {
+        *categories = QList<Category>();
+    }
+    for (QListWidget *list :
+         {liveCategoryList, movieCategoryList, seriesCategoryList, channelCategoryList}) {
+        list->clear();
+    }
+    filterLive();
+    filterMovies();
+    filterSeries();
+    filterChannels();
+    // Clearing a search has told that all categories are shown.
+    for (QLabel *title : {liveTitleLabel, movieTitleLabel, seriesTitleLabel, channelTitleLabel}) {
+        title->clear();
+    }
+    showEpisodes({});
+    clearSeriesContext();
 }
 
 void MainWindow::beginCatalogFetch(int steps)
@@ -311,95 +339,5 @@ void MainWindow::checkAutoRefresh()
     }
     if (secondsSince(currentSource.lastUpdated) >= catalogMaxAgeSeconds) {
         loadSource(currentSource, true);
-    }
-}
-
-bool MainWindow::checkDialogResult(const SourceConfig &config, const QString &title)
-{
-    const bool subscription = config.type == SourceType::Zevrino;
-    if (!(subscription ? config.subscriptionKey : config.url).isEmpty()) {
-        return true;
-    }
-    PlainMessageBox::warn(this, title,
-                          subscription ? tr("Please provide a valid subscription key.")
-                                       : tr("Please provide a valid URL/path."));
-    return false;
-}
-
-void MainWindow::addSource()
-{
-    SourceDialog dialog(this, nullptr);
-    if (dialog.exec() != QDialog::Accepted) {
-        return;
-    }
-    const SourceConfig config = dialog.config();
-    if (!checkDialogResult(config, tr("Add Source"))) {
-        return;
-    }
-    sourceManager->saveSource(config);
-    sourceCombo->addItem(config.name, config.name);
-    sourceCombo->setCurrentIndex(sourceCombo->count() - 1);
-}
-
-void MainWindow::editSource()
-{
-    const int index = sourceCombo->currentIndex();
-    if (index < 0) {
-        return;
-    }
-    const auto existing = findSource(*sourceManager, sourceCombo->itemData(index).toString());
-    if (!existing) {
-        return;
-    }
-    SourceDialog dialog(this, &*existing);
-    if (dialog.exec() != QDialog::Accepted) {
-        if (dialog.deleteRequested) {
-            deleteSourceAt(index, existing->name);
-        }
-        return;
-    }
-    const SourceConfig edited = dialog.config();
-    if (checkDialogResult(edited, tr("Edit Source"))) {
-        replaceSourceAt(index, existing->name, edited);
-    }
-}
-
-void MainWindow::deleteSourceAt(int index, const QString &name)
-{
-    sourceManager->removeSource(name);
-    {
-        // The removal alone would select the next source, and loading it below would come twice.
-        const QSignalBlocker blocker(sourceCombo);
-        sourceCombo->removeItem(index);
-    }
-    if (sourceCombo->count() > 0) {
-        onSourceSelected(sourceCombo->currentIndex());
-    } else {
-        forgetLastSource();
-        QMetaObject::invokeMethod(this, &MainWindow::addSource, Qt::QueuedConnection);
-    }
-}
-
-void MainWindow::forgetLastSource()
-{
-    currentSource = defaultSourceConfig();
-    cancelLiveReconnect();
-    currentUrl.clear();
-    player->stop();
-    hasMedia = false;
-    nowPlayingLabel->setText(tr("Nothing playing"));
-    updatePlayerChrome();
-}
-
-void MainWindow::replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited)
-{
-    if (edited.name != oldName) {
-        sourceManager->removeSource(oldName);
-    }
-    sourceManager->saveSource(edited);
-    sourceCombo->setItemText(index, edited.name);
-    sourceCombo->setItemData(index, edited.name);
-    if (index == sourceCombo->currentIndex()) {
-        loadSource(edited, true);
     }
 }

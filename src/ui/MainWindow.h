@@ -13,6 +13,7 @@
 #include <QPixmap>
 
 #include <functional>
+#include <optional>
 
 class ClickToSeekSlider;
 class SourceManager;
@@ -105,7 +106,7 @@ public:
     void requestThumbnail(QListWidget *list, QListWidgetItem *item, const QString &url);
 
 public Q_SLOTS:
-    // ---- MainWindow.cpp ----
+    // ---- MainWindowEditing.cpp, MainWindow.cpp ----
     void addSource();
     void editSource();
     void refreshActiveSource();
@@ -157,18 +158,45 @@ private:
     void restoreSources();
     void showTabsFor(qint32 sourceType);
     void resetBrowseTabs();
-    void deleteSourceAt(int index, const QString &name);
+    /// Brings the tabs to what they are before the first source.
+    void emptyBrowseTabs();
+    std::optional<SourceConfig> storedSource(const QString &name) const;
+
+    // ---- MainWindowEditing.cpp ----
+    bool checkDialogResult(const SourceConfig &config, const QString &title);
+    bool storeCopy(SourceConfig &config, const QString &title);
+    void deleteSource(const QString &name);
+    void removeRowsOf(const QString &name);
     void replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited);
     void forgetLastSource();
-    bool checkDialogResult(const SourceConfig &config, const QString &title);
 
     // ---- MainWindowSources.cpp ----
-    void stampFetchStart();
-    void downloadPlaylist(const SourceConfig &config);
-    void takePlaylist(const QString &sourceName, const QByteArray &body);
+    /// One load's fetch from the network.
+    struct Fetch
+    {
+        quint64 load; ///< its number
+        QString sourceName;
+    };
+    /// What one of an account's tabs is filled from and where it is kept.
+    struct AccountKind;
+
+    /// Starts a new load: replies to earlier ones are late from now on, and the steps that the last
+    /// one still owes are released.
+    void beginLoad();
+    /// Adds steps for the current load.
+    void beginLoadSteps(int steps);
+    /// Takes a step off unless its load was left, and with it its steps.
+    void loadStepDone(quint64 load);
+    /// Stamps and stores the current source and announces its steps.
+    Fetch beginFetch(const SourceConfig &config, int steps);
+    /// False once the source was fetched anew or is gone; the reply is then of no use.
+    bool isNewest(const Fetch &fetch) const;
+    void downloadPlaylist(const QString &url, const Fetch &fetch);
+    void takePlaylist(const QByteArray &body, const Fetch &fetch);
     void showChannels(const QList<Category> &categories, const QList<MediaItem> &items);
+    QList<AccountKind> accountKinds();
     bool loadAccountFromCache(const QString &sourceName);
-    void fetchAccount(const QString &sourceName);
+    void fetchKind(const AccountKind &kind, const Fetch &fetch);
     XtreamClient *accountClient();
     void loadResolvedSource(const SourceConfig &config, bool force);
 
@@ -228,6 +256,14 @@ private:
     QVBoxLayout *centralLayout = nullptr;
     QWidget *loadingOverlay = nullptr;
     qint32 pendingFetchSteps = 0;
+
+    // ---- MainWindowSources.cpp ----
+    /// The number of the current load.
+    quint64 currentLoad = 0;
+    /// The steps that the current load still owes.
+    qint32 owedSteps = 0;
+    /// Which load fetched a source last, by the source's name.
+    QHash<QString, quint64> newestFetch;
 
     // ---- MainWindowBrowse.cpp ----
     class QTabWidget *tabs = nullptr;

@@ -16,6 +16,8 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -38,10 +40,51 @@ bool isDownloadable(const QString &url)
 
 } // namespace
 
-void MainWindow::stampFetchStart()
+struct MainWindow::AccountKind
+{
+    QString section; ///< in the catalog cache
+    QList<Category> *categories;
+    QList<MediaItem> *items;
+    QListWidget *categoryList;
+    void (MainWindow::*refilter)();
+    void (XtreamClient::*fetchCategories)(XtreamClient::CategoriesCallback);
+    void (XtreamClient::*fetchItems)(const QString &, XtreamClient::ItemsCallback);
+};
+
+void MainWindow::beginLoad()
+{
+    ++currentLoad;
+    for (; owedSteps > 0; --owedSteps) {
+        catalogFetchStepDone();
+    }
+}
+
+void MainWindow::beginLoadSteps(int steps)
+{
+    owedSteps += steps;
+    beginCatalogFetch(steps);
+}
+
+void MainWindow::loadStepDone(quint64 load)
+{
+    if (load == currentLoad) {
+        --owedSteps;
+        catalogFetchStepDone();
+    }
+}
+
+MainWindow::Fetch MainWindow::beginFetch(const SourceConfig &config, int steps)
 {
     currentSource.lastUpdated = QDateTime::currentSecsSinceEpoch();
     sourceManager->saveSource(currentSource);
+    newestFetch.insert(config.name, currentLoad);
+    beginLoadSteps(steps);
+    return {currentLoad, config.name};
+}
+
+bool MainWindow::isNewest(const Fetch &fetch) const
+{
+    return newestFetch.value(fetch.sourceName) == fetch.load;
 }
 
 void MainWindow::loadM3uSource(const SourceConfig &config, bool force)
@@ -53,53 +96,61 @@ void MainWindow::loadM3uSource(const SourceConfig &config, bool force)
             return;
         }
     }
-    stampFetchStart();
-    beginCatalogFetch(1);
+    const Fetch fetch = beginFetch(config, 1);
     if (isDownloadable(config.url)) {
-        downloadPlaylist(config);
+        downloadPlaylist(config.url, fetch);
         return;
     }
     QFile file(config.url);
     if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        takePlaylist(config.name, file.readAll());
+        takePlaylist(file.readAll(), fetch);
     } else {
-        catalogFetchStepDone();
-        PlainMessageBox::warn(this, tr("Load Playlist"), tr("Failed to open file: ") + config.url);
+        loadStepDone(fetch.load);
+        PlainMessageBox::warnOnce(this, tr("Load Playlist"),
+                                  tr("Failed to open file: ") + config.url);
     }
 }
 
-void MainWindow::downloadPlaylist(const SourceConfig &config)
+void MainWindow::downloadPlaylist(const QString &url, const Fetch &fetch)
 {
     if (netDebugEnabled()) {
-        NetLogStream() << "[M3U] ->" << traceSafeUrl(config.url);
+        NetLogStream() << "[M3U] ->" << traceSafeUrl(url);
     }
-    QNetworkReply *reply = network->get(QNetworkRequest(QUrl(config.url)));
-    connect(reply, &QNetworkReply::finished, this, [this, reply, name = config.name] {
+    QNetworkReply *reply = network->get(QNetworkRequest(QUrl(url)));
+    connect(reply, &QNetworkReply::finished, this, [this, reply, fetch] {
         reply->deleteLater();
         if (reply->error() != QNetworkReply::NoError) {
             const QString error = reply->errorString();
             if (netDebugEnabled()) {
                 NetLogStream() << "[M3U] <- error:" << traceSafeError(*reply);
             }
-            catalogFetchStepDone();
-            PlainMessageBox::warn(this, tr("Load Playlist"),
-                                  tr("Failed to download playlist: ") + error);
+            loadStepDone(fetch.load);
+            if (isNewest(fetch)) {
+                PlainMessageBox::warnOnce(this, tr("Load Playlist"),
+                                          tr("Failed to download playlist: ") + error);
+            }
             return;
         }
         const QByteArray body = reply->readAll();
         if (netDebugEnabled()) {
             NetLogStream() << "[M3U] <-" << body.size() << "bytes";
         }
-        takePlaylist(name, body);
+        takePlaylist(body, fetch);
     });
 }
 
-void MainWindow::takePlaylist(const QString &sourceName, const QByteArray &body)
+void MainWindow::takePlaylist(const QByteArray &body, const Fetch &fetch)
 {
+    if (!isNewest(fetch)) {
+        return;
+    }
     const M3uParser::Result playlist = M3uParser::parse(QString::fromUtf8(body));
-    showChannels(playlist.categories, playlist.items);
-    CatalogCache::save(sourceName, channelSection, {playlist.categories, playlist.items});
-    catalogFetchStepDone();
+    // While an account is active the channels are out of sight; another playlist keeps its own.
+    if (fetch.load == currentLoad || SourceType::isAccount(currentSource.type)) {
+        showChannels(playlist.categories, playlist.items);
+    }
+    CatalogCache::save(fetch.sourceName, channelSection, {playlist.categories, playlist.items});
+    loadStepDone(fetch.load);
 }
 
 void MainWindow::showChannels(const QList<Category> &categories, const QList<MediaItem> &items)
@@ -117,77 +168,83 @@ XtreamClient *MainWindow::accountClient()
     return xtream;
 }
 
+QList<MainWindow::AccountKind> MainWindow::accountKinds()
+{
+    return {{liveSection, &liveCategories, &liveItems, liveCategoryList, &MainWindow::filterLive,
+             &XtreamClient::fetchLiveCategories, &XtreamClient::fetchLiveStreams},
+            {movieSection, &movieCategories, &movieItems, movieCategoryList,
+             &MainWindow::filterMovies, &XtreamClient::fetchVodCategories,
+             &XtreamClient::fetchVodStreams},
+            {seriesSection, &seriesCategories, &seriesItems, seriesCategoryList,
+             &MainWindow::filterSeries, &XtreamClient::fetchSeriesCategories,
+             &XtreamClient::fetchSeries}};
+}
+
 void MainWindow::loadXtreamSource(const SourceConfig &config, bool force)
 {
     accountClient()->configure(config.url, config.username, config.password);
     if (!force && isFresh(config) && loadAccountFromCache(config.name)) {
         return;
     }
-    stampFetchStart();
-    fetchAccount(config.name);
+    const QList<AccountKind> kinds = accountKinds();
+    // Categories and entries of each kind.
+    const Fetch fetch = beginFetch(config, 2 * static_cast<int>(kinds.size()));
+    for (const AccountKind &kind : kinds) {
+        fetchKind(kind, fetch);
+    }
 }
 
 bool MainWindow::loadAccountFromCache(const QString &sourceName)
 {
+    const QList<AccountKind> kinds = accountKinds();
+    QStringList names;
+    for (const AccountKind &kind : kinds) {
+        names << kind.section;
+    }
     QList<CatalogCache::Section> sections;
-    if (!CatalogCache::load(sourceName, {liveSection, movieSection, seriesSection}, sections)) {
+    if (!CatalogCache::load(sourceName, names, sections)) {
         return false;
     }
-    liveCategories = sections.at(0).categories;
-    liveItems = sections.at(0).items;
-    populateCategoryList(liveCategoryList, liveCategories);
-    filterLive();
-    movieCategories = sections.at(1).categories;
-    movieItems = sections.at(1).items;
-    populateCategoryList(movieCategoryList, movieCategories);
-    filterMovies();
-    seriesCategories = sections.at(2).categories;
-    seriesItems = sections.at(2).items;
-    populateCategoryList(seriesCategoryList, seriesCategories);
-    filterSeries();
+    for (qsizetype index = 0; index < kinds.size(); ++index) {
+        const AccountKind &kind = kinds.at(index);
+        *kind.categories = sections.at(index).categories;
+        *kind.items = sections.at(index).items;
+        populateCategoryList(kind.categoryList, *kind.categories);
+        (this->*kind.refilter)();
+    }
     return true;
 }
 
-void MainWindow::fetchAccount(const QString &sourceName)
+void MainWindow::fetchKind(const AccountKind &kind, const Fetch &fetch)
 {
-    constexpr int steps = 6;
-    beginCatalogFetch(steps);
-
-    // Each of a kind's two replies saves the section with both halves as they then stand, so that
-    // the later one writes it complete, whatever the order.
-    const auto takeCategories = [this,
-                                 sourceName](const QString &section, QList<Category> &categories,
-                                             const QList<MediaItem> &items, QListWidget *list) {
-        return [=, this, &categories, &items](const QList<Category> &reply) {
-            categories = reply;
-            populateCategoryList(list, categories);
-            CatalogCache::save(sourceName, section, {categories, items});
-            catalogFetchStepDone();
-        };
+    // Each of the two replies saves the section with both halves as they then stand, so that the
+    // later one writes it complete, whatever the order. Those of a load that was left are kept
+    // here: the tabs belong to another one.
+    const auto halves = std::make_shared<CatalogCache::Section>();
+    const auto finish = [this, kind, fetch, halves] {
+        if (fetch.load == currentLoad) {
+            CatalogCache::save(fetch.sourceName, kind.section, {*kind.categories, *kind.items});
+        } else if (isNewest(fetch)) {
+            CatalogCache::save(fetch.sourceName, kind.section, *halves);
+        }
+        loadStepDone(fetch.load);
     };
-    const auto takeItems = [this,
-                            sourceName](const QString &section, const QList<Category> &categories,
-                                        QList<MediaItem> &items, void (MainWindow::*refilter)()) {
-        return [=, this, &categories, &items](const QList<MediaItem> &reply) {
-            items = reply;
-            (this->*refilter)();
-            CatalogCache::save(sourceName, section, {categories, items});
-            catalogFetchStepDone();
-        };
-    };
-
-    xtream->fetchLiveCategories(
-        takeCategories(liveSection, liveCategories, liveItems, liveCategoryList));
-    xtream->fetchLiveStreams(
-        {}, takeItems(liveSection, liveCategories, liveItems, &MainWindow::filterLive));
-    xtream->fetchVodCategories(
-        takeCategories(movieSection, movieCategories, movieItems, movieCategoryList));
-    xtream->fetchVodStreams(
-        {}, takeItems(movieSection, movieCategories, movieItems, &MainWindow::filterMovies));
-    xtream->fetchSeriesCategories(
-        takeCategories(seriesSection, seriesCategories, seriesItems, seriesCategoryList));
-    xtream->fetchSeries(
-        {}, takeItems(seriesSection, seriesCategories, seriesItems, &MainWindow::filterSeries));
+    (xtream->*kind.fetchCategories)([=, this](const QList<Category> &reply) {
+        halves->categories = reply;
+        if (fetch.load == currentLoad) {
+            *kind.categories = reply;
+            populateCategoryList(kind.categoryList, reply);
+        }
+        finish();
+    });
+    (xtream->*kind.fetchItems)({}, [=, this](const QList<MediaItem> &reply) {
+        halves->items = reply;
+        if (fetch.load == currentLoad) {
+            *kind.items = reply;
+            (this->*kind.refilter)();
+        }
+        finish();
+    });
 }
 
 void MainWindow::loadZevrinoSource(const SourceConfig &config, bool force)
@@ -195,37 +252,36 @@ void MainWindow::loadZevrinoSource(const SourceConfig &config, bool force)
     if (zevrino == nullptr) {
         zevrino = new ZevrinoClient(this);
     }
-    beginCatalogFetch(1);
-    zevrino->resolve(config.subscriptionKey,
-                     [this, config, force](bool ok, const ZevrinoClient::Credentials &credentials,
-                                           const QString &message) {
-                         const bool left = currentSource.name != config.name ||
-                                           currentSource.type != SourceType::Zevrino;
-                         if (left) {
-                             catalogFetchStepDone();
-                             return;
-                         }
-                         if (!ok) {
-                             catalogFetchStepDone();
-                             PlainMessageBox::warn(this, tr("Zevrino"),
-                                                   tr("Failed to load subscription: ") + message);
-                             return;
-                         }
-                         SourceConfig resolved = config;
-                         resolved.url = credentials.serverUrl;
-                         resolved.username = credentials.username;
-                         resolved.password = credentials.password;
-                         if (!credentials.streamType.isEmpty()) {
-                             resolved.liveExtension = credentials.streamType;
-                         }
-                         loadResolvedSource(resolved, force);
-                     });
+    beginLoadSteps(1);
+    zevrino->resolve(
+        config.subscriptionKey,
+        [this, config, force, load = currentLoad](
+            bool ok, const ZevrinoClient::Credentials &credentials, const QString &message) {
+            // Left for another source, or for this one with another key.
+            if (load != currentLoad) {
+                return;
+            }
+            if (!ok) {
+                loadStepDone(load);
+                PlainMessageBox::warnOnce(this, tr("Zevrino"),
+                                          tr("Failed to load subscription: ") + message);
+                return;
+            }
+            SourceConfig resolved = config;
+            resolved.url = credentials.serverUrl;
+            resolved.username = credentials.username;
+            resolved.password = credentials.password;
+            if (!credentials.streamType.isEmpty()) {
+                resolved.liveExtension = credentials.streamType;
+            }
+            loadResolvedSource(resolved, force);
+        });
 }
 
 void MainWindow::loadResolvedSource(const SourceConfig &config, bool force)
 {
     accountClient()->configure(config.url, config.username, config.password);
     currentSource = config;
-    catalogFetchStepDone();
+    loadStepDone(currentLoad);
     loadXtreamSource(config, force);
 }

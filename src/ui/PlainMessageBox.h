@@ -14,4 +14,8 @@ public:
 
     /// Shows a modal warning with an OK button and waits until it is closed.
     static void warn(QWidget *parent, const QString &title, const QString &text);
+
+    /// The same for what may fail again by itself: does nothing while a box of that title is open
+    /// over `parent`.
+    static void warnOnce(QWidget *parent, const QString &title, const QString &text);
 };

@@ -1,23 +1,19 @@
 #include "ui/SourceDialog.h"
 
-#include "model/SafeFileName.h"
 #include "providers/XtreamClient.h"
 #include "ui/PlainMessageBox.h"
+#include "ui/WrappedLabel.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDir>
-#include <QFile>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -46,42 +42,6 @@ QString defaultName(qint32 type)
     }
 }
 
-bool isRemote(const QString &url)
-{
-    return url.startsWith("http://"_L1, Qt::CaseInsensitive) ||
-           url.startsWith("https://"_L1, Qt::CaseInsensitive);
-}
-
-/// The stored copy's file name for a source of that name.
-QString storedFileName(const QString &sourceName, const QFileInfo &chosen)
-{
-    QString fileName = safeFileName(sourceName);
-    if (fileName.isEmpty()) {
-        fileName = u"playlist"_s;
-    }
-    return chosen.suffix().isEmpty() ? fileName : fileName + u'.' + chosen.suffix();
-}
-
-/// Copies a local playlist into the application's folder and returns the copy's path; any other
-/// address comes back as it is.
-QString localizedPlaylist(const QString &url, const QString &sourceName)
-{
-    const QFileInfo chosen(url);
-    if (url.isEmpty() || isRemote(url) || !chosen.isFile()) {
-        return url;
-    }
-    const QString folder =
-        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/playlists"_L1;
-    QDir().mkpath(folder);
-    QString target = folder + u'/' + storedFileName(sourceName, chosen);
-    if (chosen.canonicalFilePath() == QFileInfo(target).canonicalFilePath()) {
-        return url;
-    }
-    QFile::remove(target);
-    QFile::copy(url, target);
-    return target;
-}
-
 } // namespace
 
 SourceDialog::SourceDialog(QWidget *parent, const SourceConfig *existing)
@@ -104,6 +64,8 @@ SourceDialog::SourceDialog(QWidget *parent, const SourceConfig *existing)
     connect(typeCombo, &QComboBox::currentIndexChanged, this, &SourceDialog::onTypeChanged);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    // Told before the dialog shows, or the first button of the pages would be it.
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &SourceDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &SourceDialog::reject);
     if (existing != nullptr) {
@@ -134,7 +96,8 @@ QWidget *SourceDialog::buildPlaylistPage()
     m3uUrlEdit->setPlaceholderText(tr("http://example.com/playlist.m3u or a local file path"));
     m3uUrlEdit->setAccessibleName(tr("Playlist URL/File"));
     auto *upload = new QPushButton(tr("Upload File..."));
-    upload->setAutoDefault(false);
+    // Return on the focused button presses it; elsewhere it presses OK, the default.
+    upload->setAutoDefault(true);
     connect(upload, &QPushButton::clicked, this, &SourceDialog::browseForFile);
 
     auto *urlRow = new QWidget;
@@ -161,11 +124,9 @@ QWidget *SourceDialog::buildXtreamPage()
         liveFormatCombo->addItem(format, format);
     }
     auto *test = new QPushButton(tr("Test Connection"));
-    test->setAutoDefault(false);
+    test->setAutoDefault(true);
     connect(test, &QPushButton::clicked, this, &SourceDialog::testConnection);
-    statusLabel = named(new QLabel, u"statusLabel"_s);
-    statusLabel->setTextFormat(Qt::PlainText);
-    statusLabel->setWordWrap(true);
+    statusLabel = named(new WrappedLabel, u"statusLabel"_s);
 
     auto *page = new QWidget;
     auto *form = new QFormLayout(page);
@@ -303,9 +264,6 @@ SourceConfig SourceDialog::config() const
     }
     if (config.name.isEmpty()) {
         config.name = defaultName(config.type);
-    }
-    if (config.type == SourceType::Playlist) {
-        config.url = localizedPlaylist(config.url, config.name);
     }
     return config;
 }

@@ -21,9 +21,8 @@ public:
     /// `existing` null means a new source.
     SourceDialog(QWidget *parent, const SourceConfig *existing);
 
-    /// The record for what the form shows; not validated. For a local playlist it copies the file
-    /// into the application's playlist folder and returns the copy's path, also when copying
-    /// failed. Call it once per acceptance.
+    /// The record for what the form shows; not validated. The file of a local playlist is copied by
+    /// storePlaylistCopy().
     SourceConfig config() const;
 
     /// The user asked to delete the edited source and confirmed it.

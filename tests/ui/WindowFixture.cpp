@@ -6,6 +6,8 @@
 #include "ui/MainWindow.h"
 
 #include <QDateTime>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
@@ -119,6 +121,20 @@ QTimer &WindowFixture::autoRefreshTimer() const
 bool WindowFixture::overlayShown() const
 {
     return !find<QWidget>(u"loadingOverlay"_s).isHidden();
+}
+
+QList<QNetworkReply *> WindowFixture::repliesUnderWay() const
+{
+    QList<QNetworkReply *> replies = mainWindow->findChildren<QNetworkReply *>();
+    replies.removeIf([](const QNetworkReply *reply) { return reply->isFinished(); });
+    return replies;
+}
+
+void WindowFixture::setReplyTimeout(int milliseconds) const
+{
+    for (auto *network : mainWindow->findChildren<QNetworkAccessManager *>()) {
+        network->setTransferTimeout(milliseconds);
+    }
 }
 
 namespace {

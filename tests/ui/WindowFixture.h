@@ -14,6 +14,7 @@
 #include <memory>
 
 class MainWindow;
+class QNetworkReply;
 class QTableWidget;
 class QTimer;
 class VlcPlayer;
@@ -52,6 +53,10 @@ public:
     QTimer &reconnectTimer() const;
     QTimer &autoRefreshTimer() const;
     bool overlayShown() const;
+    /// The window's requests that are not answered yet, those of its clients included.
+    QList<QNetworkReply *> repliesUnderWay() const;
+    /// Lets requests that the window and its clients send from now on wait that long for progress.
+    void setReplyTimeout(int milliseconds) const;
 
     DialogAnswers dialogs;
 

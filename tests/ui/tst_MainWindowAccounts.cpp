@@ -8,6 +8,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QTabWidget>
 #include <QTreeWidget>
 #include <QUrl>
@@ -51,7 +52,8 @@ private Q_SLOTS:
     void anIncompleteCacheIsNotShown_data();
     void anIncompleteCacheIsNotShown();
     void refreshingTwiceAtOnce();
-    void aSwitchToAPlaylistKeepsLateRepliesOutOfSight();
+    void editedAccountKeepsNothingOfTheOldServer();
+    void aSwitchToAPlaylistKeepsLateRepliesOutOfTheTabs();
     void theNextAccountGetsItsOwnCredentials();
     void theWindowMayCloseWhileLoading();
     void playingWhatWasLoaded_data();
@@ -221,17 +223,43 @@ void tst_MainWindowAccounts::refreshingTwiceAtOnce()
     QTRY_COMPARE(provider->actions().size(), 6);
     window.refreshActiveSource();
     for (const QString &action : XtreamAction::catalog()) {
+        QVERIFY(fixture.overlayShown());
         provider->release(action);
     }
     QTRY_VERIFY(!fixture.overlayShown());
-    // Twelve steps were counted: the overlay did not go before the last of both fetches.
+    QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
     QCOMPARE(provider->actions().size(), 12);
-    QCOMPARE(provider->http().openConnections(), 0);
     QCOMPARE(shownCatalog(fixture), catalog);
     QCOMPARE(cachedCatalog(u"A"_s), catalog);
 }
 
-void tst_MainWindowAccounts::aSwitchToAPlaylistKeepsLateRepliesOutOfSight()
+void tst_MainWindowAccounts::editedAccountKeepsNothingOfTheOldServer()
+{
+    WindowFixture fixture;
+    provider->setMannerOfCatalog(Manner::Held);
+    XtreamProvider other(u"other"_s, u"other secret"_s);
+    serve(other, older);
+    WindowFixture::store(sourceFor(*provider, u"A"_s));
+    fixture.open();
+    QTRY_COMPARE(provider->http().openConnections(), 6);
+    fixture.dialogs.next([&other](QDialog &dialog) {
+        dialog.findChild<QLineEdit *>(u"serverEdit"_s)->setText(other.url());
+        dialog.findChild<QLineEdit *>(u"usernameEdit"_s)->setText(other.user());
+        dialog.findChild<QLineEdit *>(u"passwordEdit"_s)->setText(other.password());
+        QVERIFY(DialogAnswers::click(dialog, u"OK"_s));
+    });
+    fixture.button(u"Edit Source..."_s).click();
+    QTRY_COMPARE(cachedCatalog(u"A"_s), older);
+    QVERIFY(!fixture.overlayShown());
+    for (const QString &action : XtreamAction::catalog()) {
+        provider->release(action);
+    }
+    QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
+    QCOMPARE(shownCatalog(fixture), older);
+    QCOMPARE(cachedCatalog(u"A"_s), older);
+}
+
+void tst_MainWindowAccounts::aSwitchToAPlaylistKeepsLateRepliesOutOfTheTabs()
 {
     WindowFixture fixture;
     provider->setMannerOfCatalog(Manner::Held);
@@ -242,15 +270,16 @@ void tst_MainWindowAccounts::aSwitchToAPlaylistKeepsLateRepliesOutOfSight()
     QTRY_COMPARE(provider->actions().size(), 6);
     auto &combo = fixture.find<QComboBox>(u"sourceCombo"_s);
     combo.setCurrentIndex(1);
-    QVERIFY(fixture.overlayShown());
+    // What was left owes nothing more.
+    QVERIFY(!fixture.overlayShown());
     for (const QString &action : XtreamAction::catalog()) {
         provider->release(action);
     }
-    QTRY_VERIFY(!fixture.overlayShown());
+    QTRY_COMPARE(cachedCatalog(u"A"_s), catalog);
+    QCOMPARE(shownCatalog(fixture), emptyCatalog);
     const auto &tabs = fixture.find<QTabWidget>(u"tabs"_s);
     QCOMPARE(tabs.tabText(tabs.currentIndex()), u"Channels"_s);
     QVERIFY(!tabs.isTabVisible(0) && !tabs.isTabVisible(1) && !tabs.isTabVisible(2));
-    QCOMPARE(cachedCatalog(u"A"_s), catalog);
     QCOMPARE(cachedCatalog(u"List"_s), nothingCached);
 
     combo.setCurrentIndex(0);

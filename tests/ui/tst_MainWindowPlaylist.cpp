@@ -9,6 +9,8 @@
 #include <QListWidget>
 #include <QTableWidget>
 
+#include <atomic>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -73,7 +75,8 @@ private Q_SLOTS:
     void oddBytes();
     void aVeryLongLine();
     void aRedirectIsFollowed();
-    void aLateReplyStillComesIn();
+    void aLateReplyIsCached_data();
+    void aLateReplyIsCached();
     void twoRefreshesAtOnce();
     void theWindowMayCloseDuringADownload();
 
@@ -266,39 +269,70 @@ void tst_MainWindowPlaylist::aRedirectIsFollowed()
              u"/get.php?username=u&password=p%26q&type=m3u_plus"_s);
 }
 
-void tst_MainWindowPlaylist::aLateReplyStillComesIn()
+void tst_MainWindowPlaylist::aLateReplyIsCached_data()
 {
+    QTest::addColumn<bool>("account");
+    QTest::addColumn<QStringList>("channels");
+    QTest::newRow("another playlist keeps its channels") << false << QStringList{u"Other"_s};
+    QTest::newRow("behind an account the channels come in")
+        << true << QStringList{u"One"_s, u"Two"_s};
+}
+
+void tst_MainWindowPlaylist::aLateReplyIsCached()
+{
+    QFETCH(bool, account);
+    QFETCH(QStringList, channels);
     WindowFixture fixture;
     server->on(u"/late.m3u"_s, heldReply(twoChannels));
     WindowFixture::store(playlistSource(u"Late"_s, server->url(u"/late.m3u"_s), neverLoaded));
-    WindowFixture::store(playlistSource(u"Other"_s, u"/nowhere"_s));
+    WindowFixture::store(account ? accountSource(u"Other"_s, u"http://127.0.0.1:9"_s)
+                                 : playlistSource(u"Other"_s, u"/nowhere"_s));
     cacheOneChannel(u"Other"_s, u"Other"_s);
+    for (const QString &section : {u"live"_s, u"movie"_s, u"series"_s}) {
+        CatalogCache::save(u"Other"_s, section, {});
+    }
     fixture.open();
     QTRY_COMPARE(server->openConnections(), 1);
-    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
-    QCOMPARE(shownChannels(fixture), QStringList{u"Other"_s});
     QVERIFY(fixture.overlayShown());
-
-    server->release(u"/late.m3u"_s);
-    QTRY_COMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
-    // Under the name of the source that it came from.
-    QCOMPARE(cachedChannels(u"Late"_s), (QStringList{u"One"_s, u"Two"_s}));
-    QCOMPARE(cachedChannels(u"Other"_s), QStringList{u"Other"_s});
+    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
+    // What was left owes nothing more.
     QVERIFY(!fixture.overlayShown());
+
+    // A step of somebody else's, which the late reply must not take.
+    fixture.window().beginCatalogFetch(1);
+    server->release(u"/late.m3u"_s);
+    // Under the name of the source that it came from.
+    QTRY_COMPARE(cachedChannels(u"Late"_s), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(shownChannels(fixture), channels);
+    QCOMPARE(cachedChannels(u"Other"_s), QStringList{u"Other"_s});
+    QVERIFY(fixture.overlayShown());
 }
 
 void tst_MainWindowPlaylist::twoRefreshesAtOnce()
 {
     WindowFixture fixture;
-    server->on(u"/list.m3u"_s, heldReply(twoChannels));
+    // The first one is answered last.
+    std::atomic<int> asked = 0;
+    server->on(u"/list.m3u"_s, [&](const HttpRequest &) {
+        return asked++ == 0 ? HttpReply::redirect(server->url(u"/first.m3u"_s))
+                            : HttpReply::redirect(server->url(u"/second.m3u"_s));
+    });
+    server->on(u"/first.m3u"_s, heldReply("#EXTINF:-1,Old\nhttp://127.0.0.1:9/1\n"_ba));
+    server->on(u"/second.m3u"_s, heldReply(twoChannels));
     WindowFixture::store(playlistSource(u"A"_s, server->url(u"/list.m3u"_s), neverLoaded));
     MainWindow &window = fixture.open();
-    QTRY_COMPARE(server->openConnections(), 1);
+    QTRY_COMPARE(server->openConnections(u"/first.m3u"_s), 1);
     window.refreshActiveSource();
-    QTRY_COMPARE(server->openConnections(), 2);
-    server->release(u"/list.m3u"_s);
+    QTRY_COMPARE(server->openConnections(u"/second.m3u"_s), 1);
+    server->release(u"/second.m3u"_s);
     QTRY_VERIFY(!fixture.overlayShown());
     QCOMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
+
+    QCOMPARE(fixture.repliesUnderWay().size(), 1);
+    server->release(u"/first.m3u"_s);
+    QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
+    QCOMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(cachedChannels(u"A"_s), (QStringList{u"One"_s, u"Two"_s}));
 }
 
 void tst_MainWindowPlaylist::theWindowMayCloseDuringADownload()

@@ -2,7 +2,12 @@
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
 
+#include <QApplication>
+#include <QComboBox>
+#include <QNetworkAccessManager>
 #include <QTableWidget>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -52,6 +57,11 @@ private Q_SLOTS:
     void addressThatIsNoUrlIsAFile_data();
     void addressThatIsNoUrlIsAFile();
     void aFailureLeavesTheTabEmptyAndTheCacheAsItWas();
+    void aServerThatNeverAnswers();
+    void repliesMayTakeAMinute();
+    void secureAddressIsDownloaded();
+    void failureWhileTheWindowIsBuilt();
+    void oneBoxAtATime();
 
 private:
     std::unique_ptr<HttpServer> server;
@@ -160,6 +170,109 @@ void tst_MainWindowPlaylistFailures::aFailureLeavesTheTabEmptyAndTheCacheAsItWas
     window.filterChannels();
     QCOMPARE(shownChannels(fixture), QStringList());
     QCOMPARE(cachedChannels(u"A"_s), QStringList{u"From the cache"_s});
+}
+
+void tst_MainWindowPlaylistFailures::aServerThatNeverAnswers()
+{
+    HttpReply silent;
+    silent.neverAnswer = true;
+    server->on(u"/silent.m3u"_s, silent);
+    HttpReply stalled = bodyReply(twoChannels);
+    stalled.stallAfter = 10;
+    server->on(u"/stalled.m3u"_s, stalled);
+    server->on(u"/good.m3u"_s, bodyReply(twoChannels));
+    WindowFixture fixture;
+    WindowFixture::store(playlistSource(u"Silent"_s, server->url(u"/silent.m3u"_s)));
+    WindowFixture::store(playlistSource(u"Stalled"_s, server->url(u"/stalled.m3u"_s)));
+    WindowFixture::store(playlistSource(u"Good"_s, server->url(u"/good.m3u"_s), neverLoaded));
+    cacheOneChannel(u"Silent"_s, u"From the cache"_s);
+    MainWindow &window = fixture.open();
+    fixture.setReplyTimeout(200);
+
+    window.refreshActiveSource();
+    QVERIFY(fixture.overlayShown());
+    QTRY_COMPARE(fixture.dialogs.seen().size(), 1);
+    QCOMPARE(fixture.dialogs.seen().at(0).title, u"Load Playlist"_s);
+    QVERIFY(fixture.dialogs.seen().at(0).text.startsWith("Failed to download playlist: "_L1));
+    QTRY_VERIFY(!fixture.overlayShown());
+    auto &combo = fixture.find<QComboBox>(u"sourceCombo"_s);
+    combo.setCurrentIndex(1);
+    QTRY_COMPARE(fixture.dialogs.seen().size(), 2);
+    QVERIFY(!fixture.overlayShown());
+
+    // Another source loads, and so does the first one when its server is back.
+    combo.setCurrentIndex(2);
+    QTRY_COMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
+    combo.setCurrentIndex(0);
+    QCOMPARE(shownChannels(fixture), QStringList{u"From the cache"_s});
+    server->on(u"/silent.m3u"_s, bodyReply(twoChannels));
+    window.refreshActiveSource();
+    QTRY_COMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(fixture.dialogs.seen().size(), 2);
+}
+
+void tst_MainWindowPlaylistFailures::repliesMayTakeAMinute()
+{
+    WindowFixture fixture;
+    const MainWindow &window = fixture.open();
+    const auto managers = window.findChildren<QNetworkAccessManager *>(Qt::FindDirectChildrenOnly);
+    QVERIFY(std::any_of(managers.begin(), managers.end(), [](QNetworkAccessManager *manager) {
+        return manager->transferTimeout() == 60000;
+    }));
+}
+
+void tst_MainWindowPlaylistFailures::secureAddressIsDownloaded()
+{
+    WindowFixture fixture;
+    const QString url = server->url(u"/list.m3u"_s).replace("http:"_L1, "https:"_L1);
+    server->refuse();
+    WindowFixture::store(playlistSource(u"A"_s, url, neverLoaded));
+    fixture.open();
+    QTRY_COMPARE(fixture.dialogs.seen().size(), 1);
+    const QString text = fixture.dialogs.seen().at(0).text;
+    QVERIFY2(text.startsWith("Failed to download playlist: "_L1), qUtf8Printable(text));
+}
+
+void tst_MainWindowPlaylistFailures::failureWhileTheWindowIsBuilt()
+{
+    WindowFixture fixture;
+    server->on(u"/good.m3u"_s, bodyReply(twoChannels));
+    const QString missing = u"/nowhere/list.m3u"_s;
+    WindowFixture::store(playlistSource(u"Missing"_s, missing, neverLoaded));
+    WindowFixture::store(playlistSource(u"Good"_s, server->url(u"/good.m3u"_s), neverLoaded));
+    MainWindow &window = fixture.open();
+    // Before the window was on screen.
+    QCOMPARE(fixture.dialogs.seen().size(), 1);
+    QCOMPARE(fixture.dialogs.seen().at(0).text, u"Failed to open file: "_s + missing);
+    QVERIFY(window.isVisible());
+    QVERIFY(!fixture.overlayShown());
+    window.refreshActiveSource();
+    QCOMPARE(fixture.dialogs.seen().size(), 2);
+    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
+    QTRY_COMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
+}
+
+void tst_MainWindowPlaylistFailures::oneBoxAtATime()
+{
+    WindowFixture fixture;
+    WindowFixture::store(playlistSource(u"A"_s, server->url(u"/missing"_s)));
+    cacheOneChannel(u"A"_s, u"From the cache"_s);
+    MainWindow &window = fixture.open();
+    fixture.dialogs.next([&](QDialog &box) {
+        window.refreshActiveSource();
+        QTRY_VERIFY(!fixture.overlayShown());
+        window.loadSource(playlistSource(u"A"_s, u"/nowhere"_s), true);
+        QCOMPARE(fixture.dialogs.seen().size(), 1);
+        QCOMPARE(QApplication::activeModalWidget(), &box);
+        box.accept();
+    });
+    window.refreshActiveSource();
+    QTRY_COMPARE(fixture.dialogs.seen().size(), 1);
+    QTRY_COMPARE(QApplication::activeModalWidget(), nullptr);
+    QCOMPARE(server->requestCount(), 2);
+    // Once it is closed, the next failure is told again.
+    window.refreshActiveSource();
+    QTRY_COMPARE(fixture.dialogs.seen().size(), 2);
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowPlaylistFailures)

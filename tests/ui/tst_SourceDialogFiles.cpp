@@ -1,4 +1,5 @@
 #include "support/TestMain.h"
+#include "ui/PlaylistCopy.h"
 #include "ui/SourceDialog.h"
 
 #include <QComboBox>
@@ -29,14 +30,20 @@ QString playlistFolder()
     return PrivateProfile::current().appDataDir() + "/playlists"_L1;
 }
 
-/// What the form gives for a playlist of that name and address.
+/// What is stored for a playlist of that name and address. An error makes the address "!" and its
+/// text.
 SourceConfig playlistConfig(const QString &name, const QString &url)
 {
     const SourceDialog dialog(nullptr, nullptr);
     dialog.findChild<QComboBox *>(u"typeCombo"_s)->setCurrentIndex(0);
     dialog.findChild<QLineEdit *>(u"m3uNameEdit"_s)->setText(name);
     dialog.findChild<QLineEdit *>(u"m3uUrlEdit"_s)->setText(url);
-    return dialog.config();
+    SourceConfig config = dialog.config();
+    QString error;
+    if (!storePlaylistCopy(config, &error)) {
+        config.url = u'!' + error;
+    }
+    return config;
 }
 
 } // namespace
@@ -57,8 +64,13 @@ private Q_SLOTS:
     void theStoredCopyIsKeptThroughALink();
     void renamingCopiesToTheNewName();
     void aDirectoryIsNotCopied();
-    void anUnreadableFileStillGivesTheTarget();
-    void aTargetThatCannotBeWrittenIsStillGiven();
+    void theFormAloneCopiesNothing();
+    void renamingByLetterCaseKeepsTheContent();
+    void copyIsReadableByItsOwnerOnly();
+    void accountIsNotCopied();
+    void aFileThatCannotBeReadIsTold();
+    void aFolderThatCannotBeMadeIsTold();
+    void aFailedCopyKeepsTheEarlierOne();
 
 private:
     QString filePath(const QString &name) const { return directory->filePath(name); }
@@ -150,7 +162,9 @@ void tst_SourceDialogFiles::theStoredCopyIsKept()
     const SourceConfig first = playlistConfig(u"My List!"_s, filePath(u"a.m3u8"_s));
 
     const SourceDialog dialog(nullptr, &first);
-    const SourceConfig second = dialog.config();
+    SourceConfig second = dialog.config();
+    QString error;
+    QVERIFY(storePlaylistCopy(second, &error));
     QCOMPARE(second.url, first.url);
     QCOMPARE(contentOf(second.url), "content"_ba);
 }
@@ -184,28 +198,108 @@ void tst_SourceDialogFiles::aDirectoryIsNotCopied()
     QVERIFY(!QFile::exists(playlistFolder()));
 }
 
-void tst_SourceDialogFiles::anUnreadableFileStillGivesTheTarget()
+void tst_SourceDialogFiles::theFormAloneCopiesNothing()
+{
+    const QString path = filePath(u"a.m3u"_s);
+    writeFile(path, "content"_ba);
+    const SourceDialog dialog(nullptr, nullptr);
+    dialog.findChild<QComboBox *>(u"typeCombo"_s)->setCurrentIndex(0);
+    dialog.findChild<QLineEdit *>(u"m3uUrlEdit"_s)->setText(path);
+    QCOMPARE(dialog.config().url, path);
+    QVERIFY(!QFile::exists(playlistFolder()));
+}
+
+void tst_SourceDialogFiles::renamingByLetterCaseKeepsTheContent()
+{
+    writeFile(filePath(u"a.m3u8"_s), "content"_ba);
+    const SourceConfig first = playlistConfig(u"News"_s, filePath(u"a.m3u8"_s));
+    const SourceConfig second = playlistConfig(u"NEWS"_s, first.url);
+    QCOMPARE(contentOf(second.url), "content"_ba);
+#ifdef Q_OS_WIN
+    // One file under both names.
+    QCOMPARE(second.url, first.url);
+#else
+    QCOMPARE(second.url, playlistFolder() + "/NEWS.m3u8"_L1);
+#endif
+}
+
+void tst_SourceDialogFiles::copyIsReadableByItsOwnerOnly()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Windows gives files in a user's folders to that user");
+#endif
+    QDir().mkpath(playlistFolder());
+    writeFile(playlistFolder() + "/List.m3u"_L1, "open to all"_ba);
+    QFile::setPermissions(playlistFolder() + "/List.m3u"_L1,
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    writeFile(filePath(u"a.m3u"_s), "content"_ba);
+    for (const QString &name : {u"List"_s, u"New"_s}) {
+        const QString url = playlistConfig(name, filePath(u"a.m3u"_s)).url;
+        QCOMPARE(contentOf(url), "content"_ba);
+        QCOMPARE(QFile::permissions(url) & (QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner),
+                 QFile::ReadOwner | QFile::WriteOwner);
+        QVERIFY(
+            !(QFile::permissions(url) & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                         QFile::ReadOther | QFile::WriteOther | QFile::ExeOther)));
+    }
+}
+
+void tst_SourceDialogFiles::accountIsNotCopied()
+{
+    SourceConfig config = defaultSourceConfig();
+    config.type = SourceType::Xtream;
+    config.name = u"A"_s;
+    config.url = filePath(u"a.m3u"_s);
+    writeFile(config.url, "content"_ba);
+    QString error;
+    QVERIFY(storePlaylistCopy(config, &error));
+    QCOMPARE(config.url, filePath(u"a.m3u"_s));
+    QVERIFY(!QFile::exists(playlistFolder()));
+}
+
+void tst_SourceDialogFiles::aFileThatCannotBeReadIsTold()
 {
     const QString path = filePath(u"a.m3u"_s);
     writeFile(path, "content"_ba);
     QFile::setPermissions(path, QFile::WriteOwner);
-    const SourceConfig config = playlistConfig(u"List"_s, path);
-    QCOMPARE(config.url, playlistFolder() + "/List.m3u"_L1);
-    // The superuser reads it all the same.
     QFile file(path);
-    QCOMPARE(QFile::exists(config.url), file.open(QIODevice::ReadOnly));
+    if (file.open(QIODevice::ReadOnly)) {
+        QSKIP("the superuser reads everything");
+    }
+    const QString url = playlistConfig(u"List"_s, path).url;
+    QVERIFY2(url.startsWith(u"!The playlist \"%1\" could not be copied: "_s.arg(path)),
+             qUtf8Printable(url));
+    QVERIFY(!QFile::exists(playlistFolder() + "/List.m3u"_L1));
 }
 
-void tst_SourceDialogFiles::aTargetThatCannotBeWrittenIsStillGiven()
+void tst_SourceDialogFiles::aFolderThatCannotBeMadeIsTold()
 {
-    writeFile(filePath(u"a.m3u"_s), "content"_ba);
+    const QString path = filePath(u"a.m3u"_s);
+    writeFile(path, "content"_ba);
     QDir().mkpath(PrivateProfile::current().appDataDir());
     // A file stands where the folder belongs.
     writeFile(playlistFolder(), "in the way"_ba);
-    const SourceConfig config = playlistConfig(u"List"_s, filePath(u"a.m3u"_s));
-    QCOMPARE(config.url, playlistFolder() + "/List.m3u"_L1);
-    QVERIFY(!QFile::exists(config.url));
-    QCOMPARE(contentOf(filePath(u"a.m3u"_s)), "content"_ba);
+    const QString url = playlistConfig(u"List"_s, path).url;
+    const QString beginning = u"!The playlist \"%1\" could not be copied: "_s.arg(path);
+    QVERIFY2(url.startsWith(beginning) && url.size() > beginning.size(), qUtf8Printable(url));
+    QCOMPARE(contentOf(path), "content"_ba);
+}
+
+void tst_SourceDialogFiles::aFailedCopyKeepsTheEarlierOne()
+{
+    const QString earlier = playlistFolder() + "/List.m3u"_L1;
+    QDir().mkpath(playlistFolder());
+    writeFile(earlier, "earlier"_ba);
+#ifdef Q_OS_LINUX
+    // Opens, but cannot be read: what it holds is the first page of this process's memory.
+    const QString unreadable = filePath(u"mem.m3u"_s);
+    QVERIFY(QFile::link(u"/proc/self/mem"_s, unreadable));
+    QVERIFY(playlistConfig(u"List"_s, unreadable).url.startsWith(u'!'));
+    QCOMPARE(contentOf(earlier), "earlier"_ba);
+    QCOMPARE(QDir(playlistFolder()).entryList(QDir::Files), QStringList{u"List.m3u"_s});
+#else
+    QSKIP("no file that opens and cannot be read");
+#endif
 }
 
 VANTIRO_TEST_MAIN(tst_SourceDialogFiles)
