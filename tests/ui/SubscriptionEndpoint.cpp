@@ -51,7 +51,8 @@ void SubscriptionEndpoint::hold()
 {
     server.on(path(), [this](const HttpRequest &request) {
         HttpReply held = reply(request);
-        held.held = true;
+        const std::lock_guard lock(mutex);
+        held.held = !unheld.contains(keyIn(request));
         return held;
     });
 }
@@ -59,6 +60,12 @@ void SubscriptionEndpoint::hold()
 void SubscriptionEndpoint::release()
 {
     server.release(path());
+}
+
+void SubscriptionEndpoint::answerAtOnce(const QString &key)
+{
+    const std::lock_guard lock(mutex);
+    unheld.insert(key);
 }
 
 QString SubscriptionEndpoint::keyIn(const HttpRequest &request)

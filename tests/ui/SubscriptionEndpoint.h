@@ -6,6 +6,7 @@
 #include "support/XtreamProvider.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -32,6 +33,8 @@ public:
     /// From now on answers wait for release().
     void hold();
     void release();
+    /// Lets the answers to `key` come at once, whatever waits.
+    void answerAtOnce(const QString &key);
 
     /// The keys that were exchanged so far, in the order of arrival.
     QStringList keys() const;
@@ -47,6 +50,7 @@ private:
     TlsCertificate certificate;
     mutable std::mutex mutex;
     QHash<QString, QByteArray> answers; // guarded by the mutex
+    QSet<QString> unheld;               // guarded by the mutex
     HttpServer server;
     SubscriptionService service;
 };

@@ -5,6 +5,8 @@
 #include "ui/SourceDialog.h"
 
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -57,6 +59,8 @@ private Q_SLOTS:
     void addingCancelledChangesNothing();
     void invalidInputIsRefused_data();
     void invalidInputIsRefused();
+    void aFileThatCannotBeCopiedIsRefused_data();
+    void aFileThatCannotBeCopiedIsRefused();
     void addingAnExistingNameReplacesTheStoredOne();
     void editingFetchesAfresh();
     void renamingKeepsThePlaceInTheList();
@@ -158,6 +162,42 @@ void tst_MainWindowEditing::invalidInputIsRefused()
     QCOMPARE(fixture.dialogs.seen().at(1).buttons, QStringList{u"OK"_s});
     QCOMPARE(WindowFixture::storedNames(), QStringList{u"A"_s});
     QCOMPARE(WindowFixture::stored(u"A"_s).type, SourceType::Playlist);
+    QCOMPARE(comboItems(fixture), QStringList{u"A/A"_s});
+    QCOMPARE(server->requestCount(), 1);
+}
+
+void tst_MainWindowEditing::aFileThatCannotBeCopiedIsRefused_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::newRow("adding") << u"Add Source"_s;
+    QTest::newRow("editing") << u"Edit Source"_s;
+}
+
+void tst_MainWindowEditing::aFileThatCannotBeCopiedIsRefused()
+{
+    QFETCH(QString, title);
+    WindowFixture fixture;
+    WindowFixture::store(playlistSource(u"A"_s, server->url(u"/a"_s), neverLoaded));
+    fixture.open();
+    QTRY_COMPARE(shownChannels(fixture), QStringList{u"a"_s});
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"list.m3u"_s);
+    QFile chosen(path);
+    QVERIFY(chosen.open(QIODevice::WriteOnly));
+    // A file stands where the folder of the copies belongs.
+    QDir().mkpath(PrivateProfile::current().appDataDir());
+    QFile inTheWay(PrivateProfile::current().appDataDir() + "/playlists"_L1);
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+
+    fixture.dialogs.next([&](QDialog &dialog) { acceptPlaylist(dialog, u"New"_s, path); });
+    fixture.dialogs.nextClicks(u"OK"_s);
+    fixture.button(title + "..."_L1).click();
+    QCOMPARE(fixture.dialogs.seen().size(), 2);
+    QCOMPARE(fixture.dialogs.seen().at(1).title, title);
+    QVERIFY(fixture.dialogs.seen().at(1).text.startsWith(
+        u"The playlist \"%1\" could not be copied: "_s.arg(path)));
+    QCOMPARE(WindowFixture::storedNames(), QStringList{u"A"_s});
+    QCOMPARE(WindowFixture::stored(u"A"_s).url, server->url(u"/a"_s));
     QCOMPARE(comboItems(fixture), QStringList{u"A/A"_s});
     QCOMPARE(server->requestCount(), 1);
 }

@@ -3,8 +3,11 @@
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QDateTime>
 #include <QSslConfiguration>
+#include <QTabWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -43,6 +46,7 @@ class tst_MainWindowSubscription : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
+    void tabsOfAnAccount();
     void keyThenSixRequests();
     void aFreshCacheStillNeedsTheKey();
     void streamType_data();
@@ -52,6 +56,7 @@ private Q_SLOTS:
     void coveredFromTheKeyOn();
     void failures_data();
     void failures();
+    void oneBoxAtATime();
     void aServiceThatCannotBeReached_data();
     void aServiceThatCannotBeReached();
 
@@ -77,6 +82,27 @@ void tst_MainWindowSubscription::cleanup()
     endpoint.reset();
     provider.reset();
     QSslConfiguration::setDefaultConfiguration(untrusting);
+}
+
+void tst_MainWindowSubscription::tabsOfAnAccount()
+{
+    WindowFixture fixture;
+    // From a playlist, so that tabs must both come and go.
+    WindowFixture::store(playlistSource(u"List"_s, u"/nowhere"_s));
+    CatalogCache::save(u"List"_s, u"channel"_s, {});
+    WindowFixture::store(subscriptionSource(u"Zevrino"_s, key));
+    fixture.open();
+    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
+    const auto &tabs = fixture.find<QTabWidget>(u"tabs"_s);
+    QStringList visible;
+    for (int index = 0; index < tabs.count(); ++index) {
+        if (tabs.isTabVisible(index)) {
+            visible << tabs.tabText(index);
+        }
+    }
+    QCOMPARE(visible, (QStringList{u"Live TV"_s, u"Movies"_s, u"TV Shows"_s}));
+    QCOMPARE(tabs.tabText(tabs.currentIndex()), u"Live TV"_s);
+    QTRY_VERIFY(!fixture.overlayShown());
 }
 
 void tst_MainWindowSubscription::keyThenSixRequests()
@@ -257,6 +283,31 @@ void tst_MainWindowSubscription::failures()
     QCOMPARE(fields(WindowFixture::stored(u"Zevrino"_s)), fields(source));
     QCOMPARE(WindowFixture::stored(u"Zevrino"_s).lastUpdated, source.lastUpdated);
     QCOMPARE(cachedCatalog(u"Zevrino"_s), older);
+}
+
+void tst_MainWindowSubscription::oneBoxAtATime()
+{
+    endpoint->http().on(SubscriptionEndpoint::path(), statusReply(503));
+    WindowFixture fixture;
+    WindowFixture::store(subscriptionSource(u"Zevrino"_s, key));
+    fixture.dialogs.next([&](QDialog &box) {
+        // Half an hour later, and again.
+        for (int attempt = 2; attempt <= 3; ++attempt) {
+            fixture.window().checkAutoRefresh();
+            QVERIFY(fixture.overlayShown());
+            QTRY_VERIFY(!fixture.overlayShown());
+            QCOMPARE(QApplication::activeModalWidget(), &box);
+        }
+        box.accept();
+    });
+    MainWindow &window = fixture.open();
+    QTRY_COMPARE(fixture.dialogs.seen().size(), 1);
+    QTRY_COMPARE(QApplication::activeModalWidget(), nullptr);
+    QCOMPARE(endpoint->http().requestCount(), 3);
+    QCOMPARE(fixture.dialogs.seen().size(), 1);
+    // Once it is closed, the next failure is told again.
+    window.checkAutoRefresh();
+    QTRY_COMPARE(fixture.dialogs.seen().size(), 2);
 }
 
 void tst_MainWindowSubscription::aServiceThatCannotBeReached_data()

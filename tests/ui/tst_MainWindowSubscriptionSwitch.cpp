@@ -4,6 +4,7 @@
 #include "ui/MainWindow.h"
 
 #include <QComboBox>
+#include <QLineEdit>
 #include <QSslConfiguration>
 
 using namespace Qt::StringLiterals;
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void anAnswerForASourceThatWasLeft();
     void fromOneSubscriptionToTheOther();
     void leavingAndComingBack();
+    void anEditedKeyIsKept();
     void theSameNameOfAnotherType();
     void theWindowMayCloseDuringTheExchange();
 
@@ -84,11 +86,15 @@ void tst_MainWindowSubscriptionSwitch::anAnswerForASourceThatWasLeft()
     CatalogCache::save(u"Other"_s, u"channel"_s, {});
     fixture.open();
     QTRY_COMPARE(endpoint->keys().size(), 1);
-    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
     QVERIFY(fixture.overlayShown());
+    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
+    // What was left owes nothing more.
+    QVERIFY(!fixture.overlayShown());
 
+    fixture.window().beginCatalogFetch(1);
     endpoint->release();
-    QTRY_VERIFY(!fixture.overlayShown());
+    QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
+    QVERIFY(fixture.overlayShown());
     QCOMPARE(shownCatalog(fixture), account ? older : emptyCatalog);
     QVERIFY(fixture.dialogs.seen().isEmpty());
     QCOMPARE(provider->http().requestCount(), 0);
@@ -132,6 +138,32 @@ void tst_MainWindowSubscriptionSwitch::leavingAndComingBack()
     QTRY_VERIFY(!fixture.overlayShown());
     QCOMPARE(shownCatalog(fixture), older);
     QCOMPARE(provider->http().requestCount(), 0);
+}
+
+void tst_MainWindowSubscriptionSwitch::anEditedKeyIsKept()
+{
+    XtreamProvider otherProvider(u"other"_s, u"other secret"_s);
+    serve(otherProvider, older);
+    endpoint->accept(u"KEY-2"_s, otherProvider);
+    WindowFixture fixture;
+    WindowFixture::store(subscriptionSource(u"Zevrino"_s, key));
+    fixture.open();
+    QTRY_COMPARE(endpoint->keys(), QStringList{key});
+    // The old key's answer is on its way while the new one is typed; the new one comes first.
+    endpoint->answerAtOnce(u"KEY-2"_s);
+    fixture.dialogs.next([](QDialog &dialog) {
+        dialog.findChild<QLineEdit *>(u"keyEdit"_s)->setText(u"KEY-2"_s);
+        QVERIFY(DialogAnswers::click(dialog, u"OK"_s));
+    });
+    fixture.button(u"Edit Source..."_s).click();
+    QTRY_COMPARE(cachedCatalog(u"Zevrino"_s), older);
+    endpoint->release();
+    QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
+    QCOMPARE(endpoint->keys(), (QStringList{key, u"KEY-2"_s}));
+    QCOMPARE(shownCatalog(fixture), older);
+    QCOMPARE(provider->http().requestCount(), 0);
+    QCOMPARE(WindowFixture::stored(u"Zevrino"_s).subscriptionKey, u"KEY-2"_s);
+    QCOMPARE(WindowFixture::stored(u"Zevrino"_s).url, otherProvider.url());
 }
 
 void tst_MainWindowSubscriptionSwitch::theSameNameOfAnotherType()
