@@ -1,36 +1,31 @@
 #pragma once
 
-#include "player/PlayerRetirement.h"
-
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
-#include <atomic>
-#include <memory>
+#include <optional>
 #include <utility>
 
+class MediaPlayer;
 class QTimer;
 class QWidget;
+class VideoOutput;
 
-struct libvlc_event_t;
-struct libvlc_instance_t;
 struct libvlc_media_t;
-struct libvlc_media_player_t;
 
 /// The one contact with libVLC: plays a URL into a native widget, reports position, pause state and
 /// the health of the stream, and lists and chooses tracks.
 ///
-/// All calls are for the GUI thread. Times are milliseconds; a length of 0 or less is unknown. When
-/// libVLC cannot be started, every operation does nothing and every query gives its neutral value.
+/// All calls are for the GUI thread, and all signals are emitted on it. Times are milliseconds; a
+/// length of 0 or less is unknown. When libVLC cannot be started, every operation does nothing and
+/// every query gives its neutral value.
 ///
-/// A stream that is replaced or stopped goes to PlayerRetirement with its media player, and a fresh
-/// media player takes its place: libVLC's own stop can take as long as the server likes. The next
-/// stream starts as soon as the old one has let go of the picture's window, at once as a rule; when
-/// it does not let go, the next one gets a window of its own above it.
-///
-/// playbackInterrupted() may be emitted on libVLC's event thread: connect it with the automatic or
-/// the queued connection type, never directly.
+/// A stream that is replaced or stopped is stopped on a thread of its own (MediaPlayer), since
+/// libVLC's own stop can take as long as the server likes. The next one waits for it, a moment as a
+/// rule. While it waits, queries give neutral values, and what is chosen for it (pause, position,
+/// tracks, subtitle files) takes effect when it plays.
 class VlcPlayer final : public QObject
 {
     Q_OBJECT
@@ -48,11 +43,12 @@ public:
     void attachToWidget();
     void reattach();
 
-    /// Starts a stream in place of the current one, at once or when that one is gone. `live` says
-    /// that it has no end of its own.
+    /// Starts a stream in place of the current one, at once or when that one is gone; the newest
+    /// one when there are several. `live` says that it has no end of its own.
     void play(const QString &url, bool live);
     void stop();
     void pause();
+    /// Does nothing, and tells nothing, while the stream is opening.
     void togglePause();
     bool isPlaying() const;
 
@@ -86,13 +82,16 @@ public:
     QString mediaInfoText() const;
     /// @}
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    /// Stops what plays and releases libVLC's media player, within a second; every operation does
+    /// nothing from then on. False when libVLC still hangs. It may then go on drawing into the
+    /// video widget, and the process should end without destroying what libVLC's threads use. The
+    /// destructor does this too.
+    bool finish();
 
 Q_SIGNALS:
     /// play() could not create the media, or libVLC refused to start it.
     void playbackError(const QString &message);
-    /// The stream stalled, failed, or ended too early. May come from libVLC's event thread.
+    /// The stream stalled, failed, or ended too early. Never about a stream that was replaced.
     void playbackInterrupted(const QString &reason);
     /// The media time moved forward since the last look; about twice a second.
     void playbackProgressing();
@@ -103,51 +102,49 @@ Q_SIGNALS:
     void positionChanged(qint64 currentMs, qint64 totalMs);
 
 private:
-    /// What libVLC's callbacks are given: they ask the media player whose event it is.
-    struct EventSource
+    /// What was chosen for a stream that does not play yet.
+    struct Wishes
     {
-        VlcPlayer *player = nullptr;
-        libvlc_media_player_t *mediaPlayer = nullptr;
+        bool paused = false;
+        std::optional<qint64> timeMs;
+        std::optional<int> audioTrack;
+        std::optional<int> subtitleTrack;
+        QStringList subtitleFiles;
+
+        bool isEmpty() const;
     };
 
-    static void handleVlcEvent(const libvlc_event_t *event, void *source);
-    static void handleVlcEndReached(const libvlc_event_t *event, void *source);
-
-    void createMediaPlayer();
-    void retireMediaPlayer();
-    void detachEvents();
-    void startWhenWindowIsFree();
+    bool isWaiting() const { return nextMedia != nullptr; }
+    bool isOpening() const;
     void startNextMedia();
     void forgetNextMedia();
-    void useAnotherWindow();
+    void judgeError(quint64 number);
+    void judgeEnd(quint64 number);
+    void selectSubtitleTrack(int id);
+
+    // ---- VlcPlayerWishes.cpp ----
+    void applyWishes();
+    void applyTrackWishes();
+    void forgetWishes();
 
     void checkPlaybackProgress();
     void countStillTick();
     void resetStallTracking();
 
-    libvlc_instance_t *instance = nullptr;
-    libvlc_media_player_t *mediaPlayer = nullptr;
-    std::unique_ptr<EventSource> eventSource;
-    PlayerRetirement retirement;
-    /// The player that had the picture's window before this one.
-    PlayerRetirement::Ticket previous;
-    /// What waits for the window, with its URL and the time left for waiting in ms.
+    QTimer *progressTimer = nullptr;
+    MediaPlayer *mediaPlayer = nullptr;
+    VideoOutput *videoOutput = nullptr;
+    /// What waits for the stop of the stream before, with its URL as given.
     libvlc_media_t *nextMedia = nullptr;
     QString nextUrl;
-    int windowPatienceMs = 0;
-    QTimer *windowTimer = nullptr;
-    /// Drawn into instead of the surface, and a child of it, since a player kept the surface.
-    QWidget *otherWindow = nullptr;
-    /// The media player has been started, and has something to stop.
-    bool started = false;
-    /// The volume asked for last, in percent, which a fresh media player gets too; -1 for none.
-    int wantedVolume = -1;
-    QWidget *videoWidget = nullptr;
-    QTimer *progressTimer = nullptr;
+    /// Counts the streams; what libVLC still tells of an earlier one is dropped.
+    quint64 streamNumber = 0;
+    bool isLive = false;
+    Wishes wishes;
+    /// Runs from the start of a stream until its wishes are fulfilled.
+    QTimer *wishTimer = nullptr;
     /// The subtitle track to return to when subtitles are switched back on; -1 for none.
     qint32 savedSubtitleTrack = -1;
-    /// Written on the GUI thread, read on libVLC's event thread.
-    std::atomic<bool> isLive = false;
     /// Media time at the last tick; -1 when there is no valid sample.
     qint64 lastTimeMs = -1;
     /// Ticks in a row at which the time stood still.

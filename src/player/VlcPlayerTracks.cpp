@@ -1,5 +1,6 @@
 #include "player/VlcPlayer.h"
 
+#include "player/MediaPlayer.h"
 #include "player/VlcHandles.h"
 
 #include <QUrl>
@@ -114,48 +115,76 @@ QString fourCcToString(quint32 fourcc)
 
 QList<VlcPlayer::Track> VlcPlayer::audioTracks() const
 {
-    if (mediaPlayer == nullptr) {
+    libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
+    if (player == nullptr) {
         return {};
     }
-    return realTracks(DescriptionList(libvlc_audio_get_track_description(mediaPlayer)));
+    return realTracks(DescriptionList(libvlc_audio_get_track_description(player)));
 }
 
 QList<VlcPlayer::Track> VlcPlayer::subtitleTracks() const
 {
-    if (mediaPlayer == nullptr) {
+    libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
+    if (player == nullptr) {
         return {};
     }
-    return realTracks(DescriptionList(libvlc_video_get_spu_description(mediaPlayer)));
+    return realTracks(DescriptionList(libvlc_video_get_spu_description(player)));
 }
 
 int VlcPlayer::currentAudioTrack() const
 {
-    return mediaPlayer != nullptr ? libvlc_audio_get_track(mediaPlayer) : -1;
+    if (isWaiting()) {
+        return wishes.audioTrack.value_or(-1);
+    }
+    libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
+    return player != nullptr ? libvlc_audio_get_track(player) : -1;
 }
 
 void VlcPlayer::setAudioTrack(int id)
 {
-    if (mediaPlayer != nullptr) {
-        libvlc_audio_set_track(mediaPlayer, id);
+    if (isWaiting()) {
+        wishes.audioTrack = id;
+        return;
+    }
+    wishes.audioTrack.reset();
+    if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
+        libvlc_audio_set_track(player, id);
     }
 }
 
 int VlcPlayer::currentSubtitleTrack() const
 {
-    return mediaPlayer != nullptr ? libvlc_video_get_spu(mediaPlayer) : -1;
+    if (isWaiting()) {
+        return wishes.subtitleTrack.value_or(-1);
+    }
+    libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
+    return player != nullptr ? libvlc_video_get_spu(player) : -1;
 }
 
 void VlcPlayer::setSubtitleTrack(int id)
 {
-    if (mediaPlayer != nullptr) {
-        libvlc_video_set_spu(mediaPlayer, id);
+    if (mediaPlayer->handle() != nullptr) {
+        selectSubtitleTrack(id);
         savedSubtitleTrack = id;
+    }
+}
+
+void VlcPlayer::selectSubtitleTrack(int id)
+{
+    if (isWaiting()) {
+        wishes.subtitleTrack = id;
+        return;
+    }
+    wishes.subtitleTrack.reset();
+    if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
+        libvlc_video_set_spu(player, id);
     }
 }
 
 bool VlcPlayer::hasSubtitles() const
 {
-    return mediaPlayer != nullptr && libvlc_video_get_spu_count(mediaPlayer) > 0;
+    libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
+    return player != nullptr && libvlc_video_get_spu_count(player) > 0;
 }
 
 bool VlcPlayer::subtitlesEnabled() const
@@ -165,52 +194,64 @@ bool VlcPlayer::subtitlesEnabled() const
 
 void VlcPlayer::setSubtitlesEnabled(bool enabled)
 {
-    if (mediaPlayer == nullptr) {
+    if (mediaPlayer->handle() == nullptr) {
         return;
     }
     if (!enabled) {
-        savedSubtitleTrack = libvlc_video_get_spu(mediaPlayer);
-        libvlc_video_set_spu(mediaPlayer, -1);
+        savedSubtitleTrack = currentSubtitleTrack();
+        selectSubtitleTrack(-1);
         return;
     }
     int track = savedSubtitleTrack;
-    if (track < 0) {
-        const DescriptionList list(libvlc_video_get_spu_description(mediaPlayer));
+    libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
+    if (track < 0 && player != nullptr) {
+        const DescriptionList list(libvlc_video_get_spu_description(player));
         track = list ? list->i_id : -1;
     }
     if (track >= 0) {
-        libvlc_video_set_spu(mediaPlayer, track);
+        selectSubtitleTrack(track);
     }
 }
 
 void VlcPlayer::loadSubtitleFile(const QString &path)
 {
-    if (mediaPlayer == nullptr) {
+    if (isWaiting()) {
+        wishes.subtitleFiles << path;
+        return;
+    }
+    libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
+    if (player == nullptr) {
         return;
     }
     const QByteArray uri = QUrl::fromLocalFile(path).toEncoded(QUrl::FullyEncoded);
-    libvlc_media_player_add_slave(mediaPlayer, libvlc_media_slave_type_subtitle, uri.constData(),
-                                  true);
-    savedSubtitleTrack = libvlc_video_get_spu(mediaPlayer);
+    libvlc_media_player_add_slave(player, libvlc_media_slave_type_subtitle, uri.constData(), true);
+    savedSubtitleTrack = libvlc_video_get_spu(player);
 }
 
 QString VlcPlayer::mediaInfoText() const
 {
-    if (mediaPlayer == nullptr) {
+    if (mediaPlayer->handle() == nullptr) {
         return tr("No player.");
     }
-    const MediaPtr media(libvlc_media_player_get_media(mediaPlayer));
-    if (!media) {
+    // The media player still has the stream before when one waits.
+    MediaPtr playersMedia;
+    libvlc_media_t *media = nextMedia;
+    if (media == nullptr) {
+        playersMedia.reset(libvlc_media_player_get_media(mediaPlayer->handle()));
+        media = playersMedia.get();
+    }
+    if (media == nullptr) {
         return tr("No media loaded.");
     }
-    const QString text =
-        elementaryStreamsText(media.get()) +
-        selectionText(tr("Audio tracks:\n"),
-                      DescriptionList(libvlc_audio_get_track_description(mediaPlayer)),
-                      libvlc_audio_get_track(mediaPlayer)) +
-        selectionText(tr("Subtitle tracks:\n"),
-                      DescriptionList(libvlc_video_get_spu_description(mediaPlayer)),
-                      libvlc_video_get_spu(mediaPlayer)) +
-        statisticsText(media.get());
+    QString text = elementaryStreamsText(media);
+    if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
+        text += selectionText(tr("Audio tracks:\n"),
+                              DescriptionList(libvlc_audio_get_track_description(player)),
+                              libvlc_audio_get_track(player)) +
+                selectionText(tr("Subtitle tracks:\n"),
+                              DescriptionList(libvlc_video_get_spu_description(player)),
+                              libvlc_video_get_spu(player));
+    }
+    text += statisticsText(media);
     return text.isEmpty() ? tr("No track information available yet.") : text;
 }

@@ -1,3 +1,4 @@
+#include "HangingChannel.h"
 #include "PlayerProbe.h"
 #include "support/HttpServer.h"
 #include "support/Streams.h"
@@ -56,8 +57,14 @@ private Q_SLOTS:
     void outlivesAReattachedSurface();
     void nextStreamShowsOnTheSameSurface();
     void showsASubtitleFile();
+    void drawsAboveAPlayerThatHangs();
+    void stopClearsThePictureOfAPlayerThatHangs();
 
 private:
+    /// Plays a channel whose stop hangs once it has shown a picture, as the stop of so many does
+    /// then.
+    bool playHangingChannel(const HangingChannel &channel, int count = 1) const;
+    int lentWindows() const { return static_cast<int>(surface->findChildren<QWidget *>().size()); }
     QImage picture() const;
     bool showsMovement(int timeoutMs = pictureMs) const;
 
@@ -135,9 +142,7 @@ void tst_VlcPicture::showsAMovingPicture()
     probe->player.play(server->url(path), false);
     QVERIFY(showsMovement());
 
-    // The last picture stays on the screen until the surface paints itself anew.
     probe->player.stop();
-    surface->update();
     QTRY_VERIFY_WITH_TIMEOUT(share(picture(), isLit) < 0.01, pictureMs);
 }
 
@@ -207,6 +212,56 @@ void tst_VlcPicture::showsASubtitleFile()
     QVERIFY(player.subtitlesEnabled());
     player.setSubtitlesEnabled(false);
     QTRY_VERIFY_WITH_TIMEOUT(whiteAtTheBottom() < before + 0.02, pictureMs);
+}
+
+bool tst_VlcPicture::playHangingChannel(const HangingChannel &channel, int count) const
+{
+    probe->player.play(channel.url(), true);
+    const auto showsAndHangs = [this, &channel, count] {
+        return channel.hangs(count) && probe->player.isPlaying() && share(picture(), isLit) > 0.3;
+    };
+    return QTest::qWaitFor(showsAndHangs, pictureMs);
+}
+
+void tst_VlcPicture::drawsAboveAPlayerThatHangs()
+{
+    HangingChannel channel(*server);
+    QVERIFY(playHangingChannel(channel));
+    probe->player.play(server->url(u"/live.ts"_s), true);
+    QVERIFY(showsMovement());
+    QVERIFY(channel.hangs());
+    QCOMPARE(lentWindows(), 1);
+    window->resize(1000, 600);
+    QTRY_COMPARE(window->size(), QSize(1000, 600));
+    QTRY_COMPARE(surface->findChild<QWidget *>()->size(), surface->size());
+    QVERIFY(showsMovement());
+
+    // What hangs as well gets the lent window, and another one is lent above it.
+    QVERIFY(playHangingChannel(channel, 2));
+    probe->player.play(server->url(u"/live.ts"_s), true);
+    QVERIFY(showsMovement());
+    QCOMPARE(lentWindows(), 2);
+
+    channel.letGo();
+    QTRY_VERIFY_WITH_TIMEOUT(server->openConnections(u"/hanging.ts"_s) == 0, pictureMs);
+    const auto surfaceIsFree = [this] {
+        probe->player.play(server->url(u"/files/film.mp4"_s), false);
+        return showsMovement() && lentWindows() == 0;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(surfaceIsFree(), pictureMs);
+}
+
+void tst_VlcPicture::stopClearsThePictureOfAPlayerThatHangs()
+{
+    HangingChannel channel(*server);
+    QVERIFY(playHangingChannel(channel));
+    probe->player.stop();
+    QTRY_VERIFY_WITH_TIMEOUT(share(picture(), isLit) < 0.01, pictureMs);
+    QVERIFY(channel.hangs());
+    QCOMPARE(lentWindows(), 1);
+    channel.letGo();
+    QTRY_COMPARE_WITH_TIMEOUT(lentWindows(), 0, pictureMs);
+    QVERIFY(share(picture(), isLit) < 0.01);
 }
 
 VANTIRO_TEST_MAIN(tst_VlcPicture)

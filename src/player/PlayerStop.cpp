@@ -1,0 +1,48 @@
+#include "player/PlayerStop.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include <vlc/vlc.h>
+
+struct PlayerStop::State
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool done = false;
+};
+
+PlayerStop PlayerStop::begin(MediaPlayerPtr mediaPlayer)
+{
+    PlayerStop stop;
+    stop.state = std::make_shared<State>();
+    std::thread([shared = stop.state, player = std::move(mediaPlayer)]() mutable {
+        libvlc_media_player_stop(player.get());
+        // An abandoned player is released here, before anybody takes it for gone.
+        player.reset();
+        const std::lock_guard guard(shared->mutex);
+        shared->done = true;
+        shared->changed.notify_all();
+    }).detach();
+    return stop;
+}
+
+bool PlayerStop::isDone() const
+{
+    if (!state) {
+        return true;
+    }
+    const std::lock_guard guard(state->mutex);
+    return state->done;
+}
+
+bool PlayerStop::waitUntil(Clock::time_point deadline) const
+{
+    if (!state) {
+        return true;
+    }
+    std::unique_lock lock(state->mutex);
+    return state->changed.wait_until(lock, deadline, [this] { return state->done; });
+}

@@ -1,0 +1,109 @@
+#include "player/VideoOutput.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QWidget>
+
+#include <algorithm>
+
+#include <vlc/vlc.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// In this order: the widget gets a window of its own without its ancestors getting one.
+void makeNative(QWidget *widget)
+{
+    widget->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    widget->setAttribute(Qt::WA_NativeWindow);
+}
+
+} // namespace
+
+VideoOutput::VideoOutput(QWidget *videoSurface, QObject *parent)
+    : QObject(parent)
+    , surface(videoSurface)
+    , current(videoSurface)
+{
+    if (surface != nullptr) {
+        surface->installEventFilter(this);
+    }
+}
+
+void VideoOutput::attach(libvlc_media_player_t *mediaPlayer) const
+{
+    if (current == nullptr || mediaPlayer == nullptr) {
+        return;
+    }
+    makeNative(current);
+    const WId window = current->winId();
+#ifdef Q_OS_WIN
+    // A WId is the HWND itself, as a number.
+    libvlc_media_player_set_hwnd(mediaPlayer, reinterpret_cast<void *>(window)); // NOLINT
+#else
+    // Only the X11 platform has windows that libVLC can draw into.
+    if (QGuiApplication::platformName() == "xcb"_L1) {
+        libvlc_media_player_set_xwindow(mediaPlayer, static_cast<quint32>(window));
+    }
+#endif
+}
+
+void VideoOutput::leaveTo(const PlayerStop &stop)
+{
+    if (surface != nullptr) {
+        leftWindows.push_back({current, stop});
+        current = lendWindow();
+    }
+}
+
+void VideoOutput::takeBack()
+{
+    std::erase_if(leftWindows, [](const LeftWindow &left) { return left.stop.isDone(); });
+    if (!isLeft(surface)) {
+        current = surface;
+    }
+    std::erase_if(lentWindows, [this](QWidget *window) {
+        const bool unused = window != current && !isLeft(window);
+        if (unused) {
+            delete window;
+        }
+        return unused;
+    });
+}
+
+void VideoOutput::clear() const
+{
+    if (current != nullptr) {
+        surface->update();
+        current->update();
+    }
+}
+
+bool VideoOutput::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == surface && event->type() == QEvent::Resize) {
+        for (QWidget *window : lentWindows) {
+            window->setGeometry(surface->rect());
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool VideoOutput::isLeft(const QWidget *window) const
+{
+    return std::any_of(leftWindows.cbegin(), leftWindows.cend(),
+                       [window](const LeftWindow &left) { return left.window == window; });
+}
+
+QWidget *VideoOutput::lendWindow()
+{
+    auto *window = new QWidget(surface);
+    makeNative(window);
+    window->setMouseTracking(true);
+    window->setGeometry(surface->rect());
+    window->show();
+    window->raise();
+    lentWindows.push_back(window);
+    return window;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "support/HttpServer.h"
+#include "support/Streams.h"
+
+#include <QString>
+
+/// An HLS channel that plays for two seconds, and whose next segment never comes. libVLC's stop hangs
+/// once the segment was asked for.
+class HangingChannel
+{
+public:
+    explicit HangingChannel(HttpServer &httpServer)
+        : server(httpServer)
+    {
+        HttpReply never;
+        never.neverAnswer = true;
+        server.on(segment, never);
+        server.on(QStringLiteral("/first.ts"),
+                  HttpReply::file(streamPath(QStringLiteral("hls/segment00.ts"))));
+        HttpReply playlist;
+        playlist.contentType = "application/vnd.apple.mpegurl";
+        playlist.body = "#EXTM3U\n#EXT-X-VERSION:3\n#EXT-X-TARGETDURATION:2\n"
+                        "#EXT-X-MEDIA-SEQUENCE:0\n#EXTINF:2.0,\n/first.ts\n"
+                        "#EXTINF:2.0,\n/hanging.ts\n";
+        server.on(QStringLiteral("/hanging.m3u8"), playlist);
+    }
+
+    QString url() const { return server.url(QStringLiteral("/hanging.m3u8")); }
+    /// The stop of so many media players hangs from now on.
+    bool hangs(int count = 1) const { return server.openConnections(segment) >= count; }
+    /// Ends the hang, and that of libVLC's second attempt.
+    void letGo()
+    {
+        HttpReply missing;
+        missing.status = 404;
+        server.on(segment, missing);
+        server.dropConnections(segment);
+    }
+
+private:
+    HttpServer &server;
+    const QString segment = QStringLiteral("/hanging.ts");
+};
