@@ -3,6 +3,7 @@
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
 #include "player/MediaPlayer.h"
+#include "player/StreamUrl.h"
 #include "player/VideoOutput.h"
 #include "player/VlcHandles.h"
 
@@ -80,7 +81,8 @@ void VlcPlayer::play(const QString &url, bool live)
         NetLogStream() << "[VLC] play ->" << traceSafeUrl(url);
     }
     resetStallTracking();
-    MediaPtr media(libvlc_media_new_location(mediaPlayer->instance(), url.toUtf8().constData()));
+    MediaPtr media(
+        libvlc_media_new_location(mediaPlayer->instance(), requestableUrl(url).constData()));
     if (!media) {
         Q_EMIT playbackError(tr("Could not create media for URL: ") + url);
         return;

@@ -74,10 +74,10 @@ private:
 
 void tst_VlcPlayerRefusals::init()
 {
-    server.on(u"/channel.ts"_s, liveTs());
+    server.on(u"/a channel.ts"_s, liveTs());
     server.on(u"/other.ts"_s, liveTs());
     server.clearRequests();
-    url = server.url(u"/channel.ts"_s);
+    url = server.url(u"/a channel.ts"_s);
 }
 
 void tst_VlcPlayerRefusals::cleanup()
