@@ -5,6 +5,9 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLoggingCategory>
+#include <QSettings>
+
+#include <cstdlib>
 
 #ifdef Q_OS_WIN
 #include <cstdio>
@@ -60,6 +63,13 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(VANTIRO_VERSION));
 }
 
+/// Ends the process without destructors, which would destroy what libVLC's threads still use.
+[[noreturn]] void leaveAtOnce(int status)
+{
+    QSettings(u"Vantiro"_s, u"Player"_s).sync();
+    std::_Exit(status);
+}
+
 } // namespace
 
 // On Windows Qt's entry shim defines this name as qMain and calls it from WinMain.
@@ -87,5 +97,9 @@ int main(int argc, char **argv)
 
     MainWindow window;
     window.show();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    if (!window.endPlayback()) {
+        leaveAtOnce(status);
+    }
+    return status;
 }

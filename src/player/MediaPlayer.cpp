@@ -149,8 +149,9 @@ bool MediaPlayer::finish()
     const bool allDone =
         std::all_of(hungStops.cbegin(), hungStops.cend(),
                     [deadline](const PlayerStop &stop) { return stop.waitUntil(deadline); });
-    if (allDone && vlc != nullptr) {
-        libvlc_release(std::exchange(vlc, nullptr));
+    libvlc_instance_t *instance = std::exchange(vlc, nullptr);
+    if (allDone && instance != nullptr) {
+        libvlc_release(instance);
     }
     return allDone;
 }

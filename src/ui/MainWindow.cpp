@@ -95,6 +95,17 @@ MainWindow::MainWindow()
     restoreSources();
 }
 
+MainWindow::~MainWindow()
+{
+    // The stream stops before the surface that it draws into goes.
+    delete player;
+}
+
+bool MainWindow::endPlayback()
+{
+    return player->finish();
+}
+
 QWidget *MainWindow::buildSourceBar()
 {
     sourceBar = new QWidget;

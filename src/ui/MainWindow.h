@@ -47,6 +47,12 @@ class MainWindow final : public QMainWindow
 
 public:
     MainWindow();
+    ~MainWindow() override;
+    Q_DISABLE_COPY_MOVE(MainWindow)
+
+    /// Ends the player for good, within a second. False when libVLC still hangs: the process should
+    /// then end without destroying this window, which libVLC may draw into.
+    bool endPlayback();
 
     // ---- MainWindow.cpp: sources and the loading overlay ----
 

@@ -87,6 +87,7 @@ private Q_SLOTS:
     void silentChannelKeepsWaiting_data();
     void silentChannelKeepsWaiting();
     void stalledChannelReconnects();
+    void reconnectingKeepsTheCookie();
     void reconnectsAfterGrowingDelays();
     void anotherChannelEndsTheReconnecting();
     void brokenFilmAsks_data();
@@ -137,6 +138,9 @@ void TestStreamFaults::initTestCase()
     addChannel(u"Empty"_s, content("video/mp2t"_ba, {}));
     addChannel(u"Garbage"_s, garbage());
     addChannel(u"Short"_s, HttpReply::file(streamPath(u"short.ts"_s)));
+    HttpReply withCookie = HttpReply::file(streamPath(u"short.ts"_s));
+    withCookie.headers.append({"Set-Cookie"_ba, "session=k7; path=/"_ba});
+    addChannel(u"Session"_s, withCookie);
     addChannel(u"Silent"_s, neverAnswers());
     addChannel(u"Hanging Segments"_s, content("application/vnd.apple.mpegurl"_ba,
                                               "#EXTM3U\n#EXT-X-VERSION:3\n#EXT-X-TARGETDURATION:2\n"
@@ -306,6 +310,19 @@ void TestStreamFaults::stalledChannelReconnects()
     QVERIFY(session->showsLabel(u"Reconnecting to Stalling... (attempt 1)"_s));
     QVERIFY(session->showsLabel(u"Playing: Stalling"_s));
     QVERIFY(session->seesPicture());
+    QVERIFY(healthyChannelPlays());
+}
+
+// A provider may know its viewer by a cookie, and refuse the second request without it.
+void TestStreamFaults::reconnectingKeepsTheCookie()
+{
+    const QString path = paths[u"Session"_s];
+    QVERIFY(session->playChannel(u"Session"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(provider.server.requestCount(path) >= 2, 40000);
+    QList<HttpRequest> requests = provider.server.requests();
+    requests.removeIf([&path](const HttpRequest &request) { return request.path != path; });
+    QCOMPARE(requests.at(0).header("Cookie"_ba), QByteArray());
+    QCOMPARE(requests.at(1).header("Cookie"_ba), "session=k7"_ba);
     QVERIFY(healthyChannelPlays());
 }
 

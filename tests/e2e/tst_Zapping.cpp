@@ -36,6 +36,7 @@ private:
     void serve(const HttpReply &others);
     double colourShare() const;
     bool showsGreyChannel() const;
+    bool hasOneWindow() const;
 
     std::unique_ptr<Provider> provider;
     std::unique_ptr<PlayerSession> session;
@@ -95,6 +96,12 @@ bool TestZapping::showsGreyChannel() const
     return QTest::qWaitFor(plays, 20000) && session->showsLabel(u"Playing: Grey"_s);
 }
 
+/// libVLC has not opened a window of its own.
+bool TestZapping::hasOneWindow() const
+{
+    return NativeWindow::ofProcess(session->app.processId()).size() == 1;
+}
+
 // The rule that the other tests rest on.
 void TestZapping::secondConnectionIsTurnedAway()
 {
@@ -137,11 +144,14 @@ void TestZapping::endsWithTheLastChannel()
     }
     const QPoint last = session->window.waitFor(Role::Cell, u"Grey"_s).rect().center();
 
-    for (int change = 0; change < 49; ++change)
+    for (int change = 0; change < 49; ++change) {
         QVERIFY(Mouse::click(rows.at(change % rows.size())));
+        QVERIFY(hasOneWindow());
+    }
     QVERIFY(Mouse::click(last));
 
     QVERIFY(showsGreyChannel());
+    QVERIFY(hasOneWindow());
     session->keepScreenshot(u"zapping-"_s + QString::fromUtf8(QTest::currentDataTag()));
     QCOMPARE(provider->server.requests().last().path, paths.last());
     QCOMPARE(provider->server.openConnections(), 1);
@@ -176,6 +186,7 @@ void TestZapping::changesWhileTheLastStreamStarts()
         QTRY_VERIFY(sinceRequest.hasExpired(qint64(phase) * phaseMs));
         QVERIFY(session->playChannel(u"Grey"_s));
         QVERIFY2(showsGreyChannel(), qPrintable(QString::number(phase)));
+        QVERIFY(hasOneWindow());
     }
     QVERIFY(session->close());
 }

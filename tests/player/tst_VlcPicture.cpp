@@ -1,5 +1,5 @@
-#include "HangingChannel.h"
 #include "PlayerProbe.h"
+#include "support/HangingChannel.h"
 #include "support/HttpServer.h"
 #include "support/Streams.h"
 #include "support/TestMain.h"

@@ -1,6 +1,6 @@
-#include "HangingChannel.h"
 #include "PlayerProbe.h"
 #include "player/MediaPlayer.h"
+#include "support/HangingChannel.h"
 #include "support/TestMain.h"
 
 #include <QTest>

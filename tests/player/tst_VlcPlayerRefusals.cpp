@@ -43,9 +43,8 @@ extern "C" int libvlc_media_player_play(libvlc_media_player_t *player)
 
 extern "C" libvlc_media_player_t *libvlc_media_player_new(libvlc_instance_t *instance)
 {
-    return refusesMediaPlayers
-               ? nullptr
-               : fromLibrary<decltype(libvlc_media_player_new)>(__func__)(instance);
+    return refusesMediaPlayers ? nullptr
+                               : fromLibrary<decltype(libvlc_media_player_new)>(__func__)(instance);
 }
 
 /// What play() tells when libVLC refuses, and that it tries again the next time.

@@ -5,8 +5,8 @@
 
 #include <QString>
 
-/// An HLS channel that plays for two seconds, and whose next segment never comes. libVLC's stop hangs
-/// once the segment was asked for.
+/// An HLS channel that plays for two seconds, and whose next segment never comes. libVLC's stop
+/// hangs once the segment was asked for.
 class HangingChannel
 {
 public:
@@ -18,12 +18,18 @@ public:
         server.on(segment, never);
         server.on(QStringLiteral("/first.ts"),
                   HttpReply::file(streamPath(QStringLiteral("hls/segment00.ts"))));
-        HttpReply playlist;
-        playlist.contentType = "application/vnd.apple.mpegurl";
-        playlist.body = "#EXTM3U\n#EXT-X-VERSION:3\n#EXT-X-TARGETDURATION:2\n"
-                        "#EXT-X-MEDIA-SEQUENCE:0\n#EXTINF:2.0,\n/first.ts\n"
-                        "#EXTINF:2.0,\n/hanging.ts\n";
-        server.on(QStringLiteral("/hanging.m3u8"), playlist);
+        server.on(QStringLiteral("/hanging.m3u8"), playlist());
+    }
+
+    /// What the channel's address answers with, for those that give it another one.
+    static HttpReply playlist()
+    {
+        HttpReply reply;
+        reply.contentType = "application/vnd.apple.mpegurl";
+        reply.body = "#EXTM3U\n#EXT-X-VERSION:3\n#EXT-X-TARGETDURATION:2\n"
+                     "#EXT-X-MEDIA-SEQUENCE:0\n#EXTINF:2.0,\n/first.ts\n"
+                     "#EXTINF:2.0,\n/hanging.ts\n";
+        return reply;
     }
 
     QString url() const { return server.url(QStringLiteral("/hanging.m3u8")); }
