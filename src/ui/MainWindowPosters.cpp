@@ -1,5 +1,6 @@
 #include "ui/MainWindow.h"
 
+#include "providers/ReplyTimeout.h"
 #include "ui/BrowseTab.h"
 
 #include <QIcon>
@@ -76,6 +77,7 @@ void MainWindow::downloadThumbnail(QListWidget *list, const QString &url)
         return;
     }
     QNetworkReply *reply = thumbnailNetwork->get(QNetworkRequest(address));
+    keepTimeoutBehindRedirects(reply);
     // The buffer's limit keeps a fast server from sending far more before it is broken off here.
     reply->setReadBufferSize(2 * maxPosterBytes);
     connect(reply, &QNetworkReply::readyRead, reply, [reply] {

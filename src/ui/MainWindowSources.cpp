@@ -5,6 +5,7 @@
 #include "model/Age.h"
 #include "model/SourceManager.h"
 #include "providers/M3uParser.h"
+#include "providers/ReplyTimeout.h"
 #include "providers/NetworkTrace.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
@@ -117,6 +118,7 @@ void MainWindow::downloadPlaylist(const QString &url, const Fetch &fetch)
         NetLogStream() << "[M3U] ->" << traceSafeUrl(url);
     }
     QNetworkReply *reply = network->get(QNetworkRequest(QUrl(url)));
+    keepTimeoutBehindRedirects(reply);
     connect(reply, &QNetworkReply::finished, this, [this, reply, fetch] {
         reply->deleteLater();
         if (reply->error() != QNetworkReply::NoError) {
