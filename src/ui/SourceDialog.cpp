@@ -64,8 +64,6 @@ SourceDialog::SourceDialog(QWidget *parent, const SourceConfig *existing)
     connect(typeCombo, &QComboBox::currentIndexChanged, this, &SourceDialog::onTypeChanged);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    // Told before the dialog shows, or the first button of the pages would be it.
-    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &SourceDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &SourceDialog::reject);
     if (existing != nullptr) {
@@ -81,6 +79,8 @@ SourceDialog::SourceDialog(QWidget *parent, const SourceConfig *existing)
     layout->addLayout(typeRow);
     layout->addWidget(pages);
     layout->addWidget(buttons);
+    // Told here, or the first button of the pages would be it.
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
 
     if (existing != nullptr) {
         fillFrom(*existing);

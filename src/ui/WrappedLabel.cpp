@@ -9,9 +9,18 @@ WrappedLabel::WrappedLabel(QWidget *parent)
     setWordWrap(true);
 }
 
+QSize WrappedLabel::sizeHint() const
+{
+    return withWholeText(QLabel::sizeHint());
+}
+
 QSize WrappedLabel::minimumSizeHint() const
 {
-    const QSize hint = QLabel::minimumSizeHint();
+    return withWholeText(QLabel::minimumSizeHint());
+}
+
+QSize WrappedLabel::withWholeText(const QSize &hint) const
+{
     return {hint.width(), qMax(hint.height(), heightForWidth(width()))};
 }
 

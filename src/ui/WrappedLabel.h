@@ -11,8 +11,14 @@ class WrappedLabel final : public QLabel
 public:
     explicit WrappedLabel(QWidget *parent = nullptr);
 
+    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// False: form layouts ask for the height at another width than they give. The hints tell it.
+    bool hasHeightForWidth() const override { return false; }
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QSize withWholeText(const QSize &hint) const;
 };

@@ -70,7 +70,8 @@ private Q_SLOTS:
     void tabsOfEachKind_data();
     void tabsOfEachKind();
     void switchingEmptiesTheTabs();
-    void switchingForgetsSearches();
+    void switchingForgetsSearchesOfAllTabs_data();
+    void switchingForgetsSearchesOfAllTabs();
     void refreshFetchesAlthoughTheCacheIsFresh();
     void refreshWithoutASourceDoesNothing();
     void autoRefreshLeavesAYoungSource();
@@ -241,22 +242,58 @@ void tst_MainWindowSources::switchingEmptiesTheTabs()
     QCOMPARE(shownChannels(fixture), QStringList());
 }
 
-void tst_MainWindowSources::switchingForgetsSearches()
+void tst_MainWindowSources::switchingForgetsSearchesOfAllTabs_data()
 {
+    QTest::addColumn<QString>("tab");
+    QTest::addColumn<QString>("field");
+    for (const QString &tab : {u"live"_s, u"movie"_s, u"series"_s, u"channel"_s}) {
+        QTest::addRow("%s: a category", qPrintable(tab)) << tab << QString();
+        QTest::addRow("%s: in a category", qPrintable(tab)) << tab << tab + "Search"_L1;
+        QTest::addRow("%s: in all categories", qPrintable(tab)) << tab << tab + "AllSearch"_L1;
+    }
+}
+
+void tst_MainWindowSources::switchingForgetsSearchesOfAllTabs()
+{
+    QFETCH(QString, tab);
+    QFETCH(QString, field);
+    const bool playlist = tab == "channel"_L1;
     WindowFixture fixture;
-    storeCachedPlaylist(u"A"_s);
-    storeCachedPlaylist(u"B"_s);
-    MainWindow &window = fixture.open();
-    auto &categories = fixture.find<QListWidget>(u"channelCategoryList"_s);
-    categories.setCurrentRow(1);
-    window.selectChannelCategory(categories.item(1));
-    fixture.find<QLineEdit>(u"channelSearch"_s).setText(u"no such channel"_s);
-    QCOMPARE(shownChannels(fixture), QStringList());
+    for (const QString &name : {u"A"_s, u"B"_s}) {
+        playlist ? storeCachedPlaylist(name) : storeCachedAccount(name);
+    }
+    // The same kind of source with other categories.
+    CatalogCache::Section section;
+    QVERIFY(CatalogCache::load(u"B"_s, tab, section));
+    section.categories = {{u"7"_s, u"Other"_s}};
+    section.items[0].categoryId = u"7"_s;
+    CatalogCache::save(u"B"_s, tab, section);
+    fixture.open();
+    auto &categories = fixture.find<QListWidget>(tab + "CategoryList"_L1);
+    const auto shown = [&] {
+        const bool grid = tab == "movie"_L1 || tab == "series"_L1;
+        return grid ? fixture.find<QListWidget>(tab + "PosterList"_L1).count()
+                    : fixture.find<QTableWidget>(tab + "Table"_L1).rowCount();
+    };
+    if (field.isEmpty()) {
+        categories.setCurrentRow(1);
+        Q_EMIT categories.itemClicked(categories.item(1));
+        QCOMPARE(shown(), 1);
+    } else {
+        fixture.find<QLineEdit>(field).setText(u"nothing like it"_s);
+        QCOMPARE(shown(), 0);
+    }
 
     fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
-    QCOMPARE(fixture.find<QLineEdit>(u"channelSearch"_s).text(), QString());
-    QCOMPARE(fixture.find<QLabel>(u"channelTitleLabel"_s).text(), QString());
-    QCOMPARE(shownChannels(fixture), QStringList{u"B"_s});
+    QCOMPARE(fixture.find<QLineEdit>(tab + "Search"_L1).text(), QString());
+    QCOMPARE(fixture.find<QLineEdit>(tab + "AllSearch"_L1).text(), QString());
+    QCOMPARE(fixture.find<QStackedWidget>(tab + "Stack"_L1).currentIndex(), 0);
+    QVERIFY(!categories.isHidden());
+    QCOMPARE(categories.selectedItems().size(), 0);
+    const QString title = fixture.find<QLabel>(tab + "TitleLabel"_L1).text();
+    QVERIFY2(title.isEmpty() || title == "All Categories"_L1, qPrintable(title));
+    // Of all categories: the one chosen before is not asked for any more.
+    QCOMPARE(shown(), 1);
 }
 
 void tst_MainWindowSources::refreshFetchesAlthoughTheCacheIsFresh()
