@@ -2,6 +2,7 @@
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
 
+#include <QComboBox>
 #include <QDateTime>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void aFailureEmptiesItsHalf();
     void aServerThatRefuses_data();
     void aServerThatRefuses();
+    void aServerThatNeverAnswers();
     void everyWayToSendIt_data();
     void everyWayToSendIt();
 
@@ -102,6 +104,31 @@ void tst_MainWindowAccountFailures::aServerThatRefuses()
     QVERIFY(fixture.dialogs.seen().isEmpty());
     // The attempt counts, although it brought nothing.
     QVERIFY(WindowFixture::stored(u"A"_s).lastUpdated >= before);
+}
+
+void tst_MainWindowAccountFailures::aServerThatNeverAnswers()
+{
+    HttpReply silent;
+    silent.neverAnswer = true;
+    provider->http().on(u"/player_api.php"_s, silent);
+    XtreamProvider other;
+    serve(other, catalog);
+    WindowFixture fixture;
+    cacheCatalog(u"A"_s, older);
+    WindowFixture::store(sourceFor(*provider, u"A"_s, 0));
+    WindowFixture::store(sourceFor(other, u"B"_s));
+    MainWindow &window = fixture.open();
+    fixture.setReplyTimeout(300);
+    // Twice: nothing is left of the first attempt.
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        window.refreshActiveSource();
+        QVERIFY(fixture.overlayShown());
+        QTRY_VERIFY(!fixture.overlayShown());
+        QCOMPARE(shownCatalog(fixture), AccountCatalog(accountParts));
+    }
+    QVERIFY(fixture.dialogs.seen().isEmpty());
+    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
+    QTRY_COMPARE(shownCatalog(fixture), catalog);
 }
 
 void tst_MainWindowAccountFailures::everyWayToSendIt_data()
