@@ -153,8 +153,7 @@ void tst_MainWindowFrame::browsePaneTakesAThird()
     fixture.window().loadSource(WindowFixture::stored(u"Films"_s), false);
     fixture.find<QTabWidget>(u"tabs"_s).setCurrentIndex(1);
     auto &grid = fixture.find<QListWidget>(u"moviePosterList"_s);
-    fixture.window().selectMovieCategory(
-        fixture.find<QListWidget>(u"movieCategoryList"_s).item(0));
+    fixture.window().selectMovieCategory(fixture.find<QListWidget>(u"movieCategoryList"_s).item(0));
     QTRY_COMPARE(grid.visualItemRect(grid.item(1)).top(), grid.visualItemRect(grid.item(0)).top());
     QVERIFY(grid.visualItemRect(grid.item(1)).left() > grid.visualItemRect(grid.item(0)).left());
 }
