@@ -26,6 +26,7 @@ private Q_SLOTS:
     void skippingStopsBeforeTheEnd();
     void anotherFilmStartsAtItsBeginning();
     void channelHasNoSeekRow();
+    void longNameKeepsTheWindow();
 
 private:
     void watchFilm(const QString &name);
@@ -35,6 +36,8 @@ private:
     std::unique_ptr<Provider> provider;
     std::unique_ptr<PlayerSession> session;
     QString channelPath;
+    const QString longName =
+        u"A Film & Its <b>Name</b>"_s + u" of Very Many Words in a Row"_s.repeated(12);
 };
 
 void TestFilmControls::init()
@@ -45,6 +48,7 @@ void TestFilmControls::init()
     provider->addFilm(u"Long Film"_s, u"mp4"_s, HttpReply::file(streamPath(u"film.mp4"_s)));
     provider->addFilm(u"Other Film"_s, u"mp4"_s,
                       HttpReply::file(streamPath(u"film-faststart.mp4"_s)));
+    provider->addFilm(longName, u"mp4"_s, HttpReply::file(streamPath(u"film.mp4"_s)));
     provider->store();
     session = std::make_unique<PlayerSession>();
     QVERIFY(session->start());
@@ -185,6 +189,25 @@ void TestFilmControls::channelHasNoSeekRow()
     QVERIFY(session->seesPicture());
     QVERIFY(session->showsLabel(u"Playing: Night News"_s));
     QCOMPARE(provider->server.requestCount(channelPath), 1);
+}
+
+void TestFilmControls::longNameKeepsTheWindow()
+{
+    const QRect place = session->app.nativeWindow(u"Vantiro Player"_s).geometry();
+    QVERIFY(session->openFilms());
+    QVERIFY(session->playFilm(longName));
+    QVERIFY(session->seesPicture());
+    const Accessible label = session->window.waitFor(Role::Label, u"Playing: "_s + longName);
+    QVERIFY(place.contains(label.rect()));
+    QCOMPARE(session->app.nativeWindow(u"Vantiro Player"_s).geometry(), place);
+    // The whole name comes with the mouse.
+    const auto windows = [this] {
+        return NativeWindow::ofProcess(session->app.processId()).size();
+    };
+    const auto before = windows();
+    QVERIFY(Mouse::moveTo(label));
+    QTRY_COMPARE(windows(), before + 1);
+    session->keepScreenshot(u"film-long-name"_s);
 }
 
 VANTIRO_TEST_MAIN(TestFilmControls)

@@ -18,6 +18,7 @@ public:
 
     /// Plays an entry of that kind, and waits until it runs and its length is known.
     void play(qint32 kind);
-    /// Watches the position for more than a second; whether it moved on by itself, without a seek.
-    [[nodiscard]] bool playsOn() const;
+    /// Watches the position for more than a second; whether it moves on by itself from where it
+    /// was, without a seek.
+    [[nodiscard]] bool playsOnFrom(qint64 ms) const;
 };

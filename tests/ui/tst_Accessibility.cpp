@@ -101,6 +101,7 @@ private Q_SLOTS:
     void init() { PrivateProfile::current().clear(); }
     void mainWindow_data();
     void mainWindow();
+    void thePlayerAndItsPictureHaveNames();
     void sourceDialog_data();
     void sourceDialog();
 };
@@ -158,6 +159,19 @@ void tst_Accessibility::mainWindow()
 
     window.findChild<QComboBox *>(u"sourceCombo"_s)->setFocus();
     QCOMPARE(notReached(window), QStringList());
+}
+
+// Neither is a control, but the keyboard stops at the one, and the other is most of the window.
+void tst_Accessibility::thePlayerAndItsPictureHaveNames()
+{
+    MainWindow window;
+    QAccessible::setActive(true);
+    for (const auto &[widget, name] :
+         {std::pair(u"playerPanel"_s, u"Player"_s), std::pair(u"videoSurface"_s, u"Video"_s)}) {
+        QAccessibleInterface *spoken =
+            QAccessible::queryAccessibleInterface(window.findChild<QWidget *>(widget));
+        QCOMPARE(spoken->text(QAccessible::Name), name);
+    }
 }
 
 void tst_Accessibility::sourceDialog_data()

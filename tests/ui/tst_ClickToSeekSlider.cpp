@@ -2,6 +2,7 @@
 #include "ui/ClickToSeekSlider.h"
 
 #include <QMouseEvent>
+#include <QProxyStyle>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QStyleFactory>
@@ -20,6 +21,22 @@ public:
         QStyleOptionSlider option;
         initStyleOption(&option);
         return style()->subControlRect(QStyle::CC_Slider, &option, control, this);
+    }
+};
+
+/// Fusion, but for a groove that does not begin at the slider's edge.
+class InsetGrooveStyle : public QProxyStyle
+{
+public:
+    InsetGrooveStyle()
+        : QProxyStyle(u"Fusion"_s)
+    {}
+
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                         const QWidget *widget) const override
+    {
+        const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+        return part == SC_SliderGroove ? rect.adjusted(30, 0, -50, 0) : rect;
     }
 };
 
@@ -87,6 +104,7 @@ private Q_SLOTS:
     void initTestCase();
     void valueIsWhereTheHandleWouldBegin_data() { shapes(); }
     void valueIsWhereTheHandleWouldBegin();
+    void theGrooveBeginsWhereTheStyleSays();
     void aClickPutsTheHandleUnderThePointer_data() { shapes(); }
     void aClickPutsTheHandleUnderThePointer();
     void aClickPressesAndReleasesOnce();
@@ -140,6 +158,24 @@ void tst_ClickToSeekSlider::valueIsWhereTheHandleWouldBegin()
                  QStyle::sliderValueFromPosition(0, 100000, along - first, last - first,
                                                  shape.upsideDown));
     }
+}
+
+void tst_ClickToSeekSlider::theGrooveBeginsWhereTheStyleSays()
+{
+    InsetGrooveStyle style;
+    ClickToSeekSlider slider(Qt::Horizontal);
+    MeasuredSlider measured;
+    for (QSlider *each : {static_cast<QSlider *>(&slider), static_cast<QSlider *>(&measured)}) {
+        each->setStyle(&style);
+        shapeSlider(*each, {});
+    }
+    const QRect groove = measured.part(QStyle::SC_SliderGroove);
+    const int last = groove.right() - measured.part(QStyle::SC_SliderHandle).width() + 1;
+    QCOMPARE(groove.left(), 30);
+    QCOMPARE(slider.valueFromPos(QPoint(groove.left(), 20)), 0);
+    QVERIFY(slider.valueFromPos(QPoint(groove.left() + 5, 20)) > 0);
+    QVERIFY(slider.valueFromPos(QPoint(last - 5, 20)) < 100000);
+    QCOMPARE(slider.valueFromPos(QPoint(last, 20)), 100000);
 }
 
 void tst_ClickToSeekSlider::aClickPutsTheHandleUnderThePointer()

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void volumeSlider();
     void aStreamStartsAtThePanelsVolume();
     void everyStartSetsThePanelsVolume();
+    void onlyAChannelHasNoEndOfItsOwn();
     void theButtonsSeek();
     void theSliderSeeksOnRelease();
     void aClickWithoutALengthSeeksNowhere();
@@ -79,6 +80,9 @@ void tst_MainWindowControls::panelIsBuiltInOrder()
     QCOMPARE(surface.minimumSize(), QSize(480, 270));
     QCOMPARE(surface.styleSheet(), u"background-color: black;"_s);
     QVERIFY(surface.hasMouseTracking() && panel.hasMouseTracking());
+    QCOMPARE(fixture.window().grab().toImage().pixelColor(
+                 surface.mapTo(&fixture.window(), surface.rect().center())),
+             QColor(Qt::black));
 
     const auto &seekRow = fixture.find<QWidget>(u"seekRow"_s);
     QCOMPARE(widgetsOf(seekRow),
@@ -130,6 +134,25 @@ void tst_MainWindowControls::everyStartSetsThePanelsVolume()
     QTRY_COMPARE(player.volume(), 100);
 }
 
+void tst_MainWindowControls::onlyAChannelHasNoEndOfItsOwn()
+{
+    for (const qint32 kind : {0, 1}) {
+        SoundWindow fixture;
+        fixture.play(kind);
+        const QSignalSpy interrupted(&fixture.player(), &VlcPlayer::playbackInterrupted);
+        fixture.player().seek(9500);
+        if (kind == 0) {
+            QTRY_COMPARE(fixture.find<QLabel>(u"mutedLabel"_s).text(),
+                         u"Reconnecting to Sound... (attempt 1)"_s);
+        } else {
+            QTRY_VERIFY(!fixture.player().isPlaying());
+            QCoreApplication::processEvents();
+            QCOMPARE(interrupted.count(), 0);
+        }
+        QVERIFY(fixture.dialogs.seen().isEmpty());
+    }
+}
+
 void tst_MainWindowControls::theButtonsSeek()
 {
     SoundWindow fixture;
@@ -165,10 +188,11 @@ void tst_MainWindowControls::aClickWithoutALengthSeeksNowhere()
     auto &slider = fixture.find<QSlider>(u"seekSlider"_s);
     fixture.player().seek(4000);
     QTRY_VERIFY(fixture.player().timeMs() > 3000);
+    const qint64 before = fixture.player().timeMs();
     // As before the first report of a length.
     slider.setRange(0, 0);
     QTest::mouseClick(&slider, Qt::LeftButton, {}, slider.rect().center());
-    QVERIFY(fixture.playsOn());
+    QVERIFY(fixture.playsOnFrom(before));
     // Reports move it again.
     QTRY_VERIFY(slider.value() > 4000);
 }
@@ -211,10 +235,11 @@ void tst_MainWindowControls::aHoldThatEndsWithoutAReleaseSeeksNowhere()
         window.toggleFullscreen();
     }
     QVERIFY(!slider.isSliderDown());
+    const qint64 before = fixture.player().timeMs();
     // One that comes after all is none.
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, place);
     QCOMPARE(released.count(), 0);
-    QVERIFY(fixture.playsOn());
+    QVERIFY(fixture.playsOnFrom(before));
 
     // The next film's slider follows it, and can be held again.
     fixture.play(1);

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void progressClearsTheCount();
     void progressWithoutAnInterruptionChangesNothing();
     void theStreamIsPlayedAgainAndTheCountStays();
+    void aReplayBeforeTheTimerStopsIt();
     void anotherEntryCancelsTheReconnect();
     void cancellingStopsAndClears();
     void anInterruptionFromAnotherThreadComesQueued();
@@ -137,6 +138,18 @@ void tst_MainWindowReconnect::theStreamIsPlayedAgainAndTheCountStays()
     Q_EMIT fixture.player().playbackInterrupted(u"it broke"_s);
     QCOMPARE(nowPlaying(fixture), u"Reconnecting to News... (attempt 2)"_s);
     QCOMPARE(fixture.reconnectTimer().interval(), 2000);
+}
+
+void tst_MainWindowReconnect::aReplayBeforeTheTimerStopsIt()
+{
+    WindowFixture fixture;
+    MainWindow &window = openAndPlay(fixture, 0, u"News"_s);
+    Q_EMIT fixture.player().playbackInterrupted(u"it broke"_s);
+    QVERIFY(fixture.reconnectTimer().isActive());
+    // As Retry does in a box that was open already.
+    window.replayCurrentStream();
+    QVERIFY(!fixture.reconnectTimer().isActive());
+    QCOMPARE(nowPlaying(fixture), u"Playing: News"_s);
 }
 
 void tst_MainWindowReconnect::anotherEntryCancelsTheReconnect()
