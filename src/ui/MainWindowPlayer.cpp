@@ -65,8 +65,6 @@ QWidget *MainWindow::buildPlayerPanel()
     videoSurface->setAccessibleName(tr("Video"));
     videoSurface->setMinimumSize(480, 270);
     videoSurface->setStyleSheet(u"background-color: black;"_s);
-    // A plain widget paints the background of its style sheet only when told so.
-    videoSurface->setAttribute(Qt::WA_StyledBackground);
     videoSurface->setMouseTracking(true);
     nowPlayingLabel = new ElidedLabel(tr("Nothing playing"));
     nowPlayingLabel->setObjectName(u"mutedLabel"_s);
