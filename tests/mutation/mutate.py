@@ -23,7 +23,7 @@ import operators
 import workspace
 
 KILLED, SURVIVED, TIMEOUT = "killed", "survived", "timeout"
-UNCOVERED, INVALID = "not covered", "not a mutant"
+UNCOVERED, INVALID, STOPPED = "not covered", "not a mutant", "stopped"
 _FIRST_PORT = 18500  # of the tests' subscription service; each job has one of its own
 
 
@@ -98,7 +98,7 @@ class Trial:
     """Tries the candidates in their order until enough of them turned out to be mutants."""
 
     def __init__(self, found, count, map_of_tests, spaces):
-        self.results = []  # (place in the order, mutant, result, what it was that noticed)
+        self.results = []  # (place in the order, mutant, result), in the order in which they end
         self._candidates = iter(enumerate(found))
         self._count = count
         self._coverage = map_of_tests
@@ -121,7 +121,6 @@ class Trial:
                 for space in self._spaces:
                     space.interrupt()
                 raise
-        self.results.sort(key=lambda result: result[0])
 
     def _next(self):
         with self._changed:
@@ -141,14 +140,15 @@ class Trial:
         programs = space.tests()
         while (candidate := self._next()) is not None:
             place, (mutant, covering) = candidate
-            result, noticed = INVALID, ""
+            result, noticed = STOPPED, ""
             try:
                 result, noticed = self._try(space, mutant, _named(programs, covering))
             finally:
                 with self._changed:
                     self._under_way -= 1
-                    self._valid += result != INVALID
-                    self.results.append((place, mutant, result, noticed))
+                    if result != STOPPED:
+                        self._valid += result != INVALID
+                        self.results.append((place, mutant, result))
                     self._changed.notify_all()
             what = f"{mutant.file}:{mutant.line} {mutant.operator}"
             print(f"{self._valid:4} {what}: {result} {noticed}", flush=True)
@@ -167,7 +167,7 @@ class Trial:
                 return INVALID, ""
             for name in sorted(tests, key=lambda name: (seconds[name], name)):
                 if self._stopped:
-                    return INVALID, ""
+                    return STOPPED, ""
                 result, _ = space.run(tests[name], 10 + 4 * seconds[name])
                 if result == workspace.TIMEOUT:
                     return TIMEOUT, name
@@ -180,10 +180,10 @@ class Trial:
 
 def report(trial, broken, untouched, seconds):
     """The text of the report, and how many mutants went unnoticed."""
-    counted = Counter(result for _, _, result, _ in trial.results)
+    counted = Counter(result for _, _, result in trial.results)
     lines = []
     for wanted in (SURVIVED, UNCOVERED):
-        for _, mutant, result, _ in trial.results:
+        for _, mutant, result in sorted(trial.results, key=lambda entry: entry[0]):
             if result == wanted:
                 lines += [f"{wanted}: {mutant.file}:{mutant.line} ({mutant.operator})",
                           f"  - {mutant.before}", f"  + {mutant.after}"]
@@ -225,13 +225,15 @@ def main(words, project):
 
     began = time.monotonic()
     trial = Trial(found, count, map_of_tests, spaces)
-    trial.run()
-    named = set() if options.count else chosen_lines(options)
-    untouched = named - {(mutant.file, mutant.line) for mutant, _ in found}
-    text, unnoticed = report(trial, map_of_tests.broken, untouched, time.monotonic() - began)
-    print(text, end="")
-    if options.report:
-        options.report.write_text(text)
+    try:
+        trial.run()
+    finally:  # what is known is told when it is interrupted, too
+        named = set() if options.count else chosen_lines(options)
+        untouched = named - {(mutant.file, mutant.line) for mutant, _ in found}
+        text, unnoticed = report(trial, map_of_tests.broken, untouched, time.monotonic() - began)
+        print(text, end="")
+        if options.report:
+            options.report.write_text(text)
     return 1 if unnoticed else 0
 
 

@@ -12,6 +12,7 @@ import unittest.mock
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
 import coverage
 import mutate
+import workspace
 
 FILES = {
     "CMakeLists.txt": """
@@ -160,6 +161,22 @@ class Trial(unittest.TestCase):
 
         self.assertEqual(tried("1"), tried("1"))
         self.assertNotEqual(tried("1"), tried("2"))
+
+    def test_an_interrupted_run_reports_what_it_knows(self):
+        self.mutate(*self.lines(3))
+        run, ended = workspace.Workspace.run, []
+
+        def interrupt(*words):
+            if ended:
+                raise KeyboardInterrupt
+            ended.append(run(*words))
+            return ended[0]
+
+        with unittest.mock.patch.object(workspace.Workspace, "run", interrupt):
+            with self.assertRaises(KeyboardInterrupt):
+                self.mutate("--jobs", "1", *self.lines(3))
+        report = (self.project / "build" / "report.txt").read_text()
+        self.assertIn("1 mutants: 1 killed", report)
 
     def test_the_sources_stay(self):
         self.mutate(*self.lines(3, 11))
