@@ -164,7 +164,7 @@ class Trial:
         path.write_text(mutant.apply(text))
         try:
             if not space.build({test.program for test in tests.values()}):
-                return INVALID, ""
+                return STOPPED if self._stopped else INVALID, ""
             for name in sorted(tests, key=lambda name: (seconds[name], name)):
                 if self._stopped:
                     return STOPPED, ""
@@ -199,11 +199,16 @@ def report(trial, broken, untouched, seconds):
     return "\n".join(lines) + "\n", counted[SURVIVED] + counted[UNCOVERED]
 
 
+def end_once(*_):
+    signal.signal(signal.SIGTERM, signal.SIG_IGN)
+    sys.exit(143)
+
+
 def main(words, project):
     """Does what `words`, the command line, asks for with the sources in the folder `project`."""
     options = arguments(words)
     # Ended by the system it ends as by a person: the tests that run go as well.
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+    signal.signal(signal.SIGTERM, end_once)
     build = project / "build" / "mutate"
     build.mkdir(parents=True, exist_ok=True)
     counting = workspace.Workspace(
