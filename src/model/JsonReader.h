@@ -13,8 +13,8 @@
 ///
 /// Clean texts are read by RapidJSON's event reader. What is odd (not UTF-8, nested deeper than any
 /// catalog, with lone surrogates or numbers that no double holds, malformed) goes to QJsonDocument,
-/// so that Qt alone decides what such a text means. Results are those of QJsonDocument and QJsonValue
-/// in either case.
+/// so that Qt alone decides what such a text means. Results are those of QJsonDocument and
+/// QJsonValue in either case.
 
 /// One member of a flat object, as far as a catalog needs it. Valid during the callback only.
 struct JsonField

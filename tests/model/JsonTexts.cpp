@@ -209,14 +209,55 @@ QList<QByteArray> JsonTexts::documents()
 
 QByteArray JsonTexts::mutated(QByteArray text, QRandomGenerator &random)
 {
-    static const QList<QByteArray> pieces{
-        "{",     "}",     "[",     "]",        ",",        ":",        "\"",          "\\",
-        "\\u",   "\\x",   " ",     "\n",       "\t",       "null",     "true",        "false",
-        "1",     "-",     ".",     "e5",       "00",       "-0",       "e-400",       "12e308",
-        "1e99",  "nan",   "//",    "\\ud83d",  "\\ude00",  "\\u0000",  "\\ufeff",     "\xc3",
-        "\xff",  "\xed",  "\xa0",  "\xc3\xa9", "\"a\":5,", "\"a\":{}", "\"b\":\"7\"", R"("id":"6",)",
-        "[[]],", "{}{},", "\"a\"", "\xef\xbb\xbf", "\xf0\x9f\x98\x80", "99999999999999999999",
-        R"("live":{},)",  R"("episodes":{},)", QByteArray(1, '\0')};
+    static const QList<QByteArray> pieces{"{",
+                                          "}",
+                                          "[",
+                                          "]",
+                                          ",",
+                                          ":",
+                                          "\"",
+                                          "\\",
+                                          "\\u",
+                                          "\\x",
+                                          " ",
+                                          "\n",
+                                          "\t",
+                                          "null",
+                                          "true",
+                                          "false",
+                                          "1",
+                                          "-",
+                                          ".",
+                                          "e5",
+                                          "00",
+                                          "-0",
+                                          "e-400",
+                                          "12e308",
+                                          "1e99",
+                                          "nan",
+                                          "//",
+                                          "\\ud83d",
+                                          "\\ude00",
+                                          "\\u0000",
+                                          "\\ufeff",
+                                          "\xc3",
+                                          "\xff",
+                                          "\xed",
+                                          "\xa0",
+                                          "\xc3\xa9",
+                                          "\"a\":5,",
+                                          "\"a\":{}",
+                                          "\"b\":\"7\"",
+                                          R"("id":"6",)",
+                                          "[[]],",
+                                          "{}{},",
+                                          "\"a\"",
+                                          "\xef\xbb\xbf",
+                                          "\xf0\x9f\x98\x80",
+                                          "99999999999999999999",
+                                          R"("live":{},)",
+                                          R"("episodes":{},)",
+                                          QByteArray(1, '\0')};
     for (int changes = random.bounded(1, 3); changes > 0 && !text.isEmpty(); --changes) {
         const int at = random.bounded(static_cast<int>(text.size()));
         switch (random.bounded(8)) {
@@ -240,6 +281,5 @@ QByteArray JsonTexts::mutated(QByteArray text, QRandomGenerator &random)
 
 QByteArray JsonTexts::printable(const QByteArray &text)
 {
-    return "differs for " +
-           text.left(2000).toPercentEncoding(" !\"#$&'()*+,/:;<=>?@[\\]^_`{|}"_ba);
+    return "differs for " + text.left(2000).toPercentEncoding(" !\"#$&'()*+,/:;<=>?@[\\]^_`{|}"_ba);
 }

@@ -1,13 +1,10 @@
 #include "model/PlainCatalogCache.h"
 
 #include <QDateTime>
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QRegularExpression>
-#include <QStandardPaths>
 #include <QVariant>
 
 using namespace Qt::StringLiterals;
@@ -16,23 +13,10 @@ namespace {
 
 const QString episodesKey = u"episodes"_s;
 
-QString cacheDir()
+/// The root object of a file, empty when there is no usable one.
+QJsonObject readRoot(const QString &path)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/catalog_cache"_L1;
-}
-
-QString cacheFilePath(const QString &sourceName)
-{
-    static const QRegularExpression unsafe(u"[^A-Za-z0-9_-]"_s);
-    QString fileName = sourceName;
-    fileName.replace(unsafe, u"_"_s);
-    return cacheDir() + u'/' + fileName + ".json"_L1;
-}
-
-/// The root object of a source's file, empty when there is no usable one.
-QJsonObject readRoot(const QString &sourceName)
-{
-    QFile file(cacheFilePath(sourceName));
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
@@ -44,9 +28,9 @@ QJsonObject readRoot(const QString &sourceName)
     return document.object();
 }
 
-void writeRoot(const QString &sourceName, const QJsonObject &root)
+void writeRoot(const QString &path, const QJsonObject &root)
 {
-    QFile file(cacheFilePath(sourceName));
+    QFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         file.write(QJsonDocument(root).toJson(QJsonDocument::Compact));
     }
@@ -132,10 +116,10 @@ QList<Record> fromJsonArray(const QJsonArray &array, Record (*convert)(const QJs
 
 } // namespace
 
-bool PlainCatalogCache::load(const QString &sourceName, const QString &section,
+bool PlainCatalogCache::load(const QString &path, const QString &section,
                              CatalogCache::Section &out)
 {
-    const QJsonObject root = readRoot(sourceName);
+    const QJsonObject root = readRoot(path);
     const auto found = root.constFind(section);
     if (found == root.constEnd()) {
         return false;
@@ -146,41 +130,35 @@ bool PlainCatalogCache::load(const QString &sourceName, const QString &section,
     return true;
 }
 
-void PlainCatalogCache::save(const QString &sourceName, const QString &section,
+void PlainCatalogCache::save(const QString &path, const QString &section,
                              const CatalogCache::Section &data)
 {
-    QDir().mkpath(cacheDir());
-    QJsonObject root = readRoot(sourceName);
+    QJsonObject root = readRoot(path);
     root.insert(section, QJsonObject{{u"categories"_s, toJsonArray(data.categories)},
                                      {u"items"_s, toJsonArray(data.items)}});
-    writeRoot(sourceName, root);
+    writeRoot(path, root);
 }
 
-bool PlainCatalogCache::loadEpisodes(const QString &sourceName, const QString &seriesId,
-                                     long long maxAgeSeconds, QList<Episode> &out)
+bool PlainCatalogCache::loadEpisodes(const QString &path, const QString &seriesId,
+                                     QList<Episode> &out)
 {
-    const QJsonObject store = readRoot(sourceName).value(episodesKey).toObject();
+    const QJsonObject store = readRoot(path).value(episodesKey).toObject();
     const auto found = store.constFind(seriesId);
     if (found == store.constEnd()) {
         return false;
     }
     const QJsonObject entry = found->toObject();
-    const qint64 savedAt = entry.value("savedAt"_L1).toVariant().toLongLong();
-    if (QDateTime::currentSecsSinceEpoch() - savedAt >= maxAgeSeconds) {
-        return false;
-    }
     out = fromJsonArray(entry.value("list"_L1).toArray(), episodeFromJson);
     return true;
 }
 
-void PlainCatalogCache::saveEpisodes(const QString &sourceName, const QString &seriesId,
+void PlainCatalogCache::saveEpisodes(const QString &path, const QString &seriesId,
                                      const QList<Episode> &episodes)
 {
-    QDir().mkpath(cacheDir());
-    QJsonObject root = readRoot(sourceName);
+    QJsonObject root = readRoot(path);
     QJsonObject store = root.value(episodesKey).toObject();
     store.insert(seriesId, QJsonObject{{u"savedAt"_s, QDateTime::currentSecsSinceEpoch()},
                                        {u"list"_s, toJsonArray(episodes)}});
     root.insert(episodesKey, store);
-    writeRoot(sourceName, root);
+    writeRoot(path, root);
 }

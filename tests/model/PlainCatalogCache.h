@@ -2,18 +2,17 @@
 
 #include "model/CatalogCache.h"
 
-/// The catalog cache by way of QJsonDocument, without a thought for speed, over the same files:
-/// what CatalogCache is compared with.
+/// The catalog cache by way of QJsonDocument, without a thought for speed, over files given by
+/// their path: what CatalogCache is compared with. It knows no age of episodes.
 class PlainCatalogCache final
 {
 public:
     PlainCatalogCache() = delete;
 
-    static bool load(const QString &sourceName, const QString &section, CatalogCache::Section &out);
-    static void save(const QString &sourceName, const QString &section,
+    static bool load(const QString &path, const QString &section, CatalogCache::Section &out);
+    static void save(const QString &path, const QString &section,
                      const CatalogCache::Section &data);
-    static bool loadEpisodes(const QString &sourceName, const QString &seriesId,
-                             long long maxAgeSeconds, QList<Episode> &out);
-    static void saveEpisodes(const QString &sourceName, const QString &seriesId,
+    static bool loadEpisodes(const QString &path, const QString &seriesId, QList<Episode> &out);
+    static void saveEpisodes(const QString &path, const QString &seriesId,
                              const QList<Episode> &episodes);
 };

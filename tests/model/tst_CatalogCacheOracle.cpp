@@ -87,7 +87,7 @@ bool readTheSame()
         CatalogCache::Section quick{{{u"x"_s, u"x"_s}}, {}};
         CatalogCache::Section plain = quick;
         if (CatalogCache::load(sourceName, name, quick) !=
-                PlainCatalogCache::load(sourceName, name, plain) ||
+                PlainCatalogCache::load(cacheFile(), name, plain) ||
             quick != plain) {
             return false;
         }
@@ -96,7 +96,7 @@ bool readTheSame()
         QList<Episode> quick{{u"x"_s, {}, 0, 0, {}, {}}};
         QList<Episode> plain = quick;
         if (CatalogCache::loadEpisodes(sourceName, show, anyAge, quick) !=
-                PlainCatalogCache::loadEpisodes(sourceName, show, anyAge, plain) ||
+                PlainCatalogCache::loadEpisodes(cacheFile(), show, plain) ||
             quick != plain) {
             return false;
         }
@@ -161,8 +161,8 @@ void tst_CatalogCacheOracle::randomCatalogs()
         const QList<Episode> episodes = randomEpisodes(random);
         const QByteArray before = readFile();
 
-        PlainCatalogCache::save(sourceName, name, section);
-        PlainCatalogCache::saveEpisodes(sourceName, u"2"_s, episodes);
+        PlainCatalogCache::save(cacheFile(), name, section);
+        PlainCatalogCache::saveEpisodes(cacheFile(), u"2"_s, episodes);
         QVERIFY2(readTheSame(), JsonTexts::printable(readFile()).constData());
         const QJsonObject expected = rootWithoutTimes();
 
@@ -176,7 +176,7 @@ void tst_CatalogCacheOracle::randomCatalogs()
         QVERIFY(CatalogCache::load(sourceName, name, loaded));
         QVERIFY(loaded == section);
         if (random.bounded(3) == 0) { // half of the files go on from what the other has written
-            PlainCatalogCache::save(sourceName, u"other"_s, section);
+            PlainCatalogCache::save(cacheFile(), u"other"_s, section);
         }
     }
 }
@@ -202,8 +202,8 @@ void tst_CatalogCacheOracle::mutatedFiles()
         QVERIFY2(readTheSame(), JsonTexts::printable(content).constData());
 
         const CatalogCache::Section section = randomSection(random);
-        PlainCatalogCache::save(sourceName, u"movie"_s, section);
-        PlainCatalogCache::saveEpisodes(sourceName, u"2"_s, {});
+        PlainCatalogCache::save(cacheFile(), u"movie"_s, section);
+        PlainCatalogCache::saveEpisodes(cacheFile(), u"2"_s, {});
         const QJsonObject expected = rootWithoutTimes();
         writeFile(content);
         CatalogCache::save(sourceName, u"movie"_s, section);
