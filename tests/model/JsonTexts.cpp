@@ -252,7 +252,6 @@ QByteArray JsonTexts::mutated(QByteArray text, QRandomGenerator &random)
                                           "[[]],",
                                           "{}{},",
                                           "\"a\"",
-                                          "\xef\xbb\xbf",
                                           "\xf0\x9f\x98\x80",
                                           "99999999999999999999",
                                           R"("live":{},)",

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void loadingReplacesTheLists();
     void savingReplacesTheSection();
     void sectionsAreIndependent();
+    void severalSectionsAtOnce();
     void anySectionName_data();
     void anySectionName();
     void sourcesAreIndependent();
@@ -171,6 +172,19 @@ void tst_CatalogCache::sectionsAreIndependent()
         QVERIFY(CatalogCache::load(u"S"_s, section, loaded));
         QCOMPARE(loaded, sectionWith(movie(section == u"movie"_s ? u"again"_s : section)));
     }
+}
+
+void tst_CatalogCache::severalSectionsAtOnce()
+{
+    CatalogCache::save(u"S"_s, u"live"_s, sectionWith(movie(u"l"_s)));
+    CatalogCache::save(u"S"_s, u"movie"_s, sectionWith(movie(u"m"_s)));
+    QList<CatalogCache::Section> loaded{untouched()};
+    QVERIFY(!CatalogCache::load(u"S"_s, {u"movie"_s, u"series"_s}, loaded));
+    QCOMPARE(loaded, QList<CatalogCache::Section>{untouched()});
+    // In the order of the names, and in place of what the list held.
+    QVERIFY(CatalogCache::load(u"S"_s, {u"movie"_s, u"live"_s}, loaded));
+    QCOMPARE(loaded, (QList<CatalogCache::Section>{sectionWith(movie(u"m"_s)),
+                                                   sectionWith(movie(u"l"_s))}));
 }
 
 void tst_CatalogCache::anySectionName_data()

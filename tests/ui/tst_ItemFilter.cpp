@@ -62,6 +62,7 @@ private Q_SLOTS:
     void sorted();
     void tieBreakGetsOldIndicesAndScores();
     void tieBreakIsAskedOnlyAmongEqualScores();
+    void namesWithoutTheQueryAreSortedLikeThoseAroundIt();
     void keepsEveryField();
 };
 
@@ -260,6 +261,14 @@ void tst_ItemFilter::tieBreakIsAskedOnlyAmongEqualScores()
     });
     QVERIFY(onlyEquals);
     QCOMPARE(names(items), (QStringList{u"News"_s, u"a news"_s, u"b news"_s, u"xnews"_s}));
+}
+
+void tst_ItemFilter::namesWithoutTheQueryAreSortedLikeThoseAroundIt()
+{
+    // Both are "anything else": their names decide.
+    QList<MediaItem> items = namedAll({u"xnews"_s, u"film"_s, u"anews"_s});
+    sortItems(items, u"news"_s, u"name"_s);
+    QCOMPARE(names(items), (QStringList{u"anews"_s, u"film"_s, u"xnews"_s}));
 }
 
 void tst_ItemFilter::keepsEveryField()

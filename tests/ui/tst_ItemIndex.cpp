@@ -46,6 +46,7 @@ private Q_SLOTS:
     void sameAsFilterAndSort();
     void anotherListIsSeen();
     void aChangedListIsSeen();
+    void withoutAQueryAnEmptyNameIsLikeAnyOther();
 };
 
 void tst_ItemIndex::sameAsFilterAndSort_data()
@@ -92,6 +93,14 @@ void tst_ItemIndex::aChangedListIsSeen()
     QCOMPARE(index.select(movies, {}, {}, u"rating"_s).first(), movies.first());
     movies.removeFirst();
     QCOMPARE(index.select(movies, {}, {}, u"rating"_s), plainly(movies, {}, {}, u"rating"_s));
+}
+
+void tst_ItemIndex::withoutAQueryAnEmptyNameIsLikeAnyOther()
+{
+    QList<MediaItem> movies(2);
+    movies[0].name = u"News"_s;
+    movies[0].rating = 9;
+    QCOMPARE(ItemIndex().select(movies, {}, {}, u"rating"_s), movies);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_ItemIndex)
