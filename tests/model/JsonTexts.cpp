@@ -239,7 +239,6 @@ QByteArray JsonTexts::mutated(QByteArray text, QRandomGenerator &random)
                                           "\\ud83d",
                                           "\\ude00",
                                           "\\u0000",
-                                          "\\ufeff",
                                           "\xc3",
                                           "\xff",
                                           "\xed",
