@@ -59,6 +59,20 @@ struct Tab
     QWidget *view = nullptr;
 };
 
+/// Counts the paint events of the widgets that it filters.
+class PaintCounter final : public QObject
+{
+public:
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
 QStringList texts(const QListWidget &list)
 {
     QStringList result;
@@ -94,6 +108,7 @@ private Q_SLOTS:
     void aLongTitleNeedsNoRoom();
     void fillsCategories();
     void fillsTheTable();
+    void aRefillOfEqualLengthIsPainted();
     void fillsThePosterGrid();
     void aPosterLeavesTheCellsAlone_data();
     void aPosterLeavesTheCellsAlone();
@@ -361,6 +376,24 @@ void tst_BrowseTab::fillsTheTable()
     QCOMPARE(tab.table->item(0, 0)->text(), u"<b>Two</b>"_s);
     fillTable(tab.table, {});
     QCOMPARE(tab.table->rowCount(), 0);
+}
+
+void tst_BrowseTab::aRefillOfEqualLengthIsPainted()
+{
+    const Tab tab(false);
+    tab.stack->setCurrentIndex(1);
+    tab.show();
+    MediaItem channel;
+    channel.name = u"One"_s;
+    fillTable(tab.table, {channel});
+    QWidget *viewport = tab.table->viewport();
+    PaintCounter paints;
+    viewport->installEventFilter(&paints);
+    // Until the window that has just been shown is painted to its end.
+    QTRY_VERIFY((paints.count = 0, QCoreApplication::processEvents(), paints.count == 0));
+    channel.name = u"Two"_s;
+    fillTable(tab.table, {channel});
+    QTRY_VERIFY(paints.count > 0);
 }
 
 void tst_BrowseTab::fillsThePosterGrid()

@@ -11,6 +11,7 @@
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -75,6 +76,11 @@ MediaItem full(qint32 kind, const QString &name, const QString &category, double
     return item;
 }
 
+QString idOf(const QString &name)
+{
+    return u"id of "_s + name;
+}
+
 /// `base` is where the entries' own URLs point.
 CatalogCache::Section section(qint32 kind, const QString &base = {})
 {
@@ -83,6 +89,7 @@ CatalogCache::Section section(qint32 kind, const QString &base = {})
         {full(kind, u"Sky News"_s, u"n"_s, 5, 30), full(kind, u"Newsroom"_s, u"n"_s, 0, 10),
          full(kind, u"Arena"_s, u"s"_s, 9, 20), full(kind, u"News"_s, u"s"_s, 7, 0)}};
     for (MediaItem &item : result.items) {
+        item.id = idOf(item.name);
         item.streamUrl = base + u'/' + item.name;
     }
     return result;
@@ -99,6 +106,7 @@ private Q_SLOTS:
     void init();
     void aClickOpensACategory_data() { tabs(); }
     void aClickOpensACategory();
+    void everyTabNamesItsEntries();
     void returnOpensTheCurrentCategory_data() { tabs(); }
     void returnOpensTheCurrentCategory();
     void aTabWithoutCategoriesShowsEverything();
@@ -106,6 +114,10 @@ private Q_SLOTS:
     void theItemSearchFiltersTheCategory();
     void theSearchOverAllSpansTheCategories_data() { tabs(); }
     void theSearchOverAllSpansTheCategories();
+    void theShowsStayAfterASearchAndAShow_data();
+    void theShowsStayAfterASearchAndAShow();
+    void longNamesDoNotWidenTheWindow_data() { tabs(); }
+    void longNamesDoNotWidenTheWindow();
     void aKeystrokeRefillsTheGridOnce();
     void sortBox_data();
     void sortBox();
@@ -173,6 +185,23 @@ void tst_MainWindowBrowse::aClickOpensACategory()
     QCOMPARE(view.names(),
              sorted ? (QStringList{u"Arena"_s, u"News"_s, u"Newsroom"_s, u"Sky News"_s})
                     : (QStringList{u"Sky News"_s, u"Newsroom"_s, u"Arena"_s, u"News"_s}));
+}
+
+void tst_MainWindowBrowse::everyTabNamesItsEntries()
+{
+    WindowFixture fixture;
+    fixture.open();
+    const QHash<QString, QString> placeholders{{u"live"_s, u"Search all channels..."_s},
+                                               {u"movie"_s, u"Search all movies..."_s},
+                                               {u"series"_s, u"Search all shows..."_s},
+                                               {u"channel"_s, u"Search all channels..."_s}};
+    for (auto tab = placeholders.begin(); tab != placeholders.end(); ++tab) {
+        const TabView view(fixture, tab.key());
+        QCOMPARE(view.allSearch().placeholderText(), tab.value());
+        if (view.isTable()) {
+            QCOMPARE(view.view().model()->headerData(0, Qt::Horizontal).toString(), u"Channel"_s);
+        }
+    }
 }
 
 void tst_MainWindowBrowse::returnOpensTheCurrentCategory()
@@ -251,6 +280,62 @@ void tst_MainWindowBrowse::theSearchOverAllSpansTheCategories()
     QCOMPARE(view.search().text(), QString());
     QCOMPARE(view.title(), u"All Categories"_s);
     QCOMPARE(view.names().size(), 4);
+}
+
+void tst_MainWindowBrowse::theShowsStayAfterASearchAndAShow_data()
+{
+    QTest::addColumn<QString>("then");
+    QTest::newRow("the search is cleared") << u"clear"_s;
+    QTest::newRow("the source is refreshed") << u"refresh"_s;
+    QTest::newRow("the source is chosen anew") << u"switch"_s;
+}
+
+void tst_MainWindowBrowse::theShowsStayAfterASearchAndAShow()
+{
+    QFETCH(QString, then);
+    WindowFixture fixture;
+    open(fixture, u"series"_s);
+    const TabView view(fixture, u"series"_s);
+    QTest::keyClicks(&view.allSearch(), u"news"_s);
+    view.clickEntry(0);
+    QCOMPARE(view.page(), 2);
+    fixture.button(u"< Back to Shows"_s).click();
+    QVERIFY(view.view().isVisible());
+    // The first of the four buttons that reads so belongs to another tab.
+    for (QPushButton *back : view.part<QStackedWidget>(u"Stack"_s).findChildren<QPushButton *>()) {
+        if (back->text() == "< Back to Categories"_L1) {
+            QTest::mouseClick(back, Qt::LeftButton);
+        }
+    }
+    QCOMPARE(view.page(), 0);
+    QVERIFY(view.view().isVisible());
+    QCOMPARE(view.names(), (QStringList{u"News"_s, u"Newsroom"_s, u"Sky News"_s}));
+
+    if (then == "clear"_L1) {
+        view.allSearch().clear();
+    } else {
+        fixture.window().loadSource(WindowFixture::stored(u"A"_s), then == "refresh"_L1);
+    }
+    const TabView again(fixture, u"series"_s);
+    QVERIFY(again.categories().isVisible());
+    QVERIFY(!again.view().isVisible());
+    again.clickCategory(0);
+    QCOMPARE(again.page(), 1);
+    QVERIFY(again.view().isVisible());
+    QCOMPARE(again.names().size(), then == "refresh"_L1 ? 0 : 4);
+}
+
+void tst_MainWindowBrowse::longNamesDoNotWidenTheWindow()
+{
+    QFETCH(QString, tab);
+    WindowFixture fixture;
+    open(fixture, tab);
+    const TabView view(fixture, tab);
+    const int width = fixture.window().minimumSizeHint().width();
+    view.categories().item(1)->setText(QString(5000, u'x'));
+    view.clickCategory(1);
+    QCOMPARE(view.title().size(), 5000);
+    QCOMPARE(fixture.window().minimumSizeHint().width(), width);
 }
 
 void tst_MainWindowBrowse::aKeystrokeRefillsTheGridOnce()
@@ -373,12 +458,15 @@ void tst_MainWindowBrowse::aClickOpensAShow()
 {
     WindowFixture fixture;
     open(fixture, u"series"_s);
-    CatalogCache::saveEpisodes(u"A"_s, u"Newsroom"_s, {});
+    CatalogCache::saveEpisodes(u"A"_s, idOf(u"Newsroom"_s),
+                               {{u"1"_s, u"Newsroom"_s, 1, 1, u"Start"_s, {}}});
     const TabView view(fixture, u"series"_s);
     view.clickCategory(1);
     view.clickEntry(0);
     QCOMPARE(view.page(), 2);
     QCOMPARE(fixture.find<QLabel>(u"episodeTitleLabel"_s).text(), u"Newsroom"_s);
+    QCOMPARE(fixture.find<QTreeWidget>(u"episodeTree"_s).topLevelItemCount(), 1);
+    QCOMPARE(server->requestCount(), 0);
     fixture.button(u"< Back to Shows"_s).click();
     QCOMPARE(view.page(), 1);
 
