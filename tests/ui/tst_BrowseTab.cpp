@@ -338,12 +338,8 @@ void tst_BrowseTab::theSearchResultsReturnToTheCategoryPage()
 void tst_BrowseTab::aLongTitleNeedsNoRoom()
 {
     const Tab tab(true);
-    tab.show();
-    tab.stack->setCurrentIndex(1);
-    const int width = tab.root->minimumSizeHint().width();
     tab.titleLabel->setText(QString(5000, u'x'));
-    QCoreApplication::processEvents();
-    QCOMPARE(tab.root->minimumSizeHint().width(), width);
+    QCOMPARE(tab.titleLabel->minimumSizeHint().width(), 0);
 }
 
 void tst_BrowseTab::fillsCategories()

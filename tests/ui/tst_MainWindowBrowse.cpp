@@ -116,8 +116,6 @@ private Q_SLOTS:
     void theSearchOverAllSpansTheCategories();
     void theShowsStayAfterASearchAndAShow_data();
     void theShowsStayAfterASearchAndAShow();
-    void longNamesDoNotWidenTheWindow_data() { tabs(); }
-    void longNamesDoNotWidenTheWindow();
     void aKeystrokeRefillsTheGridOnce();
     void sortBox_data();
     void sortBox();
@@ -323,20 +321,6 @@ void tst_MainWindowBrowse::theShowsStayAfterASearchAndAShow()
     QCOMPARE(again.page(), 1);
     QVERIFY(again.view().isVisible());
     QCOMPARE(again.names().size(), then == "refresh"_L1 ? 0 : 4);
-}
-
-void tst_MainWindowBrowse::longNamesDoNotWidenTheWindow()
-{
-    QFETCH(QString, tab);
-    WindowFixture fixture;
-    open(fixture, tab);
-    const TabView view(fixture, tab);
-    const int width = fixture.window().width();
-    view.categories().item(1)->setText(QString(5000, u'x'));
-    view.clickCategory(1);
-    QCoreApplication::processEvents();
-    QCOMPARE(view.title().size(), 5000);
-    QCOMPARE(fixture.window().width(), width);
 }
 
 void tst_MainWindowBrowse::aKeystrokeRefillsTheGridOnce()
