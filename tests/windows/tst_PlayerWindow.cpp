@@ -70,7 +70,8 @@ void tst_PlayerWindow::init()
 void tst_PlayerWindow::cleanup()
 {
     if (QTest::currentTestFailed())
-        Screen::save(Screen::grab(), u"failed-"_s + QString::fromLatin1(QTest::currentTestFunction()));
+        Screen::save(Screen::grab(),
+                     u"failed-"_s + QString::fromLatin1(QTest::currentTestFunction()));
     fixture.reset();
     server.reset();
 }
