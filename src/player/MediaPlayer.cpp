@@ -145,10 +145,12 @@ bool MediaPlayer::finish()
     }
     stopTimer->stop();
     started = false;
-    const auto deadline = PlayerStop::Clock::now() + finishPatience;
+    if (!finishDeadline) {
+        finishDeadline = PlayerStop::Clock::now() + finishPatience;
+    }
     const bool allDone =
         std::all_of(hungStops.cbegin(), hungStops.cend(),
-                    [deadline](const PlayerStop &stop) { return stop.waitUntil(deadline); });
+                    [this](const PlayerStop &stop) { return stop.waitUntil(*finishDeadline); });
     libvlc_instance_t *instance = std::exchange(vlc, nullptr);
     if (allDone && instance != nullptr) {
         libvlc_release(instance);

@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <atomic>
+#include <optional>
 #include <vector>
 
 class QTimer;
@@ -53,9 +54,9 @@ public:
     /// Percent; for a fresh media player too.
     void setVolume(int percent);
 
-    /// Stops and releases everything; there is no media player any more. Waits a second at most.
-    /// False when libVLC still hangs: it then goes on in threads of its own, may go on drawing, and
-    /// the instance is never released.
+    /// Stops and releases everything; there is no media player any more. Waits a second at most,
+    /// and only the first time. False when libVLC still hangs: it then goes on in threads of its
+    /// own, may go on drawing, and the instance is never released.
     bool finish();
 
 Q_SIGNALS:
@@ -90,4 +91,6 @@ private:
     /// Runs while stop() has returned before the stop was done.
     QTimer *stopTimer = nullptr;
     std::vector<PlayerStop> hungStops;
+    /// Set by the first finish().
+    std::optional<PlayerStop::Clock::time_point> finishDeadline;
 };

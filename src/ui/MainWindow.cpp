@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
@@ -104,6 +105,18 @@ MainWindow::~MainWindow()
 bool MainWindow::endPlayback()
 {
     return player->finish();
+}
+
+/// Closing destroys the surface's window, which libVLC must not draw into any more.
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (endPlayback()) {
+        QMainWindow::closeEvent(event);
+        return;
+    }
+    event->ignore();
+    hide();
+    QCoreApplication::exit();
 }
 
 QWidget *MainWindow::buildSourceBar()

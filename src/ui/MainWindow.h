@@ -150,6 +150,7 @@ public Q_SLOTS:
     void showAudioMenu();
 
 protected:
+    void closeEvent(QCloseEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
