@@ -54,6 +54,7 @@ private Q_SLOTS:
     void switchingOnWithoutARememberedTrackChangesNothing();
     void switchingOffTwiceForgetsTheTrack();
     void loadsASubtitleFile();
+    void aSubtitleFileReplacesTheRememberedTrack();
     void summarizes_data();
     void summarizes();
     void summaryMarksTheChosenTracks();
@@ -238,6 +239,25 @@ void tst_VlcTracks::loadsASubtitleFile()
     const int positions = probe->positions;
     QTRY_VERIFY(probe->positions >= positions + 2);
     QCOMPARE(player.subtitleTracks(), withFile);
+}
+
+void tst_VlcTracks::aSubtitleFileReplacesTheRememberedTrack()
+{
+    play(u"tracks.mkv"_s);
+    VlcPlayer &player = probe->player;
+    player.setSubtitleTrack(3);
+    QTRY_COMPARE(player.currentSubtitleTrack(), 3);
+    player.setSubtitlesEnabled(false);
+    QTRY_COMPARE(player.currentSubtitleTrack(), -1);
+    player.loadSubtitleFile(streamPath(u"subtitles.srt"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(player.subtitleTracks().size(), 3, openMs);
+    const int file = player.subtitleTracks().last().first;
+    QTRY_COMPARE_WITH_TIMEOUT(player.currentSubtitleTrack(), file, openMs);
+
+    player.setSubtitlesEnabled(true);
+    const int positions = probe->positions;
+    QTRY_VERIFY(probe->positions >= positions + 2);
+    QCOMPARE(player.currentSubtitleTrack(), file);
 }
 
 void tst_VlcTracks::summarizes_data()
