@@ -108,6 +108,10 @@ void tst_VlcPlayerEnds::ends_data()
         << whole << false << qint64{57000} << QStringList();
     QTest::newRow("a film that ends after 56 of 60 s is cut")
         << filmEndingAt(56) << false << qint64{53000} << QStringList(earlyEndReason);
+    QTest::newRow("a film that ends after 57.5 of 60 s is cut")
+        << filmEndingAt(57.5) << false << qint64{53000} << QStringList(earlyEndReason);
+    QTest::newRow("a film that lacks its last pictures says nothing")
+        << filmEndingAt(59.4) << false << qint64{55000} << QStringList();
     QTest::newRow("a film that ends after two thirds is cut")
         << filmEndingAt(40) << false << qint64{38000} << QStringList(earlyEndReason);
     QTest::newRow("a recording of unknown length says nothing at its end")
