@@ -326,7 +326,7 @@ void MainWindow::emptyBrowseTabs()
     for (QLabel *title : {liveTitleLabel, movieTitleLabel, seriesTitleLabel, channelTitleLabel}) {
         title->clear();
     }
-    showEpisodes({});
+    showEpisodes({}, {});
     clearSeriesContext();
 }
 
