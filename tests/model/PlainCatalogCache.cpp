@@ -7,6 +7,8 @@
 #include <QJsonObject>
 #include <QVariant>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -148,6 +150,12 @@ bool PlainCatalogCache::loadEpisodes(const QString &path, const QString &seriesI
         return false;
     }
     const QJsonObject entry = found->toObject();
+    // What was saved longer ago than 64 bits of seconds can tell is older than any limit.
+    constexpr qint64 longest = std::numeric_limits<qint64>::max();
+    if (entry.value("savedAt"_L1).toVariant().toLongLong() <=
+        QDateTime::currentSecsSinceEpoch() - longest) {
+        return false;
+    }
     out = fromJsonArray(entry.value("list"_L1).toArray(), episodeFromJson);
     return true;
 }

@@ -3,7 +3,7 @@
 #include "model/CatalogCache.h"
 
 /// The catalog cache by way of QJsonDocument, without a thought for speed, over files given by
-/// their path: what CatalogCache is compared with. It knows no age of episodes.
+/// their path: what CatalogCache is compared with. Its age limit is the longest one.
 class PlainCatalogCache final
 {
 public:
