@@ -359,6 +359,8 @@ void tst_CatalogCache::episodesNeverSaved()
     CatalogCache::saveEpisodes(u"S"_s, u"8"_s, {});
     QVERIFY(!CatalogCache::loadEpisodes(u"S"_s, u"9"_s, day, episodes));
     QVERIFY(!CatalogCache::loadEpisodes(u"S"_s, u""_s, day, episodes));
+    constexpr qint64 anyAge = std::numeric_limits<qint64>::max();
+    QVERIFY(!CatalogCache::loadEpisodes(u"S"_s, u"9"_s, anyAge, episodes));
     QCOMPARE(episodes, QList<Episode>{episode(u"before"_s)});
 }
 
