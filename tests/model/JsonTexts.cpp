@@ -90,6 +90,8 @@ QList<QByteArray> strings()
         R"(a\ud83d\ude00b)",
         R"(a\ud83db)",
         R"(\ude00)",
+        R"(a\ud800)",
+        R"(a\udfff)",
         R"(\ude00\ud83d)",
         R"(\ud83d\n)",
         R"(\u0000)",

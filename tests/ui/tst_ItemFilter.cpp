@@ -80,6 +80,8 @@ void tst_ItemFilter::matches_data()
     row("a query does not match an empty name", {}, u"n"_s, false);
     row("in the middle", u"News"_s, u"ew"_s, true);
     row("whatever the case", u"News"_s, u"nEWS"_s, true);
+    row("the first and the last letter, whatever the case", u"Azaz"_s, u"ZA"_s, true);
+    row("the last letter in capitals", u"JAZZ"_s, u"zz"_s, true);
     row("not when longer than the name", u"New"_s, u"News"_s, false);
     row("not trimmed in front", u"News"_s, u" News"_s, false);
     row("not trimmed behind", u"News"_s, u"News "_s, false);
