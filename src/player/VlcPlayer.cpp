@@ -19,7 +19,7 @@ namespace {
 constexpr int progressIntervalMs = 500;
 constexpr int wishIntervalMs = 50;
 constexpr int stallSeconds = 15;
-constexpr qint32 maxStillTicks = stallSeconds * 1000 / progressIntervalMs - 1;
+static_assert(StallDetector::stallLooks * progressIntervalMs == stallSeconds * 1000);
 /// An end this close to the length is a normal end.
 constexpr qint64 normalEndMs = 2000;
 /// Relative seeks stay this far from the end.
@@ -80,7 +80,7 @@ void VlcPlayer::play(const QString &url, bool live)
     if (netDebugEnabled()) {
         NetLogStream() << "[VLC] play ->" << traceSafeUrl(url);
     }
-    resetStallTracking();
+    stall.reset();
     MediaPtr media(
         libvlc_media_new_location(mediaPlayer->instance(), requestableUrl(url).constData()));
     if (!media) {
@@ -132,7 +132,7 @@ void VlcPlayer::stop()
     if (mediaPlayer->handle() == nullptr) {
         return;
     }
-    resetStallTracking();
+    stall.reset();
     ++streamNumber;
     forgetNextMedia();
     mediaPlayer->stop();
@@ -244,7 +244,7 @@ void VlcPlayer::seekRelative(qint64 deltaMs)
 void VlcPlayer::checkPlaybackProgress()
 {
     if (!isPlaying()) {
-        resetStallTracking();
+        stall.reset();
         if (!mediaPlayer->isStarted() && !mediaPlayer->isStopping()) {
             videoOutput->takeBack();
         }
@@ -252,37 +252,17 @@ void VlcPlayer::checkPlaybackProgress()
     }
     const qint64 time = timeMs();
     Q_EMIT positionChanged(time, lengthMs());
-    if (time == lastTimeMs) {
-        countStillTick();
-        return;
-    }
-    const bool movedForward = lastTimeMs >= 0 && lastTimeMs < time;
-    lastTimeMs = time;
-    stallTicks = 0;
-    if (movedForward) {
-        sawProgress = true;
+    switch (stall.look(time)) {
+    case StallDetector::Verdict::Advancing:
         Q_EMIT playbackProgressing();
-    }
-}
-
-void VlcPlayer::countStillTick()
-{
-    if (!sawProgress) {
-        return;
-    }
-    ++stallTicks;
-    if (stallTicks > maxStillTicks) {
-        resetStallTracking();
+        break;
+    case StallDetector::Verdict::Stalled:
         Q_EMIT playbackInterrupted(
             tr("The stream stopped advancing for %1 seconds.").arg(stallSeconds));
+        break;
+    case StallDetector::Verdict::Unknown:
+        break;
     }
-}
-
-void VlcPlayer::resetStallTracking()
-{
-    lastTimeMs = -1;
-    stallTicks = 0;
-    sawProgress = false;
 }
 
 void VlcPlayer::judgeError(quint64 number)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "player/StallDetector.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -128,8 +130,6 @@ private:
     void forgetWishes();
 
     void checkPlaybackProgress();
-    void countStillTick();
-    void resetStallTracking();
 
     QTimer *progressTimer = nullptr;
     MediaPlayer *mediaPlayer = nullptr;
@@ -145,12 +145,7 @@ private:
     QTimer *wishTimer = nullptr;
     /// The subtitle track to return to when subtitles are switched back on; -1 for none.
     qint32 savedSubtitleTrack = -1;
-    /// Media time at the last tick; -1 when there is no valid sample.
-    qint64 lastTimeMs = -1;
-    /// Ticks in a row at which the time stood still.
-    qint32 stallTicks = 0;
-    /// The time has advanced in the current stream, so that standing still means something.
-    bool sawProgress = false;
+    StallDetector stall;
 };
 
 /// The codec name in a FourCC code: its bytes from the lowest, up to the first zero, trimmed.

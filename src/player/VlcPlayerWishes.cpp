@@ -56,7 +56,7 @@ void VlcPlayer::applyTrackWishes()
     if (wishes.subtitleTrack && libvlc_video_set_spu(player, *wishes.subtitleTrack) == 0) {
         wishes.subtitleTrack.reset();
     }
-    if (sawProgress) {
+    if (stall.sawProgress()) {
         // It has all its tracks by now: it has none of that number.
         wishes.audioTrack.reset();
         wishes.subtitleTrack.reset();

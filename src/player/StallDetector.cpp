@@ -1,0 +1,26 @@
+#include "player/StallDetector.h"
+
+StallDetector::Verdict StallDetector::look(qint64 timeMs)
+{
+    if (timeMs != lastTimeMs) {
+        const bool movedForward = lastTimeMs >= 0 && lastTimeMs < timeMs;
+        lastTimeMs = timeMs;
+        stillLooks = 0;
+        armed = armed || movedForward;
+        return movedForward ? Verdict::Advancing : Verdict::Unknown;
+    }
+    if (!armed) {
+        return Verdict::Unknown;
+    }
+    ++stillLooks;
+    if (stillLooks < stallLooks) {
+        return Verdict::Unknown;
+    }
+    reset();
+    return Verdict::Stalled;
+}
+
+void StallDetector::reset()
+{
+    *this = {};
+}
