@@ -3,9 +3,9 @@
 #
 # A Qt Test program with a main of its own (support/TestMain.h) and its CTest test. The test runs
 # in a private profile with a silent sound card, so that it cannot touch a user's files. With
-# DISPLAY xvfb it runs alone, on an X server and window manager of its own, with the label e2e.
-# STREAMS makes the generated streams (support/Streams.h) first. ENVIRONMENT adds to the test's
-# environment or overrides it.
+# DISPLAY xvfb it runs on an X server and window manager of its own, one such test at a time, with
+# the label e2e. STREAMS makes the generated streams (support/Streams.h) first. ENVIRONMENT adds to
+# the test's environment or overrides it.
 
 # What a program that is tested puts before an absolute path of this machine: Wine shows its root as
 # drive Z.
@@ -64,7 +64,8 @@ function(vantiro_add_test name)
         add_test(NAME ${name}
                  COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with-display
                          ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
-        set_tests_properties(${name} PROPERTIES RUN_SERIAL TRUE)
+        # One picture at a time, from the start on; what needs none runs beside it.
+        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK picture COST 1000)
         if(NOT WIN32)
             list(APPEND environment QT_QPA_PLATFORM=xcb)
         endif()
