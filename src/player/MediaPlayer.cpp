@@ -74,6 +74,7 @@ bool MediaPlayer::start(libvlc_media_t *media, quint64 number)
 {
     streamNumber.store(number);
     started = true;
+    volumeConfirmed = false;
     libvlc_media_player_set_media(mediaPlayer.get(), media);
     return libvlc_media_player_play(mediaPlayer.get()) == 0;
 }
@@ -130,6 +131,13 @@ void MediaPlayer::setVolume(int percent)
     wantedVolume = percent;
     if (mediaPlayer) {
         libvlc_audio_set_volume(mediaPlayer.get(), percent);
+    }
+}
+
+void MediaPlayer::confirmVolume()
+{
+    if (!std::exchange(volumeConfirmed, true) && wantedVolume >= 0) {
+        setVolume(wantedVolume);
     }
 }
 

@@ -53,6 +53,9 @@ public:
 
     /// Percent; for a fresh media player too.
     void setVolume(int percent);
+    /// Sets the volume asked for last again, once for each stream. Call it when the stream plays:
+    /// libVLC may lose a volume that is set while the sound output is opened.
+    void confirmVolume();
 
     /// Stops and releases everything; there is no media player any more. Waits a second at most,
     /// and only the first time. False when libVLC still hangs: it then goes on in threads of its
@@ -83,6 +86,7 @@ private:
     bool started = false;
     /// The volume asked for last; -1 for none.
     int wantedVolume = -1;
+    bool volumeConfirmed = true;
     /// Written on the GUI thread before a stream starts, read on libVLC's threads.
     std::atomic<quint64> streamNumber = 0;
 

@@ -254,6 +254,7 @@ void VlcPlayer::checkPlaybackProgress()
     Q_EMIT positionChanged(time, lengthMs());
     switch (stall.look(time)) {
     case StallDetector::Verdict::Advancing:
+        mediaPlayer->confirmVolume();
         Q_EMIT playbackProgressing();
         break;
     case StallDetector::Verdict::Stalled:

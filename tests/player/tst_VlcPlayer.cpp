@@ -156,8 +156,9 @@ void tst_VlcPlayer::plays()
     // The first look has nothing to compare with.
     QVERIFY(probe->positions > probe->progress);
     QVERIFY(probe->currentMs > 0);
-    // libVLC may set the clock of a live stream back a little at the edge of a segment.
-    QVERIFY(probe->player.timeMs() >= (live ? 1 : probe->currentMs));
+    // libVLC may set the clock of a stream in segments back a little at the edge of one.
+    const bool clockMayStepBack = live || path.endsWith(".m3u8"_L1);
+    QVERIFY(probe->player.timeMs() >= (clockMayStepBack ? 1 : probe->currentMs));
     if (length > 0) {
         QVERIFY2(qAbs(probe->totalMs - length) < 500, qPrintable(QString::number(probe->totalMs)));
         QCOMPARE(probe->player.lengthMs(), probe->totalMs);
