@@ -42,11 +42,11 @@ int notAsked(int a)
 }
 int counted(int end)
 {
-    int count = 0;
+    long long count = 0;
     while (count != end) {
         ++count;
     }
-    return count;
+    return static_cast<int>(count);
 }
 bool isSmall(int a)
 {
