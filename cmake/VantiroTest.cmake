@@ -3,7 +3,7 @@
 #
 # A Qt Test program with a main of its own (support/TestMain.h) and its CTest test. The test runs
 # in a private profile with a silent sound card, so that it cannot touch a user's files. With
-# DISPLAY xvfb it runs on an X server and window manager of its own, one such test at a time, with
+# DISPLAY xvfb it runs on an X server and window manager of its own, two such tests at a time, with
 # the label e2e. STREAMS makes the generated streams (support/Streams.h) first. ENVIRONMENT adds to
 # the test's environment or overrides it.
 
@@ -64,8 +64,11 @@ function(vantiro_add_test name)
         add_test(NAME ${name}
                  COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with-display
                          ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
-        # One picture at a time, from the start on; what needs none runs beside it.
-        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK picture COST 1000)
+        # Two pictures at a time, from the start on; what needs none runs beside them.
+        get_property(screens GLOBAL PROPERTY VANTIRO_SCREENS)
+        math(EXPR screen "(0${screens} + 1) % 2")
+        set_property(GLOBAL PROPERTY VANTIRO_SCREENS ${screen})
+        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK screen${screen} COST 1000)
         if(NOT WIN32)
             list(APPEND environment QT_QPA_PLATFORM=xcb)
         endif()
@@ -75,6 +78,10 @@ function(vantiro_add_test name)
         # Without a window libVLC would draw into whatever display or terminal it finds.
         list(APPEND environment
              QT_QPA_PLATFORM=offscreen DISPLAY= WAYLAND_DISPLAY= CACA_DRIVER=null)
+    endif()
+    if(NOT ARG_DISPLAY STREQUAL "xvfb")
+        # The slow ones first: their time limits tell which they are.
+        set_tests_properties(${name} PROPERTIES COST ${ARG_TIMEOUT})
     endif()
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${ARG_TIMEOUT}

@@ -122,6 +122,9 @@ void tst_MainWindowControls::aStreamStartsAtThePanelsVolume()
 
 void tst_MainWindowControls::everyStartSetsThePanelsVolume()
 {
+#ifdef Q_OS_WIN
+    QSKIP("libVLC tells no volume under Wine");
+#endif
     SoundWindow fixture;
     VlcPlayer &player = fixture.player();
     // The slider has not been moved, and stands at 100.
