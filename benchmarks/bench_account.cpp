@@ -2,11 +2,11 @@
 // The steps are those of a refresh, with the other kinds' sections in the cache.
 
 #include "model/CatalogCache.h"
+#include "model/ItemFilter.h"
 #include "providers/XtreamCatalog.h"
 #include "support/CatalogGenerator.h"
 #include "support/PrivateProfile.h"
 #include "ui/BrowseTab.h"
-#include "ui/ItemFilter.h"
 #include "ui/Thumbnails.h"
 
 #include <QApplication>

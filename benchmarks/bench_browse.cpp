@@ -1,9 +1,9 @@
 // What runs on a keystroke and on a scroll step.
 
+#include "model/ItemFilter.h"
+#include "model/ItemIndex.h"
 #include "support/CatalogGenerator.h"
 #include "ui/BrowseTab.h"
-#include "ui/ItemFilter.h"
-#include "ui/ItemIndex.h"
 #include "ui/Thumbnails.h"
 
 #include <QCoreApplication>

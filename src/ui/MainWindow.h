@@ -2,9 +2,9 @@
 
 #include "model/CatalogCache.h"
 #include "model/CatalogRecords.h"
+#include "model/ItemIndex.h"
 #include "model/SourceConfig.h"
 #include "providers/XtreamAccount.h"
-#include "ui/ItemIndex.h"
 #include "ui/Thumbnails.h"
 
 #include <QHash>

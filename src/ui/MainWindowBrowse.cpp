@@ -1,7 +1,7 @@
 #include "ui/MainWindow.h"
 
+#include "model/ItemFilter.h"
 #include "ui/BrowseTab.h"
-#include "ui/ItemFilter.h"
 
 #include <QComboBox>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #include "PlainItemFilter.h"
+#include "model/ItemFilter.h"
 #include "support/TestMain.h"
-#include "ui/ItemFilter.h"
 
 #include <QRandomGenerator>
 

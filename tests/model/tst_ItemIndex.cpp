@@ -1,9 +1,9 @@
 // The index gives what filtering and sorting give, whatever is asked of it in whatever order.
 
+#include "model/ItemFilter.h"
+#include "model/ItemIndex.h"
 #include "support/CatalogGenerator.h"
 #include "support/TestMain.h"
-#include "ui/ItemFilter.h"
-#include "ui/ItemIndex.h"
 
 #include <QRandomGenerator>
 #include <QTest>

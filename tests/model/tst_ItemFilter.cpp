@@ -1,5 +1,5 @@
+#include "model/ItemFilter.h"
 #include "support/TestMain.h"
-#include "ui/ItemFilter.h"
 
 #include <limits>
 

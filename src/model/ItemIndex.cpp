@@ -1,7 +1,7 @@
-#include "ui/ItemIndex.h"
+#include "model/ItemIndex.h"
 
-#include "ui/ItemFilter.h"
-#include "ui/NameMatcher.h"
+#include "model/ItemFilter.h"
+#include "model/NameMatcher.h"
 
 #include <array>
 

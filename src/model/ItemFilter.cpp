@@ -1,6 +1,7 @@
-#include "ui/ItemFilter.h"
+#include "model/ItemFilter.h"
 
-#include "ui/NameMatcher.h"
+#include "model/NameMatcher.h"
+#include "model/NameOrder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,0 +1,76 @@
+#include "model/NameMatcher.h"
+
+#include "model/NameFolding.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What "\w" matches among ASCII.
+bool isWordUnit(char16_t unit)
+{
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'0' && unit <= u'9') || unit == u'_';
+}
+
+} // namespace
+
+NameMatcher::NameMatcher(const QString &text)
+    : query(text)
+    , wordStart(u"\\b"_s + QRegularExpression::escape(text),
+                QRegularExpression::CaseInsensitiveOption)
+{
+    const Alphabet alphabet = appendFolded(query, foldedQuery);
+    queryIsAscii = alphabet == Alphabet::Ascii;
+    queryIsPlain = alphabet != Alphabet::WithSurrogates;
+}
+
+NameMatcher::Score NameMatcher::score(QStringView name)
+{
+    if (query.isEmpty()) {
+        return Equal;
+    }
+    folded.clear();
+    const Alphabet alphabet = appendFolded(name, folded);
+    if (!queryIsPlain || alphabet == Alphabet::WithSurrogates) {
+        return scoreByQt(name);
+    }
+    const size_t found = folded.find(foldedQuery);
+    if (found == std::u16string::npos) {
+        return NoMatch;
+    }
+    if (found == 0) {
+        return folded.size() == foldedQuery.size() ? Equal : Prefix;
+    }
+    // Outside ASCII the expression's idea of case differs from Qt's for a few characters.
+    if (!queryIsAscii || alphabet != Alphabet::Ascii) {
+        return scoreAtWordStart(name);
+    }
+    return startsWordAnywhere(found) ? WordStart : Inside;
+}
+
+NameMatcher::Score NameMatcher::scoreByQt(QStringView name) const
+{
+    if (name.compare(query, Qt::CaseInsensitive) == 0) {
+        return Equal;
+    }
+    if (name.startsWith(query, Qt::CaseInsensitive)) {
+        return Prefix;
+    }
+    return name.contains(query, Qt::CaseInsensitive) ? scoreAtWordStart(name) : NoMatch;
+}
+
+NameMatcher::Score NameMatcher::scoreAtWordStart(QStringView name) const
+{
+    return wordStart.match(name.toString()).hasMatch() ? WordStart : Inside;
+}
+
+/// Whether the query, first seen at `found`, stands at a word boundary there or later.
+bool NameMatcher::startsWordAnywhere(size_t found) const
+{
+    for (size_t at = found; at != std::u16string::npos; at = folded.find(foldedQuery, at + 1)) {
+        if (isWordUnit(folded[at - 1]) != isWordUnit(folded[at])) {
+            return true;
+        }
+    }
+    return false;
+}
