@@ -1,6 +1,6 @@
 #include "app/CommandLine.h"
 
-#include "providers/ZevrinoClient.h"
+#include "providers/SubscriptionAddress.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -18,7 +18,7 @@ QString versionText()
     return QCoreApplication::applicationName() + u' ' + QCoreApplication::applicationVersion() +
            u'\n' +
            QCoreApplication::translate("CommandLine", "Subscription service: %1")
-               .arg(ZevrinoClient::serviceBaseUrl()) +
+               .arg(configuredSubscriptionUrl()) +
            u'\n';
 }
 

@@ -4,6 +4,7 @@
 #include "app/TraceSecrets.h"
 #include "providers/NetworkTrace.h"
 #include "providers/ReplyTimeout.h"
+#include "providers/SubscriptionAddress.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -15,11 +16,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString endpoint()
-{
-    return ZevrinoClient::serviceBaseUrl() + "/api/v1/subscription/credentials"_L1;
-}
 
 struct Outcome
 {
@@ -61,26 +57,26 @@ Outcome readReply(const QByteArray &body)
 } // namespace
 
 ZevrinoClient::ZevrinoClient(QObject *parent)
+    : ZevrinoClient(configuredSubscriptionUrl(), parent)
+{}
+
+ZevrinoClient::ZevrinoClient(const QString &baseUrl, QObject *parent)
     : QObject(parent)
     , network(new QNetworkAccessManager(this))
+    , endpoint(baseUrl + "/api/v1/subscription/credentials"_L1)
 {
     network->setTransferTimeout(replyTimeoutMs);
-}
-
-QString ZevrinoClient::serviceBaseUrl()
-{
-    return QStringLiteral(VANTIRO_SUBSCRIPTION_BASE_URL);
 }
 
 void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
 {
     const RedactionScope redaction(subscriptionKey);
-    QNetworkRequest request(QUrl(endpoint(), QUrl::TolerantMode));
+    QNetworkRequest request(QUrl(endpoint, QUrl::TolerantMode));
     request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
     const QByteArray body = QJsonDocument(QJsonObject{{u"subscription_key"_s, subscriptionKey}})
                                 .toJson(QJsonDocument::Compact);
     if (netDebugEnabled()) {
-        NetLogStream() << "[Zevrino] ->" << endpoint() << traceSafe(QString::fromUtf8(body));
+        NetLogStream() << "[Zevrino] ->" << endpoint << traceSafe(QString::fromUtf8(body));
     }
     QNetworkReply *reply = network->post(request, body);
     keepTimeoutBehindRedirects(reply);

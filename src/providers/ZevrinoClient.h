@@ -30,10 +30,10 @@ public:
     /// Success, the credentials (empty on failure), a message for the user (empty on success).
     using Callback = std::function<void(bool, const Credentials &, const QString &)>;
 
+    /// Asks the service that the build configured.
     explicit ZevrinoClient(QObject *parent);
-
-    /// The address of the service, without the path; fixed when the program is built.
-    static QString serviceBaseUrl();
+    /// Asks the service at `baseUrl`, an address without the path.
+    ZevrinoClient(const QString &baseUrl, QObject *parent);
 
     /// Asks the service. The callback is called exactly once, later, on the GUI thread, unless the
     /// client is destroyed first. A service that makes no progress for replyTimeoutMs counts as
@@ -42,4 +42,5 @@ public:
 
 private:
     QNetworkAccessManager *network;
+    QString endpoint;
 };

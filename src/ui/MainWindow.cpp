@@ -4,6 +4,7 @@
 #include "model/SourceManager.h"
 #include "player/VlcPlayer.h"
 #include "providers/ReplyTimeout.h"
+#include "providers/SubscriptionAddress.h"
 #include "ui/BrowseTab.h"
 #include "ui/ElidedComboBox.h"
 #include "ui/Thumbnails.h"
@@ -38,7 +39,12 @@ constexpr int sourceComboMaxWidth = 400;
 } // namespace
 
 MainWindow::MainWindow()
+    : MainWindow(configuredSubscriptionUrl())
+{}
+
+MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     : sourceManager(new SourceManager(this))
+    , subscriptionUrl(subscriptionBaseUrl)
     , network(new QNetworkAccessManager(this))
     , thumbnailNetwork(new QNetworkAccessManager(this))
     , placeholderPoster(makePlaceholderPoster())

@@ -46,7 +46,10 @@ class MainWindow final : public QMainWindow
     Q_OBJECT
 
 public:
+    /// Exchanges subscription keys with the service that the build configured.
     MainWindow();
+    /// Exchanges subscription keys with the service at this base address.
+    explicit MainWindow(const QString &subscriptionBaseUrl);
     ~MainWindow() override;
     Q_DISABLE_COPY_MOVE(MainWindow)
 
@@ -252,6 +255,7 @@ private:
     SourceManager *sourceManager = nullptr;
     /// Made on the first account load, then kept.
     XtreamClient *xtream = nullptr;
+    QString subscriptionUrl;
     /// Made on the first subscription load, then kept.
     ZevrinoClient *zevrino = nullptr;
     /// The active source; an empty name means none.

@@ -252,7 +252,7 @@ void MainWindow::fetchKind(const AccountKind &kind, const Fetch &fetch)
 void MainWindow::loadZevrinoSource(const SourceConfig &config, bool force)
 {
     if (zevrino == nullptr) {
-        zevrino = new ZevrinoClient(this);
+        zevrino = new ZevrinoClient(subscriptionUrl, this);
     }
     beginLoadSteps(1);
     zevrino->resolve(

@@ -19,6 +19,9 @@ private Q_SLOTS:
     void anAuthorityThatNobodyTrusts();
 
 private:
+    /// The environment of a program that asks the endpoint.
+    QProcessEnvironment environment() const;
+
     const QString key = u"Key/42+\"&=?"_s;
     std::unique_ptr<SubscriptionEndpoint> endpoint;
     std::unique_ptr<XtreamProvider> provider;
@@ -27,8 +30,7 @@ private:
 void TestSubscription::init()
 {
     PrivateProfile::current().clear();
-    endpoint.reset();
-    endpoint = std::make_unique<SubscriptionEndpoint>();
+    endpoint = std::make_unique<SubscriptionEndpoint>(SubscriptionEndpoint::Transport::Tls);
     provider = std::make_unique<XtreamProvider>(u"tv.user"_s, u"S3cret&word+x=1"_s);
     provider->setNames(XtreamAction::liveCategories, {u"News channels"_s});
     provider->setNames(XtreamAction::liveStreams, {u"Night News"_s});
@@ -39,11 +41,18 @@ void TestSubscription::init()
     endpoint->accept(key, *provider, u"ts"_s);
 }
 
-void TestSubscription::fromTheKeyToTheFilm()
+QProcessEnvironment TestSubscription::environment() const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"SSL_CERT_FILE"_s, endpoint->authorityFile());
-    AccountSession session(QStringLiteral(VANTIRO_PLAYER_LOOPBACK), environment);
+    environment.insert(u"VANTIRO_TEST_SUBSCRIPTION_URL"_s, endpoint->url());
+    return environment;
+}
+
+void TestSubscription::fromTheKeyToTheFilm()
+{
+    QProcessEnvironment trusting = environment();
+    trusting.insert(u"SSL_CERT_FILE"_s, endpoint->authorityFile());
+    AccountSession session(QStringLiteral(VANTIRO_PLAYER_LOOPBACK), trusting);
     const auto seesAllTabs = [&session] {
         return session.seesTab(u"Live TV"_s, {u"News channels"_s}, {u"Night News"_s}) &&
                session.seesTab(u"Movies"_s, {u"Drama"_s}, {u"A Long Film"_s}) &&
@@ -84,7 +93,7 @@ void TestSubscription::fromTheKeyToTheFilm()
 
 void TestSubscription::anAuthorityThatNobodyTrusts()
 {
-    AccountSession session(QStringLiteral(VANTIRO_PLAYER_LOOPBACK));
+    AccountSession session(QStringLiteral(VANTIRO_PLAYER_LOOPBACK), environment());
     QVERIFY(session.start());
     QVERIFY(session.fillSubscription(key));
     QVERIFY(session.acceptDialog());

@@ -1,7 +1,6 @@
 // Servers that stop answering: the clients end the exchange, once, and only when nothing moves.
 
 #include "providers/Await.h"
-#include "providers/SubscriptionService.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
 #include "support/HttpServer.h"
@@ -63,7 +62,6 @@ private:
     QTemporaryDir directory;
     std::unique_ptr<HttpServer> plain;
     std::unique_ptr<HttpServer> secure;
-    std::unique_ptr<SubscriptionService> service;
     std::unique_ptr<XtreamClient> xtream;
     std::unique_ptr<ZevrinoClient> zevrino;
 };
@@ -82,18 +80,15 @@ void tst_ReplyTimeout::init()
     plain = std::make_unique<HttpServer>();
     secure = std::make_unique<HttpServer>(HttpServer::Tls{directory.filePath(u"certificate.pem"_s),
                                                           directory.filePath(u"key.pem"_s)});
-    service = std::make_unique<SubscriptionService>(secure->port());
-    QVERIFY2(service->isListening(), "the port of the subscription service is taken");
     xtream = std::make_unique<XtreamClient>(nullptr);
     xtream->configure(plain->url(), u"joe"_s, u"secret"_s);
-    zevrino = std::make_unique<ZevrinoClient>(nullptr);
+    zevrino = std::make_unique<ZevrinoClient>(secure->url(), nullptr);
 }
 
 void tst_ReplyTimeout::cleanup()
 {
     zevrino.reset();
     xtream.reset();
-    service.reset();
     secure.reset();
     plain.reset();
 }

@@ -1,15 +1,11 @@
 #include "app/NetLog.h"
 #include "providers/Await.h"
-#include "providers/SubscriptionService.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
 #include "support/HttpServer.h"
 #include "support/TestMain.h"
-#include "support/TlsCertificate.h"
 #include "support/TraceCapture.h"
 
-#include <QSslConfiguration>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -73,43 +69,21 @@ private:
     QString traceOfGet(const QString &password, const QString &action = {});
     QString traceOfResolve(const QString &key);
 
-    QTemporaryDir directory;
     std::unique_ptr<HttpServer> server;
-    std::unique_ptr<HttpServer> secure;
-    std::unique_ptr<SubscriptionService> service;
 };
 
 void tst_XtreamTrace::initTestCase()
 {
     QVERIFY2(netDebugEnabled(), "run this test with VANTIRO_NET_DEBUG=1");
-#ifdef Q_OS_WIN
-    return; // no TLS server, see init()
-#endif
-    const TlsCertificate certificate(directory.path());
-    QVERIFY(certificate.isValid());
-    QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
-    trusting.setCaCertificates(QSslCertificate::fromPath(certificate.authorityFile()));
-    QSslConfiguration::setDefaultConfiguration(trusting);
 }
 
 void tst_XtreamTrace::init()
 {
     server = std::make_unique<HttpServer>();
-#ifdef Q_OS_WIN
-    if (QByteArrayView(QTest::currentTestFunction()).startsWith("zevrino"))
-        QSKIP("Windows' own TLS cannot serve under Wine");
-    return;
-#endif
-    secure = std::make_unique<HttpServer>(HttpServer::Tls{directory.filePath(u"certificate.pem"_s),
-                                                          directory.filePath(u"key.pem"_s)});
-    service = std::make_unique<SubscriptionService>(secure->port());
-    QVERIFY2(service->isListening(), "the port of the subscription service is taken");
 }
 
 void tst_XtreamTrace::cleanup()
 {
-    service.reset();
-    secure.reset();
     server.reset();
 }
 
@@ -126,7 +100,7 @@ QString tst_XtreamTrace::traceOfGet(const QString &password, const QString &acti
 
 QString tst_XtreamTrace::traceOfResolve(const QString &key)
 {
-    ZevrinoClient client(nullptr);
+    ZevrinoClient client(server->url(), nullptr);
     TraceCapture trace;
     const auto answer = await<bool>([&](auto callback) {
         client.resolve(key, [callback](bool ok, const ZevrinoClient::Credentials &,
@@ -342,11 +316,11 @@ void tst_XtreamTrace::linesInTheOrderOfEvents()
 
 void tst_XtreamTrace::zevrinoSuccess()
 {
-    secure->on(credentialsPath,
+    server->on(credentialsPath,
                HttpReply::json(R"({"status":"success","data":{"server_url":"http://h","username":)"
                                R"("u","password":"Zv-Pw-1"},"key":"ZV-KEY-1"})"_ba));
     QCOMPARE(traceOfResolve(u"ZV-KEY-1"_s),
-             u"[Zevrino] -> "_s + SubscriptionService::url() +
+             u"[Zevrino] -> "_s + server->url(credentialsPath) +
                  uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
                  uR"([Zevrino] <- 200 {"status":"success","data":{"server_url":"http://h",)"_s +
                  uR"("username":"u","password":"***"},"key":"***"} )"_s + u"\n"_s);
@@ -368,7 +342,7 @@ void tst_XtreamTrace::zevrinoReplyWithoutSuccess_data()
 void tst_XtreamTrace::zevrinoReplyWithoutSuccess()
 {
     QFETCH(const QByteArray, body);
-    secure->on(credentialsPath, HttpReply::json(body));
+    server->on(credentialsPath, HttpReply::json(body));
     const QString trace = traceOfResolve(u"ZV-KEY-5"_s);
     QVERIFY2(trace.contains(u"***"_s), qPrintable(trace));
     QVERIFY2(trace.contains(uR"("password":"***)"_s), qPrintable(trace));
@@ -377,19 +351,19 @@ void tst_XtreamTrace::zevrinoReplyWithoutSuccess()
 
 void tst_XtreamTrace::zevrinoHttpError()
 {
-    secure->on(credentialsPath, status(503, "ZV-KEY-2"_ba));
+    server->on(credentialsPath, status(503, "ZV-KEY-2"_ba));
     QCOMPARE(traceOfResolve(u"ZV-KEY-2"_s),
-             u"[Zevrino] -> "_s + SubscriptionService::url() +
+             u"[Zevrino] -> "_s + server->url(credentialsPath) +
                  uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
-                 u"[Zevrino] <- error: Error transferring "_s + SubscriptionService::url() +
+                 u"[Zevrino] <- error: Error transferring "_s + server->url(credentialsPath) +
                  u" - server replied: Service Unavailable http status: 503 \n"_s);
 }
 
 void tst_XtreamTrace::zevrinoWithoutAnswer()
 {
-    service.reset();
+    server->refuse();
     QCOMPARE(traceOfResolve(u"ZV-KEY-3"_s),
-             u"[Zevrino] -> "_s + SubscriptionService::url() +
+             u"[Zevrino] -> "_s + server->url(credentialsPath) +
                  uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
                  u"[Zevrino] <- error: Connection refused http status: invalid \n"_s);
 }
@@ -409,8 +383,8 @@ void tst_XtreamTrace::zevrinoKeyIsMaskedEverywhere()
 {
     QFETCH(const QString, key);
     QFETCH(const QByteArray, bodyForm);
-    secure->on(credentialsPath, status(200, R"({"message":"No: )" + bodyForm + "\"}"));
-    const QString expected = u"[Zevrino] -> "_s + SubscriptionService::url() +
+    server->on(credentialsPath, status(200, R"({"message":"No: )" + bodyForm + "\"}"));
+    const QString expected = u"[Zevrino] -> "_s + server->url(credentialsPath) +
                              uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
                              uR"([Zevrino] <- 200 {"message":"No: ***"} )"_s + u"\n"_s;
     QCOMPARE(traceOfResolve(key), expected);
@@ -418,15 +392,15 @@ void tst_XtreamTrace::zevrinoKeyIsMaskedEverywhere()
 
 void tst_XtreamTrace::zevrinoEmptyKeyMasksNothing()
 {
-    secure->on(credentialsPath, HttpReply::json(R"({"subscription_key":""})"_ba));
+    server->on(credentialsPath, HttpReply::json(R"({"subscription_key":""})"_ba));
     QCOMPARE(traceOfResolve(QString()),
-             u"[Zevrino] -> "_s + SubscriptionService::url() + uR"( {"subscription_key":""} )"_s +
+             u"[Zevrino] -> "_s + server->url(credentialsPath) + uR"( {"subscription_key":""} )"_s +
                  u"\n"_s + uR"([Zevrino] <- 200 {"subscription_key":""} )"_s + u"\n"_s);
 }
 
 void tst_XtreamTrace::zevrinoBodyIsCut()
 {
-    secure->on(credentialsPath,
+    server->on(credentialsPath,
                status(200, QByteArray(1990, 'x') + "yyyyyZV-KEY-4" + QByteArray(500, 't')));
     const QString trace = traceOfResolve(u"ZV-KEY-4"_s);
     QCOMPARE(trace.mid(trace.indexOf(u'\n') + 1),

@@ -1,5 +1,4 @@
 #include "providers/Await.h"
-#include "providers/SubscriptionService.h"
 #include "providers/ZevrinoClient.h"
 #include "support/HttpServer.h"
 #include "support/TestMain.h"
@@ -73,7 +72,6 @@ private:
     QTemporaryDir directory;
     QSslConfiguration trusting;
     std::unique_ptr<HttpServer> server;
-    std::unique_ptr<SubscriptionService> service;
     std::unique_ptr<ZevrinoClient> client;
 };
 
@@ -90,15 +88,12 @@ void tst_ZevrinoClient::init()
     QSslConfiguration::setDefaultConfiguration(trusting);
     server = std::make_unique<HttpServer>(HttpServer::Tls{directory.filePath(u"certificate.pem"_s),
                                                           directory.filePath(u"key.pem"_s)});
-    service = std::make_unique<SubscriptionService>(server->port());
-    QVERIFY2(service->isListening(), "the port of the subscription service is taken");
-    client = std::make_unique<ZevrinoClient>(nullptr);
+    client = std::make_unique<ZevrinoClient>(server->url(), nullptr);
 }
 
 void tst_ZevrinoClient::cleanup()
 {
     client.reset();
-    service.reset();
     server.reset();
 }
 
@@ -269,7 +264,7 @@ void tst_ZevrinoClient::httpErrors()
 
     // The same request by hand tells the network layer's own words.
     QNetworkAccessManager network;
-    QNetworkRequest request{QUrl(SubscriptionService::url())};
+    QNetworkRequest request{QUrl(server->url(path))};
     request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
     const std::unique_ptr<QNetworkReply> own(network.post(request, "{}"_ba));
     QTRY_VERIFY(own->isFinished());
@@ -280,7 +275,7 @@ void tst_ZevrinoClient::httpErrors()
 
 void tst_ZevrinoClient::unreachable()
 {
-    service.reset();
+    server->refuse();
     const auto answer = resolve(*client);
     QCOMPARE(answer.calls, 1);
     QVERIFY(!answer.value.ok);
@@ -383,7 +378,7 @@ void tst_ZevrinoClient::repliesAreDeleted()
     QVERIFY(network != nullptr);
     server->on(path, HttpReply::json("{}"_ba));
     QCOMPARE(resolve(*client).calls, 1);
-    service.reset();
+    server->refuse();
     QCOMPARE(resolve(*client).calls, 1);
     QTRY_VERIFY(network->findChildren<QNetworkReply *>().isEmpty());
 }

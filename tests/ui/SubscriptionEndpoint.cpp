@@ -2,31 +2,24 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSslConfiguration>
 
 using namespace Qt::StringLiterals;
 
-SubscriptionEndpoint::SubscriptionEndpoint()
-    : certificate(directory.path())
-    , server(HttpServer::Tls{certificate.certificateFile(), certificate.keyFile()})
-    , service(server.port())
+SubscriptionEndpoint::SubscriptionEndpoint(Transport transport)
 {
-    if (!service.isListening()) {
-        qFatal("SubscriptionEndpoint: port %d is taken", SubscriptionService::port());
+    if (transport == Transport::Plain) {
+        server = std::make_unique<HttpServer>();
+    } else {
+        certificate.emplace(directory.path());
+        server = std::make_unique<HttpServer>(
+            HttpServer::Tls{certificate->certificateFile(), certificate->keyFile()});
     }
-    server.on(path(), [this](const HttpRequest &request) { return reply(request); });
+    server->on(path(), [this](const HttpRequest &request) { return reply(request); });
 }
 
 QString SubscriptionEndpoint::path()
 {
     return u"/api/v1/subscription/credentials"_s;
-}
-
-void SubscriptionEndpoint::trust() const
-{
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setCaCertificates(QSslCertificate::fromPath(authorityFile()));
-    QSslConfiguration::setDefaultConfiguration(configuration);
 }
 
 void SubscriptionEndpoint::accept(const QString &key, const XtreamProvider &provider,
@@ -49,7 +42,7 @@ void SubscriptionEndpoint::answer(const QString &key, const QByteArray &body)
 
 void SubscriptionEndpoint::hold()
 {
-    server.on(path(), [this](const HttpRequest &request) {
+    server->on(path(), [this](const HttpRequest &request) {
         HttpReply held = reply(request);
         const std::lock_guard lock(mutex);
         held.held = !unheld.contains(keyIn(request));
@@ -59,7 +52,7 @@ void SubscriptionEndpoint::hold()
 
 void SubscriptionEndpoint::release()
 {
-    server.release(path());
+    server->release(path());
 }
 
 void SubscriptionEndpoint::answerAtOnce(const QString &key)
@@ -76,7 +69,7 @@ QString SubscriptionEndpoint::keyIn(const HttpRequest &request)
 QStringList SubscriptionEndpoint::keys() const
 {
     QStringList keys;
-    for (const HttpRequest &request : server.requests()) {
+    for (const HttpRequest &request : server->requests()) {
         keys << keyIn(request);
     }
     return keys;

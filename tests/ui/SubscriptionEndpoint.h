@@ -1,6 +1,5 @@
 #pragma once
 
-#include "providers/SubscriptionService.h"
 #include "support/HttpServer.h"
 #include "support/TlsCertificate.h"
 #include "support/XtreamProvider.h"
@@ -11,19 +10,26 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <memory>
 #include <mutex>
+#include <optional>
 
-/// The subscription service, on a real TLS server at the address that programs built with the
-/// loopback providers ask. One at a time: the address is fixed.
+/// The subscription service, on a real server.
 class SubscriptionEndpoint
 {
 public:
-    /// Ends the program when the address is taken.
-    SubscriptionEndpoint();
+    enum class Transport
+    {
+        Plain,
+        Tls
+    };
 
-    /// Makes this process trust the server's certificate. Other processes get authorityFile().
-    void trust() const;
-    QString authorityFile() const { return certificate.authorityFile(); }
+    explicit SubscriptionEndpoint(Transport transport = Transport::Plain);
+
+    /// The base address to give to who asks the service.
+    QString url() const { return server->url(); }
+    /// The authority that signed the TLS server's certificate.
+    QString authorityFile() const { return certificate->authorityFile(); }
 
     /// Hands out the provider's account for `key` from now on.
     void accept(const QString &key, const XtreamProvider &provider, const QString &streamType = {});
@@ -39,7 +45,7 @@ public:
     /// The keys that were exchanged so far, in the order of arrival.
     QStringList keys() const;
 
-    HttpServer &http() { return server; }
+    HttpServer &http() { return *server; }
     static QString path();
 
 private:
@@ -47,10 +53,9 @@ private:
     static QString keyIn(const HttpRequest &request);
 
     QTemporaryDir directory;
-    TlsCertificate certificate;
+    std::optional<TlsCertificate> certificate; // of a TLS server
     mutable std::mutex mutex;
     QHash<QString, QByteArray> answers; // guarded by the mutex
     QSet<QString> unheld;               // guarded by the mutex
-    HttpServer server;
-    SubscriptionService service;
+    std::unique_ptr<HttpServer> server;
 };

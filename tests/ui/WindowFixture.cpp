@@ -59,7 +59,17 @@ QString WindowFixture::storedLastActive()
 
 MainWindow &WindowFixture::open()
 {
-    mainWindow = std::make_unique<MainWindow>();
+    return show(std::make_unique<MainWindow>());
+}
+
+MainWindow &WindowFixture::open(const QString &subscriptionUrl)
+{
+    return show(std::make_unique<MainWindow>(subscriptionUrl));
+}
+
+MainWindow &WindowFixture::show(std::unique_ptr<MainWindow> made)
+{
+    mainWindow = std::move(made);
     mainWindow->show();
     if (!QTest::qWaitForWindowActive(mainWindow.get())) {
         qFatal("WindowFixture: the window does not become active");

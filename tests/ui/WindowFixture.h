@@ -39,6 +39,8 @@ public:
 
     /// Makes and shows the window, and waits until it is active.
     MainWindow &open();
+    /// The same, with a subscription service at this base address.
+    MainWindow &open(const QString &subscriptionUrl);
     MainWindow &window() const { return *mainWindow; }
 
     /// The widget of that object name; ends the program when there is none of that type.
@@ -61,6 +63,7 @@ public:
     DialogAnswers dialogs;
 
 private:
+    MainWindow &show(std::unique_ptr<MainWindow> made);
     QWidget &asWidget() const;
     static QObject *require(QObject *found, const QString &name);
 

@@ -5,7 +5,6 @@
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QSslConfiguration>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +46,6 @@ private:
 void tst_MainWindowSubscriptionSwitch::init()
 {
     endpoint = std::make_unique<SubscriptionEndpoint>();
-    endpoint->trust();
     endpoint->hold();
     provider = std::make_unique<XtreamProvider>();
     serve(*provider, madeUpCatalog(u"New"_s));
@@ -84,7 +82,7 @@ void tst_MainWindowSubscriptionSwitch::anAnswerForASourceThatWasLeft()
                                  : playlistSource(u"Other"_s, here));
     cacheCatalog(u"Other"_s, older);
     CatalogCache::save(u"Other"_s, u"channel"_s, {});
-    fixture.open();
+    fixture.open(endpoint->url());
     QTRY_COMPARE(endpoint->keys().size(), 1);
     QVERIFY(fixture.overlayShown());
     fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
@@ -110,7 +108,7 @@ void tst_MainWindowSubscriptionSwitch::fromOneSubscriptionToTheOther()
     WindowFixture fixture;
     WindowFixture::store(subscriptionSource(u"One"_s, key));
     WindowFixture::store(subscriptionSource(u"Two"_s, u"KEY-2"_s));
-    fixture.open();
+    fixture.open(endpoint->url());
     fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
     QTRY_COMPARE(sorted(endpoint->keys()), (QStringList{key, u"KEY-2"_s}));
     endpoint->release();
@@ -129,7 +127,7 @@ void tst_MainWindowSubscriptionSwitch::leavingAndComingBack()
     WindowFixture::store(subscriptionSource(u"Zevrino"_s, key, 0));
     WindowFixture::store(playlistSource(u"List"_s, u"/nowhere"_s));
     CatalogCache::save(u"List"_s, u"channel"_s, {});
-    fixture.open();
+    fixture.open(endpoint->url());
     auto &combo = fixture.find<QComboBox>(u"sourceCombo"_s);
     combo.setCurrentIndex(1);
     combo.setCurrentIndex(0);
@@ -147,7 +145,7 @@ void tst_MainWindowSubscriptionSwitch::anEditedKeyIsKept()
     endpoint->accept(u"KEY-2"_s, otherProvider);
     WindowFixture fixture;
     WindowFixture::store(subscriptionSource(u"Zevrino"_s, key));
-    fixture.open();
+    fixture.open(endpoint->url());
     QTRY_COMPARE(endpoint->keys(), QStringList{key});
     // The old key's answer is on its way while the new one is typed; the new one comes first.
     endpoint->answerAtOnce(u"KEY-2"_s);
@@ -170,7 +168,7 @@ void tst_MainWindowSubscriptionSwitch::theSameNameOfAnotherType()
 {
     WindowFixture fixture;
     WindowFixture::store(subscriptionSource(u"Zevrino"_s, key));
-    MainWindow &window = fixture.open();
+    MainWindow &window = fixture.open(endpoint->url());
     QTRY_COMPARE(endpoint->keys().size(), 1);
     cacheCatalog(u"Zevrino"_s, older);
     window.loadSource(accountSource(u"Zevrino"_s, u"http://127.0.0.1:9"_s), false);
@@ -185,7 +183,7 @@ void tst_MainWindowSubscriptionSwitch::theWindowMayCloseDuringTheExchange()
     {
         WindowFixture fixture;
         WindowFixture::store(subscriptionSource(u"Zevrino"_s, key));
-        fixture.open();
+        fixture.open(endpoint->url());
         QTRY_COMPARE(endpoint->http().openConnections(), 1);
     }
     QTRY_COMPARE(endpoint->http().openConnections(), 0);
