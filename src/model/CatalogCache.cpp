@@ -1,7 +1,6 @@
 #include "model/CatalogCache.h"
 
 #include "model/Age.h"
-#include "model/JsonObjectText.h"
 #include "model/JsonReader.h"
 #include "model/JsonWriter.h"
 #include "model/OwnerOnlyFile.h"
@@ -16,6 +15,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -37,147 +37,47 @@ QString cacheFilePath(const QString &sourceName)
     return cacheDir() + u'/' + safeFileName(sourceName) + ".json"_L1;
 }
 
-/// The members of a source's file, none when there is no usable one.
-JsonObjectText readRoot(const QString &sourceName)
+/// The members of a source's file; none when the file is missing or damaged.
+JsonMembers readRoot(const QString &sourceName)
 {
     QFile file(cacheFilePath(sourceName));
-    return file.open(QIODevice::ReadOnly) ? JsonObjectText::read(file.readAll()) : JsonObjectText();
+    return file.open(QIODevice::ReadOnly) ? readJsonMembers(file.readAll()) : JsonMembers();
 }
 
-void writeRoot(const QString &sourceName, const JsonObjectText &root)
+void writeRoot(const QString &sourceName, const JsonMembers &root)
 {
     QFile file(cacheFilePath(sourceName));
-    if (openOwnerOnly(file)) { // it holds stream URLs, and those credentials
-        file.write(root.toJson());
+    if (openOwnerOnly(file)) { // it contains stream URLs with credentials
+        file.write(writeJsonMembers(root));
     }
 }
 
-/// Writes the members of one JSON object, one after the other.
-class ObjectWriter
-{
-public:
-    explicit ObjectWriter(QByteArray &out)
-        : json(out)
-    {
-        json += '{';
-    }
-    ~ObjectWriter() { json += '}'; }
-    Q_DISABLE_COPY_MOVE(ObjectWriter)
-
-    void add(QByteArrayView key, const QString &text)
-    {
-        addKey(key);
-        appendJsonText(json, text);
-    }
-    void add(QByteArrayView key, double number)
-    {
-        addKey(key);
-        appendJsonNumber(json, number);
-    }
-    void add(QByteArrayView key, qint64 number)
-    {
-        addKey(key);
-        json += QByteArray::number(number);
-    }
-
-private:
-    void addKey(QByteArrayView key)
-    {
-        if (!first) {
-            json += ',';
-        }
-        first = false;
-        json += '"';
-        json += key;
-        json += "\":";
-    }
-
-    QByteArray &json;
-    bool first = true;
+// The columns stand in the order in which the members are written.
+constexpr std::tuple categoryTable{
+    JsonColumn{"id", &Category::id, &JsonField::toText},
+    JsonColumn{"name", &Category::name, &JsonField::toText},
+};
+constexpr std::tuple itemTable{
+    JsonColumn{"type", &MediaItem::type, &JsonField::toInt},
+    JsonColumn{"id", &MediaItem::id, &JsonField::toText},
+    JsonColumn{"name", &MediaItem::name, &JsonField::toText},
+    JsonColumn{"categoryId", &MediaItem::categoryId, &JsonField::toText},
+    JsonColumn{"iconUrl", &MediaItem::iconUrl, &JsonField::toText},
+    JsonColumn{"containerExtension", &MediaItem::containerExtension, &JsonField::toText},
+    JsonColumn{"streamUrl", &MediaItem::streamUrl, &JsonField::toText},
+    JsonColumn{"rating", &MediaItem::rating, &JsonField::toDouble},
+    JsonColumn{"addedAt", &MediaItem::addedAt, &JsonField::toVariantInteger},
+};
+constexpr std::tuple episodeTable{
+    JsonColumn{"id", &Episode::id, &JsonField::toText},
+    JsonColumn{"seriesName", &Episode::seriesName, &JsonField::toText},
+    JsonColumn{"season", &Episode::season, &JsonField::toInt},
+    JsonColumn{"episodeNumber", &Episode::episodeNumber, &JsonField::toInt},
+    JsonColumn{"title", &Episode::title, &JsonField::toText},
+    JsonColumn{"containerExtension", &Episode::containerExtension, &JsonField::toText},
 };
 
-void append(QByteArray &json, const Category &category)
-{
-    ObjectWriter object(json);
-    object.add("id", category.id);
-    object.add("name", category.name);
-}
-
-void append(QByteArray &json, const MediaItem &item)
-{
-    ObjectWriter object(json);
-    object.add("type", qint64(item.type));
-    object.add("id", item.id);
-    object.add("name", item.name);
-    object.add("categoryId", item.categoryId);
-    object.add("iconUrl", item.iconUrl);
-    object.add("containerExtension", item.containerExtension);
-    object.add("streamUrl", item.streamUrl);
-    object.add("rating", item.rating);
-    object.add("addedAt", item.addedAt);
-}
-
-void append(QByteArray &json, const Episode &episode)
-{
-    ObjectWriter object(json);
-    object.add("id", episode.id);
-    object.add("seriesName", episode.seriesName);
-    object.add("season", qint64(episode.season));
-    object.add("episodeNumber", qint64(episode.episodeNumber));
-    object.add("title", episode.title);
-    object.add("containerExtension", episode.containerExtension);
-}
-
-template <typename Record>
-QByteArray arrayText(const QList<Record> &records)
-{
-    constexpr qsizetype usualSize = 200;
-    QByteArray json;
-    json.reserve(records.size() * usualSize);
-    json += '[';
-    for (const Record &record : records) {
-        if (json.size() > 1) {
-            json += ',';
-        }
-        append(json, record);
-    }
-    json += ']';
-    return json;
-}
-
-// The keys stand in the order of the records' members.
-const QList<QByteArray> categoryKeys = {"id"_ba, "name"_ba};
-const QList<QByteArray> itemKeys = {"type"_ba,       "id"_ba,      "name"_ba,
-                                    "categoryId"_ba, "iconUrl"_ba, "containerExtension"_ba,
-                                    "streamUrl"_ba,  "rating"_ba,  "addedAt"_ba};
-const QList<QByteArray> episodeKeys = {
-    "id"_ba, "seriesName"_ba, "season"_ba, "episodeNumber"_ba, "title"_ba, "containerExtension"_ba};
-
-Category categoryFrom(const JsonFields &fields)
-{
-    return {fields[0].toText(), fields[1].toText()};
-}
-
-MediaItem itemFrom(const JsonFields &fields)
-{
-    return {fields[0].toInt(),
-            fields[1].toText(),
-            fields[2].toText(),
-            fields[3].toText(),
-            fields[4].toText(),
-            fields[5].toText(),
-            fields[6].toText(),
-            fields[7].kind == JsonField::Kind::Number ? fields[7].toReal() : 0.0,
-            fields[8].toVariantInteger()};
-}
-
-Episode episodeFrom(const JsonFields &fields)
-{
-    return {fields[0].toText(), fields[1].toText(), fields[2].toInt(),
-            fields[3].toInt(),  fields[4].toText(), fields[5].toText()};
-}
-
-/// The time stamp in a JSON text, 0 when it holds none.
+/// The time stamp that a JSON text holds; 0 when it holds none.
 qint64 stampFrom(const QByteArray &json)
 {
     return QJsonDocument::fromJson('[' + json + ']').array().at(0).toVariant().toLongLong();
@@ -197,7 +97,7 @@ bool CatalogCache::load(const QString &sourceName, const QString &section, Secti
 
 bool CatalogCache::load(const QString &sourceName, const QStringList &sections, QList<Section> &out)
 {
-    const JsonObjectText root = readRoot(sourceName);
+    const JsonMembers root = readRoot(sourceName);
     const bool complete = std::all_of(sections.begin(), sections.end(),
                                       [&root](const QString &name) { return root.contains(name); });
     if (!complete) {
@@ -205,9 +105,9 @@ bool CatalogCache::load(const QString &sourceName, const QStringList &sections, 
     }
     out.clear();
     for (const QString &name : sections) {
-        const JsonObjectText object = JsonObjectText::read(root.value(name));
-        out.append({readJsonRecords(object.value(categoriesKey), categoryKeys, &categoryFrom),
-                    readJsonRecords(object.value(itemsKey), itemKeys, &itemFrom)});
+        const JsonMembers object = readJsonMembers(root.value(name));
+        out.append({readJsonRecords(object.value(categoriesKey), categoryTable),
+                    readJsonRecords(object.value(itemsKey), itemTable)});
     }
     return true;
 }
@@ -215,26 +115,26 @@ bool CatalogCache::load(const QString &sourceName, const QStringList &sections, 
 void CatalogCache::save(const QString &sourceName, const QString &section, const Section &data)
 {
     QDir().mkpath(cacheDir());
-    JsonObjectText object;
-    object.insert(categoriesKey, arrayText(data.categories));
-    object.insert(itemsKey, arrayText(data.items));
-    JsonObjectText root = readRoot(sourceName);
-    root.insert(section, object.toJson());
+    JsonMembers object;
+    object.insert(categoriesKey, writeJsonRecords(data.categories, categoryTable));
+    object.insert(itemsKey, writeJsonRecords(data.items, itemTable));
+    JsonMembers root = readRoot(sourceName);
+    root.insert(section, writeJsonMembers(object));
     writeRoot(sourceName, root);
 }
 
 bool CatalogCache::loadEpisodes(const QString &sourceName, const QString &seriesId,
                                 long long maxAgeSeconds, QList<Episode> &out)
 {
-    const JsonObjectText store = JsonObjectText::read(readRoot(sourceName).value(episodesKey));
+    const JsonMembers store = readJsonMembers(readRoot(sourceName).value(episodesKey));
     if (!store.contains(seriesId)) {
         return false;
     }
-    const JsonObjectText entry = JsonObjectText::read(store.value(seriesId));
+    const JsonMembers entry = readJsonMembers(store.value(seriesId));
     if (secondsSince(stampFrom(entry.value(savedAtKey))) >= maxAgeSeconds) {
         return false;
     }
-    out = readJsonRecords(entry.value(listKey), episodeKeys, &episodeFrom);
+    out = readJsonRecords(entry.value(listKey), episodeTable);
     return true;
 }
 
@@ -242,12 +142,12 @@ void CatalogCache::saveEpisodes(const QString &sourceName, const QString &series
                                 const QList<Episode> &episodes)
 {
     QDir().mkpath(cacheDir());
-    JsonObjectText entry;
+    JsonMembers entry;
     entry.insert(savedAtKey, QByteArray::number(QDateTime::currentSecsSinceEpoch()));
-    entry.insert(listKey, arrayText(episodes));
-    JsonObjectText root = readRoot(sourceName);
-    JsonObjectText store = JsonObjectText::read(root.value(episodesKey));
-    store.insert(seriesId, entry.toJson());
-    root.insert(episodesKey, store.toJson());
+    entry.insert(listKey, writeJsonRecords(episodes, episodeTable));
+    JsonMembers root = readRoot(sourceName);
+    JsonMembers store = readJsonMembers(root.value(episodesKey));
+    store.insert(seriesId, writeJsonMembers(entry));
+    root.insert(episodesKey, writeJsonMembers(store));
     writeRoot(sourceName, root);
 }

@@ -9,9 +9,9 @@
 /// The catalogs of all sources on disk: one JSON file per source, named after it, under
 /// "/catalog_cache" in the application-data directory.
 ///
-/// Each call opens, reads or rewrites one file; nothing is kept in memory. GUI thread only. A file
-/// that cannot be read or is damaged counts as absent and is replaced by the next save; a failed
-/// write goes unnoticed.
+/// Each call reads or rewrites one file; nothing is kept in memory. GUI thread only. A file that is
+/// damaged or cannot be read counts as absent, and the next save replaces it. A failed write is not
+/// reported.
 class CatalogCache final
 {
 public:
@@ -26,18 +26,18 @@ public:
 
     CatalogCache() = delete;
 
-    /// Reads one section. False when there is none; `out` is then left as it was.
+    /// Reads one section. False when there is none; `out` is then unchanged.
     static bool load(const QString &sourceName, const QString &section, Section &out);
 
-    /// Reads several sections in one go, in the order of their names. False, with `out` left as it
-    /// was, when one of them is missing.
+    /// Reads several sections at once, in the order of `sections`. False when one of them is
+    /// missing; `out` is then unchanged.
     static bool load(const QString &sourceName, const QStringList &sections, QList<Section> &out);
 
     /// Writes one section and keeps the rest of the source's file.
     static void save(const QString &sourceName, const QString &section, const Section &data);
 
     /// Reads the episodes of one show if they were saved less than `maxAgeSeconds` seconds ago.
-    /// False otherwise; `out` is then left as it was.
+    /// False otherwise; `out` is then unchanged.
     static bool loadEpisodes(const QString &sourceName, const QString &seriesId,
                              long long maxAgeSeconds, QList<Episode> &out);
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/JsonReader.h"
+#include "model/JsonField.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
@@ -11,25 +11,26 @@
 #include <rapidjson/reader.h>
 
 /// @file
-/// What the readers of JSON have in common; for src/model alone. RapidJSON's event reader takes
-/// clean texts, and what it would take differently from Qt's parser is refused here.
+/// The part of JsonReader that drives RapidJSON's event reader. It refuses texts that RapidJSON
+/// would read differently from Qt's parser.
 
 namespace JsonEvents {
 
-/// Far deeper than any catalog and far below what Qt takes.
+/// Far deeper than any catalog and far below Qt's own limit.
 inline constexpr int maxDepth = 100;
 
 inline constexpr QByteArrayView byteOrderMark("\xef\xbb\xbf");
 
-/// Whether RapidJSON may read it: its reader ends at a zero byte and does not look at the encoding.
-inline bool isCleanText(const QByteArray &json)
+/// Whether RapidJSON can read the text: its reader stops at a zero byte and does not validate
+/// UTF-8.
+inline bool isReadable(const QByteArray &json)
 {
     return !json.isEmpty() && !json.contains('\0') &&
            QUtf8StringView(json.constData(), json.size()).isValidUtf8();
 }
 
-/// Whether an escape for a lone surrogate stood in the text: UTF-8 has no place for it, but the
-/// reader makes bytes of it.
+/// Whether the text contained an escape for a lone surrogate. UTF-8 cannot represent one, but
+/// RapidJSON encodes it all the same.
 inline bool holdsSurrogate(QByteArrayView utf8)
 {
     qsizetype lead = utf8.indexOf('\xed');
@@ -42,10 +43,12 @@ inline bool holdsSurrogate(QByteArrayView utf8)
     return false;
 }
 
-/// Whether Qt takes the number: it refuses a text with one beyond a double, or too close to 0.
+/// Whether Qt accepts the number. It rejects a text with a number that overflows or underflows a
+/// double.
 inline bool isInRange(QByteArrayView number)
 {
-    constexpr qsizetype alwaysInRange = 300; // a double has 308 digits before or behind the point
+    constexpr qsizetype alwaysInRange =
+        300; // a double reaches 308 digits on either side of the point
     const auto isExponent = [](char sign) { return sign == 'e' || sign == 'E'; };
     if (number.size() < alwaysInRange && std::none_of(number.begin(), number.end(), isExponent)) {
         return true;
@@ -55,16 +58,16 @@ inline bool isInRange(QByteArrayView number)
     return inRange;
 }
 
-/// A stream whose Tell() is true while a handler runs: with RapidJSON's own type the reader works
-/// on a copy. Numbers, though, are handed over rightly by RapidJSON's own type only.
-class TellingStream final : public rapidjson::InsituStringStream
+/// A stream whose Tell() is up to date while a handler runs: with RapidJSON's own type the reader
+/// works on a copy. Only RapidJSON's own type passes numbers correctly, though.
+class PositionStream final : public rapidjson::InsituStringStream
 {
 public:
     using rapidjson::InsituStringStream::InsituStringStream;
 };
 
-/// What the handlers have in common: they count how deep they are, see every value as one of
-/// value() or a container, and take numbers as they are written. The method names are the reader's.
+/// Base of the handlers: tracks the depth, reports each value by value() and each container by
+/// begin() and end(), and passes numbers as written. RapidJSON prescribes the method names.
 template <typename Derived, typename StreamType>
 class EventHandler
 {
@@ -104,10 +107,10 @@ public:
         return self().end(false);
     }
 
-    /// The text being read; set while it is.
+    /// The text being read; null at other times.
     Stream *stream = nullptr;
 
-    // Never called: numbers come as they are written.
+    // Never called, since numbers are passed as written.
     bool Int(int /*value*/) { return false; }
     bool Uint(unsigned /*value*/) { return false; }
     bool Int64(int64_t /*value*/) { return false; }
@@ -121,12 +124,12 @@ private:
     Derived &self() { return static_cast<Derived &>(*this); }
 };
 
-/// Hands the events of a text to the handler. False for a text that is not clean. The reader
-/// unescapes texts in place, in a copy; places in that stream are those of the text.
+/// Passes the events of a text to the handler. False if RapidJSON or the handler refuses the text.
+/// RapidJSON unescapes a copy in place, so that positions in the stream are those of the text.
 template <typename AnyHandler>
 bool readEvents(const QByteArray &json, AnyHandler &handler)
 {
-    if (!isCleanText(json)) {
+    if (!isReadable(json)) {
         return false;
     }
     QByteArray buffer(json.constData(), json.size());

@@ -7,46 +7,48 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QLocale>
+#include <QSet>
 #include <QVariant>
 
-#include <cmath>
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace JsonEvents;
 
 namespace {
 
-/// Whether Qt alone knows what the text means.
-bool isOddText(QByteArrayView utf8)
+/// Whether only Qt can decode the text.
+bool needsQt(QByteArrayView utf8)
 {
     return utf8.startsWith(byteOrderMark) || holdsSurrogate(utf8);
 }
 
-/// Collects the wanted fields of each element of the root array.
+/// Collects the requested fields of each element of the root array.
 class ObjectsHandler final : public EventHandler<ObjectsHandler, rapidjson::InsituStringStream>
 {
 public:
-    ObjectsHandler(const QList<QByteArray> &wantedKeys,
+    ObjectsHandler(const std::vector<QByteArrayView> &requestedKeys,
                    const std::function<void(const JsonFields &)> &callback)
-        : keys(wantedKeys)
+        : keys(requestedKeys)
         , take(callback)
-        , fields(static_cast<size_t>(wantedKeys.size()))
+        , fields(requestedKeys.size())
     {}
 
     QByteArrayView number(const char *text, qsizetype length) const { return {text, length}; }
 
-    /// Also for a container inside an element, whose contents do not matter. A value at depth 0 is
-    /// a root that is no array: refused.
+    /// Called also for a container inside an element; its contents are skipped. A value at depth 0
+    /// is a root that is not an array and is refused.
     bool value(const JsonField &field)
     {
         if (depth == memberDepth && inObject) {
-            if (wanted < 0) {
+            if (requested == nullptr) {
                 return true;
             }
-            if (field.kind == JsonField::Kind::Text && isOddText(field.bytes)) {
+            if (field.kind == JsonField::Kind::Text && needsQt(field.bytes)) {
                 return false;
             }
-            fields[static_cast<size_t>(wanted)] = field;
+            *requested = field;
         } else if (depth == elementDepth) {
             clearFields();
             take(fields);
@@ -57,7 +59,8 @@ public:
     bool key(QByteArrayView name)
     {
         if (depth == memberDepth) {
-            wanted = keys.indexOf(name);
+            const auto found = std::find(keys.begin(), keys.end(), name);
+            requested = found == keys.end() ? nullptr : &fields[size_t(found - keys.begin())];
         }
         return true;
     }
@@ -87,20 +90,95 @@ private:
 
     void clearFields() { fields.assign(fields.size(), JsonField()); }
 
-    const QList<QByteArray> &keys;
+    const std::vector<QByteArrayView> &keys;
     const std::function<void(const JsonFields &)> &take;
     JsonFields fields;
-    qsizetype wanted = -1;
+    JsonField *requested = nullptr; ///< the field for the value that follows, if it is requested
     bool inObject = false;
 };
 
-/// The value of a number in a document, for the conversions that are Qt's own business.
-QJsonValue numberValue(QByteArrayView number)
+/// A key as QString::fromUtf8() decodes it, but with a leading byte-order mark kept.
+QString keyText(QByteArrayView utf8)
 {
-    bool isInteger = false;
-    const qint64 integer = number.toLongLong(&isInteger);
-    return isInteger ? QJsonValue(integer) : QJsonValue(number.toDouble());
+    const QString text = QString::fromUtf8(utf8);
+    return utf8.startsWith(byteOrderMark) && !text.startsWith(QChar::ByteOrderMark)
+               ? QChar::ByteOrderMark + text
+               : text;
 }
+
+/// One member of a root object: its key, and the position of its value in the text, in bytes.
+struct MemberPlace
+{
+    QString key;
+    qsizetype start = 0;
+    qsizetype length = 0;
+};
+
+/// Records the positions of the root object's members. Refuses duplicate members.
+class MembersHandler final : public EventHandler<MembersHandler, PositionStream>
+{
+public:
+    explicit MembersHandler(const QByteArray &text)
+        : json(text)
+    {}
+
+    /// With this stream RapidJSON passes the position behind the number instead of the number.
+    QByteArrayView number(const char * /*text*/, qsizetype length) const
+    {
+        const auto end = static_cast<qsizetype>(stream->Tell());
+        return QByteArrayView(json).sliced(end - length, length);
+    }
+
+    bool value(const JsonField & /*field*/)
+    {
+        setEnd();
+        return depth > 0;
+    }
+
+    bool key(QByteArrayView name)
+    {
+        if (depth != memberDepth) {
+            return true;
+        }
+        MemberPlace place;
+        place.key = keyText(name);
+        if (holdsSurrogate(name) || keys.contains(place.key)) {
+            return false;
+        }
+        keys.insert(place.key);
+        // A colon and possibly whitespace follow the key.
+        place.start = static_cast<qsizetype>(stream->Tell());
+        while (place.start < json.size() &&
+               QByteArrayView(" \t\r\n:").contains(json.at(place.start))) {
+            ++place.start;
+        }
+        places.append(place);
+        return true;
+    }
+
+    bool begin(bool object) { return depth > 0 || object; }
+
+    bool end(bool /*object*/)
+    {
+        setEnd();
+        return true;
+    }
+
+    QList<MemberPlace> places;
+
+private:
+    static constexpr int memberDepth = 1;
+
+    void setEnd()
+    {
+        if (depth == memberDepth) {
+            places.last().length = static_cast<qsizetype>(stream->Tell()) - places.last().start;
+        }
+    }
+
+    const QByteArray &json;
+    QSet<QString> keys;
+};
 
 QByteArray numberText(const QJsonValue &number)
 {
@@ -110,6 +188,7 @@ QByteArray numberText(const QJsonValue &number)
                : QByteArray::number(number.toDouble(), 'g', QLocale::FloatingPointShortest);
 }
 
+/// The same field as the event reader would give. `numberBytes` keeps the bytes of a number.
 JsonField fieldOf(const QJsonValue &value, QByteArray &numberBytes)
 {
     switch (value.type()) {
@@ -127,53 +206,16 @@ JsonField fieldOf(const QJsonValue &value, QByteArray &numberBytes)
     }
 }
 
+/// A value of a document as a JSON text of its own.
+QByteArray textOf(const QJsonValue &value)
+{
+    // Only arrays and objects can be documents.
+    return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).chopped(1).sliced(1);
+}
+
 } // namespace
 
-QString JsonField::toText() const
-{
-    if (kind != Kind::Text) {
-        return {};
-    }
-    return oddText.isEmpty() ? QString::fromUtf8(bytes) : oddText;
-}
-
-int JsonField::toInt() const
-{
-    return kind == Kind::Number ? numberValue(bytes).toInt() : 0;
-}
-
-qint64 JsonField::toInteger() const
-{
-    switch (kind) {
-    case Kind::Number:
-        return numberValue(bytes).toVariant().toLongLong();
-    case Kind::Text:
-        return QVariant(toText()).toLongLong();
-    default:
-        return 0;
-    }
-}
-
-qint64 JsonField::toVariantInteger() const
-{
-    return kind == Kind::True ? 1 : toInteger();
-}
-
-double JsonField::toReal() const
-{
-    double number = 0.0;
-    if (kind == Kind::Number) {
-        number = bytes.toDouble();
-        if (number == 0.0) {
-            number = 0.0; // a document holds no minus zero
-        }
-    } else if (kind == Kind::Text) {
-        number = QVariant(toText()).toDouble();
-    }
-    return std::isfinite(number) ? number : 0.0;
-}
-
-bool readJsonObjects(const QByteArray &json, const QList<QByteArray> &keys,
+bool readJsonObjects(const QByteArray &json, const std::vector<QByteArrayView> &keys,
                      const std::function<void()> &restart,
                      const std::function<void(const JsonFields &)> &take)
 {
@@ -187,16 +229,32 @@ bool readJsonObjects(const QByteArray &json, const QList<QByteArray> &keys,
     if (error.error != QJsonParseError::NoError) {
         return false;
     }
-    JsonFields fields(static_cast<size_t>(keys.size()));
-    std::vector<QByteArray> numbers(fields.size());
+    JsonFields fields(keys.size());
+    std::vector<QByteArray> numbers(keys.size()); // what the fields of numbers refer to
     const QJsonArray elements = document.array();
     for (const QJsonValueConstRef element : elements) {
         const QJsonObject object = element.toObject();
         for (size_t index = 0; index < fields.size(); ++index) {
-            const QByteArray &key = keys.at(static_cast<qsizetype>(index));
-            fields[index] = fieldOf(object.value(QLatin1StringView(key)), numbers[index]);
+            fields[index] = fieldOf(object.value(QLatin1StringView(keys[index])), numbers[index]);
         }
         take(fields);
     }
     return true;
+}
+
+JsonMembers readJsonMembers(const QByteArray &json)
+{
+    JsonMembers members;
+    MembersHandler handler(json);
+    if (readEvents(json, handler)) {
+        for (const MemberPlace &place : std::as_const(handler.places)) {
+            members.append(place.key, json.mid(place.start, place.length));
+        }
+        return members;
+    }
+    const QJsonObject root = QJsonDocument::fromJson(json).object();
+    for (auto member = root.constBegin(); member != root.constEnd(); ++member) {
+        members.append(member.key(), textOf(member.value()));
+    }
+    return members;
 }

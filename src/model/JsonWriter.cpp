@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-void appendJsonText(QByteArray &json, QStringView text)
+void appendJson(QByteArray &json, QStringView text)
 {
     json += '"';
     if (text.isValidUtf16() && !text.startsWith(QChar::ByteOrderMark)) {
@@ -30,8 +30,36 @@ void appendJsonText(QByteArray &json, QStringView text)
     json += '"';
 }
 
-void appendJsonNumber(QByteArray &json, double number)
+void appendJson(QByteArray &json, double number)
 {
     json += std::isfinite(number) ? QByteArray::number(number, 'g', QLocale::FloatingPointShortest)
                                   : "null"_ba;
+}
+
+void appendJson(QByteArray &json, qint64 number)
+{
+    json += QByteArray::number(number);
+}
+
+QByteArray writeJsonMembers(const JsonMembers &members)
+{
+    // Sections hold tens of megabytes: allocate once and copy each section only once.
+    qsizetype size = 2;
+    for (const JsonMembers::Member &member : members) {
+        constexpr qsizetype roomForKey = 50;
+        size += member.json.size() + roomForKey;
+    }
+    QByteArray json;
+    json.reserve(size);
+    json += '{';
+    for (const JsonMembers::Member &member : members) {
+        if (json.size() > 1) {
+            json += ',';
+        }
+        appendJson(json, member.key);
+        json += ':';
+        json += member.json;
+    }
+    json += '}';
+    return json;
 }

@@ -3,6 +3,8 @@
 #include <QSettings>
 
 #include <algorithm>
+#include <tuple>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
@@ -13,46 +15,59 @@ const QString application = u"Player"_s;
 const QString lastActiveKey = u"lastActiveSource"_s;
 const QString sourcesKey = u"sources"_s;
 
-/// The number of entries to read from the array that is open: the stored size, unless it is damaged
-/// and would fill the memory with empty records; then what is really there.
-int believableSize(const QSettings &settings, int storedSize)
+/// The number of entries to read from the array that is open: the stored size, or, if that is
+/// implausibly large, the highest index that exists. A damaged size must not exhaust the memory.
+int plausibleSize(const QSettings &settings, int storedSize)
 {
-    constexpr int moreThanAnyoneHas = 10000;
-    if (storedSize <= moreThanAnyoneHas) {
+    constexpr int largestPlausible = 10000;
+    if (storedSize <= largestPlausible) {
         return storedSize;
     }
     int highest = 0;
     const QStringList indexes = settings.childGroups();
     for (const QString &index : indexes) {
-        highest = std::max(highest, std::min(index.toInt(), moreThanAnyoneHas));
+        highest = std::max(highest, std::min(index.toInt(), largestPlausible));
     }
     return highest;
 }
 
+/// Ties a key of the store to a field of a source.
+template <typename Value>
+struct Setting
+{
+    QLatin1StringView key;
+    Value SourceConfig::*field;
+};
+
+constexpr std::tuple settingsTable{
+    Setting<qint32>{"type"_L1, &SourceConfig::type},
+    Setting<QString>{"name"_L1, &SourceConfig::name},
+    Setting<QString>{"url"_L1, &SourceConfig::url},
+    Setting<QString>{"username"_L1, &SourceConfig::username},
+    Setting<QString>{"password"_L1, &SourceConfig::password},
+    Setting<QString>{"liveExtension"_L1, &SourceConfig::liveExtension},
+    Setting<QString>{"subscriptionKey"_L1, &SourceConfig::subscriptionKey},
+    Setting<qint64>{"lastUpdated"_L1, &SourceConfig::lastUpdated},
+};
+
+/// Reads the current entry of the array that is open. A missing key leaves the field's default.
 SourceConfig readSource(const QSettings &settings)
 {
-    SourceConfig config;
-    config.type = settings.value("type"_L1, 0).toInt();
-    config.name = settings.value("name"_L1).toString();
-    config.url = settings.value("url"_L1).toString();
-    config.username = settings.value("username"_L1).toString();
-    config.password = settings.value("password"_L1).toString();
-    config.liveExtension = settings.value("liveExtension"_L1, defaultLiveExtension()).toString();
-    config.subscriptionKey = settings.value("subscriptionKey"_L1).toString();
-    config.lastUpdated = settings.value("lastUpdated"_L1, 0).toLongLong();
+    SourceConfig config = defaultSourceConfig();
+    const auto read = [&](const auto &setting) {
+        auto &field = config.*setting.field;
+        field = settings.value(setting.key, field).template value<std::decay_t<decltype(field)>>();
+    };
+    std::apply([&](const auto &...columns) { (read(columns), ...); }, settingsTable);
     return config;
 }
 
 void writeSource(QSettings &settings, const SourceConfig &config)
 {
-    settings.setValue("type"_L1, config.type);
-    settings.setValue("name"_L1, config.name);
-    settings.setValue("url"_L1, config.url);
-    settings.setValue("username"_L1, config.username);
-    settings.setValue("password"_L1, config.password);
-    settings.setValue("liveExtension"_L1, config.liveExtension);
-    settings.setValue("subscriptionKey"_L1, config.subscriptionKey);
-    settings.setValue("lastUpdated"_L1, config.lastUpdated);
+    const auto write = [&](const auto &setting) {
+        settings.setValue(setting.key, config.*setting.field);
+    };
+    std::apply([&](const auto &...columns) { (write(columns), ...); }, settingsTable);
 }
 
 auto findByName(QList<SourceConfig> &list, const QString &name)
@@ -103,7 +118,7 @@ void SourceManager::load()
     sourceList.clear();
     QSettings settings(organization, application);
     lastActiveName = settings.value(lastActiveKey).toString();
-    const int count = believableSize(settings, settings.beginReadArray(sourcesKey));
+    const int count = plausibleSize(settings, settings.beginReadArray(sourcesKey));
     for (int index = 0; index < count; ++index) {
         settings.setArrayIndex(index);
         sourceList.append(readSource(settings));

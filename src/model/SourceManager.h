@@ -8,7 +8,8 @@
 /// The list of configured sources and the name of the source that was active last, mirrored into
 /// the platform's settings store (organisation "Vantiro", application "Player").
 ///
-/// GUI thread only. A store that cannot be read gives an empty list; failed writes go unnoticed.
+/// GUI thread only. A store that cannot be read gives an empty list; failed writes are not
+/// reported.
 class SourceManager final : public QObject
 {
     Q_OBJECT
@@ -19,7 +20,7 @@ public:
     /// The sources in the order in which they were first added.
     QList<SourceConfig> sources() const { return sourceList; }
 
-    /// The recorded name, empty when there never was one. It may name a source that is gone.
+    /// The recorded name, empty if none was ever set. It may name a source that no longer exists.
     QString lastActiveSourceName() const { return lastActiveName; }
     void setLastActiveSourceName(const QString &name);
 

@@ -8,55 +8,44 @@
 #include <QJsonValue>
 #include <QVariant>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// The converters below take the fields in the order of these keys.
-const QList<QByteArray> categoryKeys = {"category_id"_ba, "category_name"_ba};
-const QList<QByteArray> liveKeys = {"stream_id"_ba, "name"_ba, "category_id"_ba, "stream_icon"_ba};
-const QList<QByteArray> vodKeys = {"stream_id"_ba,          "name"_ba,   "category_id"_ba,
-                                   "stream_icon"_ba,        "rating"_ba, "added"_ba,
-                                   "container_extension"_ba};
-const QList<QByteArray> seriesKeys = {"series_id"_ba, "name"_ba,   "category_id"_ba,
-                                      "cover"_ba,     "rating"_ba, "last_modified"_ba};
+constexpr std::tuple categoryTable{
+    JsonColumn{"category_id", &Category::id, &JsonField::toText},
+    JsonColumn{"category_name", &Category::name, &JsonField::toText},
+};
+constexpr std::tuple liveTable{
+    JsonColumn{"stream_id", &MediaItem::id, &JsonField::toIntegerText},
+    JsonColumn{"name", &MediaItem::name, &JsonField::toText},
+    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toText},
+    JsonColumn{"stream_icon", &MediaItem::iconUrl, &JsonField::toText},
+};
+constexpr std::tuple vodTable{
+    JsonColumn{"stream_id", &MediaItem::id, &JsonField::toIntegerText},
+    JsonColumn{"name", &MediaItem::name, &JsonField::toText},
+    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toText},
+    JsonColumn{"stream_icon", &MediaItem::iconUrl, &JsonField::toText},
+    JsonColumn{"rating", &MediaItem::rating, &JsonField::toLenientReal},
+    JsonColumn{"added", &MediaItem::addedAt, &JsonField::toLenientInteger},
+    JsonColumn{"container_extension", &MediaItem::containerExtension, &JsonField::toText},
+};
+constexpr std::tuple seriesTable{
+    JsonColumn{"series_id", &MediaItem::id, &JsonField::toIntegerText},
+    JsonColumn{"name", &MediaItem::name, &JsonField::toText},
+    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toText},
+    JsonColumn{"cover", &MediaItem::iconUrl, &JsonField::toText},
+    JsonColumn{"rating", &MediaItem::rating, &JsonField::toLenientReal},
+    JsonColumn{"last_modified", &MediaItem::addedAt, &JsonField::toLenientInteger},
+};
 
-Category categoryFrom(const JsonFields &fields)
-{
-    return {fields[0].toText(), fields[1].toText()};
-}
-
-/// What the entries of all three kinds have in common.
-MediaItem itemFrom(const JsonFields &fields, qint32 type)
+MediaItem itemOfKind(qint32 kind)
 {
     MediaItem item;
-    item.type = type;
-    item.id = QString::number(fields[0].toInteger());
-    item.name = fields[1].toText();
-    item.categoryId = fields[2].toText();
-    item.iconUrl = fields[3].toText();
-    return item;
-}
-
-MediaItem channelFrom(const JsonFields &fields)
-{
-    return itemFrom(fields, StreamKind::Live);
-}
-
-MediaItem movieFrom(const JsonFields &fields)
-{
-    MediaItem item = itemFrom(fields, StreamKind::Movie);
-    item.rating = fields[4].toReal();
-    item.addedAt = fields[5].toInteger();
-    item.containerExtension = fields[6].toText();
-    return item;
-}
-
-MediaItem showFrom(const JsonFields &fields)
-{
-    MediaItem item = itemFrom(fields, StreamKind::Series);
-    item.rating = fields[4].toReal();
-    item.addedAt = fields[5].toInteger();
+    item.type = kind;
     return item;
 }
 
@@ -82,22 +71,22 @@ Episode episodeOf(const QJsonObject &object, const QString &seriesName, qint32 s
 
 QList<Category> parseCategories(const QByteArray &body)
 {
-    return readJsonRecords(body, categoryKeys, &categoryFrom);
+    return readJsonRecords(body, categoryTable);
 }
 
 QList<MediaItem> parseLiveStreams(const QByteArray &body)
 {
-    return readJsonRecords(body, liveKeys, &channelFrom);
+    return readJsonRecords(body, liveTable, itemOfKind(StreamKind::Live));
 }
 
 QList<MediaItem> parseVodStreams(const QByteArray &body)
 {
-    return readJsonRecords(body, vodKeys, &movieFrom);
+    return readJsonRecords(body, vodTable, itemOfKind(StreamKind::Movie));
 }
 
 QList<MediaItem> parseSeries(const QByteArray &body)
 {
-    return readJsonRecords(body, seriesKeys, &showFrom);
+    return readJsonRecords(body, seriesTable, itemOfKind(StreamKind::Series));
 }
 
 QList<Episode> parseSeriesEpisodes(const QByteArray &body)

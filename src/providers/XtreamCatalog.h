@@ -6,11 +6,11 @@
 #include <QList>
 
 /// @file
-/// How the catalog replies of an Xtream Codes server become records.
+/// Turns the catalog replies of an Xtream Codes server into records.
 ///
-/// Servers are read leniently: a body that is not JSON and a root of the wrong kind give an empty
-/// list, a missing key or a value of the wrong type an empty text or 0. Every element of the root
-/// gives one record, in the order of the reply.
+/// Replies are read leniently: a body that is not JSON or has a root of the wrong type gives an
+/// empty list; a missing key or a value of the wrong type gives an empty text or 0. Every element
+/// of the root gives one record, in the order of the reply.
 
 /// "category_id" and "category_name"; an id sent as a number gives an empty id.
 QList<Category> parseCategories(const QByteArray &body);

@@ -1,0 +1,122 @@
+#include "model/JsonReader.h"
+#include "model/JsonWriter.h"
+#include "support/TestMain.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonValue>
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+class tst_JsonWriter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void texts_data();
+    void texts();
+    void numbers_data();
+    void numbers();
+    void records();
+    void members();
+};
+
+void tst_JsonWriter::texts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("empty") << QString() << R"("")"_ba;
+    QTest::newRow("plain") << u"Caf\u00e9 \U0001F600"_s << "\"Caf\xc3\xa9 \xf0\x9f\x98\x80\""_ba;
+    QTest::newRow("quotes and backslashes") << uR"(a"b\c/)"_s << R"("a\"b\\c/")"_ba;
+    QTest::newRow("control characters")
+        << u"\n\x01\x1f\x7f"_s << QByteArray("\"\\u000a\\u0001\\u001f\x7f\"");
+    QTest::newRow("NUL") << QString(QChar(0)) << R"("\u0000")"_ba;
+    QTest::newRow("byte-order mark") << u"\ufeffa"_s << R"("\ufeff\u0061")"_ba;
+    QTest::newRow("byte-order mark inside") << u"a\ufeff"_s << "\"a\xef\xbb\xbf\""_ba;
+    QTest::newRow("lone surrogate") << u"a"_s + QChar(0xd83d) << R"("\u0061\ud83d")"_ba;
+}
+
+void tst_JsonWriter::texts()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QByteArray, json);
+    QByteArray written = "x"_ba;
+    appendJson(written, text);
+    QCOMPARE(written, 'x' + json);
+    if (text.isValidUtf16()) {
+        QCOMPARE(QJsonDocument::fromJson('[' + json + ']').array(), QJsonArray{text});
+    }
+}
+
+void tst_JsonWriter::numbers_data()
+{
+    QTest::addColumn<double>("number");
+    QTest::addColumn<QByteArray>("json");
+    using Limits = std::numeric_limits<double>;
+    QTest::newRow("0") << 0.0 << "0"_ba;
+    QTest::newRow("minus 0") << -0.0 << "0"_ba;
+    QTest::newRow("shortest form") << 0.1 << "0.1"_ba;
+    QTest::newRow("all digits") << 0.1 + 0.2 << "0.30000000000000004"_ba;
+    QTest::newRow("negative") << -7.25 << "-7.25"_ba;
+    QTest::newRow("smallest") << Limits::denorm_min() << "5e-324"_ba;
+    QTest::newRow("largest") << Limits::max() << "1.7976931348623157e+308"_ba;
+    QTest::newRow("infinite") << Limits::infinity() << "null"_ba;
+    QTest::newRow("negative infinite") << -Limits::infinity() << "null"_ba;
+    QTest::newRow("not a number") << Limits::quiet_NaN() << "null"_ba;
+}
+
+void tst_JsonWriter::numbers()
+{
+    QFETCH(const double, number);
+    QFETCH(const QByteArray, json);
+    QByteArray written = "x"_ba;
+    appendJson(written, number);
+    QCOMPARE(written, 'x' + json);
+    const QJsonValue value = QJsonDocument::fromJson('[' + json + ']').array().at(0);
+    QCOMPARE(value.isDouble(), std::isfinite(number));
+    QVERIFY(!value.isDouble() || value.toDouble() == number);
+}
+
+void tst_JsonWriter::records()
+{
+    struct Record
+    {
+        QString text;
+        qint32 small = 0;
+        qint64 large = 0;
+        double real = 0;
+        bool operator==(const Record &) const = default;
+    };
+    constexpr std::tuple table{
+        JsonColumn{"t", &Record::text, &JsonField::toText},
+        JsonColumn{"l", &Record::large, &JsonField::toVariantInteger},
+        JsonColumn{"s", &Record::small, &JsonField::toInt},
+        JsonColumn{"r", &Record::real, &JsonField::toDouble},
+    };
+    const QList<Record> records{{u"a\""_s, -1, 1LL << 60, 0.5}, {}};
+    const QByteArray json =
+        R"([{"t":"a\"","l":1152921504606846976,"s":-1,"r":0.5},{"t":"","l":0,"s":0,"r":0}])"_ba;
+    QCOMPARE(writeJsonRecords(records, table), json);
+    QVERIFY(readJsonRecords(json, table) == records);
+    QCOMPARE(writeJsonRecords(QList<Record>(), table), "[]"_ba);
+    // A key that is missing resets the field; a field without a column keeps its initial value.
+    const Record initial{u"x"_s, 1, 2, 3};
+    constexpr std::tuple oneColumn{JsonColumn{"t", &Record::text, &JsonField::toText}};
+    QVERIFY(readJsonRecords("[{}]"_ba, oneColumn, initial) == (QList<Record>{{{}, 1, 2, 3}}));
+}
+
+void tst_JsonWriter::members()
+{
+    JsonMembers object = readJsonMembers(R"({"z":1,"a":2,"m":3})"_ba);
+    object.insert(u"a"_s, "true"_ba);
+    object.insert(u"b"_s, "[]"_ba);
+    QCOMPARE(writeJsonMembers(object), R"({"z":1,"a":true,"m":3,"b":[]})"_ba);
+    QCOMPARE(writeJsonMembers(JsonMembers()), "{}"_ba);
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_JsonWriter)
+#include "tst_JsonWriter.moc"
