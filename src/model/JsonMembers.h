@@ -4,8 +4,8 @@
 #include <QList>
 #include <QString>
 
-/// The members of one JSON object, each value as a JSON text of its own: it can be kept and replaced
-/// without being parsed. Read by readJsonMembers(), written by writeJsonMembers().
+/// The members of one JSON object, each value as a JSON text of its own: it can be kept and
+/// replaced without being parsed. Read by readJsonMembers(), written by writeJsonMembers().
 class JsonMembers final
 {
 public:

@@ -22,7 +22,8 @@ struct JsonColumn
 {
     using Conversion = Value (JsonField::*)() const;
 
-    constexpr JsonColumn(QByteArrayView memberKey, Value Record::*recordField, Conversion conversion)
+    constexpr JsonColumn(QByteArrayView memberKey, Value Record::*recordField,
+                         Conversion conversion)
         : key(memberKey)
         , field(recordField)
         , convert(conversion)
