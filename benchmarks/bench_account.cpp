@@ -1,10 +1,10 @@
 // How long each step of loading a large account holds the GUI thread: one run, printed as a table.
 // The steps are those of a refresh, with the other kinds' sections in the cache.
 
+#include "fakeprovider/CatalogGenerator.h"
 #include "model/CatalogCache.h"
 #include "model/ItemFilter.h"
 #include "providers/XtreamCatalog.h"
-#include "support/CatalogGenerator.h"
 #include "support/PrivateProfile.h"
 #include "ui/BrowseTab.h"
 #include "ui/Thumbnails.h"

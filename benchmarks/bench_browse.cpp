@@ -1,8 +1,8 @@
 // What runs on a keystroke and on a scroll step.
 
+#include "fakeprovider/CatalogGenerator.h"
 #include "model/ItemFilter.h"
 #include "model/ItemIndex.h"
-#include "support/CatalogGenerator.h"
 #include "ui/BrowseTab.h"
 #include "ui/Thumbnails.h"
 

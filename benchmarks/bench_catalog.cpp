@@ -1,9 +1,9 @@
 // From bytes to records and back: playlists, account replies, the catalog cache.
 
+#include "fakeprovider/CatalogGenerator.h"
 #include "model/CatalogCache.h"
 #include "providers/M3uParser.h"
 #include "providers/XtreamCatalog.h"
-#include "support/CatalogGenerator.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 // What finding the posters near the view costs on a scroll step: it must not grow with the grid.
 
-#include "support/CatalogGenerator.h"
+#include "fakeprovider/CatalogGenerator.h"
 #include "ui/BrowseTab.h"
 #include "ui/Thumbnails.h"
 

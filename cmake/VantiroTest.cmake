@@ -4,7 +4,7 @@
 # A Qt Test program with a main of its own (support/TestMain.h) and its CTest test. The test runs
 # in a private profile with a silent sound card, so that it cannot touch a user's files. With
 # DISPLAY xvfb it runs on an X server and window manager of its own, two such tests at a time, with
-# the label e2e. STREAMS makes the generated streams (support/Streams.h) first. ENVIRONMENT adds to
+# the label e2e. STREAMS makes the generated streams (fakeprovider/Streams.h) first. ENVIRONMENT adds to
 # the test's environment or overrides it.
 
 # What a program that is tested puts before an absolute path of this machine: Wine shows its root as

@@ -1,8 +1,8 @@
 // What the program sets at its start and what it writes, seen in the program itself: a plugin
 // (start_probe.cpp) reports from within.
 
+#include "fakeprovider/HttpServer.h"
 #include "model/SourceManager.h"
-#include "support/HttpServer.h"
 #include "support/TestMain.h"
 
 #include <QFile>

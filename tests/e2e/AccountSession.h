@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/XtreamProvider.h"
+#include "fakeprovider/XtreamProvider.h"
 #include "support/desktop/Accessible.h"
 #include "support/desktop/RunningApp.h"
 

@@ -1,7 +1,7 @@
 #include "e2e/Provider.h"
 
+#include "fakeprovider/Streams.h"
 #include "model/SourceManager.h"
-#include "support/Streams.h"
 
 #include <QHash>
 #include <QJsonArray>

@@ -2,8 +2,8 @@
 
 #include "e2e/PlayerSession.h"
 #include "e2e/Provider.h"
-#include "support/HangingChannel.h"
-#include "support/Streams.h"
+#include "fakeprovider/HangingChannel.h"
+#include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>

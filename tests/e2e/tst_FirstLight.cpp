@@ -1,8 +1,8 @@
 // A new user adds a playlist, finds a channel, watches it, and keeps watching when it drops out.
 
 #include "e2e/PlayerSession.h"
-#include "support/HttpServer.h"
-#include "support/Streams.h"
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
 
 #include <QTest>

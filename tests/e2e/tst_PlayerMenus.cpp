@@ -3,7 +3,7 @@
 
 #include "e2e/PlayerSession.h"
 #include "e2e/Provider.h"
-#include "support/Streams.h"
+#include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
 
 #include <QTest>

@@ -2,10 +2,10 @@
 // and "Next Episode" goes on into the next season.
 
 #include "e2e/PlayerSession.h"
-#include "e2e/PosterArt.h"
+#include "fakeprovider/PosterArt.h"
+#include "fakeprovider/XtreamProvider.h"
 #include "model/SourceManager.h"
 #include "support/TestMain.h"
-#include "support/XtreamProvider.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

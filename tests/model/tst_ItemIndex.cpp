@@ -1,8 +1,8 @@
 // The index gives what filtering and sorting give, whatever is asked of it in whatever order.
 
+#include "fakeprovider/CatalogGenerator.h"
 #include "model/ItemFilter.h"
 #include "model/ItemIndex.h"
-#include "support/CatalogGenerator.h"
 #include "support/TestMain.h"
 
 #include <QRandomGenerator>

@@ -54,7 +54,7 @@ def sources_key(source, tests):
         relative = str(path.relative_to(source))
         if relative.startswith("tests/mutation/") or not path.is_file():
             continue
-        if relative.startswith(("src/", "tests/", "demo/", "cmake/", "CMake")):
+        if relative.startswith(("src/", "fakeprovider/", "tests/", "demo/", "cmake/", "CMake")):
             digest.update(f"{relative}\n{hashlib.sha256(path.read_bytes()).hexdigest()}\n".encode())
     return digest.hexdigest()[:16]
 

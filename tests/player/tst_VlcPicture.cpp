@@ -1,7 +1,7 @@
 #include "PlayerProbe.h"
-#include "support/HangingChannel.h"
-#include "support/HttpServer.h"
-#include "support/Streams.h"
+#include "fakeprovider/HangingChannel.h"
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
 
 #include <QHBoxLayout>

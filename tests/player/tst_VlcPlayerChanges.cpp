@@ -1,6 +1,6 @@
 #include "PlayerProbe.h"
+#include "fakeprovider/HangingChannel.h"
 #include "player/MediaPlayer.h"
-#include "support/HangingChannel.h"
 #include "support/TestMain.h"
 
 #include <QTest>

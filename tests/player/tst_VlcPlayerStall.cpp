@@ -1,6 +1,6 @@
 #include "PlayerProbe.h"
-#include "support/HttpServer.h"
-#include "support/Streams.h"
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
 
 #include <QTest>

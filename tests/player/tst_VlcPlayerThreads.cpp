@@ -1,7 +1,7 @@
 #include "PlayerProbe.h"
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/Streams.h"
 #include "player/MediaPlayer.h"
-#include "support/HttpServer.h"
-#include "support/Streams.h"
 #include "support/TestMain.h"
 
 #include <QTest>

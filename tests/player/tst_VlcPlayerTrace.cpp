@@ -1,5 +1,5 @@
 #include "PlayerProbe.h"
-#include "support/HttpServer.h"
+#include "fakeprovider/HttpServer.h"
 #include "support/TestMain.h"
 #include "support/TraceCapture.h"
 

@@ -1,6 +1,6 @@
 #include "PlayerProbe.h"
+#include "fakeprovider/HttpServer.h"
 #include "player/StreamUrl.h"
-#include "support/HttpServer.h"
 #include "support/TestMain.h"
 
 #include <QTest>

@@ -1,9 +1,9 @@
 // The window's thread is never held up: however a server behaves, playing, replacing and stopping
 // its streams leaves the event loop running.
 
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/Streams.h"
 #include "player/VlcPlayer.h"
-#include "support/HttpServer.h"
-#include "support/Streams.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>

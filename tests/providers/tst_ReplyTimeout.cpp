@@ -1,11 +1,11 @@
 // Servers that stop answering: the clients end the exchange, once, and only when nothing moves.
 
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/TlsCertificate.h"
 #include "providers/Await.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
-#include "support/HttpServer.h"
 #include "support/TestMain.h"
-#include "support/TlsCertificate.h"
 
 #include <QNetworkAccessManager>
 #include <QSslConfiguration>

@@ -1,8 +1,8 @@
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/TlsCertificate.h"
 #include "providers/Await.h"
 #include "providers/XtreamClient.h"
-#include "support/HttpServer.h"
 #include "support/TestMain.h"
-#include "support/TlsCertificate.h"
 
 #include <QJsonArray>
 #include <QNetworkAccessManager>

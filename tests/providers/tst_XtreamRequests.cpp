@@ -1,7 +1,7 @@
 #include "app/TraceSecrets.h"
+#include "fakeprovider/HttpServer.h"
 #include "providers/Await.h"
 #include "providers/XtreamClient.h"
-#include "support/HttpServer.h"
 #include "support/TestMain.h"
 #include "support/TraceCapture.h"
 

@@ -1,8 +1,9 @@
 #include "app/NetLog.h"
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/TlsCertificate.h"
 #include "providers/Await.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
-#include "support/HttpServer.h"
 #include "support/TestMain.h"
 #include "support/TraceCapture.h"
 

@@ -1,8 +1,8 @@
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/TlsCertificate.h"
 #include "providers/Await.h"
 #include "providers/ZevrinoClient.h"
-#include "support/HttpServer.h"
 #include "support/TestMain.h"
-#include "support/TlsCertificate.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>

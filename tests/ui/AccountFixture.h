@@ -1,7 +1,7 @@
 #pragma once
 
 #include "WindowFixture.h"
-#include "support/XtreamProvider.h"
+#include "fakeprovider/XtreamProvider.h"
 
 #include <QList>
 #include <QString>

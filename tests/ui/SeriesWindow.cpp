@@ -1,7 +1,7 @@
 #include "SeriesWindow.h"
 
+#include "fakeprovider/Streams.h"
 #include "support/PrivateProfile.h"
-#include "support/Streams.h"
 #include "ui/MainWindow.h"
 
 #include <QDateTime>

@@ -1,7 +1,7 @@
 #include "SoundWindow.h"
 
+#include "fakeprovider/Streams.h"
 #include "player/VlcPlayer.h"
-#include "support/Streams.h"
 #include "ui/MainWindow.h"
 
 #include <QSignalSpy>

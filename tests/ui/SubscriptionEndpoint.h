@@ -1,8 +1,8 @@
 #pragma once
 
-#include "support/HttpServer.h"
-#include "support/TlsCertificate.h"
-#include "support/XtreamProvider.h"
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/TlsCertificate.h"
+#include "fakeprovider/XtreamProvider.h"
 
 #include <QHash>
 #include <QSet>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "DialogAnswers.h"
+#include "fakeprovider/HttpServer.h"
 #include "model/CatalogCache.h"
 #include "model/SourceConfig.h"
-#include "support/HttpServer.h"
 
 #include <QDialog>
 #include <QPushButton>

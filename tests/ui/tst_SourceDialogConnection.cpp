@@ -1,5 +1,5 @@
 #include "DialogAnswers.h"
-#include "support/HttpServer.h"
+#include "fakeprovider/HttpServer.h"
 #include "support/TestMain.h"
 #include "ui/SourceDialog.h"
 

@@ -2,8 +2,8 @@
 // window is this process's own, so that its controls can be found; input comes through Windows.
 
 #include "WindowFixture.h"
+#include "fakeprovider/Streams.h"
 #include "player/VlcPlayer.h"
-#include "support/Streams.h"
 #include "support/TestMain.h"
 #include "support/desktop/Screen.h"
 #include "ui/MainWindow.h"

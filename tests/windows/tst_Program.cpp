@@ -3,11 +3,11 @@
 // the size with which it opens. The program is as the packages install it: it finds no other
 // plugins of Qt than theirs.
 
-#include "e2e/PosterArt.h"
 #include "e2e/Provider.h"
+#include "fakeprovider/PosterArt.h"
+#include "fakeprovider/Streams.h"
 #include "model/CatalogCache.h"
 #include "model/SourceManager.h"
-#include "support/Streams.h"
 #include "support/TestMain.h"
 #include "support/desktop/Screen.h"
 #include "windows/NativeWindow.h"

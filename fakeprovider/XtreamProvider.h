@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/HttpServer.h"
+#include "fakeprovider/HttpServer.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -32,7 +32,7 @@ QStringList catalog();
 /// "/posters/<n>.png"                       a poster, another colour for each number
 ///
 /// Whoever does not know the account gets "auth" 0 from the interface and 403 for a stream. The
-/// streams are those of support/Streams.h; a test that plays needs them built. All members may be
+/// streams are those of Streams.h; a test that plays needs them built. All members may be
 /// called from any thread.
 class XtreamProvider
 {

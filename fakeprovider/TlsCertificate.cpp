@@ -1,4 +1,4 @@
-#include "support/TlsCertificate.h"
+#include "fakeprovider/TlsCertificate.h"
 
 #include <QFile>
 

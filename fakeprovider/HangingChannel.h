@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/HttpServer.h"
-#include "support/Streams.h"
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/Streams.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "support/HttpConnection.h"
+#include "fakeprovider/HttpConnection.h"
 
 #include <QSslSocket>
 #include <QTcpSocket>

@@ -1,6 +1,6 @@
-#include "support/HttpServer.h"
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/TlsCertificate.h"
 #include "support/TestMain.h"
-#include "support/TlsCertificate.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>

@@ -1,7 +1,7 @@
-#include "support/XtreamProvider.h"
+#include "fakeprovider/XtreamProvider.h"
 
-#include "support/CatalogGenerator.h"
-#include "support/Streams.h"
+#include "fakeprovider/CatalogGenerator.h"
+#include "fakeprovider/Streams.h"
 
 #include <QBuffer>
 #include <QDateTime>

@@ -1,4 +1,4 @@
-#include "e2e/PosterArt.h"
+#include "fakeprovider/PosterArt.h"
 
 #include <QBuffer>
 #include <QImage>

@@ -1,6 +1,6 @@
-#include "support/HttpServer.h"
+#include "fakeprovider/HttpServer.h"
 
-#include "support/HttpConnection.h"
+#include "fakeprovider/HttpConnection.h"
 
 #include <QDir>
 #include <QFile>

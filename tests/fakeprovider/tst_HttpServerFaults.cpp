@@ -1,4 +1,4 @@
-#include "support/HttpServer.h"
+#include "fakeprovider/HttpServer.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>

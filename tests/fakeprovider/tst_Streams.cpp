@@ -1,4 +1,4 @@
-#include "support/Streams.h"
+#include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
 
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "support/CatalogGenerator.h"
+#include "fakeprovider/CatalogGenerator.h"
 
 #include <QStringList>
 
