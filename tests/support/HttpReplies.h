@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/HttpServer.h"
+#include "fakeprovider/HttpServer.h"
 
 #include <algorithm>
 #include <random>
