@@ -7,6 +7,7 @@
 #include "providers/SubscriptionAddress.h"
 #include "ui/BrowseTab.h"
 #include "ui/ElidedComboBox.h"
+#include "ui/PlaybackSession.h"
 #include "ui/Thumbnails.h"
 
 #include <QApplication>
@@ -76,6 +77,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     });
 
     controlsHideTimer = new QTimer(this);
+    controlsHideTimer->setObjectName(u"controlsHideTimer"_s);
     controlsHideTimer->setSingleShot(true);
     controlsHideTimer->setInterval(controlsHideDelayMs);
     connect(controlsHideTimer, &QTimer::timeout, this, &MainWindow::hideFullscreenControls);
@@ -203,16 +205,8 @@ void MainWindow::fitLoadingOverlay()
 void MainWindow::createPlayer()
 {
     player = new VlcPlayer(videoSurface, this);
-    connect(player, &VlcPlayer::playbackError, this, &MainWindow::onPlaybackError);
-    connect(player, &VlcPlayer::playbackInterrupted, this, &MainWindow::onPlaybackInterrupted);
-    reconnectTimer = new QTimer(this);
-    reconnectTimer->setSingleShot(true);
-    connect(reconnectTimer, &QTimer::timeout, this, &MainWindow::replayCurrentStream);
-    connect(player, &VlcPlayer::playbackProgressing, this, [this] {
-        if (reconnectAttempts > 0) {
-            cancelLiveReconnect();
-        }
-    });
+    session = new PlaybackSession(player, this);
+    followSession();
     connect(player, &VlcPlayer::positionChanged, this, &MainWindow::onPositionChanged);
     connect(player, &VlcPlayer::pausedChanged, this,
             [this](bool paused) { playPauseButton->setText(paused ? tr("Play") : tr("Pause")); });
@@ -333,7 +327,7 @@ void MainWindow::emptyBrowseTabs()
         title->clear();
     }
     showEpisodes({}, {});
-    clearSeriesContext();
+    episodeQueue.clear();
 }
 
 void MainWindow::beginCatalogFetch(int steps)

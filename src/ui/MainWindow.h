@@ -5,6 +5,7 @@
 #include "model/ItemIndex.h"
 #include "model/SourceConfig.h"
 #include "providers/XtreamAccount.h"
+#include "ui/EpisodeQueue.h"
 #include "ui/Thumbnails.h"
 
 #include <QHash>
@@ -16,6 +17,7 @@
 #include <optional>
 
 class ClickToSeekSlider;
+class PlaybackSession;
 class SourceManager;
 class VlcPlayer;
 class XtreamClient;
@@ -86,7 +88,6 @@ public:
     void playEpisodeTreeItem(QTreeWidgetItem *item);
     void playNextEpisode();
     void updateNextEpisodeButton();
-    void clearSeriesContext();
 
     // ---- MainWindowPlayer.cpp: the player panel ----
 
@@ -101,9 +102,6 @@ public:
 
     /// Plays an entry. A show, and an entry without a URL, change nothing.
     void playMediaItem(const MediaItem &item);
-    /// Starts the current URL again.
-    void replayCurrentStream();
-    void cancelLiveReconnect();
 
     // ---- MainWindowPosters.cpp: thumbnails ----
 
@@ -221,7 +219,6 @@ private:
     // ---- MainWindowSeries.cpp ----
     QWidget *buildEpisodePage();
     void showEpisodes(const QList<Episode> &episodes, const XtreamAccount &account);
-    bool hasNextEpisode() const;
 
     // ---- MainWindowPlayer.cpp ----
     QWidget *buildPlayerPanel();
@@ -241,8 +238,8 @@ private:
     void execMenuAbove(QMenu &menu, const QPushButton *button);
 
     // ---- MainWindowPlayback.cpp ----
-    QString streamUrlFor(const MediaItem &item) const;
-    void startCurrentStream();
+    void followSession();
+    void resetPosition();
 
     // ---- MainWindowPosters.cpp ----
     void downloadThumbnail(QListWidget *list, const QString &url);
@@ -340,15 +337,11 @@ private:
     QString currentSeriesName;
     QList<Episode> shownEpisodes;
     XtreamAccount shownAccount;
-    /// The show now playing, its episodes, their account, which stays the same when the source
-    /// changes, and the index of the episode that plays, -1 for none.
-    QString playingSeriesName;
-    QList<Episode> episodePlaylist;
-    XtreamAccount playingAccount;
-    qint32 currentEpisodeIndex = -1;
+    EpisodeQueue episodeQueue;
 
     // ---- MainWindowPlayer.cpp ----
     VlcPlayer *player = nullptr;
+    PlaybackSession *session = nullptr;
     QWidget *playerPanel = nullptr;
     QVBoxLayout *playerLayout = nullptr;
     QWidget *videoSurface = nullptr;
@@ -368,19 +361,10 @@ private:
     int fullscreenChromeHeight = 0;
     /// The user holds the seek slider.
     bool seeking = false;
-    /// A stream was started and not given up; the chrome shows.
-    bool hasMedia = false;
     bool fullscreen = false;
     bool fullscreenControlsVisible = false;
 
     // ---- MainWindowPlayback.cpp ----
-    qint32 currentKind = StreamKind::Live;
-    /// Empty when nothing can be replayed.
-    QString currentUrl;
-    QString currentTitle;
-    QTimer *reconnectTimer = nullptr;
-    /// Attempts since the live stream last made progress.
-    qint32 reconnectAttempts = 0;
     bool errorDialogOpen = false;
 
     // ---- MainWindowPosters.cpp ----

@@ -223,7 +223,7 @@ void MainWindow::playRow(const QList<MediaItem> &filtered, int row)
     if (row < 0 || row >= filtered.size()) {
         return;
     }
-    clearSeriesContext();
+    episodeQueue.clear();
     // A copy: a box that playing may open runs the event loop, in which the list can change.
     playMediaItem(MediaItem(filtered.at(row)));
 }

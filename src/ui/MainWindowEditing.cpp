@@ -1,8 +1,8 @@
 #include "ui/MainWindow.h"
 
 #include "model/SourceManager.h"
-#include "player/VlcPlayer.h"
 #include "ui/PlainMessageBox.h"
+#include "ui/PlaybackSession.h"
 #include "ui/PlaylistCopy.h"
 #include "ui/SourceDialog.h"
 
@@ -104,13 +104,8 @@ void MainWindow::forgetLastSource()
 {
     beginLoad();
     currentSource = defaultSourceConfig();
-    cancelLiveReconnect();
-    currentUrl.clear();
-    player->stop();
-    hasMedia = false;
-    nowPlayingLabel->setText(tr("Nothing playing"));
+    session->stop();
     emptyBrowseTabs();
-    updatePlayerChrome();
 }
 
 void MainWindow::replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited)

@@ -1,115 +1,62 @@
 #include "ui/MainWindow.h"
 
-#include "app/NetLog.h"
 #include "player/VlcPlayer.h"
-#include "providers/XtreamClient.h"
 #include "ui/ClickToSeekSlider.h"
+#include "ui/EntryUrl.h"
 #include "ui/FormatMs.h"
 #include "ui/PlainMessageBox.h"
-#include "ui/ReconnectDelay.h"
+#include "ui/PlaybackSession.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSlider>
-#include <QTimer>
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-QString orDefault(const QString &extension, const QString &fallback)
+void MainWindow::followSession()
 {
-    return extension.isEmpty() ? fallback : extension;
+    connect(session, &PlaybackSession::entryChanged, this, [this] {
+        resetPosition();
+        updateNextEpisodeButton();
+    });
+    connect(session, &PlaybackSession::starting, this, [this] {
+        // What the user drags to is a time of the stream before.
+        endSeekHold();
+        updatePlayerChrome();
+        nowPlayingLabel->setText(tr("Playing: %1").arg(session->title()));
+    });
+    connect(session, &PlaybackSession::started, this,
+            [this] { player->setVolume(volumeSlider->value()); });
+    connect(session, &PlaybackSession::reconnectScheduled, this, [this](int attempt) {
+        nowPlayingLabel->setText(tr("Reconnecting to %1... (attempt %2)")
+                                     .arg(session->title(), QString::number(attempt)));
+    });
+    connect(session, &PlaybackSession::interrupted, this, &MainWindow::updatePlayerChrome);
+    connect(session, &PlaybackSession::stopped, this, [this] {
+        nowPlayingLabel->setText(tr("Nothing playing"));
+        updatePlayerChrome();
+    });
+    connect(session, &PlaybackSession::failed, this, &MainWindow::onPlaybackError);
 }
 
-} // namespace
-
-QString MainWindow::streamUrlFor(const MediaItem &item) const
+void MainWindow::resetPosition()
 {
-    const QString movieFormat = u"mp4"_s;
-    const bool account = SourceType::isAccount(currentSource.type);
-    if (item.type == StreamKind::Live && !account) {
-        return item.streamUrl;
-    }
-    if (xtream == nullptr) {
-        return {};
-    }
-    switch (item.type) {
-    case StreamKind::Live:
-        return xtream->liveStreamUrl(
-            item.id, orDefault(currentSource.liveExtension, defaultLiveExtension()));
-    case StreamKind::Movie:
-        return xtream->movieStreamUrl(item.id, orDefault(item.containerExtension, movieFormat));
-    case StreamKind::Episode:
-        // An episode of a series that goes on comes from the account that its show was opened with.
-        return XtreamClient::episodeStreamUrl(
-            currentEpisodeIndex < 0 ? xtream->account() : playingAccount, item.id,
-            orDefault(item.containerExtension, movieFormat));
-    default:
-        return {};
-    }
+    seekSlider->setRange(0, 0);
+    timeLabel->setText(tr("%1 / %2").arg(formatMs(0), formatMs(0)));
 }
 
 void MainWindow::playMediaItem(const MediaItem &item)
 {
-    const QString url = streamUrlFor(item);
+    const QString url = entryUrl(item, currentSource, xtream, episodeQueue.account());
     if (url.isEmpty()) {
         return;
     }
-    cancelLiveReconnect();
-    currentKind = item.type;
-    currentUrl = url;
-    currentTitle = item.name;
-    seekSlider->setRange(0, 0);
-    timeLabel->setText(formatMs(0) + " / "_L1 + formatMs(0));
-    updateNextEpisodeButton();
-    startCurrentStream();
+    session->play(item.type, url, item.name);
     playerPanel->setFocus(Qt::OtherFocusReason);
-}
-
-void MainWindow::replayCurrentStream()
-{
-    if (currentUrl.isEmpty()) {
-        return;
-    }
-    reconnectTimer->stop();
-    startCurrentStream();
-}
-
-void MainWindow::startCurrentStream()
-{
-    hasMedia = true;
-    // What the user drags to is a time of the stream before.
-    endSeekHold();
-    updatePlayerChrome();
-    nowPlayingLabel->setText(tr("Playing: ") + currentTitle);
-    player->play(currentUrl, currentKind == StreamKind::Live);
-    player->setVolume(volumeSlider->value());
-}
-
-void MainWindow::cancelLiveReconnect()
-{
-    reconnectTimer->stop();
-    reconnectAttempts = 0;
 }
 
 void MainWindow::onPlaybackInterrupted(const QString &reason)
 {
-    if (currentKind == StreamKind::Live && !currentUrl.isEmpty()) {
-        ++reconnectAttempts;
-        if (netDebugEnabled()) {
-            NetLogStream() << "[VLC] live reconnect attempt" << reconnectAttempts << "-" << reason;
-        }
-        reconnectTimer->start(reconnectDelayMs(reconnectAttempts));
-        nowPlayingLabel->setText(tr("Reconnecting to %1... (attempt %2)")
-                                     .arg(currentTitle, QString::number(reconnectAttempts)));
-        return;
-    }
-    reconnectAttempts = 0;
-    hasMedia = false;
-    updatePlayerChrome();
-    onPlaybackError(tr("Playback stopped: ") + reason);
+    session->interrupt(reason);
 }
 
 void MainWindow::onPlaybackError(const QString &message)
@@ -123,11 +70,11 @@ void MainWindow::onPlaybackError(const QString &message)
         PlainMessageBox box(QMessageBox::Warning, tr("Playback Error"), message, QMessageBox::Close,
                             this);
         const QPushButton *retryButton =
-            currentUrl.isEmpty() ? nullptr : box.addButton(tr("Retry"), QMessageBox::ActionRole);
+            session->canReplay() ? box.addButton(tr("Retry"), QMessageBox::ActionRole) : nullptr;
         box.exec();
         retry = retryButton != nullptr && box.clickedButton() == retryButton;
     }
     if (retry) {
-        replayCurrentStream();
+        session->replay();
     }
 }

@@ -4,6 +4,7 @@
 #include "ui/ClickToSeekSlider.h"
 #include "ui/ElidedLabel.h"
 #include "ui/FormatMs.h"
+#include "ui/PlaybackSession.h"
 
 #include <QBoxLayout>
 #include <QEvent>
@@ -179,7 +180,7 @@ void MainWindow::toggleMute()
 
 void MainWindow::seekByKey(qint64 deltaMs)
 {
-    if (StreamKind::isSeekable(currentKind)) {
+    if (StreamKind::isSeekable(session->kind())) {
         player->seekRelative(deltaMs);
     }
 }
@@ -215,7 +216,7 @@ void MainWindow::endSeekHold()
 
 void MainWindow::onPositionChanged(qint64 currentMs, qint64 totalMs)
 {
-    if (!StreamKind::isSeekable(currentKind) || totalMs < 1) {
+    if (!StreamKind::isSeekable(session->kind()) || totalMs < 1) {
         return;
     }
     if (!seeking) {
@@ -228,8 +229,8 @@ void MainWindow::onPositionChanged(qint64 currentMs, qint64 totalMs)
 
 void MainWindow::updatePlayerChrome()
 {
-    const bool shown = hasMedia && (!fullscreen || fullscreenControlsVisible);
-    const bool seekRowShown = shown && StreamKind::isSeekable(currentKind);
+    const bool shown = session->hasMedia() && (!fullscreen || fullscreenControlsVisible);
+    const bool seekRowShown = shown && StreamKind::isSeekable(session->kind());
     if (!seekRowShown) {
         endSeekHold();
     }

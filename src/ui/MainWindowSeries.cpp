@@ -3,7 +3,7 @@
 #include "providers/XtreamClient.h"
 #include "ui/BrowseTab.h"
 #include "ui/ElidedLabel.h"
-#include "ui/EpisodeItem.h"
+#include "ui/PlaybackSession.h"
 
 #include <QBoxLayout>
 #include <QHash>
@@ -105,38 +105,20 @@ void MainWindow::playEpisodeTreeItem(QTreeWidgetItem *item)
     if (index < 0 || index >= shownEpisodes.size()) {
         return;
     }
-    episodePlaylist = shownEpisodes;
-    playingAccount = shownAccount;
-    currentEpisodeIndex = index;
-    playingSeriesName = currentSeriesName;
-    playMediaItem(mediaItemFromEpisode(shownEpisodes.at(index), currentSeriesName));
+    episodeQueue.start(currentSeriesName, shownEpisodes, shownAccount, index);
+    playMediaItem(episodeQueue.current());
 }
 
 void MainWindow::playNextEpisode()
 {
-    if (!hasNextEpisode()) {
-        return;
+    if (episodeQueue.next()) {
+        playMediaItem(episodeQueue.current());
     }
-    ++currentEpisodeIndex;
-    playMediaItem(mediaItemFromEpisode(episodePlaylist.at(currentEpisodeIndex), playingSeriesName));
-}
-
-bool MainWindow::hasNextEpisode() const
-{
-    return currentEpisodeIndex >= 0 && currentEpisodeIndex + 1 < episodePlaylist.size();
 }
 
 void MainWindow::updateNextEpisodeButton()
 {
-    const bool episodePlays = currentKind == StreamKind::Episode;
+    const bool episodePlays = session->kind() == StreamKind::Episode;
     nextEpisodeButton->setVisible(episodePlays);
-    nextEpisodeButton->setEnabled(episodePlays && hasNextEpisode());
-}
-
-void MainWindow::clearSeriesContext()
-{
-    episodePlaylist.clear();
-    playingAccount = {};
-    currentEpisodeIndex = -1;
-    playingSeriesName.clear();
+    nextEpisodeButton->setEnabled(episodePlays && episodeQueue.hasNext());
 }

@@ -108,14 +108,7 @@ VlcPlayer &WindowFixture::player() const
 
 QTimer &WindowFixture::reconnectTimer() const
 {
-    // The other single-shot timer of the window hides the fullscreen controls after 3 s.
-    constexpr int controlsHideMs = 3000;
-    for (QTimer *timer : mainWindow->findChildren<QTimer *>(Qt::FindDirectChildrenOnly)) {
-        if (timer->isSingleShot() && timer->interval() != controlsHideMs) {
-            return *timer;
-        }
-    }
-    qFatal("WindowFixture: no reconnect timer");
+    return find<QTimer>(u"reconnectTimer"_s);
 }
 
 QTimer &WindowFixture::autoRefreshTimer() const

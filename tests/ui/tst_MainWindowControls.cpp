@@ -2,6 +2,7 @@
 #include "player/VlcPlayer.h"
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
+#include "ui/PlaybackSession.h"
 
 #include <QAbstractButton>
 #include <QBoxLayout>
@@ -133,7 +134,7 @@ void tst_MainWindowControls::everyStartSetsThePanelsVolume()
     QTRY_COMPARE(player.volume(), 100);
     player.setVolume(30);
     QTRY_COMPARE(player.volume(), 30);
-    fixture.window().replayCurrentStream();
+    fixture.window().findChild<PlaybackSession *>()->replay();
     QTRY_COMPARE(player.volume(), 100);
 }
 
@@ -228,7 +229,7 @@ void tst_MainWindowControls::aHoldThatEndsWithoutAReleaseSeeksNowhere()
     } else if (end == "channel"_L1) {
         fixture.play(0);
     } else if (end == "replay"_L1) {
-        window.replayCurrentStream();
+        window.findChild<PlaybackSession *>()->replay();
         QTRY_VERIFY(fixture.player().timeMs() > 0);
     } else if (end == "interruption"_L1) {
         Q_EMIT fixture.player().playbackInterrupted(u"it broke"_s);

@@ -28,7 +28,6 @@ private Q_SLOTS:
     void aLateShowPlaysFromTheAccountThatWasAsked();
     void playingFromAnotherTabEndsTheSeries_data();
     void playingFromAnotherTabEndsTheSeries();
-    void clearingTheSeriesEndsIt();
 };
 
 void tst_MainWindowEpisodes::aClickPlaysAnEpisode()
@@ -278,20 +277,6 @@ void tst_MainWindowEpisodes::playingFromAnotherTabEndsTheSeries()
     QCOMPARE(series.playingText(), u"Playing: Show - S02E02 - End"_s);
     QVERIFY(series.nextButton().isVisible());
     QVERIFY(!series.nextButton().isEnabled());
-}
-
-void tst_MainWindowEpisodes::clearingTheSeriesEndsIt()
-{
-    SeriesWindow series;
-    series.openEpisodes();
-    const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
-    series.click(series.episodeRow(0, 0));
-    series.window().clearSeriesContext();
-    series.window().updateNextEpisodeButton();
-    QVERIFY(series.nextButton().isVisible());
-    QVERIFY(!series.nextButton().isEnabled());
-    series.window().playNextEpisode();
-    QCOMPARE(playing.count(), 1);
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowEpisodes)

@@ -18,12 +18,7 @@ bool shows(const WindowFixture &fixture, const QString &name)
 
 QTimer &hideTimer(const MainWindow &window)
 {
-    for (QTimer *timer : window.findChildren<QTimer *>(Qt::FindDirectChildrenOnly)) {
-        if (timer->isSingleShot() && timer->interval() == 3000) {
-            return *timer;
-        }
-    }
-    qFatal("no timer that hides the fullscreen controls");
+    return *window.findChild<QTimer *>(u"controlsHideTimer"_s);
 }
 
 } // namespace

@@ -1,0 +1,91 @@
+#include "ui/PlaybackSession.h"
+
+#include "app/NetLog.h"
+#include "player/VlcPlayer.h"
+#include "ui/ReconnectDelay.h"
+
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+PlaybackSession::PlaybackSession(VlcPlayer *player, QObject *parent)
+    : QObject(parent)
+    , player(player)
+    , reconnectTimer(new QTimer(this))
+{
+    reconnectTimer->setObjectName(u"reconnectTimer"_s);
+    reconnectTimer->setSingleShot(true);
+    connect(reconnectTimer, &QTimer::timeout, this, &PlaybackSession::replay);
+    connect(player, &VlcPlayer::playbackError, this, &PlaybackSession::failed);
+    connect(player, &VlcPlayer::playbackInterrupted, this, &PlaybackSession::interrupt);
+    connect(player, &VlcPlayer::playbackProgressing, this, &PlaybackSession::cancelLiveReconnect);
+}
+
+bool PlaybackSession::hasMedia() const
+{
+    return currentState != State::Idle && currentState != State::Interrupted;
+}
+
+void PlaybackSession::play(qint32 kind, const QString &url, const QString &title)
+{
+    cancelLiveReconnect();
+    currentKind = kind;
+    currentUrl = url;
+    currentTitle = title;
+    Q_EMIT entryChanged();
+    start();
+}
+
+void PlaybackSession::replay()
+{
+    if (canReplay()) {
+        reconnectTimer->stop();
+        start();
+    }
+}
+
+void PlaybackSession::start()
+{
+    // Only progress, another entry or a cancel ends the attempts.
+    currentState = reconnectAttempts > 0 ? State::Reconnecting : State::Playing;
+    Q_EMIT starting();
+    player->play(currentUrl, currentKind == StreamKind::Live);
+    Q_EMIT started();
+}
+
+void PlaybackSession::stop()
+{
+    cancelLiveReconnect();
+    currentUrl.clear();
+    player->stop();
+    currentState = State::Idle;
+    Q_EMIT stopped();
+}
+
+void PlaybackSession::cancelLiveReconnect()
+{
+    reconnectTimer->stop();
+    reconnectAttempts = 0;
+    if (hasMedia()) {
+        currentState = State::Playing;
+    }
+}
+
+void PlaybackSession::interrupt(const QString &reason)
+{
+    if (currentKind == StreamKind::Live && canReplay()) {
+        ++reconnectAttempts;
+        if (netDebugEnabled()) {
+            NetLogStream() << "[VLC] live reconnect attempt" << reconnectAttempts << "-" << reason;
+        }
+        currentState = State::WaitingToReconnect;
+        reconnectTimer->start(reconnectDelayMs(reconnectAttempts));
+        Q_EMIT reconnectScheduled(reconnectAttempts);
+        return;
+    }
+    if (canReplay()) {
+        currentState = State::Interrupted;
+    }
+    Q_EMIT interrupted();
+    Q_EMIT failed(tr("Playback stopped: %1").arg(reason));
+}

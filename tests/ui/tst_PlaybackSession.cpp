@@ -1,0 +1,267 @@
+#include "fakeprovider/HttpServer.h"
+#include "fakeprovider/Streams.h"
+#include "player/VlcPlayer.h"
+#include "support/TestMain.h"
+#include "ui/PlaybackSession.h"
+
+#include <QMetaEnum>
+#include <QSignalSpy>
+#include <QThread>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using State = PlaybackSession::State;
+
+namespace {
+
+HttpReply heldReply()
+{
+    HttpReply reply;
+    reply.held = true;
+    return reply;
+}
+
+/// A session on a real player without a picture, what it reports, and a server. Streams never
+/// answer unless a test lets them.
+class Probe final : public QObject
+{
+public:
+    Probe()
+    {
+        server.onPrefix(u"/"_s, [](const HttpRequest &) { return heldReply(); });
+        server.onPrefix(u"/sound"_s, [](const HttpRequest &) {
+            return HttpReply::file(streamPath(u"audio.mp3"_s), "audio/mpeg"_ba);
+        });
+        const auto note = [this](const QString &text) { return [this, text] { log << text; }; };
+        connect(&session, &PlaybackSession::entryChanged, this, note(u"entry"_s));
+        connect(&session, &PlaybackSession::starting, this, note(u"starting"_s));
+        connect(&session, &PlaybackSession::started, this, note(u"started"_s));
+        connect(&session, &PlaybackSession::interrupted, this, note(u"interrupted"_s));
+        connect(&session, &PlaybackSession::stopped, this, note(u"stopped"_s));
+        connect(&session, &PlaybackSession::reconnectScheduled, this,
+                [this](int attempt) { log << u"reconnect %1"_s.arg(attempt); });
+        connect(&session, &PlaybackSession::failed, this,
+                [this](const QString &message) { log << message; });
+    }
+
+    /// Plays "/<name>" as an entry of that kind.
+    void play(qint32 kind, const QString &name)
+    {
+        session.play(kind, server.url(u'/' + name), name);
+    }
+
+    /// Lets one thing happen, by the name that the rows of states() give it.
+    void happen(const QString &event)
+    {
+        log.clear();
+        if (event == "channel"_L1) {
+            play(StreamKind::Live, event);
+        } else if (event == "film"_L1) {
+            play(StreamKind::Movie, event);
+        } else if (event == "episode"_L1) {
+            play(StreamKind::Episode, event);
+        } else if (event == "interruption"_L1) {
+            Q_EMIT player.playbackInterrupted(u"%1 broke"_s);
+        } else if (event == "error"_L1) {
+            Q_EMIT player.playbackError(u"no"_s);
+        } else if (event == "progress"_L1) {
+            Q_EMIT player.playbackProgressing();
+        } else if (event == "replay"_L1) {
+            session.replay();
+        } else if (event == "cancel"_L1) {
+            session.cancelLiveReconnect();
+        } else if (event == "stop"_L1) {
+            session.stop();
+        } else if (event == "timer"_L1 && timer.isActive()) {
+            timer.start(0);
+            QTRY_VERIFY(!timer.isActive());
+        } else {
+            QFAIL(qPrintable(event));
+        }
+    }
+
+    HttpServer server;
+    VlcPlayer player{nullptr, nullptr};
+    PlaybackSession session{&player, nullptr};
+    QTimer &timer = *session.findChild<QTimer *>(u"reconnectTimer"_s);
+    QStringList log; ///< the signals since the last event
+};
+
+} // namespace
+
+class tst_PlaybackSession : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void states_data();
+    void states();
+    void aStartIsToldBeforeAndAfter();
+    void delaysGrowAndStay();
+    void theTimerAlonePlaysTheSameStreamAgain();
+    void anotherEntryReplacesTheStream();
+    void anInterruptionFromAnotherThreadComesQueued();
+    void onlyAChannelHasNoEndOfItsOwn_data();
+    void onlyAChannelHasNoEndOfItsOwn();
+};
+
+void tst_PlaybackSession::states_data()
+{
+    QTest::addColumn<State>("state");
+    QTest::addColumn<QString>("report"); ///< of the last event
+    const auto row = [](const char *events, State state, const QString &report) {
+        QTest::newRow(events) << state << report;
+    };
+    const QString entry = u"entry, starting, started"_s;
+    const QString again = u"starting, started"_s;
+    const QString box = u"interrupted, Playback stopped: %1 broke"_s;
+    row("stop", State::Idle, u"stopped"_s);
+    row("replay", State::Idle, {});
+    row("progress", State::Idle, {});
+    row("interruption", State::Idle, box);
+    row("error", State::Idle, u"no"_s);
+
+    row("channel", State::Playing, entry);
+    row("film", State::Playing, entry);
+    row("channel, progress", State::Playing, {});
+    row("channel, error", State::Playing, u"no"_s);
+    row("channel, replay", State::Playing, again);
+    row("channel, stop", State::Idle, u"stopped"_s);
+    row("channel, stop, interruption", State::Idle, box);
+    row("channel, stop, replay", State::Idle, {});
+
+    const State waiting = State::WaitingToReconnect;
+    row("channel, interruption", waiting, u"reconnect 1"_s);
+    row("channel, interruption, interruption", waiting, u"reconnect 2"_s);
+    row("channel, interruption, error", waiting, u"no"_s);
+    row("channel, interruption, progress", State::Playing, {});
+    row("channel, interruption, cancel", State::Playing, {});
+    row("channel, interruption, channel", State::Playing, entry);
+    row("channel, interruption, film", State::Playing, entry);
+    row("channel, interruption, stop", State::Idle, u"stopped"_s);
+
+    row("channel, interruption, timer", State::Reconnecting, again);
+    row("channel, interruption, replay", State::Reconnecting, again);
+    row("channel, interruption, timer, interruption", waiting, u"reconnect 2"_s);
+    row("channel, interruption, timer, replay", State::Reconnecting, again);
+    row("channel, interruption, timer, progress", State::Playing, {});
+    row("channel, interruption, timer, progress, interruption", waiting, u"reconnect 1"_s);
+    row("channel, interruption, timer, cancel, interruption", waiting, u"reconnect 1"_s);
+    row("channel, interruption, timer, channel, interruption", waiting, u"reconnect 1"_s);
+    row("channel, interruption, timer, stop, replay", State::Idle, {});
+
+    row("film, interruption", State::Interrupted, box);
+    row("episode, interruption", State::Interrupted, box);
+    row("film, interruption, interruption", State::Interrupted, box);
+    row("film, interruption, progress", State::Interrupted, {});
+    row("film, interruption, replay", State::Playing, again);
+    row("film, interruption, channel", State::Playing, entry);
+    row("film, interruption, stop", State::Idle, u"stopped"_s);
+    row("film, interruption, stop, replay", State::Idle, {});
+}
+
+void tst_PlaybackSession::states()
+{
+    QFETCH(State, state);
+    QFETCH(QString, report);
+    Probe probe;
+    for (const QString &event : QString::fromLatin1(QTest::currentDataTag()).split(u", "_s)) {
+        probe.happen(event);
+    }
+    QCOMPARE(probe.session.state(), state);
+    QCOMPARE(probe.log.join(u", "_s), report);
+    QCOMPARE(probe.timer.isActive(), state == State::WaitingToReconnect);
+    QCOMPARE(probe.session.hasMedia(), state != State::Idle && state != State::Interrupted);
+    QCOMPARE(probe.session.canReplay(), state != State::Idle);
+}
+
+void tst_PlaybackSession::aStartIsToldBeforeAndAfter()
+{
+    Probe probe;
+    connect(&probe.player, &VlcPlayer::playing, &probe, [&probe] {
+        QCOMPARE(probe.session.kind(), StreamKind::Movie);
+        QCOMPARE(probe.session.title(), u"film"_s);
+        probe.log << u"playing"_s;
+    });
+    probe.play(StreamKind::Movie, u"film"_s);
+    QCOMPARE(probe.log, (QStringList{u"entry"_s, u"starting"_s, u"playing"_s, u"started"_s}));
+}
+
+void tst_PlaybackSession::delaysGrowAndStay()
+{
+    Probe probe;
+    QVERIFY(probe.timer.isSingleShot());
+    probe.happen(u"channel"_s);
+    for (const int delay : {1000, 2000, 4000, 8000, 15000, 15000, 15000}) {
+        probe.happen(u"interruption"_s);
+        QCOMPARE(probe.timer.interval(), delay);
+        probe.happen(u"timer"_s);
+    }
+    probe.happen(u"progress"_s);
+    probe.happen(u"interruption"_s);
+    QCOMPARE(probe.timer.interval(), 1000);
+}
+
+void tst_PlaybackSession::theTimerAlonePlaysTheSameStreamAgain()
+{
+    Probe probe;
+    probe.play(StreamKind::Live, u"news"_s);
+    QTRY_COMPARE(probe.server.requestCount(u"/news"_s), 1);
+    const QSignalSpy playing(&probe.player, &VlcPlayer::playing);
+    probe.happen(u"interruption"_s);
+    QCOMPARE(playing.count(), 0);
+    QTRY_COMPARE(probe.server.requestCount(u"/news"_s), 2);
+    QCOMPARE(probe.session.state(), State::Reconnecting);
+}
+
+void tst_PlaybackSession::anotherEntryReplacesTheStream()
+{
+    Probe probe;
+    probe.play(StreamKind::Live, u"one"_s);
+    QTRY_COMPARE(probe.server.openConnections(u"/one"_s), 1);
+    probe.play(StreamKind::Live, u"two"_s);
+    QTRY_COMPARE(probe.server.openConnections(u"/two"_s), 1);
+    QTRY_COMPARE(probe.server.openConnections(u"/one"_s), 0);
+    probe.session.stop();
+    QTRY_COMPARE(probe.server.openConnections(u"/two"_s), 0);
+}
+
+void tst_PlaybackSession::anInterruptionFromAnotherThreadComesQueued()
+{
+    Probe probe;
+    probe.happen(u"channel"_s);
+    const std::unique_ptr<QThread> thread(
+        QThread::create([&probe] { Q_EMIT probe.player.playbackInterrupted(u"it broke"_s); }));
+    thread->start();
+    QVERIFY(thread->wait());
+    // Nothing has run on the other thread.
+    QCOMPARE(probe.session.state(), State::Playing);
+    QTRY_COMPARE(probe.session.state(), State::WaitingToReconnect);
+}
+
+void tst_PlaybackSession::onlyAChannelHasNoEndOfItsOwn_data()
+{
+    QTest::addColumn<qint32>("kind");
+    QTest::newRow("channel") << StreamKind::Live;
+    QTest::newRow("film") << StreamKind::Movie;
+    QTest::newRow("episode") << StreamKind::Episode;
+}
+
+void tst_PlaybackSession::onlyAChannelHasNoEndOfItsOwn()
+{
+    QFETCH(qint32, kind);
+    Probe probe;
+    probe.play(kind, u"sound"_s);
+    QTRY_VERIFY(probe.player.isPlaying() && probe.player.lengthMs() > 9000);
+    probe.player.seek(9500);
+    if (kind == StreamKind::Live) {
+        QTRY_COMPARE(probe.session.state(), State::WaitingToReconnect);
+    } else {
+        QTRY_VERIFY(!probe.player.isPlaying());
+        QCoreApplication::processEvents();
+        QCOMPARE(probe.session.state(), State::Playing);
+    }
+}
+
+VANTIRO_TEST_MAIN(tst_PlaybackSession)
+#include "tst_PlaybackSession.moc"
