@@ -3,7 +3,7 @@
 
 #include "fakeprovider/CatalogGenerator.h"
 #include "model/CatalogCache.h"
-#include "model/ItemFilter.h"
+#include "model/CatalogSection.h"
 #include "providers/XtreamCatalog.h"
 #include "support/PrivateProfile.h"
 #include "ui/BrowseTab.h"
@@ -12,10 +12,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QIcon>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QStackedWidget>
-#include <QTableWidget>
 
 #include <algorithm>
 #include <cstdio>
@@ -43,11 +39,7 @@ struct Kind
     QList<MediaItem> (*parse)(const QByteArray &);
     int entries;
 
-    std::unique_ptr<QWidget> tab = {};
-    QStackedWidget *stack = nullptr;
-    QListWidget *categoryList = nullptr;
-    QTableWidget *table = nullptr; ///< of channels
-    QListWidget *grid = nullptr;   ///< of films and shows
+    std::unique_ptr<BrowseTab> tab = {};
 };
 
 /// Prints a row for each step and remembers the longest one.
@@ -81,17 +73,10 @@ private:
 
 void showTab(Kind &kind)
 {
-    QLineEdit *allSearch = nullptr;
-    QLineEdit *itemSearch = nullptr;
-    QLabel *title = nullptr;
-    QComboBox *sort = nullptr;
-    const bool channels = kind.section == "live"_L1;
-    kind.tab.reset(channels ? buildTabSkeleton(nullptr, &kind.stack, &kind.categoryList, &allSearch,
-                                               &title, &itemSearch, &kind.table, u"Channel"_s)
-                            : buildPosterTabSkeleton(nullptr, &kind.stack, &kind.categoryList,
-                                                     &allSearch, &title, &itemSearch, &sort,
-                                                     &kind.grid, u"Movie"_s));
-    kind.stack->setCurrentIndex(BrowsePage::Items);
+    const auto section = kind.section == "live"_L1 ? CatalogSection::Live : CatalogSection::Movie;
+    kind.tab = std::make_unique<BrowseTab>(browseTabSpecs()[static_cast<size_t>(section)],
+                                           QIcon(makePlaceholderPoster()));
+    kind.tab->showPage(BrowsePage::Items);
     kind.tab->resize(400, 680);
     kind.tab->show();
     QCoreApplication::processEvents();
@@ -104,35 +89,23 @@ void paint(const Kind &kind)
 }
 
 /// The two replies of a kind, one after the other, as the window takes them.
-void load(const Kind &kind, const QIcon &placeholder, StepTable &steps)
+void load(const Kind &kind, StepTable &steps)
 {
     QList<Category> categories;
     QList<MediaItem> items;
-    QList<MediaItem> filtered;
     steps.step(kind, "categories: reply to records", categoryCount,
                [&] { categories = parseCategories(kind.categoriesReply); });
     steps.step(kind, "categories: fill", categories.size(),
-               [&] { fillCategoryList(kind.categoryList, categories); });
+               [&] { kind.tab->setCategories(categories); });
     steps.step(kind, "categories: cache save", categories.size(), [&] {
         CatalogCache::save(source, kind.section, {categories, {}});
     });
 
     steps.step(kind, "entries: reply to records", kind.entries,
                [&] { items = kind.parse(kind.itemsReply); });
-    steps.step(kind, "entries: filter and sort", items.size(), [&] {
-        filtered = applyFilter(items, {}, {});
-        if (kind.grid != nullptr) {
-            sortItems(filtered, {}, u"name"_s);
-        }
-    });
-    steps.step(kind, "entries: fill", filtered.size(), [&] {
-        if (kind.grid != nullptr) {
-            fillPosterGrid(kind.grid, filtered, placeholder);
-        } else {
-            fillTable(kind.table, filtered);
-        }
-    });
-    steps.step(kind, "entries: lay out and paint", filtered.size(), [&] { paint(kind); });
+    steps.step(kind, "entries: filter, sort, fill", items.size(),
+               [&] { kind.tab->setItems(items); });
+    steps.step(kind, "entries: lay out and paint", items.size(), [&] { paint(kind); });
     steps.step(kind, "entries: cache save", items.size(), [&] {
         CatalogCache::save(source, kind.section, {categories, items});
     });
@@ -162,10 +135,9 @@ int main(int argc, char **argv)
         showTab(kind);
     }
 
-    const QIcon placeholder(makePlaceholderPoster());
     StepTable steps;
     for (const Kind &kind : kinds) {
-        load(kind, placeholder, steps);
+        load(kind, steps);
     }
     for (const Kind &kind : kinds) {
         CatalogCache::Section section;

@@ -1,18 +1,19 @@
 // What runs on a keystroke and on a scroll step.
 
 #include "fakeprovider/CatalogGenerator.h"
+#include "model/CatalogSection.h"
 #include "model/ItemFilter.h"
 #include "model/ItemIndex.h"
 #include "ui/BrowseTab.h"
 #include "ui/Thumbnails.h"
 
 #include <QCoreApplication>
-#include <QHeaderView>
 #include <QIcon>
-#include <QListWidget>
-#include <QTableWidget>
+#include <QLineEdit>
 
 #include <benchmark/benchmark.h>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -25,16 +26,31 @@ QList<MediaItem> movies(const benchmark::State &state)
     return CatalogGenerator().movies(static_cast<int>(state.range(0)), categories);
 }
 
+/// The items page of a tab on screen, with so many entries.
+std::unique_ptr<BrowseTab> openTab(const benchmark::State &state, CatalogSection section)
+{
+    auto tab = std::make_unique<BrowseTab>(browseTabSpecs()[static_cast<size_t>(section)],
+                                           QIcon(makePlaceholderPoster()));
+    tab->setItems(movies(state));
+    tab->showPage(BrowsePage::Items);
+    tab->resize(420, 700);
+    tab->show();
+    return tab;
+}
+
+void paint(BrowseTab &tab)
+{
+    QCoreApplication::processEvents();
+    tab.grab();
+}
+
 void tableKeystroke(benchmark::State &state)
 {
-    const QList<MediaItem> items = movies(state);
-    QTableWidget table(0, 1);
-    table.resize(300, 600);
-    table.show();
+    const auto tab = openTab(state, CatalogSection::Live);
+    tab->findChild<QLineEdit *>(u"liveSearch"_s)->setText(u"e"_s);
     for (auto _ : state) {
-        fillTable(&table, applyFilter(items, {}, u"e"_s));
-        QCoreApplication::processEvents();
-        table.grab();
+        tab->refilter();
+        paint(*tab);
     }
 }
 BENCHMARK(tableKeystroke)->Arg(100000)->Arg(600000)->Unit(benchmark::kMillisecond);
@@ -78,28 +94,11 @@ BENCHMARK_CAPTURE(posterFilter, word_by_rating, u"news"_s, u"rating"_s)
 
 void posterGridFill(benchmark::State &state)
 {
-    const QList<MediaItem> items = movies(state);
-    const QIcon placeholder(makePlaceholderPoster());
-    QWidget *root = nullptr;
-    QStackedWidget *stack = nullptr;
-    QListWidget *categoryList = nullptr;
-    QLineEdit *allSearch = nullptr;
-    QLabel *title = nullptr;
-    QLineEdit *search = nullptr;
-    QComboBox *sort = nullptr;
-    QListWidget *grid = nullptr;
-    root = buildPosterTabSkeleton(nullptr, &stack, &categoryList, &allSearch, &title, &search,
-                                  &sort, &grid, u"Movie"_s);
-    grid->setParent(nullptr);
-    grid->resize(400, 600);
-    grid->show();
+    const auto tab = openTab(state, CatalogSection::Movie);
     for (auto _ : state) {
-        fillPosterGrid(grid, items, placeholder);
-        QCoreApplication::processEvents();
-        grid->grab();
+        tab->refilter();
+        paint(*tab);
     }
-    delete grid;
-    delete root;
 }
 BENCHMARK(posterGridFill)->Arg(10000)->Arg(100000)->Arg(150000)->Unit(benchmark::kMillisecond);
 

@@ -1,6 +1,7 @@
 // What finding the posters near the view costs on a scroll step: it must not grow with the grid.
 
 #include "fakeprovider/CatalogGenerator.h"
+#include "model/CatalogSection.h"
 #include "ui/BrowseTab.h"
 #include "ui/Thumbnails.h"
 
@@ -17,25 +18,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A poster grid on screen with so many entries, scrolled to its middle.
-std::unique_ptr<QListWidget> makeGrid(int count)
+/// A tab of posters on screen with so many entries, its grid scrolled to the middle.
+std::unique_ptr<BrowseTab> openTab(int count)
 {
-    QStackedWidget *stack = nullptr;
-    QListWidget *categoryList = nullptr;
-    QLineEdit *allSearch = nullptr;
-    QLabel *title = nullptr;
-    QLineEdit *search = nullptr;
-    QComboBox *sort = nullptr;
-    QListWidget *grid = nullptr;
-    const std::unique_ptr<QWidget> tab(buildPosterTabSkeleton(
-        nullptr, &stack, &categoryList, &allSearch, &title, &search, &sort, &grid, u"Movie"_s));
-    grid->setParent(nullptr);
-    grid->resize(400, 600);
-    grid->show();
-    fillPosterGrid(grid, CatalogGenerator().movies(count, 200), QIcon(makePlaceholderPoster()));
+    auto tab =
+        std::make_unique<BrowseTab>(browseTabSpecs()[static_cast<size_t>(CatalogSection::Movie)],
+                                    QIcon(makePlaceholderPoster()));
+    tab->setItems(CatalogGenerator().movies(count, 200));
+    tab->showPage(BrowsePage::Items);
+    tab->resize(420, 700);
+    tab->show();
     QCoreApplication::processEvents();
-    grid->verticalScrollBar()->setValue(grid->verticalScrollBar()->maximum() / 2);
-    return std::unique_ptr<QListWidget>(grid);
+    QScrollBar &bar = *tab->posterGrid()->verticalScrollBar();
+    bar.setValue(bar.maximum() / 2);
+    return tab;
 }
 
 /// Looks at the rows from `first` to `last` as a pass does when all near ones were asked for.
@@ -55,7 +51,8 @@ QRect bandOf(const QListWidget &grid)
 
 void posterPass(benchmark::State &state)
 {
-    const auto grid = makeGrid(static_cast<int>(state.range(0)));
+    const auto tab = openTab(static_cast<int>(state.range(0)));
+    const QListWidget *grid = tab->posterGrid();
     for (auto _ : state) {
         const QRect band = bandOf(*grid);
         const RowRange rows = rowsInBand(*grid, band);
@@ -67,7 +64,8 @@ BENCHMARK(posterPass)->Arg(1000)->Arg(10000)->Arg(150000)->Unit(benchmark::kMicr
 /// The plain walk over every item, to compare with.
 void posterPassPlain(benchmark::State &state)
 {
-    const auto grid = makeGrid(static_cast<int>(state.range(0)));
+    const auto tab = openTab(static_cast<int>(state.range(0)));
+    const QListWidget *grid = tab->posterGrid();
     for (auto _ : state) {
         benchmark::DoNotOptimize(countNear(*grid, bandOf(*grid), 0, grid->count() - 1));
     }

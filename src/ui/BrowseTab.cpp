@@ -1,18 +1,16 @@
 #include "ui/BrowseTab.h"
 
+#include "model/ItemFilter.h"
+#include "ui/ActivateKeys.h"
 #include "ui/ElidedLabel.h"
 #include "ui/Thumbnails.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QHeaderView>
-#include <QIcon>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QStyledItemDelegate>
@@ -20,132 +18,37 @@
 
 using namespace Qt::StringLiterals;
 
+std::span<const BrowseTabSpec> browseTabSpecs()
+{
+    static constexpr BrowseTabSpec specs[] = {
+        {.prefix = "live",
+         .title = QT_TRANSLATE_NOOP("BrowseTab", "Live TV"),
+         .searchAllText = QT_TRANSLATE_NOOP("BrowseTab", "Search all channels..."),
+         .viewName = QT_TRANSLATE_NOOP("BrowseTab", "Channels"),
+         .heading = QT_TRANSLATE_NOOP("BrowseTab", "Channel"),
+         .forAccounts = true},
+        {.prefix = "movie",
+         .title = QT_TRANSLATE_NOOP("BrowseTab", "Movies"),
+         .searchAllText = QT_TRANSLATE_NOOP("BrowseTab", "Search all movies..."),
+         .viewName = QT_TRANSLATE_NOOP("BrowseTab", "Movies"),
+         .forAccounts = true},
+        {.prefix = "series",
+         .title = QT_TRANSLATE_NOOP("BrowseTab", "TV Shows"),
+         .searchAllText = QT_TRANSLATE_NOOP("BrowseTab", "Search all shows..."),
+         .viewName = QT_TRANSLATE_NOOP("BrowseTab", "Shows"),
+         .forAccounts = true},
+        {.prefix = "channel",
+         .title = QT_TRANSLATE_NOOP("BrowseTab", "Channels"),
+         .searchAllText = QT_TRANSLATE_NOOP("BrowseTab", "Search all channels..."),
+         .viewName = QT_TRANSLATE_NOOP("BrowseTab", "Channels"),
+         .heading = QT_TRANSLATE_NOOP("BrowseTab", "Channel")},
+    };
+    return specs;
+}
+
 namespace {
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("BrowseTab", text);
-}
-
-/// The widgets that every tab has, while it is being built.
-struct Skeleton
-{
-    QWidget *root = nullptr;
-    QStackedWidget *stack = nullptr;
-    QWidget *categoryPage = nullptr;
-    QVBoxLayout *categoryLayout = nullptr;
-    QLineEdit *allSearch = nullptr;
-    QLabel *categoryLabel = nullptr;
-    QListWidget *categoryList = nullptr;
-    QWidget *itemsPage = nullptr;
-    QVBoxLayout *itemsLayout = nullptr;
-    QLabel *titleLabel = nullptr;
-    QLineEdit *itemSearch = nullptr;
-};
-
-void buildCategoryPage(Skeleton &tab, const QString &kindWord)
-{
-    tab.categoryPage = new QWidget;
-    tab.categoryLayout = new QVBoxLayout(tab.categoryPage);
-    tab.allSearch = new QLineEdit;
-    tab.allSearch->setPlaceholderText(translated("Search all %1s...").arg(kindWord.toLower()));
-    tab.allSearch->setAccessibleName(tab.allSearch->placeholderText());
-    tab.categoryLabel = new QLabel(translated("Select a category:"));
-    tab.categoryList = new QListWidget;
-    tab.categoryList->setAccessibleName(translated("Categories"));
-    tab.categoryLayout->addWidget(tab.allSearch);
-    tab.categoryLayout->addWidget(tab.categoryLabel);
-    tab.categoryLayout->addWidget(tab.categoryList, 1);
-}
-
-void buildItemsPage(Skeleton &tab)
-{
-    tab.itemsPage = new QWidget;
-    tab.itemsLayout = new QVBoxLayout(tab.itemsPage);
-    auto *titleRow = new QHBoxLayout;
-    auto *back = new QPushButton(translated("< Back to Categories"));
-    tab.titleLabel = new ElidedLabel;
-    QFont font = tab.titleLabel->font();
-    font.setWeight(QFont::Bold);
-    tab.titleLabel->setFont(font);
-    titleRow->addWidget(back, 0);
-    titleRow->addWidget(tab.titleLabel, 1);
-    tab.itemsLayout->addLayout(titleRow);
-    tab.itemSearch = new QLineEdit;
-    tab.itemSearch->setPlaceholderText(translated("Search..."));
-    tab.itemSearch->setAccessibleName(tab.itemSearch->placeholderText());
-    QObject::connect(back, &QPushButton::clicked, tab.stack,
-                     [stack = tab.stack] { stack->setCurrentIndex(BrowsePage::Categories); });
-}
-
-Skeleton beginSkeleton(QWidget *parent, const QString &kindWord)
-{
-    Skeleton tab;
-    tab.root = new QWidget(parent);
-    auto *layout = new QVBoxLayout(tab.root);
-    layout->setContentsMargins(0, 0, 0, 0);
-    tab.stack = new QStackedWidget;
-    layout->addWidget(tab.stack);
-    buildCategoryPage(tab, kindWord);
-    buildItemsPage(tab);
-    tab.stack->addWidget(tab.categoryPage);
-    tab.stack->addWidget(tab.itemsPage);
-    return tab;
-}
-
-/// Lets the one items view serve both pages: on the category page it shows the results of a search
-/// over all categories, in place of the category list.
-void shareItemsView(const Skeleton &tab, QWidget *view)
-{
-    tab.itemsLayout->addWidget(view, 1);
-    const auto showOnCategoryPage = [tab, view](const QString &text) {
-        const bool searching = !text.isEmpty();
-        tab.categoryLabel->setVisible(!searching);
-        tab.categoryList->setVisible(!searching);
-        if (searching && view->parentWidget() != tab.categoryPage) {
-            tab.categoryLayout->addWidget(view, 1);
-        }
-        view->setVisible(searching);
-    };
-    QObject::connect(tab.allSearch, &QLineEdit::textChanged, view, showOnCategoryPage);
-    QObject::connect(tab.stack, &QStackedWidget::currentChanged, view,
-                     [tab, view, showOnCategoryPage](int index) {
-                         if (index == BrowsePage::Items) {
-                             if (view->parentWidget() != tab.itemsPage) {
-                                 tab.itemsLayout->addWidget(view, 1);
-                             }
-                             view->setVisible(true);
-                         } else if (index == BrowsePage::Categories) {
-                             showOnCategoryPage(tab.allSearch->text());
-                         }
-                     });
-}
-
-void storeShared(const Skeleton &tab, QStackedWidget **stack, QListWidget **categoryList,
-                 QLineEdit **allSearch, QLabel **titleLabel, QLineEdit **itemSearch)
-{
-    *stack = tab.stack;
-    *categoryList = tab.categoryList;
-    *allSearch = tab.allSearch;
-    *titleLabel = tab.titleLabel;
-    *itemSearch = tab.itemSearch;
-}
-
-QTableWidget *makeTable(const QString &kindWord)
-{
-    auto *table = new QTableWidget;
-    table->setColumnCount(1);
-    table->setHorizontalHeaderLabels({kindWord});
-    table->horizontalHeader()->setStretchLastSection(true);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->verticalHeader()->hide();
-    // Tab leaves the table instead of walking its cells.
-    table->setTabKeyNavigation(false);
-    return table;
-}
-
-/// Keeps the place of a whole poster for each entry, whatever the size of its picture. The grid
+/// Reserves the space of a whole poster for each entry, whatever the size of its picture. The grid
 /// takes the size of one item for all.
 class PosterDelegate final : public QStyledItemDelegate
 {
@@ -160,141 +63,324 @@ protected:
     }
 };
 
-QListWidget *makePosterList()
-{
-    auto *list = new QListWidget;
-    list->setViewMode(QListView::IconMode);
-    list->setResizeMode(QListView::Adjust);
-    list->setMovement(QListView::Static);
-    list->setWrapping(true);
-    list->setUniformItemSizes(true);
-    list->setIconSize(posterSize);
-    list->setItemDelegate(new PosterDelegate(list));
-    list->setSpacing(10);
-    list->setSelectionMode(QAbstractItemView::SingleSelection);
-    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list->setFrameShape(QFrame::NoFrame);
-    list->setWordWrap(true);
-    list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    list->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    return list;
-}
-
-QComboBox *makeSortCombo()
-{
-    auto *combo = new QComboBox;
-    combo->setAccessibleName(translated("Sort by"));
-    combo->addItem(translated("Name (A-Z)"), u"name"_s);
-    combo->addItem(translated("Recently Added"), u"added"_s);
-    combo->addItem(translated("Rating"), u"rating"_s);
-    return combo;
-}
-
 } // namespace
 
-QWidget *buildTabSkeleton(QWidget *parent, QStackedWidget **stack, QListWidget **categoryList,
-                          QLineEdit **allSearch, QLabel **titleLabel, QLineEdit **itemSearch,
-                          QTableWidget **table, const QString &kindWord)
+BrowseTab::BrowseTab(const BrowseTabSpec &spec, const QIcon &placeholder, QWidget *parent)
+    : QWidget(parent)
+    , tabTitle(tr(spec.title))
+    , forAccounts(spec.forAccounts)
+    , placeholderPoster(placeholder)
 {
-    const Skeleton tab = beginSkeleton(parent, kindWord);
-    tab.itemsLayout->addWidget(tab.itemSearch);
-    *table = makeTable(kindWord);
-    (*table)->setAccessibleName(translated("%1s").arg(kindWord));
-    shareItemsView(tab, *table);
-    storeShared(tab, stack, categoryList, allSearch, titleLabel, itemSearch);
-    return tab.root;
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    stack = new QStackedWidget;
+    layout->addWidget(stack);
+    QWidget *categoryPage = buildCategoryPage(spec);
+    QWidget *itemsPage = buildItemsPage(spec);
+    stack->addWidget(categoryPage);
+    stack->addWidget(itemsPage);
+    buildView(spec);
+    moveViewTo(itemsPage);
+    nameWidgets(QString::fromLatin1(spec.prefix));
+    connectSearches();
+    connectLists();
 }
 
-QWidget *buildPosterTabSkeleton(QWidget *parent, QStackedWidget **stack, QListWidget **categoryList,
-                                QLineEdit **allSearch, QLabel **titleLabel, QLineEdit **itemSearch,
-                                QComboBox **sortCombo, QListWidget **posterList,
-                                const QString &kindWord)
+QWidget *BrowseTab::buildCategoryPage(const BrowseTabSpec &spec)
 {
-    const Skeleton tab = beginSkeleton(parent, kindWord);
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    allSearch = new QLineEdit;
+    allSearch->setPlaceholderText(tr(spec.searchAllText));
+    allSearch->setAccessibleName(allSearch->placeholderText());
+    categoryLabel = new QLabel(tr("Select a category:"));
+    categoryList = new QListWidget;
+    categoryList->setAccessibleName(tr("Categories"));
+    layout->addWidget(allSearch);
+    layout->addWidget(categoryLabel);
+    layout->addWidget(categoryList, 1);
+    return page;
+}
+
+QWidget *BrowseTab::buildItemsPage(const BrowseTabSpec &spec)
+{
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    layout->addLayout(buildTitleRow());
+    search = new QLineEdit;
+    search->setPlaceholderText(tr("Search..."));
+    search->setAccessibleName(search->placeholderText());
+    if (spec.heading != nullptr) {
+        layout->addWidget(search);
+        return page;
+    }
+    sortCombo = new QComboBox;
+    sortCombo->setAccessibleName(tr("Sort by"));
+    sortCombo->addItem(tr("Name (A-Z)"), u"name"_s);
+    sortCombo->addItem(tr("Recently Added"), u"added"_s);
+    sortCombo->addItem(tr("Rating"), u"rating"_s);
     auto *searchRow = new QHBoxLayout;
-    *sortCombo = makeSortCombo();
-    searchRow->addWidget(tab.itemSearch, 1);
-    searchRow->addWidget(*sortCombo, 0);
-    tab.itemsLayout->addLayout(searchRow);
-    *posterList = makePosterList();
-    (*posterList)->setAccessibleName(translated("%1s").arg(kindWord));
-    shareItemsView(tab, *posterList);
-    storeShared(tab, stack, categoryList, allSearch, titleLabel, itemSearch);
-    return tab.root;
+    searchRow->addWidget(search, 1);
+    searchRow->addWidget(sortCombo, 0);
+    layout->addLayout(searchRow);
+    return page;
 }
 
-void fillCategoryList(QListWidget *list, const QList<Category> &categories)
+QBoxLayout *BrowseTab::buildTitleRow()
 {
-    list->clear();
-    const auto add = [list](const QString &name, const QString &id) {
+    auto *back = new QPushButton(tr("< Back to Categories"));
+    connect(back, &QPushButton::clicked, this, [this] { showPage(BrowsePage::Categories); });
+    titleLabel = new ElidedLabel;
+    QFont font = titleLabel->font();
+    font.setWeight(QFont::Bold);
+    titleLabel->setFont(font);
+    auto *row = new QHBoxLayout;
+    row->addWidget(back, 0);
+    row->addWidget(titleLabel, 1);
+    return row;
+}
+
+void BrowseTab::buildView(const BrowseTabSpec &spec)
+{
+    if (spec.heading != nullptr) {
+        buildTable(spec);
+        view = table;
+    } else {
+        buildPosterGrid();
+        view = posterList;
+    }
+    view->setAccessibleName(tr(spec.viewName));
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+}
+
+void BrowseTab::buildTable(const BrowseTabSpec &spec)
+{
+    table = new QTableWidget;
+    table->setColumnCount(1);
+    table->setHorizontalHeaderLabels({tr(spec.heading)});
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->verticalHeader()->hide();
+    // Tab leaves the table instead of moving from cell to cell.
+    table->setTabKeyNavigation(false);
+}
+
+void BrowseTab::buildPosterGrid()
+{
+    posterList = new QListWidget;
+    posterList->setViewMode(QListView::IconMode);
+    posterList->setResizeMode(QListView::Adjust);
+    posterList->setMovement(QListView::Static);
+    posterList->setWrapping(true);
+    posterList->setUniformItemSizes(true);
+    posterList->setIconSize(posterSize);
+    posterList->setItemDelegate(new PosterDelegate(posterList));
+    posterList->setSpacing(10);
+    posterList->setSelectionMode(QAbstractItemView::SingleSelection);
+    posterList->setFrameShape(QFrame::NoFrame);
+    posterList->setWordWrap(true);
+    posterList->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    posterList->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+void BrowseTab::nameWidgets(const QString &prefix)
+{
+    setObjectName(prefix + "Tab"_L1);
+    stack->setObjectName(prefix + "Stack"_L1);
+    categoryList->setObjectName(prefix + "CategoryList"_L1);
+    allSearch->setObjectName(prefix + "AllSearch"_L1);
+    titleLabel->setObjectName(prefix + "TitleLabel"_L1);
+    search->setObjectName(prefix + "Search"_L1);
+    if (table != nullptr) {
+        table->setObjectName(prefix + "Table"_L1);
+    } else {
+        posterList->setObjectName(prefix + "PosterList"_L1);
+        sortCombo->setObjectName(prefix + "SortCombo"_L1);
+    }
+}
+
+void BrowseTab::connectSearches()
+{
+    connect(stack, &QStackedWidget::currentChanged, this, &BrowseTab::placeViewOn);
+    connect(allSearch, &QLineEdit::textChanged, this, &BrowseTab::searchAllCategories);
+    connect(search, &QLineEdit::textChanged, this, &BrowseTab::refilter);
+    if (sortCombo != nullptr) {
+        connect(sortCombo, &QComboBox::currentIndexChanged, this, &BrowseTab::refilter);
+    }
+}
+
+void BrowseTab::connectLists()
+{
+    connect(categoryList, &QListWidget::itemClicked, this, &BrowseTab::selectCategory);
+    addActivateKeyShortcuts(categoryList, this,
+                            [this] { selectCategory(categoryList->currentItem()); });
+    if (table != nullptr) {
+        connect(table, &QTableWidget::cellClicked, this, &BrowseTab::activateRow);
+    } else {
+        connect(posterList, &QListWidget::itemClicked, this,
+                [this](QListWidgetItem *item) { activateRow(posterList->row(item)); });
+    }
+    addActivateKeyShortcuts(view, this, [this] { activateRow(view->currentIndex().row()); });
+}
+
+void BrowseTab::setCategories(const QList<Category> &categories)
+{
+    allCategories = categories;
+    populateCategoryList();
+}
+
+void BrowseTab::setItems(const QList<MediaItem> &items)
+{
+    allItems = items;
+    refilter();
+}
+
+void BrowseTab::reset()
+{
+    showPage(BrowsePage::Categories);
+    // Not clear(): on a list that is shared it allocates a new one as large as the old.
+    allItems = QList<MediaItem>();
+    categoryId.clear();
+    categoryList->clearSelection();
+    titleLabel->clear();
+    allSearch->clear();
+    search->clear();
+}
+
+void BrowseTab::clear()
+{
+    reset();
+    allCategories = QList<Category>();
+    categoryList->clear();
+    refilter();
+    // Clearing a search has set the title to that of all categories.
+    titleLabel->clear();
+}
+
+void BrowseTab::addPage(QWidget *page)
+{
+    stack->addWidget(page);
+}
+
+void BrowseTab::showPage(int page)
+{
+    stack->setCurrentIndex(page);
+}
+
+int BrowseTab::currentPage() const
+{
+    return stack->currentIndex();
+}
+
+void BrowseTab::selectCategory(const QListWidgetItem *item)
+{
+    if (item == nullptr) {
+        return;
+    }
+    categoryId = item->data(Qt::UserRole).toString();
+    titleLabel->setText(item->text());
+    refilter();
+    showPage(BrowsePage::Items);
+}
+
+void BrowseTab::refilter()
+{
+    if (table != nullptr) {
+        filtered = applyFilter(allItems, categoryId, search->text());
+        populateTable();
+    } else {
+        filtered =
+            index.select(allItems, categoryId, search->text(), sortCombo->currentData().toString());
+        populatePosterGrid();
+    }
+}
+
+void BrowseTab::activateRow(int row)
+{
+    if (row < 0 || row >= filtered.size()) {
+        return;
+    }
+    // A copy: a dialog that playing may open runs the event loop, in which the list can change.
+    const MediaItem item = filtered.at(row);
+    Q_EMIT activated(item);
+}
+
+void BrowseTab::searchAllCategories(const QString &text)
+{
+    showSearchResults(!text.isEmpty());
+    categoryId.clear();
+    titleLabel->setText(text.isEmpty() ? tr("All Categories") : tr("Search: \"%1\"").arg(text));
+    {
+        const QSignalBlocker blocker(search);
+        search->setText(text);
+    }
+    refilter();
+}
+
+/// Shows the results of a search over all categories on the category page, or its own list.
+void BrowseTab::showSearchResults(bool searching)
+{
+    categoryLabel->setVisible(!searching);
+    categoryList->setVisible(!searching);
+    if (searching) {
+        moveViewTo(stack->widget(BrowsePage::Categories));
+    }
+    view->setVisible(searching);
+}
+
+void BrowseTab::placeViewOn(int page)
+{
+    if (page == BrowsePage::Items) {
+        moveViewTo(stack->widget(BrowsePage::Items));
+        view->setVisible(true);
+    } else if (page == BrowsePage::Categories) {
+        showSearchResults(!allSearch->text().isEmpty());
+    }
+}
+
+void BrowseTab::moveViewTo(QWidget *page)
+{
+    if (view->parentWidget() != page) {
+        static_cast<QVBoxLayout *>(page->layout())->addWidget(view, 1);
+    }
+}
+
+void BrowseTab::populateCategoryList()
+{
+    categoryList->clear();
+    const auto add = [this](const QString &name, const QString &id) {
         auto *item = new QListWidgetItem(name);
         item->setData(Qt::UserRole, id);
-        list->addItem(item);
+        categoryList->addItem(item);
     };
-    add(translated("All Categories"), u""_s);
-    for (const Category &category : categories) {
+    add(tr("All Categories"), u""_s);
+    for (const Category &category : std::as_const(allCategories)) {
         add(category.name, category.id);
     }
 }
 
-void fillTable(QTableWidget *table, const QList<MediaItem> &items)
+void BrowseTab::populateTable()
 {
-    table->setRowCount(static_cast<int>(items.size()));
+    table->setRowCount(static_cast<int>(filtered.size()));
     {
         // One update of the view for all rows instead of one for each.
         const QSignalBlocker blocker(table->model());
         for (int row = 0; row < table->rowCount(); ++row) {
-            table->setItem(row, 0, new QTableWidgetItem(items.at(row).name));
+            table->setItem(row, 0, new QTableWidgetItem(filtered.at(row).name));
         }
     }
     table->viewport()->update();
 }
 
-void fillPosterGrid(QListWidget *list, const QList<MediaItem> &items, const QIcon &placeholder)
+void BrowseTab::populatePosterGrid()
 {
-    list->clear();
-    for (const MediaItem &entry : items) {
-        // Given to the list only when complete: a change of an item in a list is costly.
-        auto *item = new QListWidgetItem(placeholder, entry.name);
+    posterList->clear();
+    for (const MediaItem &entry : std::as_const(filtered)) {
+        // Added only when complete: changing an item of a list is costly.
+        auto *item = new QListWidgetItem(placeholderPoster, entry.name);
         item->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
         item->setData(PosterRole::IconUrl, entry.iconUrl);
-        list->addItem(item);
+        posterList->addItem(item);
     }
-}
-
-void wireCategorySearch(QLineEdit *allSearch, QString *categoryId, QLabel *titleLabel,
-                        QLineEdit *itemSearch, QStackedWidget * /*stack*/,
-                        const std::function<void()> &refilter)
-{
-    QObject::connect(allSearch, &QLineEdit::textChanged, itemSearch,
-                     [categoryId, titleLabel, itemSearch, refilter](const QString &text) {
-                         categoryId->clear();
-                         titleLabel->setText(text.isEmpty()
-                                                 ? translated("All Categories")
-                                                 : translated("Search: \"%1\"").arg(text));
-                         {
-                             const QSignalBlocker blocker(itemSearch);
-                             itemSearch->setText(text);
-                         }
-                         refilter();
-                     });
-}
-
-void resetTabFilterState(QString &categoryId, QListWidget *categoryList, QLabel *titleLabel,
-                         QLineEdit *allSearch, QLineEdit *itemSearch)
-{
-    categoryId.clear();
-    categoryList->clearSelection();
-    titleLabel->clear();
-    allSearch->clear();
-    itemSearch->clear();
-}
-
-void addActivateKeyShortcuts(QWidget *widget, QObject *context, const std::function<void()> &action)
-{
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *shortcut = new QShortcut(QKeySequence(key), widget);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        QObject::connect(shortcut, &QShortcut::activated, context, action);
-    }
+    Q_EMIT posterGridFilled();
 }

@@ -1,32 +1,30 @@
 #pragma once
 
 #include "model/CatalogRecords.h"
+#include "model/ItemIndex.h"
 
+#include <QIcon>
 #include <QList>
 #include <QString>
+#include <QWidget>
 
-#include <functional>
+#include <span>
 
+class QAbstractItemView;
+class QBoxLayout;
 class QComboBox;
-class QIcon;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
-class QObject;
 class QStackedWidget;
 class QTableWidget;
-class QWidget;
-
-/// @file
-/// The pieces that the four browse tabs share: their widgets, how the lists are filled, and the
-/// search over all categories.
 
 /// Item data roles of the poster grid.
 namespace PosterRole {
 inline constexpr int IconUrl = 0x0100 + 1; ///< Qt::UserRole + 1: the poster's URL
 inline constexpr int Requested =
-    0x0100 + 2; ///< Qt::UserRole + 2: true once the poster was asked for
+    0x0100 + 2; ///< Qt::UserRole + 2: true once the poster was requested
 } // namespace PosterRole
 
 /// The pages of a tab's stack.
@@ -36,39 +34,106 @@ inline constexpr int Items = 1;
 inline constexpr int Episodes = 2; ///< TV Shows only
 } // namespace BrowsePage
 
-/// Builds a tab that shows its entries in a table, stores its widgets through the pointers, and
-/// returns its root. `kindWord` heads the table ("Channel").
-QWidget *buildTabSkeleton(QWidget *parent, QStackedWidget **stack, QListWidget **categoryList,
-                          QLineEdit **allSearch, QLabel **titleLabel, QLineEdit **itemSearch,
-                          QTableWidget **table, const QString &kindWord);
+/// What distinguishes one tab from the others. The texts are English; BrowseTab translates them.
+struct BrowseTabSpec
+{
+    const char *prefix;            ///< of the widgets' object names: "live" names "liveStack"
+    const char *title;             ///< on the tab bar
+    const char *searchAllText;     ///< placeholder of the search over all categories
+    const char *viewName;          ///< what a screen reader calls the table or grid
+    const char *heading = nullptr; ///< of the table; a tab without one shows a grid of posters
+    bool forAccounts = false;      ///< shown for accounts, otherwise for playlists
+};
 
-/// The same for a tab that shows its entries as a grid of posters with a sort box.
-QWidget *buildPosterTabSkeleton(QWidget *parent, QStackedWidget **stack, QListWidget **categoryList,
-                                QLineEdit **allSearch, QLabel **titleLabel, QLineEdit **itemSearch,
-                                QComboBox **sortCombo, QListWidget **posterList,
-                                const QString &kindWord);
+/// The tabs of the window, in the order of CatalogSection.
+std::span<const BrowseTabSpec> browseTabSpecs();
 
-/// Fills a category list with "All Categories" (empty id) and the given ones, ids in Qt::UserRole.
-void fillCategoryList(QListWidget *list, const QList<Category> &categories);
+/// One tab: its categories, its entries, and the searches, filters and orders over them.
+///
+/// The entries show in one view, a table or a grid of posters, which both pages share: a search
+/// over all categories shows its results on the category page, in place of the category list.
+class BrowseTab final : public QWidget
+{
+    Q_OBJECT
 
-/// Fills column 0 of a table with the names of the entries.
-void fillTable(QTableWidget *table, const QList<MediaItem> &items);
+public:
+    /// `placeholder` stands in for the posters of a grid.
+    BrowseTab(const BrowseTabSpec &spec, const QIcon &placeholder, QWidget *parent = nullptr);
 
-/// Fills a poster grid with one item per entry, each showing `placeholder`.
-void fillPosterGrid(QListWidget *list, const QList<MediaItem> &items, const QIcon &placeholder);
+    QString title() const { return tabTitle; }
+    /// True when the tab is for accounts, false when it is for playlists.
+    bool isForAccounts() const { return forAccounts; }
+    const QList<Category> &categories() const { return allCategories; }
+    const QList<MediaItem> &items() const { return allItems; }
+    /// Null on a tab with a table.
+    QListWidget *posterGrid() const { return posterList; }
 
-/// Connects the search-all field to a tab's state: it empties the category id, sets the title,
-/// copies the text into the item search without a signal, and refilters once. The stack is not
-/// used.
-void wireCategorySearch(QLineEdit *allSearch, QString *categoryId, QLabel *titleLabel,
-                        QLineEdit *itemSearch, QStackedWidget *stack,
-                        const std::function<void()> &refilter);
+    /// Replaces the categories. The entries stay as they are.
+    void setCategories(const QList<Category> &categories);
+    /// Replaces the entries and shows those that pass the category and the search.
+    void setItems(const QList<MediaItem> &items);
+    /// Returns to the category page and drops the entries, the category choice and both searches.
+    /// The view keeps its rows until the next refilter; clearing a search that held text refilters.
+    void reset();
+    /// As reset(), and also empties both lists: the state before the first source.
+    void clear();
 
-/// Puts a tab's category choice and searches back to their start. Clearing a field that held text
-/// runs its handlers.
-void resetTabFilterState(QString &categoryId, QListWidget *categoryList, QLabel *titleLabel,
-                         QLineEdit *allSearch, QLineEdit *itemSearch);
+    /// Adds a page behind the items page.
+    void addPage(QWidget *page);
+    void showPage(int page);
+    int currentPage() const;
 
-/// Makes Return and Enter on `widget` and its children run `action`, as long as `context` lives.
-void addActivateKeyShortcuts(QWidget *widget, QObject *context,
-                             const std::function<void()> &action);
+    /// Shows the entries of that row's category. A null item changes nothing.
+    void selectCategory(const QListWidgetItem *item);
+    /// Computes again which entries show, and fills the view with them.
+    void refilter();
+    /// Emits activated() for a row of the view; a row that has no entry does nothing.
+    void activateRow(int row);
+
+Q_SIGNALS:
+    /// The user chose an entry.
+    void activated(const MediaItem &item);
+    /// The poster grid has new items. They are laid out when control returns to the event loop.
+    void posterGridFilled();
+
+private:
+    QWidget *buildCategoryPage(const BrowseTabSpec &spec);
+    QWidget *buildItemsPage(const BrowseTabSpec &spec);
+    QBoxLayout *buildTitleRow();
+    void buildView(const BrowseTabSpec &spec);
+    void buildTable(const BrowseTabSpec &spec);
+    void buildPosterGrid();
+    void nameWidgets(const QString &prefix);
+    void connectSearches();
+    void connectLists();
+
+    void searchAllCategories(const QString &text);
+    void showSearchResults(bool searching);
+    void placeViewOn(int page);
+    void moveViewTo(QWidget *page);
+    void populateCategoryList();
+    void populateTable();
+    void populatePosterGrid();
+
+    QString tabTitle;
+    bool forAccounts;
+    QIcon placeholderPoster;
+
+    QStackedWidget *stack = nullptr;
+    QLineEdit *allSearch = nullptr;
+    QLabel *categoryLabel = nullptr;
+    QListWidget *categoryList = nullptr;
+    QLabel *titleLabel = nullptr;
+    QLineEdit *search = nullptr;
+    QComboBox *sortCombo = nullptr;    ///< with posters only
+    QTableWidget *table = nullptr;     ///< null with posters
+    QListWidget *posterList = nullptr; ///< null with a table
+    QAbstractItemView *view = nullptr; ///< whichever of the two there is
+
+    QString categoryId; ///< of the chosen category; empty for all
+    QList<Category> allCategories;
+    QList<MediaItem> allItems;
+    ItemIndex index; ///< the orders of the sort box
+    /// The entries shown, in display order: row r of the view is element r.
+    QList<MediaItem> filtered;
+};

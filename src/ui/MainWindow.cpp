@@ -7,6 +7,7 @@
 #include "providers/SubscriptionAddress.h"
 #include "ui/BrowseTab.h"
 #include "ui/ElidedComboBox.h"
+#include "ui/EpisodePage.h"
 #include "ui/PlaybackSession.h"
 #include "ui/Thumbnails.h"
 
@@ -15,13 +16,11 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
-#include <QListWidget>
 #include <QNetworkAccessManager>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
-#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTimer>
 
@@ -157,16 +156,6 @@ QWidget *MainWindow::buildSourceBar()
     return sourceBar;
 }
 
-void MainWindow::buildTabs()
-{
-    tabs = new QTabWidget;
-    tabs->setObjectName(u"tabs"_s);
-    liveTabIndex = tabs->addTab(buildLiveTab(), tr("Live TV"));
-    movieTabIndex = tabs->addTab(buildMoviesTab(), tr("Movies"));
-    seriesTabIndex = tabs->addTab(buildSeriesTab(), tr("TV Shows"));
-    channelTabIndex = tabs->addTab(buildChannelsTab(), tr("Channels"));
-}
-
 void MainWindow::buildFullscreenChrome()
 {
     fullscreenChrome = new QWidget(playerPanel);
@@ -268,11 +257,11 @@ void MainWindow::loadSource(const SourceConfig &config, bool force)
     showTabsFor(source.type);
     resetBrowseTabs();
     if (!SourceType::isAccount(source.type)) {
-        tabs->setCurrentIndex(channelTabIndex);
+        tabs->setCurrentWidget(&browseTab(CatalogSection::Channel));
         loadM3uSource(source, force);
         return;
     }
-    tabs->setCurrentIndex(liveTabIndex);
+    tabs->setCurrentWidget(&browseTab(CatalogSection::Live));
     if (source.type == SourceType::Zevrino) {
         loadZevrinoSource(source, force);
     } else {
@@ -283,50 +272,24 @@ void MainWindow::loadSource(const SourceConfig &config, bool force)
 void MainWindow::showTabsFor(qint32 sourceType)
 {
     const bool account = SourceType::isAccount(sourceType);
-    for (const int index : {liveTabIndex, movieTabIndex, seriesTabIndex}) {
-        tabs->setTabVisible(index, account);
+    for (BrowseTab *tab : std::as_const(browseTabs)) {
+        tabs->setTabVisible(tabs->indexOf(tab), tab->isForAccounts() == account);
     }
-    tabs->setTabVisible(channelTabIndex, !account);
 }
 
 void MainWindow::resetBrowseTabs()
 {
-    for (QStackedWidget *stack : {liveStack, movieStack, seriesStack, channelStack}) {
-        stack->setCurrentIndex(BrowsePage::Categories);
+    for (BrowseTab *tab : std::as_const(browseTabs)) {
+        tab->reset();
     }
-    for (QList<MediaItem> *items : {&liveItems, &movieItems, &seriesItems, &channelItems}) {
-        // Not clear(): that allocates a list that is shared anew, as large as it was.
-        *items = QList<MediaItem>();
-    }
-    resetTabFilterState(liveCategoryId, liveCategoryList, liveTitleLabel, liveAllSearch,
-                        liveSearch);
-    resetTabFilterState(movieCategoryId, movieCategoryList, movieTitleLabel, movieAllSearch,
-                        movieSearch);
-    resetTabFilterState(seriesCategoryId, seriesCategoryList, seriesTitleLabel, seriesAllSearch,
-                        seriesSearch);
-    resetTabFilterState(channelCategoryId, channelCategoryList, channelTitleLabel, channelAllSearch,
-                        channelSearch);
 }
 
 void MainWindow::emptyBrowseTabs()
 {
-    resetBrowseTabs();
-    for (QList<Category> *categories : {&liveCategories, &movieCategories, &seriesCategories}) {
-        *categories = QList<Category>();
+    for (BrowseTab *tab : std::as_const(browseTabs)) {
+        tab->clear();
     }
-    for (QListWidget *list :
-         {liveCategoryList, movieCategoryList, seriesCategoryList, channelCategoryList}) {
-        list->clear();
-    }
-    filterLive();
-    filterMovies();
-    filterSeries();
-    filterChannels();
-    // Clearing a search has told that all categories are shown.
-    for (QLabel *title : {liveTitleLabel, movieTitleLabel, seriesTitleLabel, channelTitleLabel}) {
-        title->clear();
-    }
-    showEpisodes({}, {});
+    episodePage->showEpisodes({}, {});
     episodeQueue.clear();
 }
 

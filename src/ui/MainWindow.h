@@ -2,7 +2,7 @@
 
 #include "model/CatalogCache.h"
 #include "model/CatalogRecords.h"
-#include "model/ItemIndex.h"
+#include "model/CatalogSection.h"
 #include "model/SourceConfig.h"
 #include "providers/XtreamAccount.h"
 #include "ui/EpisodeQueue.h"
@@ -16,7 +16,9 @@
 #include <functional>
 #include <optional>
 
+class BrowseTab;
 class ClickToSeekSlider;
+class EpisodePage;
 class PlaybackSession;
 class SourceManager;
 class VlcPlayer;
@@ -26,18 +28,13 @@ class ZevrinoClient;
 class QBoxLayout;
 class QComboBox;
 class QLabel;
-class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 class QMenu;
 class QNetworkAccessManager;
 class QPushButton;
 class QSlider;
-class QStackedWidget;
-class QTableWidget;
 class QTimer;
-class QTreeWidget;
-class QTreeWidgetItem;
 class QVBoxLayout;
 
 /// The one window: the source bar, the four browse tabs, and the player beside them.
@@ -75,17 +72,10 @@ public:
     void loadXtreamSource(const SourceConfig &config, bool force);
     void loadZevrinoSource(const SourceConfig &config, bool force);
 
-    // ---- MainWindowBrowse.cpp: the four tabs ----
-
-    void populateCategoryList(QListWidget *list, const QList<Category> &categories);
-    void populateTable(QTableWidget *table, const QList<MediaItem> &items);
-    void populatePosterGrid(QListWidget *list, const QList<MediaItem> &items);
-
     // ---- MainWindowSeries.cpp: shows and episodes ----
 
     /// Opens the episode page of a show; does nothing before an account was loaded.
     void showEpisodesInline(const QString &seriesId, const QString &seriesName);
-    void playEpisodeTreeItem(QTreeWidgetItem *item);
     void playNextEpisode();
     void updateNextEpisodeButton();
 
@@ -158,7 +148,6 @@ private:
     // ---- MainWindow.cpp ----
     QWidget *buildSourceBar();
     void fitLoadingOverlay();
-    void buildTabs();
     void buildFullscreenChrome();
     void buildLoadingOverlay();
     void createPlayer();
@@ -209,16 +198,16 @@ private:
     void loadResolvedSource(const SourceConfig &config, bool force);
 
     // ---- MainWindowBrowse.cpp ----
-    QWidget *buildLiveTab();
-    QWidget *buildMoviesTab();
-    QWidget *buildSeriesTab();
-    QWidget *buildChannelsTab();
-    void openSeriesAt(int row);
-    void playRow(const QList<MediaItem> &filtered, int row);
+    void buildTabs();
+    void addEpisodePage();
+    void connectPosters(const BrowseTab &tab);
+    BrowseTab &browseTab(CatalogSection section) const;
+    void playEntry(const MediaItem &item);
+    void openShow(const MediaItem &show);
 
     // ---- MainWindowSeries.cpp ----
-    QWidget *buildEpisodePage();
-    void showEpisodes(const QList<Episode> &episodes, const XtreamAccount &account);
+    /// Plays an episode of the show whose page is open.
+    void playEpisode(int index);
 
     // ---- MainWindowPlayer.cpp ----
     QWidget *buildPlayerPanel();
@@ -275,68 +264,10 @@ private:
 
     // ---- MainWindowBrowse.cpp ----
     class QTabWidget *tabs = nullptr;
-    qint32 liveTabIndex = -1;
-    qint32 movieTabIndex = -1;
-    qint32 seriesTabIndex = -1;
-    qint32 channelTabIndex = -1;
-
-    QStackedWidget *liveStack = nullptr;
-    QStackedWidget *movieStack = nullptr;
-    QStackedWidget *seriesStack = nullptr;
-    QStackedWidget *channelStack = nullptr;
-    QListWidget *liveCategoryList = nullptr;
-    QListWidget *movieCategoryList = nullptr;
-    QListWidget *seriesCategoryList = nullptr;
-    QListWidget *channelCategoryList = nullptr;
-    QLineEdit *liveAllSearch = nullptr;
-    QLineEdit *movieAllSearch = nullptr;
-    QLineEdit *seriesAllSearch = nullptr;
-    QLineEdit *channelAllSearch = nullptr;
-    QLabel *liveTitleLabel = nullptr;
-    QLabel *movieTitleLabel = nullptr;
-    QLabel *seriesTitleLabel = nullptr;
-    QLabel *channelTitleLabel = nullptr;
-    QLineEdit *liveSearch = nullptr;
-    QLineEdit *movieSearch = nullptr;
-    QLineEdit *seriesSearch = nullptr;
-    QLineEdit *channelSearch = nullptr;
-    QTableWidget *liveTable = nullptr;
-    QListWidget *moviePosterList = nullptr;
-    QListWidget *seriesPosterList = nullptr;
-    QTableWidget *channelTable = nullptr;
-    QComboBox *movieSortCombo = nullptr;
-    QComboBox *seriesSortCombo = nullptr;
-
-    /// Ids of the selected categories; empty for all.
-    QString liveCategoryId;
-    QString movieCategoryId;
-    QString seriesCategoryId;
-    QString channelCategoryId;
-    QList<Category> liveCategories;
-    QList<Category> movieCategories;
-    QList<Category> seriesCategories;
-    /// Every entry of a tab as loaded.
-    QList<MediaItem> liveItems;
-    QList<MediaItem> movieItems;
-    QList<MediaItem> seriesItems;
-    QList<MediaItem> channelItems;
-    /// The orders of the poster tabs' entries.
-    ItemIndex movieIndex;
-    ItemIndex seriesIndex;
-    /// The entries shown, in display order: row r of the view is element r.
-    QList<MediaItem> liveFiltered;
-    QList<MediaItem> movieFiltered;
-    QList<MediaItem> seriesFiltered;
-    QList<MediaItem> channelFiltered;
+    QList<BrowseTab *> browseTabs; ///< in the order of CatalogSection
 
     // ---- MainWindowSeries.cpp ----
-    QLabel *episodeTitleLabel = nullptr;
-    QTreeWidget *episodeTree = nullptr;
-    /// The show of the episode page, its episodes and their account; a tree row names an episode by
-    /// index.
-    QString currentSeriesName;
-    QList<Episode> shownEpisodes;
-    XtreamAccount shownAccount;
+    EpisodePage *episodePage = nullptr;
     EpisodeQueue episodeQueue;
 
     // ---- MainWindowPlayer.cpp ----

@@ -1,237 +1,135 @@
 #include "ui/MainWindow.h"
 
-#include "model/ItemFilter.h"
 #include "ui/BrowseTab.h"
+#include "ui/EpisodePage.h"
 
-#include <QComboBox>
 #include <QIcon>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
-#include <QStackedWidget>
-#include <QTableWidget>
+#include <QTabWidget>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Gives the widgets that every tab has their members' names: `prefix` is "live", "movie" and so
-/// on.
-void nameTabWidgets(const QString &prefix, QStackedWidget *stack, QListWidget *categoryList,
-                    QLineEdit *allSearch, QLabel *titleLabel, QLineEdit *itemSearch, QWidget *view,
-                    const QString &viewSuffix)
+void MainWindow::buildTabs()
 {
-    stack->setObjectName(prefix + "Stack"_L1);
-    categoryList->setObjectName(prefix + "CategoryList"_L1);
-    allSearch->setObjectName(prefix + "AllSearch"_L1);
-    titleLabel->setObjectName(prefix + "TitleLabel"_L1);
-    itemSearch->setObjectName(prefix + "Search"_L1);
-    view->setObjectName(prefix + viewSuffix);
+    tabs = new QTabWidget;
+    tabs->setObjectName(u"tabs"_s);
+    const QIcon placeholder(placeholderPoster);
+    for (const BrowseTabSpec &spec : browseTabSpecs()) {
+        auto *tab = new BrowseTab(spec, placeholder);
+        browseTabs.append(tab);
+        connectPosters(*tab);
+    }
+    for (const CatalogSection section :
+         {CatalogSection::Live, CatalogSection::Movie, CatalogSection::Channel}) {
+        connect(&browseTab(section), &BrowseTab::activated, this, &MainWindow::playEntry);
+    }
+    connect(&browseTab(CatalogSection::Series), &BrowseTab::activated, this, &MainWindow::openShow);
+    addEpisodePage();
+    // Complete tabs only: the order in which widgets are added is that of the Tab key.
+    for (BrowseTab *tab : std::as_const(browseTabs)) {
+        tabs->addTab(tab, tab->title());
+    }
 }
 
-/// What choosing a category does on every tab.
-void selectCategory(const QListWidgetItem *item, QString &categoryId, QLabel *titleLabel,
-                    QStackedWidget *stack, const std::function<void()> &refilter)
+void MainWindow::addEpisodePage()
 {
-    if (item == nullptr) {
+    BrowseTab &shows = browseTab(CatalogSection::Series);
+    episodePage = new EpisodePage;
+    shows.addPage(episodePage);
+    connect(episodePage, &EpisodePage::backRequested, &shows,
+            [&shows] { shows.showPage(BrowsePage::Items); });
+    connect(episodePage, &EpisodePage::episodeChosen, this, &MainWindow::playEpisode);
+}
+
+void MainWindow::connectPosters(const BrowseTab &tab)
+{
+    QListWidget *grid = tab.posterGrid();
+    if (grid == nullptr) {
         return;
     }
-    categoryId = item->data(Qt::UserRole).toString();
-    titleLabel->setText(item->text());
-    refilter();
-    stack->setCurrentIndex(BrowsePage::Items);
+    connect(&tab, &BrowseTab::posterGridFilled, this, [this, grid] {
+        posterRows[grid].forget();
+        // Later, when the grid has laid out its items.
+        QTimer::singleShot(0, this, [this, grid] { loadVisibleThumbnails(grid); });
+    });
+    connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this, grid] { loadVisibleThumbnails(grid); });
 }
 
-} // namespace
-
-QWidget *MainWindow::buildLiveTab()
+BrowseTab &MainWindow::browseTab(CatalogSection section) const
 {
-    QWidget *tab = buildTabSkeleton(nullptr, &liveStack, &liveCategoryList, &liveAllSearch,
-                                    &liveTitleLabel, &liveSearch, &liveTable, tr("Channel"));
-    nameTabWidgets(u"live"_s, liveStack, liveCategoryList, liveAllSearch, liveTitleLabel,
-                   liveSearch, liveTable, u"Table"_s);
-    connect(liveCategoryList, &QListWidget::itemClicked, this, &MainWindow::selectLiveCategory);
-    connect(liveSearch, &QLineEdit::textChanged, this, &MainWindow::filterLive);
-    connect(liveTable, &QTableWidget::cellClicked, this, &MainWindow::playLiveRow);
-    addActivateKeyShortcuts(liveCategoryList, this,
-                            [this] { selectLiveCategory(liveCategoryList->currentItem()); });
-    addActivateKeyShortcuts(liveTable, this, [this] { playLiveRow(liveTable->currentRow(), 0); });
-    wireCategorySearch(liveAllSearch, &liveCategoryId, liveTitleLabel, liveSearch, nullptr,
-                       [this] { filterLive(); });
-    return tab;
-}
-
-QWidget *MainWindow::buildChannelsTab()
-{
-    QWidget *tab =
-        buildTabSkeleton(nullptr, &channelStack, &channelCategoryList, &channelAllSearch,
-                         &channelTitleLabel, &channelSearch, &channelTable, tr("Channel"));
-    nameTabWidgets(u"channel"_s, channelStack, channelCategoryList, channelAllSearch,
-                   channelTitleLabel, channelSearch, channelTable, u"Table"_s);
-    connect(channelCategoryList, &QListWidget::itemClicked, this,
-            &MainWindow::selectChannelCategory);
-    connect(channelSearch, &QLineEdit::textChanged, this, &MainWindow::filterChannels);
-    connect(channelTable, &QTableWidget::cellClicked, this, &MainWindow::playChannelRow);
-    addActivateKeyShortcuts(channelCategoryList, this,
-                            [this] { selectChannelCategory(channelCategoryList->currentItem()); });
-    addActivateKeyShortcuts(channelTable, this,
-                            [this] { playChannelRow(channelTable->currentRow(), 0); });
-    wireCategorySearch(channelAllSearch, &channelCategoryId, channelTitleLabel, channelSearch,
-                       nullptr, [this] { filterChannels(); });
-    return tab;
-}
-
-QWidget *MainWindow::buildMoviesTab()
-{
-    QWidget *tab = buildPosterTabSkeleton(nullptr, &movieStack, &movieCategoryList, &movieAllSearch,
-                                          &movieTitleLabel, &movieSearch, &movieSortCombo,
-                                          &moviePosterList, tr("Movie"));
-    nameTabWidgets(u"movie"_s, movieStack, movieCategoryList, movieAllSearch, movieTitleLabel,
-                   movieSearch, moviePosterList, u"PosterList"_s);
-    movieSortCombo->setObjectName(u"movieSortCombo"_s);
-    connect(movieCategoryList, &QListWidget::itemClicked, this, &MainWindow::selectMovieCategory);
-    connect(movieSearch, &QLineEdit::textChanged, this, &MainWindow::filterMovies);
-    connect(movieSortCombo, &QComboBox::currentIndexChanged, this, &MainWindow::filterMovies);
-    connect(moviePosterList, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem *item) { playRow(movieFiltered, moviePosterList->row(item)); });
-    connect(moviePosterList->verticalScrollBar(), &QScrollBar::valueChanged, this,
-            [this] { loadVisibleThumbnails(moviePosterList); });
-    addActivateKeyShortcuts(movieCategoryList, this,
-                            [this] { selectMovieCategory(movieCategoryList->currentItem()); });
-    addActivateKeyShortcuts(moviePosterList, this,
-                            [this] { playMovieRow(moviePosterList->currentRow(), 0); });
-    wireCategorySearch(movieAllSearch, &movieCategoryId, movieTitleLabel, movieSearch, nullptr,
-                       [this] { filterMovies(); });
-    return tab;
-}
-
-QWidget *MainWindow::buildSeriesTab()
-{
-    QWidget *tab = buildPosterTabSkeleton(nullptr, &seriesStack, &seriesCategoryList,
-                                          &seriesAllSearch, &seriesTitleLabel, &seriesSearch,
-                                          &seriesSortCombo, &seriesPosterList, tr("Show"));
-    nameTabWidgets(u"series"_s, seriesStack, seriesCategoryList, seriesAllSearch, seriesTitleLabel,
-                   seriesSearch, seriesPosterList, u"PosterList"_s);
-    seriesSortCombo->setObjectName(u"seriesSortCombo"_s);
-    connect(seriesCategoryList, &QListWidget::itemClicked, this, &MainWindow::selectSeriesCategory);
-    connect(seriesSearch, &QLineEdit::textChanged, this, &MainWindow::filterSeries);
-    connect(seriesSortCombo, &QComboBox::currentIndexChanged, this, &MainWindow::filterSeries);
-    connect(seriesPosterList, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem *item) { openSeriesAt(seriesPosterList->row(item)); });
-    connect(seriesPosterList->verticalScrollBar(), &QScrollBar::valueChanged, this,
-            [this] { loadVisibleThumbnails(seriesPosterList); });
-    addActivateKeyShortcuts(seriesCategoryList, this,
-                            [this] { selectSeriesCategory(seriesCategoryList->currentItem()); });
-    addActivateKeyShortcuts(seriesPosterList, this,
-                            [this] { openSeriesRow(seriesPosterList->currentRow(), 0); });
-    wireCategorySearch(seriesAllSearch, &seriesCategoryId, seriesTitleLabel, seriesSearch, nullptr,
-                       [this] { filterSeries(); });
-    seriesStack->addWidget(buildEpisodePage());
-    return tab;
-}
-
-void MainWindow::populateCategoryList(QListWidget *list, const QList<Category> &categories)
-{
-    fillCategoryList(list, categories);
-}
-
-void MainWindow::populateTable(QTableWidget *table, const QList<MediaItem> &items)
-{
-    fillTable(table, items);
-}
-
-void MainWindow::populatePosterGrid(QListWidget *list, const QList<MediaItem> &items)
-{
-    fillPosterGrid(list, items, placeholderPoster);
-    posterRows[list].forget();
-    // Later, when the grid has laid out its items.
-    QTimer::singleShot(0, this, [this, list] { loadVisibleThumbnails(list); });
+    return *browseTabs.at(static_cast<int>(section));
 }
 
 void MainWindow::selectLiveCategory(QListWidgetItem *item)
 {
-    selectCategory(item, liveCategoryId, liveTitleLabel, liveStack, [this] { filterLive(); });
+    browseTab(CatalogSection::Live).selectCategory(item);
 }
 
 void MainWindow::selectMovieCategory(QListWidgetItem *item)
 {
-    selectCategory(item, movieCategoryId, movieTitleLabel, movieStack, [this] { filterMovies(); });
+    browseTab(CatalogSection::Movie).selectCategory(item);
 }
 
 void MainWindow::selectSeriesCategory(QListWidgetItem *item)
 {
-    selectCategory(item, seriesCategoryId, seriesTitleLabel, seriesStack,
-                   [this] { filterSeries(); });
+    browseTab(CatalogSection::Series).selectCategory(item);
 }
 
 void MainWindow::selectChannelCategory(QListWidgetItem *item)
 {
-    selectCategory(item, channelCategoryId, channelTitleLabel, channelStack,
-                   [this] { filterChannels(); });
+    browseTab(CatalogSection::Channel).selectCategory(item);
 }
 
 void MainWindow::filterLive()
 {
-    liveFiltered = applyFilter(liveItems, liveCategoryId, liveSearch->text());
-    populateTable(liveTable, liveFiltered);
-}
-
-void MainWindow::filterChannels()
-{
-    channelFiltered = applyFilter(channelItems, channelCategoryId, channelSearch->text());
-    populateTable(channelTable, channelFiltered);
+    browseTab(CatalogSection::Live).refilter();
 }
 
 void MainWindow::filterMovies()
 {
-    movieFiltered = movieIndex.select(movieItems, movieCategoryId, movieSearch->text(),
-                                      movieSortCombo->currentData().toString());
-    populatePosterGrid(moviePosterList, movieFiltered);
+    browseTab(CatalogSection::Movie).refilter();
 }
 
 void MainWindow::filterSeries()
 {
-    seriesFiltered = seriesIndex.select(seriesItems, seriesCategoryId, seriesSearch->text(),
-                                        seriesSortCombo->currentData().toString());
-    populatePosterGrid(seriesPosterList, seriesFiltered);
+    browseTab(CatalogSection::Series).refilter();
+}
+
+void MainWindow::filterChannels()
+{
+    browseTab(CatalogSection::Channel).refilter();
 }
 
 void MainWindow::playLiveRow(int row, int /*column*/)
 {
-    playRow(liveFiltered, row);
+    browseTab(CatalogSection::Live).activateRow(row);
 }
 
 void MainWindow::playMovieRow(int row, int /*column*/)
 {
-    playRow(movieFiltered, row);
-}
-
-void MainWindow::playChannelRow(int row, int /*column*/)
-{
-    playRow(channelFiltered, row);
+    browseTab(CatalogSection::Movie).activateRow(row);
 }
 
 void MainWindow::openSeriesRow(int row, int /*column*/)
 {
-    openSeriesAt(row);
+    browseTab(CatalogSection::Series).activateRow(row);
 }
 
-void MainWindow::playRow(const QList<MediaItem> &filtered, int row)
+void MainWindow::playChannelRow(int row, int /*column*/)
 {
-    if (row < 0 || row >= filtered.size()) {
-        return;
-    }
+    browseTab(CatalogSection::Channel).activateRow(row);
+}
+
+void MainWindow::playEntry(const MediaItem &item)
+{
     episodeQueue.clear();
-    // A copy: a box that playing may open runs the event loop, in which the list can change.
-    playMediaItem(MediaItem(filtered.at(row)));
+    playMediaItem(item);
 }
 
-void MainWindow::openSeriesAt(int row)
+void MainWindow::openShow(const MediaItem &show)
 {
-    if (row < 0 || row >= seriesFiltered.size()) {
-        return;
-    }
-    showEpisodesInline(seriesFiltered.at(row).id, seriesFiltered.at(row).name);
+    showEpisodesInline(show.id, show.name);
 }

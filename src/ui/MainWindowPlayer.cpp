@@ -1,6 +1,7 @@
 #include "ui/MainWindow.h"
 
 #include "player/VlcPlayer.h"
+#include "ui/BrowseTab.h"
 #include "ui/ClickToSeekSlider.h"
 #include "ui/ElidedLabel.h"
 #include "ui/FormatMs.h"
@@ -352,10 +353,11 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Resize:
         if (watched == playerPanel) {
             repositionFullscreenChrome();
-        } else if (moviePosterList != nullptr && watched == moviePosterList->viewport()) {
-            loadThumbnailsAfterResize(moviePosterList);
-        } else if (seriesPosterList != nullptr && watched == seriesPosterList->viewport()) {
-            loadThumbnailsAfterResize(seriesPosterList);
+        }
+        for (const BrowseTab *tab : std::as_const(browseTabs)) {
+            if (tab->posterGrid() != nullptr && watched == tab->posterGrid()->viewport()) {
+                loadThumbnailsAfterResize(tab->posterGrid());
+            }
         }
         break;
     case QEvent::WindowBlocked:

@@ -9,6 +9,7 @@
 #include "providers/ReplyTimeout.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
+#include "ui/BrowseTab.h"
 #include "ui/PlainMessageBox.h"
 
 #include <QDateTime>
@@ -44,10 +45,7 @@ bool isDownloadable(const QString &url)
 struct MainWindow::AccountKind
 {
     QString section; ///< in the catalog cache
-    QList<Category> *categories;
-    QList<MediaItem> *items;
-    QListWidget *categoryList;
-    void (MainWindow::*refilter)();
+    BrowseTab *tab;
     void (XtreamClient::*fetchCategories)(XtreamClient::CategoriesCallback);
     void (XtreamClient::*fetchItems)(const QString &, XtreamClient::ItemsCallback);
 };
@@ -157,9 +155,9 @@ void MainWindow::takePlaylist(const QByteArray &body, const Fetch &fetch)
 
 void MainWindow::showChannels(const QList<Category> &categories, const QList<MediaItem> &items)
 {
-    channelItems = items;
-    populateCategoryList(channelCategoryList, categories);
-    filterChannels();
+    BrowseTab &tab = browseTab(CatalogSection::Channel);
+    tab.setCategories(categories);
+    tab.setItems(items);
 }
 
 XtreamClient *MainWindow::accountClient()
@@ -172,14 +170,12 @@ XtreamClient *MainWindow::accountClient()
 
 QList<MainWindow::AccountKind> MainWindow::accountKinds()
 {
-    return {{liveSection, &liveCategories, &liveItems, liveCategoryList, &MainWindow::filterLive,
-             &XtreamClient::fetchLiveCategories, &XtreamClient::fetchLiveStreams},
-            {movieSection, &movieCategories, &movieItems, movieCategoryList,
-             &MainWindow::filterMovies, &XtreamClient::fetchVodCategories,
+    return {{liveSection, &browseTab(CatalogSection::Live), &XtreamClient::fetchLiveCategories,
+             &XtreamClient::fetchLiveStreams},
+            {movieSection, &browseTab(CatalogSection::Movie), &XtreamClient::fetchVodCategories,
              &XtreamClient::fetchVodStreams},
-            {seriesSection, &seriesCategories, &seriesItems, seriesCategoryList,
-             &MainWindow::filterSeries, &XtreamClient::fetchSeriesCategories,
-             &XtreamClient::fetchSeries}};
+            {seriesSection, &browseTab(CatalogSection::Series),
+             &XtreamClient::fetchSeriesCategories, &XtreamClient::fetchSeries}};
 }
 
 void MainWindow::loadXtreamSource(const SourceConfig &config, bool force)
@@ -208,11 +204,9 @@ bool MainWindow::loadAccountFromCache(const QString &sourceName)
         return false;
     }
     for (qsizetype index = 0; index < kinds.size(); ++index) {
-        const AccountKind &kind = kinds.at(index);
-        *kind.categories = sections.at(index).categories;
-        *kind.items = sections.at(index).items;
-        populateCategoryList(kind.categoryList, *kind.categories);
-        (this->*kind.refilter)();
+        BrowseTab &tab = *kinds.at(index).tab;
+        tab.setCategories(sections.at(index).categories);
+        tab.setItems(sections.at(index).items);
     }
     return true;
 }
@@ -225,7 +219,8 @@ void MainWindow::fetchKind(const AccountKind &kind, const Fetch &fetch)
     const auto halves = std::make_shared<CatalogCache::Section>();
     const auto finish = [this, kind, fetch, halves] {
         if (fetch.load == currentLoad) {
-            CatalogCache::save(fetch.sourceName, kind.section, {*kind.categories, *kind.items});
+            CatalogCache::save(fetch.sourceName, kind.section,
+                               {kind.tab->categories(), kind.tab->items()});
         } else if (isNewest(fetch)) {
             CatalogCache::save(fetch.sourceName, kind.section, *halves);
         }
@@ -234,16 +229,14 @@ void MainWindow::fetchKind(const AccountKind &kind, const Fetch &fetch)
     (xtream->*kind.fetchCategories)([=, this](const QList<Category> &reply) {
         halves->categories = reply;
         if (fetch.load == currentLoad) {
-            *kind.categories = reply;
-            populateCategoryList(kind.categoryList, reply);
+            kind.tab->setCategories(reply);
         }
         finish();
     });
     (xtream->*kind.fetchItems)({}, [=, this](const QList<MediaItem> &reply) {
         halves->items = reply;
         if (fetch.load == currentLoad) {
-            *kind.items = reply;
-            (this->*kind.refilter)();
+            kind.tab->setItems(reply);
         }
         finish();
     });

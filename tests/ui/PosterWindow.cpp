@@ -1,5 +1,6 @@
 #include "PosterWindow.h"
 
+#include "ui/BrowseTab.h"
 #include "ui/MainWindow.h"
 
 #include <QBuffer>
@@ -67,10 +68,12 @@ void PosterWindow::fill(QListWidget &list, const QStringList &urls) const
 {
     QList<MediaItem> items;
     for (const QString &url : urls) {
-        items << entry(StreamKind::Movie, u"Film %1"_s.arg(items.size()));
+        // Named so that the order by name is the order of the URLs.
+        items << entry(StreamKind::Movie, u"Film %1"_s.arg(items.size(), 5, 10, QLatin1Char('0')));
         items.last().iconUrl = url;
     }
-    window().populatePosterGrid(&list, items);
+    const QString tab = &list == &grid() ? u"movieTab"_s : u"seriesTab"_s;
+    windowFixture.find<BrowseTab>(tab).setItems(items);
 }
 
 int PosterWindow::downloads() const

@@ -2,6 +2,7 @@
 
 #include "fakeprovider/Streams.h"
 #include "support/PrivateProfile.h"
+#include "ui/EpisodePage.h"
 #include "ui/MainWindow.h"
 
 #include <QDateTime>
@@ -90,6 +91,11 @@ void SeriesWindow::goBack() const
 int SeriesWindow::page() const
 {
     return windowFixture.find<QStackedWidget>(u"seriesStack"_s).currentIndex();
+}
+
+EpisodePage &SeriesWindow::episodePage() const
+{
+    return windowFixture.find<EpisodePage>(u"episodePage"_s);
 }
 
 QTreeWidget &SeriesWindow::tree() const

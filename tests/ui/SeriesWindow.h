@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class EpisodePage;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -39,6 +40,7 @@ public:
     void openEpisodes();
     void goBack() const;
     int page() const;
+    EpisodePage &episodePage() const;
     QTreeWidget &tree() const;
     QTreeWidgetItem *episodeRow(int season, int index) const;
     void click(const QTreeWidgetItem *row) const;

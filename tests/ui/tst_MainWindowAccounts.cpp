@@ -2,6 +2,7 @@
 #include "app/NetLog.h"
 #include "support/TestMain.h"
 #include "support/TraceCapture.h"
+#include "ui/EpisodePage.h"
 #include "ui/MainWindow.h"
 
 #include <QComboBox>
@@ -366,7 +367,8 @@ void tst_MainWindowAccounts::playingWhatWasLoaded()
         window.openSeriesRow(0, 0);
         auto &tree = fixture.find<QTreeWidget>(u"episodeTree"_s);
         QTRY_COMPARE(tree.topLevelItemCount(), 1);
-        window.playEpisodeTreeItem(tree.topLevelItem(0)->child(0));
+        fixture.find<EpisodePage>(u"episodePage"_s)
+            .playEpisodeTreeItem(tree.topLevelItem(0)->child(0));
         QTRY_COMPARE(provider->http().requestCount(expectedPaths.at(2)), times);
         window.onSourceSelected(0);
         QVERIFY(!fixture.overlayShown());

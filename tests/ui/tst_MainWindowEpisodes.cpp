@@ -1,6 +1,7 @@
 #include "SeriesWindow.h"
 #include "player/VlcPlayer.h"
 #include "support/TestMain.h"
+#include "ui/EpisodePage.h"
 #include "ui/MainWindow.h"
 
 #include <QSignalSpy>
@@ -55,7 +56,7 @@ void tst_MainWindowEpisodes::aClickOnASeasonPlaysNothing()
     series.openEpisodes();
     const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
     series.click(series.tree().topLevelItem(0));
-    series.window().playEpisodeTreeItem(series.tree().topLevelItem(1));
+    series.episodePage().playEpisodeTreeItem(series.tree().topLevelItem(1));
     QCOMPARE(playing.count(), 0);
     QCOMPARE(series.playingText(), u"Nothing playing"_s);
 }
@@ -85,11 +86,11 @@ void tst_MainWindowEpisodes::rowsOfNoEpisodePlayNothing()
     SeriesWindow series;
     series.openEpisodes();
     const QSignalSpy playing(&series.fixture().player(), &VlcPlayer::playing);
-    series.window().playEpisodeTreeItem(nullptr);
+    series.episodePage().playEpisodeTreeItem(nullptr);
     for (const int index : {-1, 4, 100000}) {
         QTreeWidgetItem stray;
         stray.setData(0, Qt::UserRole, index);
-        series.window().playEpisodeTreeItem(&stray);
+        series.episodePage().playEpisodeTreeItem(&stray);
     }
     QCOMPARE(playing.count(), 0);
     // A row that is left over from a longer list.
@@ -97,7 +98,7 @@ void tst_MainWindowEpisodes::rowsOfNoEpisodePlayNothing()
     stray.setData(0, Qt::UserRole, 3);
     SeriesWindow::cacheEpisodes(u"8"_s, {episode(u"1"_s, 1, 1, u"Only"_s)});
     series.show(u"8"_s, u"Other"_s);
-    series.window().playEpisodeTreeItem(&stray);
+    series.episodePage().playEpisodeTreeItem(&stray);
     QCOMPARE(playing.count(), 0);
 }
 
@@ -217,7 +218,7 @@ void tst_MainWindowEpisodes::nextEpisodeStaysWithItsAccount()
     // A show of the new account plays from there.
     CatalogCache::saveEpisodes(u"B"_s, u"9"_s, mixedSeasons());
     series.show();
-    series.window().playEpisodeTreeItem(series.episodeRow(0, 0));
+    series.episodePage().playEpisodeTreeItem(series.episodeRow(0, 0));
     QTRY_VERIFY(other.requestCount(u"/series/someone/else/21.mkv"_s) > 0);
 }
 
@@ -237,7 +238,7 @@ void tst_MainWindowEpisodes::aLateShowPlaysFromTheAccountThatWasAsked()
     series.show(u"8"_s, u"Other"_s);
     series.server.release(SeriesWindow::apiPath());
     QTRY_COMPARE(series.tree().topLevelItemCount(), 2);
-    series.window().playEpisodeTreeItem(series.episodeRow(0, 0));
+    series.episodePage().playEpisodeTreeItem(series.episodeRow(0, 0));
     QTRY_VERIFY(series.server.requestCount(u"/series/u/p/5.avi"_s) > 0);
 }
 
@@ -273,7 +274,7 @@ void tst_MainWindowEpisodes::playingFromAnotherTabEndsTheSeries()
     series.window().playNextEpisode();
     QCOMPARE(series.playingText(), text);
     // The page is still there to play from.
-    series.window().playEpisodeTreeItem(series.episodeRow(0, 1));
+    series.episodePage().playEpisodeTreeItem(series.episodeRow(0, 1));
     QCOMPARE(series.playingText(), u"Playing: Show - S02E02 - End"_s);
     QVERIFY(series.nextButton().isVisible());
     QVERIFY(!series.nextButton().isEnabled());
