@@ -2,16 +2,16 @@
 
 #include "fakeprovider/Streams.h"
 #include "support/PrivateProfile.h"
+#include "support/TestFiles.h"
+#include "ui/BrowseTab.h"
 #include "ui/EpisodePage.h"
 #include "ui/MainWindow.h"
 
 #include <QDateTime>
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
 #include <QNetworkReply>
-#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
@@ -19,9 +19,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int showsTab = 2;
-constexpr int itemsPage = 1;
 
 MediaItem entryWithId(qint32 kind, const QString &name, const QString &id)
 {
@@ -49,26 +46,38 @@ SeriesWindow::SeriesWindow()
 void SeriesWindow::open()
 {
     windowFixture.open();
-    windowFixture.find<QTabWidget>(u"tabs"_s).setCurrentIndex(showsTab);
-    windowFixture.find<QStackedWidget>(u"seriesStack"_s).setCurrentIndex(itemsPage);
+    auto &shows = windowFixture.find<BrowseTab>(u"seriesTab"_s);
+    windowFixture.find<QTabWidget>(u"tabs"_s).setCurrentWidget(&shows);
+    shows.showPage(BrowsePage::Items);
 }
 
 void SeriesWindow::cacheEpisodes(const QString &seriesId, const QList<Episode> &episodes,
                                  qint64 ageSeconds)
 {
     CatalogCache::saveEpisodes(u"A"_s, seriesId, episodes);
-    QFile file(PrivateProfile::current().appDataDir() + u"/catalog_cache/A.json"_s);
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    QJsonObject root = QJsonDocument::fromJson(file.readAll()).object();
+    const QString path = PrivateProfile::current().appDataDir() + u"/catalog_cache/A.json"_s;
+    QJsonObject root = QJsonDocument::fromJson(readFile(path)).object();
     QJsonObject store = root.value("episodes"_L1).toObject();
     QJsonObject saved = store.value(seriesId).toObject();
     QVERIFY(saved.contains("savedAt"_L1));
     saved.insert("savedAt"_L1, QDateTime::currentSecsSinceEpoch() - ageSeconds);
     store.insert(seriesId, saved);
     root.insert("episodes"_L1, store);
-    QVERIFY(file.resize(0));
-    QVERIFY(file.seek(0));
-    file.write(QJsonDocument(root).toJson(QJsonDocument::Compact));
+    writeFile(path, QJsonDocument(root).toJson(QJsonDocument::Compact));
+}
+
+int SeriesWindow::cachedEpisodes(const QString &source, const QString &seriesId)
+{
+    QList<Episode> cached;
+    const bool known = CatalogCache::loadEpisodes(source, seriesId, 60, cached);
+    return known ? static_cast<int>(cached.size()) : -1;
+}
+
+void SeriesWindow::cacheEmptyCatalog(const QString &source)
+{
+    for (const QString &section : {u"live"_s, u"movie"_s, u"series"_s, u"channel"_s}) {
+        CatalogCache::save(source, section, {});
+    }
 }
 
 void SeriesWindow::show(const QString &seriesId, const QString &name)
@@ -90,12 +99,12 @@ void SeriesWindow::goBack() const
 
 int SeriesWindow::page() const
 {
-    return windowFixture.find<QStackedWidget>(u"seriesStack"_s).currentIndex();
+    return windowFixture.find<BrowseTab>(u"seriesTab"_s).currentPage();
 }
 
-EpisodePage &SeriesWindow::episodePage() const
+QString SeriesWindow::title() const
 {
-    return windowFixture.find<EpisodePage>(u"episodePage"_s);
+    return windowFixture.find<QLabel>(u"episodeTitleLabel"_s).text();
 }
 
 QTreeWidget &SeriesWindow::tree() const
@@ -103,20 +112,30 @@ QTreeWidget &SeriesWindow::tree() const
     return windowFixture.find<QTreeWidget>(u"episodeTree"_s);
 }
 
-QTreeWidgetItem *SeriesWindow::episodeRow(int season, int index) const
+QStringList SeriesWindow::rows() const
 {
-    return tree().topLevelItem(season)->child(index);
+    QStringList texts;
+    for (int top = 0; top < tree().topLevelItemCount(); ++top) {
+        const QTreeWidgetItem &season = *tree().topLevelItem(top);
+        texts << season.text(0) + u':';
+        for (int index = 0; index < season.childCount(); ++index) {
+            texts << season.child(index)->text(0);
+        }
+    }
+    return texts;
 }
 
-void SeriesWindow::click(const QTreeWidgetItem *row) const
+void SeriesWindow::click(int season, int index) const
 {
+    const QTreeWidgetItem *row = tree().topLevelItem(season)->child(index);
     const QPoint place = tree().visualItemRect(row).center();
     QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place);
 }
 
-QString SeriesWindow::title() const
+void SeriesWindow::choose(int season, int index) const
 {
-    return windowFixture.find<QLabel>(u"episodeTitleLabel"_s).text();
+    windowFixture.find<EpisodePage>(u"episodePage"_s)
+        .playEpisodeTreeItem(tree().topLevelItem(season)->child(index));
 }
 
 QString SeriesWindow::playingText() const
@@ -154,15 +173,7 @@ QByteArray seriesInfo()
         "10":[{"id":"7","episode_num":1,"title":"Third"}]}})"_ba;
 }
 
-QStringList treeTexts(const QTreeWidget &tree)
+QStringList seriesInfoRows()
 {
-    QStringList texts;
-    for (int top = 0; top < tree.topLevelItemCount(); ++top) {
-        const QTreeWidgetItem *season = tree.topLevelItem(top);
-        texts << season->text(0);
-        for (int index = 0; index < season->childCount(); ++index) {
-            texts << u"  "_s + season->child(index)->text(0);
-        }
-    }
-    return texts;
+    return {u"Season 1:"_s, u"E02 - Pilot"_s, u"E03 - Second"_s, u"Season 10:"_s, u"E01 - Third"_s};
 }

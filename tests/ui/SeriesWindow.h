@@ -2,13 +2,6 @@
 
 #include "WindowFixture.h"
 
-#include <QByteArray>
-#include <QList>
-#include <QString>
-#include <QStringList>
-
-#include <memory>
-
 class EpisodePage;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -24,6 +17,7 @@ public:
     HttpServer server;
     /// Where the provider answers for catalogs and episodes.
     static QString apiPath() { return QStringLiteral("/player_api.php"); }
+    int apiRequests() const { return server.requestCount(apiPath()); }
 
     /// Opens the window; before that, sources and caches can be added.
     void open();
@@ -33,24 +27,30 @@ public:
     /// Puts episodes of a show into the cache, as saved so many seconds ago.
     static void cacheEpisodes(const QString &seriesId, const QList<Episode> &episodes,
                               qint64 ageSeconds = 0);
-    /// Opens the episode page of "Show" or another one.
+    /// How many episodes of the show are in the cache of the source; -1 when it does not know it.
+    static int cachedEpisodes(const QString &source, const QString &seriesId);
+    /// Caches an empty catalog for the source.
+    static void cacheEmptyCatalog(const QString &source);
+    /// Opens the episode page of "Show" or of another one.
     void show(const QString &seriesId = QStringLiteral("9"),
               const QString &name = QStringLiteral("Show"));
     /// Opens the window, and in it the episode page of "Show" with mixedSeasons() from the cache.
     void openEpisodes();
     void goBack() const;
     int page() const;
-    EpisodePage &episodePage() const;
-    QTreeWidget &tree() const;
-    QTreeWidgetItem *episodeRow(int season, int index) const;
-    void click(const QTreeWidgetItem *row) const;
     QString title() const;
+    QTreeWidget &tree() const;
+    /// Every row from top to bottom, seasons with a colon.
+    QStringList rows() const;
+    /// Clicks a row of the tree, by season and episode from 0 on.
+    void click(int season, int index) const;
+    /// Chooses a row though the page may be out of sight.
+    void choose(int season, int index) const;
     QString playingText() const;
     QPushButton &nextButton() const;
 
-    /// Waits until no answer of the provider is awaited any more.
+    /// Waits until the provider owes no reply.
     [[nodiscard]] bool settle() const;
-    int apiRequests() const { return server.requestCount(apiPath()); }
 
 private:
     WindowFixture windowFixture;
@@ -64,5 +64,5 @@ QList<Episode> mixedSeasons();
 /// Three episodes as a provider sends them: S01E02 "Pilot" (id 5, avi), S01E03 "Second" (6), S10E01
 /// "Third" (7).
 QByteArray seriesInfo();
-/// The text of every row from top to bottom, episodes indented by two blanks.
-QStringList treeTexts(const QTreeWidget &tree);
+/// The rows of seriesInfo().
+QStringList seriesInfoRows();
