@@ -12,14 +12,15 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What stop() itself waits for: enough for most streams, and nobody notices.
-constexpr auto stopPatience = 60ms;
-/// How often to look at a stop after that, and when to call it hung. A channel that has just shown
-/// its first picture takes most of a second.
+/// How long stop() blocks. Most streams stop within this time, and users do not notice it.
+constexpr auto stopTimeout = 60ms;
+/// How often a longer stop is polled.
 constexpr auto stopPollInterval = 10ms;
-constexpr auto hangingAfter = 1200ms;
-/// What the end of the program may wait for.
-constexpr auto finishPatience = 1000ms;
+/// When a stop counts as hung. A channel that has just shown its first picture takes most of a
+/// second.
+constexpr auto hangTimeout = 1200ms;
+/// How long the end of the program may be delayed.
+constexpr auto finishTimeout = 1000ms;
 
 libvlc_instance_t *createInstance()
 {
@@ -37,7 +38,7 @@ MediaPlayer::MediaPlayer(QObject *parent)
     , stopTimer(new QTimer(this))
 {
     stopTimer->setInterval(stopPollInterval);
-    connect(stopTimer, &QTimer::timeout, this, &MediaPlayer::lookAtStop);
+    connect(stopTimer, &QTimer::timeout, this, &MediaPlayer::pollStop);
     create();
 }
 
@@ -49,16 +50,16 @@ MediaPlayer::~MediaPlayer()
 bool MediaPlayer::create()
 {
     if (!mediaPlayer && vlc != nullptr) {
-        libvlc_media_player_t *made = libvlc_media_player_new(vlc);
-        if (made == nullptr) {
+        libvlc_media_player_t *created = libvlc_media_player_new(vlc);
+        if (created == nullptr) {
             return false;
         }
-        mediaPlayer.reset(made, &libvlc_media_player_release);
-        // Mouse and keys belong to the window, also over libVLC's picture.
-        libvlc_video_set_mouse_input(made, 0);
-        libvlc_video_set_key_input(made, 0);
-        if (wantedVolume >= 0) {
-            libvlc_audio_set_volume(made, wantedVolume);
+        mediaPlayer.reset(created, &libvlc_media_player_release);
+        // The window handles mouse and keyboard, even above libVLC's picture.
+        libvlc_video_set_mouse_input(created, 0);
+        libvlc_video_set_key_input(created, 0);
+        if (requestedVolume >= 0) {
+            libvlc_audio_set_volume(created, requestedVolume);
         }
         attachEvents();
     }
@@ -86,20 +87,20 @@ void MediaPlayer::stop()
     }
     started = false;
     const auto now = PlayerStop::Clock::now();
-    stopDeadline = now + hangingAfter;
+    stopDeadline = now + hangTimeout;
     currentStop = PlayerStop::begin(mediaPlayer);
-    if (!currentStop.waitUntil(now + stopPatience)) {
+    if (!currentStop.waitUntil(now + stopTimeout)) {
         stopTimer->start();
     }
 }
 
 bool MediaPlayer::isStopping() const
 {
-    // Not what the thread says: the answer changes only with stopDone().
+    // Not currentStop.isDone(): the answer must not change before stopDone() is emitted.
     return stopTimer->isActive();
 }
 
-void MediaPlayer::lookAtStop()
+void MediaPlayer::pollStop()
 {
     if (!currentStop.isDone()) {
         if (PlayerStop::Clock::now() < stopDeadline) {
@@ -111,7 +112,7 @@ void MediaPlayer::lookAtStop()
     Q_EMIT stopDone();
 }
 
-/// Leaves the media player to the thread that stops it.
+/// Leaves the media player to the thread that stops it, and creates a new one.
 void MediaPlayer::abandon()
 {
     detachEvents();
@@ -120,7 +121,7 @@ void MediaPlayer::abandon()
     std::erase_if(hungStops, [](const PlayerStop &stop) { return stop.isDone(); });
     hungStops.push_back(currentStop);
     if (create()) {
-        // Some sound systems keep the mute for all that one program plays.
+        // Some sound systems apply the mute to everything the program plays.
         libvlc_audio_set_mute(mediaPlayer.get(), 0);
     }
     Q_EMIT abandoned(currentStop);
@@ -128,7 +129,7 @@ void MediaPlayer::abandon()
 
 void MediaPlayer::setVolume(int percent)
 {
-    wantedVolume = percent;
+    requestedVolume = percent;
     if (mediaPlayer) {
         libvlc_audio_set_volume(mediaPlayer.get(), percent);
     }
@@ -136,8 +137,8 @@ void MediaPlayer::setVolume(int percent)
 
 void MediaPlayer::confirmVolume()
 {
-    if (!std::exchange(volumeConfirmed, true) && wantedVolume >= 0) {
-        setVolume(wantedVolume);
+    if (!std::exchange(volumeConfirmed, true) && requestedVolume >= 0) {
+        setVolume(requestedVolume);
     }
 }
 
@@ -154,7 +155,7 @@ bool MediaPlayer::finish()
     stopTimer->stop();
     started = false;
     if (!finishDeadline) {
-        finishDeadline = PlayerStop::Clock::now() + finishPatience;
+        finishDeadline = PlayerStop::Clock::now() + finishTimeout;
     }
     const bool allDone =
         std::all_of(hungStops.cbegin(), hungStops.cend(),
@@ -173,7 +174,7 @@ void MediaPlayer::attachEvents()
     libvlc_event_attach(events, libvlc_MediaPlayerEndReached, &handleEndReached, this);
 }
 
-/// On return no callback runs and none will.
+/// When this returns, no callback is running and none will be called.
 void MediaPlayer::detachEvents()
 {
     libvlc_event_manager_t *events = libvlc_media_player_event_manager(mediaPlayer.get());
@@ -181,8 +182,8 @@ void MediaPlayer::detachEvents()
     libvlc_event_detach(events, libvlc_MediaPlayerEndReached, &handleEndReached, this);
 }
 
-// The callbacks run on libVLC's threads. They ask libVLC for nothing: a stop that is under way
-// waits for them, and what they ask would wait for the stop.
+// The callbacks run on libVLC's threads. They must not call libVLC: a running stop waits for the
+// callbacks, and their calls would wait for the stop.
 
 void MediaPlayer::handleError(const libvlc_event_t * /*event*/, void *self)
 {

@@ -20,7 +20,7 @@ PlayerStop PlayerStop::begin(MediaPlayerPtr mediaPlayer)
     stop.state = std::make_shared<State>();
     std::thread([shared = stop.state, player = std::move(mediaPlayer)]() mutable {
         libvlc_media_player_stop(player.get());
-        // An abandoned player is released here, before anybody takes it for gone.
+        // Release an abandoned player before the stop is reported as done.
         player.reset();
         const std::lock_guard guard(shared->mutex);
         shared->done = true;

@@ -5,28 +5,27 @@
 
 struct libvlc_media_player_t;
 
-/// Owns a libVLC media player. The last owner releases it, on whichever thread that is.
+/// Owns a libVLC media player. The last owner releases it, on any thread.
 using MediaPlayerPtr = std::shared_ptr<libvlc_media_player_t>;
 
-/// One stop of a media player, on a thread of its own.
+/// A copyable handle to one stop of a media player, which runs on its own thread.
 ///
-/// libVLC's stop waits for the demuxer, and the one for HLS waits for the segment in flight, as
-/// long as the server keeps it waiting: seconds, or for ever. The thread touches nothing but that
-/// player, and lives for as long as libVLC takes. A PlayerStop is a copyable handle; its members
-/// may be called on any thread.
+/// libVLC's stop waits for the demuxer. The HLS demuxer waits for the segment in flight for as long
+/// as the server takes, which can be forever. The thread uses only that media player and runs until
+/// libVLC returns. All members may be called on any thread.
 class PlayerStop final
 {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// No stop, which counts as done.
+    /// Refers to no stop and counts as done.
     PlayerStop() = default;
 
     static PlayerStop begin(MediaPlayerPtr mediaPlayer);
 
-    /// libVLC's stop has returned: the connection and the picture are gone.
+    /// Whether libVLC's stop has returned. The connection and the picture are gone then.
     bool isDone() const;
-    /// Blocks until the stop is done, until `deadline` at the latest. Returns isDone().
+    /// Blocks until the stop is done, but not beyond `deadline`. Returns isDone().
     bool waitUntil(Clock::time_point deadline) const;
 
 private:

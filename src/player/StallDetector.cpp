@@ -1,19 +1,19 @@
 #include "player/StallDetector.h"
 
-StallDetector::Verdict StallDetector::look(qint64 timeMs)
+StallDetector::Verdict StallDetector::sample(qint64 timeMs)
 {
     if (timeMs != lastTimeMs) {
         const bool movedForward = lastTimeMs >= 0 && lastTimeMs < timeMs;
         lastTimeMs = timeMs;
-        stillLooks = 0;
+        stallTicks = 0;
         armed = armed || movedForward;
         return movedForward ? Verdict::Advancing : Verdict::Unknown;
     }
     if (!armed) {
         return Verdict::Unknown;
     }
-    ++stillLooks;
-    if (stillLooks < stallLooks) {
+    ++stallTicks;
+    if (stallTicks < stallSamples) {
         return Verdict::Unknown;
     }
     reset();

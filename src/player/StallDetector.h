@@ -2,31 +2,31 @@
 
 #include <QtGlobal>
 
-/// Judges from regular looks at a stream's media time whether it advances. What never advanced is
-/// not judged, and neither is a jump back, as a seek makes it.
+/// Detects from regular samples of a stream's media time whether the stream stalls. A stream that
+/// has never advanced is not judged. A backward jump, as after a seek, is not a stall.
 class StallDetector final
 {
 public:
     enum class Verdict
     {
-        Unknown,   ///< nothing to say of this look
-        Advancing, ///< the time moved forward since the last look
-        Stalled    ///< it stood still for stallLooks looks in a row; told once until it advances
+        Unknown,   ///< this sample allows no verdict
+        Advancing, ///< the time moved forward since the last sample
+        Stalled    ///< unchanged for stallSamples samples; reported once until it advances again
     };
 
-    /// So many looks in a row without any change are a stall.
-    static constexpr qint32 stallLooks = 30;
+    /// This many samples in a row without a change are a stall.
+    static constexpr qint32 stallSamples = 30;
 
-    /// Takes the media time of one look, in ms.
-    Verdict look(qint64 timeMs);
-    /// Forgets the stream: for a new one, and whenever nothing plays.
+    /// Adds a sample of the media time, in ms.
+    Verdict sample(qint64 timeMs);
+    /// Forgets all samples. To be called for a new stream, and while nothing plays.
     void reset();
     /// Whether the time has advanced since the last reset or stall.
     bool sawProgress() const { return armed; }
 
 private:
-    /// -1 when there is no valid sample.
+    /// -1 if there is no valid sample.
     qint64 lastTimeMs = -1;
-    qint32 stillLooks = 0;
+    qint32 stallTicks = 0;
     bool armed = false;
 };

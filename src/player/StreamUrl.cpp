@@ -4,12 +4,12 @@
 
 namespace {
 
-constexpr QByteArrayView forbiddenInUrls = " \"<>\\^`{|}";
+constexpr QByteArrayView invalidInUrls = " \"<>\\^`{|}";
 
 bool mustBeEncoded(char byte)
 {
     const auto code = static_cast<unsigned char>(byte);
-    return code < 0x20U || code == 0x7fU || forbiddenInUrls.contains(byte);
+    return code < 0x20U || code == 0x7fU || invalidInUrls.contains(byte);
 }
 
 } // namespace

@@ -3,7 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
-/// The URL as it is requested: UTF-8, with the ASCII characters that no URL may hold (blank,
-/// " < > \ ^ ` { | } and control characters) percent-encoded. libVLC makes no request, or a
-/// malformed one, for a URL that holds them. Everything else stays as given, percent signs too.
+/// The URL as libVLC can request it: UTF-8, with the ASCII characters that are invalid in a URL
+/// (space, " < > \ ^ ` { | } and control characters) percent-encoded. For a URL with such
+/// characters libVLC makes no request or a malformed one. Everything else is unchanged, including
+/// percent signs.
 QByteArray requestableUrl(const QString &url);

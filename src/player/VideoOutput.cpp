@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// In this order: the widget gets a window of its own without its ancestors getting one.
+/// The order matters: only the widget becomes native, not its ancestors.
 void makeNative(QWidget *widget)
 {
     widget->setAttribute(Qt::WA_DontCreateNativeAncestors);
@@ -39,7 +39,7 @@ void VideoOutput::attach(libvlc_media_player_t *mediaPlayer) const
     makeNative(current);
     const WId window = current->winId();
 #ifdef Q_OS_WIN
-    // A WId is the HWND itself, as a number.
+    // A WId is the HWND as a number.
     libvlc_media_player_set_hwnd(mediaPlayer, reinterpret_cast<void *>(window)); // NOLINT
 #else
     // Only the X11 platform has windows that libVLC can draw into.
@@ -49,22 +49,23 @@ void VideoOutput::attach(libvlc_media_player_t *mediaPlayer) const
 #endif
 }
 
-void VideoOutput::leaveTo(const PlayerStop &stop)
+void VideoOutput::abandonWindow(const PlayerStop &stop)
 {
     if (surface != nullptr) {
-        leftWindows.push_back({current, stop});
-        current = lendWindow();
+        abandonedWindows.push_back({current, stop});
+        current = createSubstitute();
     }
 }
 
-void VideoOutput::takeBack()
+void VideoOutput::reclaimSurface()
 {
-    std::erase_if(leftWindows, [](const LeftWindow &left) { return left.stop.isDone(); });
-    if (!isLeft(surface)) {
+    std::erase_if(abandonedWindows,
+                  [](const AbandonedWindow &abandoned) { return abandoned.stop.isDone(); });
+    if (!isAbandoned(surface)) {
         current = surface;
     }
-    std::erase_if(lentWindows, [this](QWidget *window) {
-        const bool unused = window != current && !isLeft(window);
+    std::erase_if(substitutes, [this](QWidget *window) {
+        const bool unused = window != current && !isAbandoned(window);
         if (unused) {
             delete window;
         }
@@ -83,20 +84,21 @@ void VideoOutput::clear() const
 bool VideoOutput::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == surface && event->type() == QEvent::Resize) {
-        for (QWidget *window : lentWindows) {
+        for (QWidget *window : substitutes) {
             window->setGeometry(surface->rect());
         }
     }
     return QObject::eventFilter(watched, event);
 }
 
-bool VideoOutput::isLeft(const QWidget *window) const
+bool VideoOutput::isAbandoned(const QWidget *window) const
 {
-    return std::any_of(leftWindows.cbegin(), leftWindows.cend(),
-                       [window](const LeftWindow &left) { return left.window == window; });
+    return std::any_of(
+        abandonedWindows.cbegin(), abandonedWindows.cend(),
+        [window](const AbandonedWindow &abandoned) { return abandoned.window == window; });
 }
 
-QWidget *VideoOutput::lendWindow()
+QWidget *VideoOutput::createSubstitute()
 {
     auto *window = new QWidget(surface);
     makeNative(window);
@@ -104,6 +106,6 @@ QWidget *VideoOutput::lendWindow()
     window->setGeometry(surface->rect());
     window->show();
     window->raise();
-    lentWindows.push_back(window);
+    substitutes.push_back(window);
     return window;
 }

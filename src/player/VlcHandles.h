@@ -5,7 +5,7 @@
 #include <vlc/vlc.h>
 
 /// @file
-/// Owners of libVLC's handles, for the length of a scope. Only the player's own files include this.
+/// Scoped owners of libVLC handles. Only the player's own files include this header.
 
 struct MediaRelease
 {

@@ -17,12 +17,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int progressIntervalMs = 500;
-constexpr int wishIntervalMs = 50;
+constexpr int pendingIntervalMs = 50;
 constexpr int stallSeconds = 15;
-static_assert(StallDetector::stallLooks * progressIntervalMs == stallSeconds * 1000);
-/// An end this close to the length is a normal end.
+static_assert(StallDetector::stallSamples * progressIntervalMs == stallSeconds * 1000);
+/// A stream that ends this close to its length has ended normally.
 constexpr qint64 normalEndMs = 2000;
-/// Relative seeks stay this far from the end.
+/// Relative seeks keep this distance from the end.
 constexpr qint64 seekMarginMs = 1000;
 
 } // namespace
@@ -32,19 +32,20 @@ VlcPlayer::VlcPlayer(QWidget *videoWidget, QObject *parent)
     , progressTimer(new QTimer(this))
     , mediaPlayer(new MediaPlayer(this))
     , videoOutput(new VideoOutput(videoWidget, this))
-    , wishTimer(new QTimer(this))
+    , pendingTimer(new QTimer(this))
 {
-    connect(mediaPlayer, &MediaPlayer::failed, this, &VlcPlayer::judgeError, Qt::QueuedConnection);
-    connect(mediaPlayer, &MediaPlayer::ended, this, &VlcPlayer::judgeEnd, Qt::QueuedConnection);
-    connect(mediaPlayer, &MediaPlayer::abandoned, videoOutput, &VideoOutput::leaveTo);
+    connect(mediaPlayer, &MediaPlayer::failed, this, &VlcPlayer::handleError, Qt::QueuedConnection);
+    connect(mediaPlayer, &MediaPlayer::ended, this, &VlcPlayer::handleEnd, Qt::QueuedConnection);
+    connect(mediaPlayer, &MediaPlayer::abandoned, videoOutput, &VideoOutput::abandonWindow);
     connect(mediaPlayer, &MediaPlayer::stopDone, this, [this] {
-        // The stream before has drawn on until now.
+        // The previous stream may have drawn until now.
         videoOutput->clear();
         startNextMedia();
     });
     attachToWidget();
-    wishTimer->setInterval(wishIntervalMs);
-    connect(wishTimer, &QTimer::timeout, this, &VlcPlayer::applyWishes);
+    pendingTimer->setInterval(pendingIntervalMs);
+    connect(pendingTimer, &QTimer::timeout, this, &VlcPlayer::applyPending);
+    progressTimer->setObjectName(u"progressTimer"_s);
     progressTimer->setInterval(progressIntervalMs);
     connect(progressTimer, &QTimer::timeout, this, &VlcPlayer::checkPlaybackProgress);
     progressTimer->start();
@@ -52,13 +53,13 @@ VlcPlayer::VlcPlayer(QWidget *videoWidget, QObject *parent)
 
 VlcPlayer::~VlcPlayer()
 {
-    // The media player ends with the other children.
-    forgetNextMedia();
+    // The media player is a child and finishes in its own destructor.
+    discardNextMedia();
 }
 
 bool VlcPlayer::finish()
 {
-    forgetNextMedia();
+    discardNextMedia();
     return mediaPlayer->finish();
 }
 
@@ -89,7 +90,7 @@ void VlcPlayer::play(const QString &url, bool live)
     }
     isLive = live;
     ++streamNumber;
-    forgetNextMedia();
+    discardNextMedia();
     nextMedia = media.release();
     nextUrl = url;
     mediaPlayer->stop();
@@ -104,27 +105,27 @@ void VlcPlayer::startNextMedia()
     if (!media) {
         return;
     }
-    videoOutput->takeBack();
+    videoOutput->reclaimSurface();
     const bool created = mediaPlayer->create();
-    // The surface may have got another window since the last stream.
+    // The surface may have got a new native window since the last stream.
     attachToWidget();
     if (created && mediaPlayer->start(media.get(), streamNumber)) {
-        if (!wishes.isEmpty()) {
-            wishTimer->start();
+        if (!pending.isEmpty()) {
+            pendingTimer->start();
         }
         Q_EMIT playing();
-        Q_EMIT pausedChanged(wishes.paused);
+        Q_EMIT pausedChanged(pending.paused);
     } else {
-        wishes = {};
+        pending = {};
         Q_EMIT playbackError(tr("Playback failed to start for: ") + nextUrl);
     }
 }
 
-/// Forgets what was chosen for it as well.
-void VlcPlayer::forgetNextMedia()
+/// Discards its pending selection as well.
+void VlcPlayer::discardNextMedia()
 {
     const MediaPtr forgotten(std::exchange(nextMedia, nullptr));
-    forgetWishes();
+    discardPending();
 }
 
 void VlcPlayer::stop()
@@ -134,7 +135,7 @@ void VlcPlayer::stop()
     }
     stall.reset();
     ++streamNumber;
-    forgetNextMedia();
+    discardNextMedia();
     mediaPlayer->stop();
     if (!mediaPlayer->isStopping()) {
         videoOutput->clear();
@@ -142,7 +143,7 @@ void VlcPlayer::stop()
     Q_EMIT stopped();
 }
 
-/// libVLC has the stream, and has not begun to play it: it takes no pause yet.
+/// Whether libVLC has the stream but does not play it yet. It ignores a pause until then.
 bool VlcPlayer::isOpening() const
 {
     libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
@@ -159,7 +160,7 @@ void VlcPlayer::pause()
         return;
     }
     if (isWaiting()) {
-        wishes.paused = true;
+        pending.paused = true;
     } else if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
         libvlc_media_player_set_pause(player, 1);
     }
@@ -171,9 +172,9 @@ void VlcPlayer::togglePause()
     if (mediaPlayer->handle() == nullptr) {
         return;
     }
-    if (isWaiting() || wishes.paused) {
-        wishes.paused = !wishes.paused;
-        Q_EMIT pausedChanged(wishes.paused);
+    if (isWaiting() || pending.paused) {
+        pending.paused = !pending.paused;
+        Q_EMIT pausedChanged(pending.paused);
         return;
     }
     if (isOpening()) {
@@ -183,7 +184,7 @@ void VlcPlayer::togglePause()
     if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
         libvlc_media_player_pause(player);
     }
-    // libVLC's toggle takes effect a moment later; until then it tells the old state.
+    // libVLC applies the toggle a moment later and reports the old state until then.
     Q_EMIT pausedChanged(before != libvlc_Paused);
 }
 
@@ -213,7 +214,7 @@ qint64 VlcPlayer::lengthMs() const
 qint64 VlcPlayer::timeMs() const
 {
     if (isWaiting()) {
-        return wishes.timeMs.value_or(0);
+        return pending.timeMs.value_or(0);
     }
     libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
     return player != nullptr ? libvlc_media_player_get_time(player) : 0;
@@ -222,10 +223,10 @@ qint64 VlcPlayer::timeMs() const
 void VlcPlayer::seek(qint64 ms)
 {
     if (isWaiting()) {
-        wishes.timeMs = ms;
+        pending.timeMs = ms;
         return;
     }
-    wishes.timeMs.reset();
+    pending.timeMs.reset();
     if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
         libvlc_media_player_set_time(player, ms);
     }
@@ -246,13 +247,13 @@ void VlcPlayer::checkPlaybackProgress()
     if (!isPlaying()) {
         stall.reset();
         if (!mediaPlayer->isStarted() && !mediaPlayer->isStopping()) {
-            videoOutput->takeBack();
+            videoOutput->reclaimSurface();
         }
         return;
     }
     const qint64 time = timeMs();
     Q_EMIT positionChanged(time, lengthMs());
-    switch (stall.look(time)) {
+    switch (stall.sample(time)) {
     case StallDetector::Verdict::Advancing:
         mediaPlayer->confirmVolume();
         Q_EMIT playbackProgressing();
@@ -266,14 +267,14 @@ void VlcPlayer::checkPlaybackProgress()
     }
 }
 
-void VlcPlayer::judgeError(quint64 number)
+void VlcPlayer::handleError(quint64 number)
 {
     if (number == streamNumber) {
         Q_EMIT playbackInterrupted(tr("libVLC encountered an error while streaming."));
     }
 }
 
-void VlcPlayer::judgeEnd(quint64 number)
+void VlcPlayer::handleEnd(quint64 number)
 {
     if (number != streamNumber) {
         return;

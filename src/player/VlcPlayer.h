@@ -17,23 +17,23 @@ class VideoOutput;
 
 struct libvlc_media_t;
 
-/// The one contact with libVLC: plays a URL into a native widget, reports position, pause state and
-/// the health of the stream, and lists and chooses tracks.
+/// The only interface to libVLC: plays a URL into a native widget, reports position, pause state
+/// and interruptions, and lists and selects tracks.
 ///
-/// All calls are for the GUI thread, and all signals are emitted on it. Times are milliseconds; a
-/// length of 0 or less is unknown. When libVLC cannot be started, every operation does nothing and
-/// every query gives its neutral value.
+/// All calls are for the GUI thread, and all signals are emitted on it. Times are in milliseconds;
+/// a length of 0 or less is unknown. If libVLC cannot be started, every operation does nothing and
+/// every query returns a neutral value.
 ///
-/// A stream that is replaced or stopped is stopped on a thread of its own (MediaPlayer), since
-/// libVLC's own stop can take as long as the server likes. The next one waits for it, a moment as a
-/// rule. While it waits, queries give neutral values, and what is chosen for it (pause, position,
-/// tracks, subtitle files) takes effect when it plays.
+/// A stream is stopped on a separate thread (MediaPlayer), because libVLC's stop can take as long
+/// as the server likes. The next stream waits for it, usually only for a moment. While a stream
+/// waits, queries return neutral values, and what the user selects for it (pause, position, tracks,
+/// subtitle files) is applied when it plays.
 class VlcPlayer final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// A libVLC track id and the name to show for it.
+    /// A libVLC track id and its display name.
     using Track = std::pair<int, QString>;
 
     /// `videoWidget` is drawn into; it is not owned, may be null, and must outlive the player.
@@ -41,27 +41,27 @@ public:
     ~VlcPlayer() override;
     Q_DISABLE_COPY_MOVE(VlcPlayer)
 
-    /// Makes the widget native and gives its window to libVLC. play() does so by itself.
+    /// Makes the widget native and gives its window to libVLC. play() does this as well.
     void attachToWidget();
     void reattach();
 
-    /// Starts a stream in place of the current one, at once or when that one is gone; the newest
-    /// one when there are several. `live` says that it has no end of its own.
+    /// Replaces the current stream, immediately or as soon as that has stopped. Of several requests
+    /// in the meantime the last one counts. A `live` stream has no end.
     void play(const QString &url, bool live);
     void stop();
     void pause();
-    /// Does nothing, and tells nothing, while the stream is opening.
+    /// Does nothing and emits nothing while the stream is opening.
     void togglePause();
     bool isPlaying() const;
 
-    /// Percent; not limited here.
+    /// In percent, without limits.
     void setVolume(int percent);
     int volume() const;
 
     qint64 lengthMs() const;
     qint64 timeMs() const;
     void seek(qint64 ms);
-    /// Moves by `deltaMs`, not before the start nor into the last second of a known length.
+    /// Seeks by `deltaMs`, but not before the start or into the last second of a known length.
     void seekRelative(qint64 deltaMs);
 
     /// @name Tracks (VlcPlayerTracks.cpp)
@@ -75,37 +75,37 @@ public:
     void setSubtitleTrack(int id);
     bool hasSubtitles() const;
     bool subtitlesEnabled() const;
-    /// Off remembers the current track, on returns to it. Without a remembered track, on takes
-    /// libVLC's first entry, which is normally its "disable" entry and then changes nothing.
+    /// Off saves the current track; on restores it. Without a saved track, on selects libVLC's
+    /// first entry, which is normally its "disable" entry, so that nothing changes.
     void setSubtitlesEnabled(bool enabled);
-    /// Adds the subtitle file at a local path to the playing stream and selects it.
+    /// Adds a local subtitle file to the playing stream and selects it.
     void loadSubtitleFile(const QString &path);
-    /// A plain-text technical summary of what plays.
+    /// A plain-text technical summary of the stream.
     QString mediaInfoText() const;
     /// @}
 
-    /// Stops what plays and releases libVLC's media player, within a second; every operation does
-    /// nothing from then on. False when libVLC still hangs. It may then go on drawing into the
-    /// video widget, and the process should end without destroying what libVLC's threads use. The
-    /// destructor does this too.
+    /// Stops the stream and releases libVLC within a second; afterwards every operation does
+    /// nothing. False if libVLC still hangs. It may then keep drawing into the video widget, and
+    /// the process should end without destroying what libVLC's threads use. The destructor does
+    /// this as well.
     bool finish();
 
 Q_SIGNALS:
-    /// play() could not create the media, or libVLC refused to start it.
+    /// libVLC could not create the media or refused to play it.
     void playbackError(const QString &message);
-    /// The stream stalled, failed, or ended too early. Never about a stream that was replaced.
+    /// The current stream stalled, failed or ended too early. Never emitted for an earlier stream.
     void playbackInterrupted(const QString &reason);
-    /// The media time moved forward since the last look; about twice a second.
+    /// The media time has advanced since the last check; about twice a second.
     void playbackProgressing();
     void playing();
     void stopped();
     void pausedChanged(bool paused);
-    /// Twice a second while libVLC plays.
+    /// Twice a second while the stream plays.
     void positionChanged(qint64 currentMs, qint64 totalMs);
 
 private:
-    /// What was chosen for a stream that does not play yet.
-    struct Wishes
+    /// What the user selected for a stream that does not play yet.
+    struct PendingSelection
     {
         bool paused = false;
         std::optional<qint64> timeMs;
@@ -119,34 +119,34 @@ private:
     bool isWaiting() const { return nextMedia != nullptr; }
     bool isOpening() const;
     void startNextMedia();
-    void forgetNextMedia();
-    void judgeError(quint64 number);
-    void judgeEnd(quint64 number);
+    void discardNextMedia();
+    void handleError(quint64 number);
+    void handleEnd(quint64 number);
     void selectSubtitleTrack(int id);
 
-    // ---- VlcPlayerWishes.cpp ----
-    void applyWishes();
-    void applyTrackWishes();
-    void forgetWishes();
+    // ---- VlcPlayerPending.cpp ----
+    void applyPending();
+    void applyPendingTracks();
+    void discardPending();
 
     void checkPlaybackProgress();
 
     QTimer *progressTimer = nullptr;
     MediaPlayer *mediaPlayer = nullptr;
     VideoOutput *videoOutput = nullptr;
-    /// What waits for the stop of the stream before, with its URL as given.
+    /// Waits until the previous stream has stopped. With its URL as passed to play().
     libvlc_media_t *nextMedia = nullptr;
     QString nextUrl;
-    /// Counts the streams; what libVLC still tells of an earlier one is dropped.
+    /// The number of the current stream. Events of earlier streams are ignored.
     quint64 streamNumber = 0;
     bool isLive = false;
-    Wishes wishes;
-    /// Runs from the start of a stream until its wishes are fulfilled.
-    QTimer *wishTimer = nullptr;
-    /// The subtitle track to return to when subtitles are switched back on; -1 for none.
+    PendingSelection pending;
+    /// Active from the start of a stream until its pending selection is applied.
+    QTimer *pendingTimer = nullptr;
+    /// The subtitle track to restore when subtitles are enabled; -1 for none.
     qint32 savedSubtitleTrack = -1;
     StallDetector stall;
 };
 
-/// The codec name in a FourCC code: its bytes from the lowest, up to the first zero, trimmed.
+/// The codec name in a FourCC code: its bytes from the lowest to the first zero, trimmed.
 QString fourCcToString(quint32 fourcc);

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// libVLC's factor from its statistics to the figures shown.
+/// From libVLC's bitrates to the displayed figures.
 constexpr double bitrateFactor = 8.0;
 
 QString trackName(const libvlc_track_description_t &entry)
@@ -70,7 +70,7 @@ QString elementaryStreamsText(libvlc_media_t *media)
     return text;
 }
 
-/// The lines under `heading`, all entries included, the current one marked; empty without a list.
+/// The heading and one line per entry, with the current one marked; empty without a list.
 QString selectionText(const QString &heading, const DescriptionList &list, int current)
 {
     if (!list) {
@@ -134,7 +134,7 @@ QList<VlcPlayer::Track> VlcPlayer::subtitleTracks() const
 int VlcPlayer::currentAudioTrack() const
 {
     if (isWaiting()) {
-        return wishes.audioTrack.value_or(-1);
+        return pending.audioTrack.value_or(-1);
     }
     libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
     return player != nullptr ? libvlc_audio_get_track(player) : -1;
@@ -143,10 +143,10 @@ int VlcPlayer::currentAudioTrack() const
 void VlcPlayer::setAudioTrack(int id)
 {
     if (isWaiting()) {
-        wishes.audioTrack = id;
+        pending.audioTrack = id;
         return;
     }
-    wishes.audioTrack.reset();
+    pending.audioTrack.reset();
     if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
         libvlc_audio_set_track(player, id);
     }
@@ -155,7 +155,7 @@ void VlcPlayer::setAudioTrack(int id)
 int VlcPlayer::currentSubtitleTrack() const
 {
     if (isWaiting()) {
-        return wishes.subtitleTrack.value_or(-1);
+        return pending.subtitleTrack.value_or(-1);
     }
     libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
     return player != nullptr ? libvlc_video_get_spu(player) : -1;
@@ -172,10 +172,10 @@ void VlcPlayer::setSubtitleTrack(int id)
 void VlcPlayer::selectSubtitleTrack(int id)
 {
     if (isWaiting()) {
-        wishes.subtitleTrack = id;
+        pending.subtitleTrack = id;
         return;
     }
-    wishes.subtitleTrack.reset();
+    pending.subtitleTrack.reset();
     if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
         libvlc_video_set_spu(player, id);
     }
@@ -216,7 +216,7 @@ void VlcPlayer::setSubtitlesEnabled(bool enabled)
 void VlcPlayer::loadSubtitleFile(const QString &path)
 {
     if (isWaiting()) {
-        wishes.subtitleFiles << path;
+        pending.subtitleFiles << path;
         return;
     }
     libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
@@ -233,7 +233,7 @@ QString VlcPlayer::mediaInfoText() const
     if (mediaPlayer->handle() == nullptr) {
         return tr("No player.");
     }
-    // The media player still has the stream before when one waits.
+    // While a stream waits, the media player still has the previous one.
     MediaPtr playersMedia;
     libvlc_media_t *media = nextMedia;
     if (media == nullptr) {
