@@ -1,15 +1,11 @@
-#include "PlayerProbe.h"
-#include "fakeprovider/HttpServer.h"
-#include "fakeprovider/Streams.h"
+#include "PlayerTest.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
 #include <QTcpServer>
-#include <QTest>
 
 #include <condition_variable>
 #include <functional>
-#include <memory>
 #include <mutex>
 #include <thread>
 
@@ -17,12 +13,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What libVLC needs on a busy machine to open a stream.
-constexpr int openMs = 20000;
-/// Far more than what a user takes for a frozen window, and than what a busy machine adds.
-constexpr auto patience = std::chrono::seconds(5);
+/// Far more than a busy machine adds, and than a user takes for a frozen window.
+constexpr auto blockedTooLong = std::chrono::seconds(5);
 
-/// Hangs up on all clients of a server when the thread that made this is blocked for too long.
+/// Closes all connections of a server if the creating thread is blocked for too long.
 class Rescue
 {
 public:
@@ -40,18 +34,18 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Rescue)
 
-    bool wasNeeded() const
+    bool hasIntervened() const
     {
         const std::lock_guard guard(mutex);
-        return needed;
+        return intervened;
     }
 
 private:
     void watch(HttpServer &server)
     {
         std::unique_lock guard(mutex);
-        while (!changed.wait_for(guard, patience, [this] { return over; })) {
-            needed = true;
+        while (!changed.wait_for(guard, blockedTooLong, [this] { return over; })) {
+            intervened = true;
             server.dropConnections();
         }
     }
@@ -59,60 +53,39 @@ private:
     mutable std::mutex mutex;
     std::condition_variable changed;
     bool over = false;
-    bool needed = false;
+    bool intervened = false;
     std::thread worker;
 };
 
-HttpReply never()
-{
-    HttpReply reply;
-    reply.neverAnswer = true;
-    return reply;
-}
-
-HttpReply stalling(HttpReply reply, qint64 bytes)
-{
-    reply.bytesPerSecond = 0;
-    reply.stallAfter = bytes;
-    return reply;
-}
-
 } // namespace
 
-/// The window must not freeze because a server does not answer: changing the stream, stopping it
-/// and ending the player return while the server is still silent.
-class tst_VlcBlocking : public QObject
+/// A server that does not answer must not freeze the window: replacing a stream, stopping it and
+/// destroying the player return while the server is still silent.
+class tst_VlcBlocking : public PlayerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { keepVlcFromOpeningWindows(); }
-    void init();
+    void init() override;
 
     void leavesASilentServer_data();
     void leavesASilentServer();
     void leavesAHangingTlsHandshake();
-
-private:
-    std::unique_ptr<HttpServer> server;
-    std::unique_ptr<PlayerProbe> probe;
 };
 
 void tst_VlcBlocking::init()
 {
-    server = std::make_unique<HttpServer>();
-    server->on(u"/next.mp4"_s, HttpReply::file(streamPath(u"film.mp4"_s)));
-    server->on(u"/live.ts"_s, liveTs());
-    server->on(u"/never.ts"_s, never());
-    server->on(u"/never.m3u8"_s, never());
+    PlayerTest::init();
+    const HttpReply film = HttpReply::file(streamPath(u"film.mp4"_s));
+    const HttpReply playlist = HttpReply::file(streamPath(u"hls/index.m3u8"_s));
+    const HttpReply segment = stalling(HttpReply::file(streamPath(u"hls/segment00.ts"_s)), 30000);
+    server->on(u"/never.m3u8"_s, neverAnswers());
     server->on(u"/head.ts"_s, stalling(liveTs(), 0));
     server->on(u"/stalls.ts"_s, stalling(liveTs(), 300000));
-    server->on(u"/stalls.mp4"_s, stalling(HttpReply::file(streamPath(u"film.mp4"_s)), 100000));
-    const HttpReply playlist = HttpReply::file(streamPath(u"hls/index.m3u8"_s));
+    server->on(u"/stalls.mp4"_s, stalling(film, 100000));
     server->on(u"/hls-never/index.m3u8"_s, playlist);
-    server->onPrefix(u"/hls-never/segment"_s, [](const HttpRequest &) { return never(); });
+    server->onPrefix(u"/hls-never/segment"_s, [](const HttpRequest &) { return neverAnswers(); });
     server->on(u"/hls-stalls/index.m3u8"_s, playlist);
-    const HttpReply segment = stalling(HttpReply::file(streamPath(u"hls/segment00.ts"_s)), 30000);
     server->onPrefix(u"/hls-stalls/segment"_s, [segment](const HttpRequest &) { return segment; });
 }
 
@@ -146,17 +119,15 @@ void tst_VlcBlocking::leavesASilentServer()
         const char *name;
         std::function<void()> leave;
     };
-    const QList<Way> ways{
-        {"another stream", [this] { probe->player.play(server->url(u"/next.mp4"_s), false); }},
-        {"stop", [this] { probe->player.stop(); }},
-        {"end of the player", [this] { probe.reset(); }}};
+    const QList<Way> ways{{"another stream", [this] { play(u"/files/film.mp4"_s); }},
+                          {"stop", [this] { probe->player.stop(); }},
+                          {"destroy the player", [this] { probe.reset(); }}};
     for (const Way &way : ways) {
         probe = std::make_unique<PlayerProbe>();
-        probe->player.play(server->url(path), true);
+        play(path, true);
         QTRY_COMPARE_WITH_TIMEOUT(server->openConnections(silentPath), 1, openMs);
-        // What has come is on its way through libVLC; give it a few looks.
-        const int ticks = probe->ticks;
-        QTRY_VERIFY(probe->ticks >= ticks + 2);
+        // Let libVLC process what it has received.
+        QVERIFY(probe->checksAgain(2));
 
         QElapsedTimer clock;
         clock.start();
@@ -164,11 +135,11 @@ void tst_VlcBlocking::leavesASilentServer()
         {
             const Rescue rescue(*server);
             way.leave();
-            rescued = rescue.wasNeeded();
+            rescued = rescue.hasIntervened();
         }
         qInfo("%s: blocked for %lld ms", way.name, static_cast<long long>(clock.elapsed()));
         QVERIFY2(!rescued, way.name);
-        // A segment that is due holds libVLC back, but only behind the scenes.
+        // A missing segment may still delay libVLC's stop, in the background.
         server->dropConnections(silentPath);
         probe.reset();
         QTRY_COMPARE_WITH_TIMEOUT(server->openConnections(silentPath), 0, openMs);
@@ -179,7 +150,6 @@ void tst_VlcBlocking::leavesAHangingTlsHandshake()
 {
     QTcpServer silent; // the system accepts, nobody answers
     QVERIFY(silent.listen(QHostAddress::LocalHost));
-    probe = std::make_unique<PlayerProbe>();
     probe->player.play(u"https://127.0.0.1:%1/live.ts"_s.arg(silent.serverPort()), true);
     QTRY_VERIFY_WITH_TIMEOUT(silent.hasPendingConnections(), openMs);
     probe->player.stop();

@@ -1,23 +1,16 @@
-#include "PlayerProbe.h"
-#include "fakeprovider/HttpServer.h"
-#include "fakeprovider/Streams.h"
+#include "PlayerTest.h"
 #include "support/TestMain.h"
 
-#include <QTest>
 #include <QWidget>
 
 #include <algorithm>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList started{u"playing"_s, u"not paused"_s};
-
-/// What libVLC needs on a busy machine to open a stream.
-constexpr int openMs = 20000;
 constexpr qint64 filmMs = 60000;
+const QString film = u"/files/film.mp4"_s;
 
 /// Silence of that length as a WAV file.
 HttpReply wave(int milliseconds)
@@ -40,21 +33,20 @@ HttpReply wave(int milliseconds)
 
 } // namespace
 
-class tst_VlcPlayer : public QObject
+class tst_VlcPlayer : public PlayerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void init() override;
 
-    void looksAtTheStreamTwiceASecond();
+    void checksTheStreamTwiceASecond();
     void makesOnlyTheSurfaceNative();
     void plays_data();
     void plays();
     void aFilmIsFetchedFromItsEnd();
     void pausesAndResumes();
+    void aPauseStartsTheJudgementAgain();
     void stops();
     void keepsTheVolume();
     void seeks();
@@ -65,48 +57,36 @@ private Q_SLOTS:
     void secondStreamReplacesTheFirst();
 
 private:
-    QString url(const QString &path) const { return server->url(path); }
-    bool pauseAt(qint64 ms);
-
-    std::unique_ptr<HttpServer> server;
-    std::unique_ptr<PlayerProbe> probe;
+    /// Whether the player does nothing at the next checks of the stream.
+    bool staysSilent() const;
 };
-
-void tst_VlcPlayer::initTestCase()
-{
-    keepVlcFromOpeningWindows();
-    qunsetenv("VANTIRO_VLC_DEBUG");
-}
 
 void tst_VlcPlayer::init()
 {
-    server = std::make_unique<HttpServer>();
-    server->serveDirectory(u"/files/"_s, streamPath({}));
-    server->on(u"/live.ts"_s, liveTs());
+    PlayerTest::init();
     serveLiveHls(*server, u"/live-hls"_s);
-    probe = std::make_unique<PlayerProbe>();
 }
 
-void tst_VlcPlayer::cleanup()
+bool tst_VlcPlayer::staysSilent() const
 {
-    probe.reset();
-    server.reset();
+    const int positions = probe->positions;
+    return probe->checksAgain() && probe->positions == positions;
 }
 
-void tst_VlcPlayer::looksAtTheStreamTwiceASecond()
+void tst_VlcPlayer::checksTheStreamTwiceASecond()
 {
-    const QTimer *timer = probe->tickTimer();
+    const QTimer *timer = probe->progressTimer();
     QVERIFY(timer != nullptr);
     QCOMPARE(timer->interval(), 500);
     QVERIFY(timer->isActive());
     QVERIFY(!timer->isSingleShot());
 
-    // It looks without a stream as well, and says nothing then.
-    QTRY_VERIFY(probe->ticks >= 2);
+    // It runs without a stream as well, and reports nothing then.
+    QVERIFY(probe->checksAgain(2));
     QCOMPARE(probe->positions, 0);
     QCOMPARE(probe->log, QStringList());
 
-    probe->player.play(url(u"/live.ts"_s), true);
+    play(u"/live.ts"_s, true);
     QTRY_VERIFY_WITH_TIMEOUT(probe->positions > 0, openMs);
     const int silentTicks = probe->ticks - probe->positions;
     QTRY_VERIFY_WITH_TIMEOUT(probe->positions >= 5, openMs);
@@ -135,8 +115,7 @@ void tst_VlcPlayer::plays_data()
     QTest::newRow("a channel without an end, as MPEG-TS") << u"/live.ts"_s << true << qint64{0};
     QTest::newRow("a channel as HLS") << u"/live-hls/index.m3u8"_s << true << qint64{-1};
     QTest::newRow("an HLS film") << u"/files/hls/index.m3u8"_s << false << qint64{30000};
-    QTest::newRow("an MP4 film with its index at the end")
-        << u"/files/film.mp4"_s << false << filmMs;
+    QTest::newRow("an MP4 film with its index at the end") << film << false << filmMs;
     QTest::newRow("an MP4 film with its index in front")
         << u"/files/film-faststart.mp4"_s << false << filmMs;
     QTest::newRow("sound without a picture") << u"/files/audio.mp3"_s << false << qint64{10000};
@@ -148,12 +127,12 @@ void tst_VlcPlayer::plays()
     QFETCH(bool, live);
     QFETCH(qint64, length);
 
-    probe->player.play(url(path), live);
+    play(path, live);
     QCOMPARE(probe->log, started);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 3, openMs);
+    QVERIFY(probe->advances(3));
 
     QVERIFY(probe->player.isPlaying());
-    // The first look has nothing to compare with.
+    // The first check has nothing to compare with.
     QVERIFY(probe->positions > probe->progress);
     QVERIFY(probe->currentMs > 0);
     // libVLC may set the clock of a stream in segments back a little at the edge of one.
@@ -172,8 +151,8 @@ void tst_VlcPlayer::plays()
 
 void tst_VlcPlayer::aFilmIsFetchedFromItsEnd()
 {
-    probe->player.play(url(u"/files/film.mp4"_s), false);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    play(film);
+    QVERIFY(probe->advances());
     const QList<HttpRequest> requests = server->requests();
     QVERIFY(std::any_of(requests.cbegin(), requests.cend(), [](const HttpRequest &request) {
         const QByteArray range = request.header("Range"_ba);
@@ -184,33 +163,42 @@ void tst_VlcPlayer::aFilmIsFetchedFromItsEnd()
 void tst_VlcPlayer::pausesAndResumes()
 {
     VlcPlayer &player = probe->player;
-    player.play(url(u"/files/film.mp4"_s), false);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    play(film);
+    QVERIFY(probe->advances());
 
     player.pause();
     QCOMPARE(probe->log, started + QStringList{u"paused"_s});
     QTRY_VERIFY(!player.isPlaying());
-    const int positions = probe->positions;
-    const int ticks = probe->ticks;
-    QTRY_VERIFY(probe->ticks >= ticks + 3);
-    QCOMPARE(probe->positions, positions);
+    QVERIFY(staysSilent());
 
     // Pausing again does not resume.
     player.pause();
     QCOMPARE(probe->log, started + QStringList({u"paused"_s, u"paused"_s}));
     QVERIFY(!player.isPlaying());
 
-    // What toggling tells is the state that it leads to, though libVLC takes a moment to get there.
-    player.togglePause();
-    QCOMPARE(probe->log.size(), 5);
-    QCOMPARE(probe->log.last(), u"not paused"_s);
-    QTRY_VERIFY(player.isPlaying());
-    QTRY_VERIFY(probe->positions > positions);
-    player.togglePause();
-    QCOMPARE(probe->log.size(), 6);
-    QCOMPARE(probe->log.last(), u"paused"_s);
-    QTRY_VERIFY(!player.isPlaying());
+    // Toggling reports the new state although libVLC takes a moment to reach it.
+    for (const bool paused : {false, true}) {
+        const qsizetype reports = probe->log.size();
+        player.togglePause();
+        QCOMPARE(probe->log.size(), reports + 1);
+        QCOMPARE(probe->log.last(), paused ? u"paused"_s : u"not paused"_s);
+        QTRY_COMPARE(player.isPlaying(), !paused);
+    }
     QCOMPARE(probe->interruptions, QStringList());
+}
+
+void tst_VlcPlayer::aPauseStartsTheJudgementAgain()
+{
+    play(film);
+    QVERIFY(probe->advances());
+    probe->player.pause();
+    QTRY_VERIFY(!probe->player.isPlaying());
+    QVERIFY(probe->checksAgain());
+    const int silentPositions = probe->positions - probe->progress;
+    probe->player.togglePause();
+    QVERIFY(probe->advances(2));
+    // The first check after the pause has nothing to compare with.
+    QVERIFY(probe->positions - probe->progress > silentPositions);
 }
 
 void tst_VlcPlayer::stops()
@@ -220,16 +208,13 @@ void tst_VlcPlayer::stops()
     QCOMPARE(probe->log, QStringList(u"stopped"_s));
     probe->log.clear();
 
-    player.play(url(u"/live.ts"_s), true);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    play(u"/live.ts"_s, true);
+    QVERIFY(probe->advances());
     player.stop();
     QCOMPARE(probe->log, started + QStringList{u"stopped"_s});
     QVERIFY(!player.isPlaying());
-    const int positions = probe->positions;
-    const int ticks = probe->ticks;
     QTRY_COMPARE(server->openConnections(u"/live.ts"_s), 0);
-    QTRY_VERIFY(probe->ticks >= ticks + 3);
-    QCOMPARE(probe->positions, positions);
+    QVERIFY(staysSilent());
     QCOMPARE(probe->interruptions, QStringList());
 }
 
@@ -237,51 +222,32 @@ void tst_VlcPlayer::keepsTheVolume()
 {
     VlcPlayer &player = probe->player;
     player.setVolume(37);
-    player.play(url(u"/files/audio.mp3"_s), false);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    play(u"/files/audio.mp3"_s);
+    QVERIFY(probe->advances());
     QTRY_COMPARE(player.volume(), 37);
     player.setVolume(64);
     QTRY_COMPARE(player.volume(), 64);
 
-    player.play(url(u"/live.ts"_s), true);
-    probe->progress = 0;
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    play(u"/live.ts"_s, true);
+    QVERIFY(probe->advances());
     QCOMPARE(player.volume(), 64);
-    player.setVolume(150); // not limited here
-    QTRY_COMPARE(player.volume(), 150);
-    player.setVolume(0);
-    QTRY_COMPARE(player.volume(), 0);
-}
-
-/// Plays the film, pauses it and goes to `ms`.
-bool tst_VlcPlayer::pauseAt(qint64 ms)
-{
-    VlcPlayer &player = probe->player;
-    player.play(url(u"/files/film.mp4"_s), false);
-    if (!QTest::qWaitFor([this] { return probe->progress >= 1; }, openMs)) {
-        return false;
+    for (const int percent : {150, 0}) { // without limits
+        player.setVolume(percent);
+        QTRY_COMPARE(player.volume(), percent);
     }
-    player.pause();
-    if (!QTest::qWaitFor([&player] { return !player.isPlaying(); }, openMs)) {
-        return false;
-    }
-    player.seek(ms);
-    return QTest::qWaitFor([&player, ms] { return player.timeMs() == ms; }, openMs);
 }
 
 void tst_VlcPlayer::seeks()
 {
-    VlcPlayer &player = probe->player;
-    player.play(url(u"/files/film.mp4"_s), false);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
-    player.seek(40000);
+    play(film);
+    QVERIFY(probe->advances());
+    probe->player.seek(40000);
     QTRY_VERIFY_WITH_TIMEOUT(probe->currentMs >= 40000, openMs);
     QCOMPARE_LE(probe->currentMs, 45000);
-    player.seek(10000);
+    probe->player.seek(10000);
     QTRY_VERIFY_WITH_TIMEOUT(probe->currentMs < 40000, openMs);
     QCOMPARE_GE(probe->currentMs, 9000);
-    probe->progress = 0;
-    QTRY_VERIFY(probe->progress >= 2);
+    QVERIFY(probe->advances(2));
     QCOMPARE(probe->interruptions, QStringList());
 }
 
@@ -297,7 +263,7 @@ void tst_VlcPlayer::seeksRelatively_data()
     QTest::newRow("forward over the end stops a second before it")
         << qint64{55000} << step << qint64{59000};
     QTest::newRow("backward over the start stops there") << qint64{3000} << -step << qint64{0};
-    QTest::newRow("forward within the last second goes back to its begin")
+    QTest::newRow("forward within the last second returns to its start")
         << qint64{59500} << qint64{100} << qint64{59000};
 }
 
@@ -307,17 +273,23 @@ void tst_VlcPlayer::seeksRelatively()
     QFETCH(qint64, delta);
     QFETCH(qint64, lands);
 
-    QVERIFY(pauseAt(from));
-    QCOMPARE(probe->player.lengthMs(), filmMs);
-    probe->player.seekRelative(delta);
-    QTRY_COMPARE_WITH_TIMEOUT(probe->player.timeMs(), lands, openMs);
+    VlcPlayer &player = probe->player;
+    play(film);
+    QVERIFY(probe->advances());
+    player.pause();
+    QTRY_VERIFY_WITH_TIMEOUT(!player.isPlaying(), openMs);
+    player.seek(from);
+    QTRY_COMPARE_WITH_TIMEOUT(player.timeMs(), from, openMs);
+    QCOMPARE(player.lengthMs(), filmMs);
+    player.seekRelative(delta);
+    QTRY_COMPARE_WITH_TIMEOUT(player.timeMs(), lands, openMs);
 }
 
 void tst_VlcPlayer::seeksInAFilmShorterThanASecond()
 {
     server->on(u"/short.wav"_s, wave(900));
     VlcPlayer &player = probe->player;
-    player.play(url(u"/short.wav"_s), false);
+    play(u"/short.wav"_s);
     player.pause();
     QTRY_COMPARE_WITH_TIMEOUT(player.lengthMs(), 900, openMs);
     player.seek(500);
@@ -328,34 +300,30 @@ void tst_VlcPlayer::seeksInAFilmShorterThanASecond()
 
 void tst_VlcPlayer::aLiveStreamOutlivesRelativeSeeks()
 {
-    VlcPlayer &player = probe->player;
-    player.play(url(u"/live.ts"_s), true);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    play(u"/live.ts"_s, true);
+    QVERIFY(probe->advances());
     for (const qint64 delta : {-10000, 10000}) {
-        player.seekRelative(delta);
-        probe->progress = 0;
-        QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 2, openMs);
+        probe->player.seekRelative(delta);
+        QVERIFY(probe->advances(2));
     }
-    QVERIFY(player.isPlaying());
+    QVERIFY(probe->player.isPlaying());
     QCOMPARE(probe->interruptions, QStringList());
     QCOMPARE(server->requestCount(u"/live.ts"_s), 1);
 }
 
 void tst_VlcPlayer::secondStreamReplacesTheFirst()
 {
-    VlcPlayer &player = probe->player;
-    player.play(url(u"/files/film.mp4"_s), false);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
-    player.seek(40000);
+    play(film);
+    QVERIFY(probe->advances());
+    probe->player.seek(40000);
     QTRY_VERIFY_WITH_TIMEOUT(probe->currentMs >= 40000, openMs);
 
-    player.play(url(u"/files/audio.mp3"_s), false);
+    play(u"/files/audio.mp3"_s);
     QTRY_COMPARE(probe->log, started + started);
     QTRY_VERIFY_WITH_TIMEOUT(probe->totalMs < filmMs, openMs);
     QVERIFY(probe->currentMs < 10000);
-    QTRY_COMPARE(server->openConnections(u"/files/film.mp4"_s), 0);
-    probe->progress = 0;
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    QTRY_COMPARE(server->openConnections(film), 0);
+    QVERIFY(probe->advances());
     QCOMPARE(probe->interruptions, QStringList());
     QCOMPARE(probe->errors, QStringList());
 }

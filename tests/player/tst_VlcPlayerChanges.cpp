@@ -1,80 +1,49 @@
-#include "PlayerProbe.h"
+#include "PlayerTest.h"
 #include "fakeprovider/HangingChannel.h"
-#include "player/MediaPlayer.h"
 #include "support/TestMain.h"
-
-#include <QTest>
-
-#include <atomic>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QStringList started{u"playing"_s, u"not paused"_s};
-
-/// What libVLC needs on a busy machine to open a stream.
-constexpr int openMs = 20000;
-
-HttpReply neverAnswers()
-{
-    HttpReply reply;
-    reply.neverAnswer = true;
-    return reply;
-}
-
-} // namespace
-
-/// From one stream to the next: what the one keeps for the other, what is chosen while the next one
-/// waits, and what the one before still says.
-class tst_VlcPlayerChanges : public QObject
+/// The change from one stream to the next: what the next one inherits, what is selected while it
+/// waits, and what is still reported of the previous one.
+class tst_VlcPlayerChanges : public PlayerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { keepVlcFromOpeningWindows(); }
-    void init();
-    void cleanup();
+    void init() override;
+    void cleanup() override;
 
     void keepsCookies();
     void stopEndsTheWait();
-    void theNewestRequestWins();
+    void theLastRequestWins();
     void infoIsThatOfTheWaitingStream();
-    void choicesForAWaitingStream_data();
-    void choicesForAWaitingStream();
+    void selectsForAWaitingStream_data();
+    void selectsForAWaitingStream();
     void subtitleFileForAWaitingStream();
     void resumedBeforeItStarts();
-    void choicesDieWithTheirStream();
-    void togglingWhileItOpensTellsNothing();
-    void newsOfAnEarlierStreamIsDropped_data();
-    void newsOfAnEarlierStreamIsDropped();
+    void selectionsDieWithTheirStream();
+    void togglingWhileItOpensReportsNothing();
+    void reportsOfAnEarlierStreamAreIgnored_data();
+    void reportsOfAnEarlierStreamAreIgnored();
 
 private:
-    QString url(const QString &path) const { return server->url(path); }
-    /// Plays the hanging channel, and leaves it for that stream, which then waits.
-    void playAfterTheHangingChannel(const QString &path, bool live);
+    /// Plays the hanging channel and replaces it by that stream, which then waits.
+    void playAfterTheHangingChannel(const QString &path, bool live = false);
 
-    std::unique_ptr<HttpServer> server;
     std::unique_ptr<HangingChannel> channel;
-    std::unique_ptr<PlayerProbe> probe;
 };
 
 void tst_VlcPlayerChanges::init()
 {
-    server = std::make_unique<HttpServer>();
-    server->serveDirectory(u"/files/"_s, streamPath({}));
-    server->on(u"/live.ts"_s, liveTs());
-    server->on(u"/never.ts"_s, neverAnswers());
+    PlayerTest::init();
     channel = std::make_unique<HangingChannel>(*server);
-    probe = std::make_unique<PlayerProbe>();
 }
 
 void tst_VlcPlayerChanges::cleanup()
 {
     channel->letGo();
-    probe.reset();
-    server.reset();
+    PlayerTest::cleanup();
 }
 
 void tst_VlcPlayerChanges::playAfterTheHangingChannel(const QString &path, bool live)
@@ -83,19 +52,18 @@ void tst_VlcPlayerChanges::playAfterTheHangingChannel(const QString &path, bool 
     QTRY_VERIFY_WITH_TIMEOUT(channel->hangs() && probe->positions > 0, openMs);
     QCOMPARE(probe->log, started);
     probe->log.clear();
-    probe->player.play(url(path), live);
+    play(path, live);
     QCOMPARE(probe->log, QStringList());
     QVERIFY(!probe->player.isPlaying());
 }
 
 void tst_VlcPlayerChanges::keepsCookies()
 {
-    HttpReply ends = HttpReply::file(streamPath(u"short.ts"_s));
-    ends.body.truncate(ends.body.size() / 10);
+    HttpReply ends = endingStream();
     ends.headers.append({"Set-Cookie"_ba, "session=k7; path=/"_ba});
     server->on(u"/channel.ts"_s, ends);
     for (int round = 1; round <= 3; ++round) {
-        probe->player.play(url(u"/channel.ts"_s), true);
+        play(u"/channel.ts"_s, true);
         QTRY_COMPARE_WITH_TIMEOUT(probe->interruptions.size(), round, openMs);
     }
     const QList<HttpRequest> requests = server->requests();
@@ -109,21 +77,19 @@ void tst_VlcPlayerChanges::stopEndsTheWait()
     probe->player.stop();
     QCOMPARE(probe->log, QStringList(u"stopped"_s));
     channel->letGo();
-    const int ticks = probe->ticks;
-    QTRY_VERIFY(probe->ticks >= ticks + 4);
+    QVERIFY(probe->checksAgain(4));
     QCOMPARE(server->requestCount(u"/live.ts"_s), 0);
     QCOMPARE(probe->log, QStringList(u"stopped"_s));
     QVERIFY(!probe->player.isPlaying());
 }
 
-void tst_VlcPlayerChanges::theNewestRequestWins()
+void tst_VlcPlayerChanges::theLastRequestWins()
 {
-    playAfterTheHangingChannel(u"/files/audio.mp3"_s, false);
-    probe->player.play(url(u"/files/film.mp4"_s), false);
-    probe->player.play(url(u"/live.ts"_s), true);
+    playAfterTheHangingChannel(u"/files/audio.mp3"_s);
+    play(u"/files/film.mp4"_s);
+    play(u"/live.ts"_s, true);
     channel->letGo();
-    probe->progress = 0;
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    QVERIFY(probe->advances());
     QCOMPARE(server->requestCount(u"/live.ts"_s), 1);
     QCOMPARE(server->requestCount(u"/files/audio.mp3"_s), 0);
     QCOMPARE(server->requestCount(u"/files/film.mp4"_s), 0);
@@ -134,7 +100,7 @@ void tst_VlcPlayerChanges::theNewestRequestWins()
 void tst_VlcPlayerChanges::infoIsThatOfTheWaitingStream()
 {
     const QString unknown = u"No track information available yet."_s;
-    playAfterTheHangingChannel(u"/files/audio.mp3"_s, false);
+    playAfterTheHangingChannel(u"/files/audio.mp3"_s);
     const VlcPlayer &player = probe->player;
     QCOMPARE(player.mediaInfoText(), unknown);
     QCOMPARE(player.lengthMs(), 0);
@@ -150,17 +116,17 @@ void tst_VlcPlayerChanges::infoIsThatOfTheWaitingStream()
     QTRY_VERIFY_WITH_TIMEOUT(player.mediaInfoText().startsWith(u"Audio codec: mp3"_s), openMs);
 }
 
-void tst_VlcPlayerChanges::choicesForAWaitingStream_data()
+void tst_VlcPlayerChanges::selectsForAWaitingStream_data()
 {
     QTest::addColumn<bool>("hangs");
-    QTest::newRow("the stream before lets go") << false;
-    QTest::newRow("the stream before hangs") << true;
+    QTest::newRow("the previous stream stops") << false;
+    QTest::newRow("the previous stream hangs") << true;
 }
 
-void tst_VlcPlayerChanges::choicesForAWaitingStream()
+void tst_VlcPlayerChanges::selectsForAWaitingStream()
 {
     QFETCH(bool, hangs);
-    playAfterTheHangingChannel(u"/files/tracks.mkv"_s, false);
+    playAfterTheHangingChannel(u"/files/tracks.mkv"_s);
     VlcPlayer &player = probe->player;
     player.togglePause();
     QCOMPARE(probe->log, QStringList(u"paused"_s));
@@ -185,8 +151,7 @@ void tst_VlcPlayerChanges::choicesForAWaitingStream()
     QTRY_VERIFY_WITH_TIMEOUT(player.timeMs() >= 7500, openMs);
     QTRY_VERIFY(!player.isPlaying());
     const int positions = probe->positions;
-    const int ticks = probe->ticks;
-    QTRY_VERIFY(probe->ticks >= ticks + 3);
+    QVERIFY(probe->checksAgain());
     QCOMPARE(probe->positions, positions);
 
     player.togglePause();
@@ -197,7 +162,7 @@ void tst_VlcPlayerChanges::choicesForAWaitingStream()
 
 void tst_VlcPlayerChanges::subtitleFileForAWaitingStream()
 {
-    playAfterTheHangingChannel(u"/files/film.mp4"_s, false);
+    playAfterTheHangingChannel(u"/files/film.mp4"_s);
     probe->player.loadSubtitleFile(streamPath(u"subtitles.srt"_s));
     channel->letGo();
     QTRY_COMPARE_WITH_TIMEOUT(probe->player.subtitleTracks().size(), 1, openMs);
@@ -206,70 +171,53 @@ void tst_VlcPlayerChanges::subtitleFileForAWaitingStream()
 
 void tst_VlcPlayerChanges::resumedBeforeItStarts()
 {
-    playAfterTheHangingChannel(u"/files/film.mp4"_s, false);
+    playAfterTheHangingChannel(u"/files/film.mp4"_s);
     probe->player.pause();
     probe->player.togglePause();
     QCOMPARE(probe->log, QStringList({u"paused"_s, u"not paused"_s}));
     channel->letGo();
-    probe->progress = 0;
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, openMs);
+    QVERIFY(probe->advances());
 }
 
-void tst_VlcPlayerChanges::choicesDieWithTheirStream()
+void tst_VlcPlayerChanges::selectionsDieWithTheirStream()
 {
-    playAfterTheHangingChannel(u"/files/film.mp4"_s, false);
+    playAfterTheHangingChannel(u"/files/film.mp4"_s);
     probe->player.pause();
     probe->player.seek(30000);
-    probe->player.play(url(u"/files/tracks.mkv"_s), false);
+    play(u"/files/tracks.mkv"_s);
     QCOMPARE(probe->player.timeMs(), 0);
     channel->letGo();
-    probe->progress = 0;
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 2, openMs);
+    QVERIFY(probe->advances(2));
     QVERIFY(probe->currentMs < 10000);
 }
 
-void tst_VlcPlayerChanges::togglingWhileItOpensTellsNothing()
+void tst_VlcPlayerChanges::togglingWhileItOpensReportsNothing()
 {
-    probe->player.play(url(u"/never.ts"_s), true);
+    play(u"/never.ts"_s, true);
     probe->player.togglePause();
     QTRY_COMPARE_WITH_TIMEOUT(server->openConnections(u"/never.ts"_s), 1, openMs);
     probe->player.togglePause();
     QCOMPARE(probe->log, started);
 }
 
-void tst_VlcPlayerChanges::newsOfAnEarlierStreamIsDropped_data()
+void tst_VlcPlayerChanges::reportsOfAnEarlierStreamAreIgnored_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<bool>("live");
     QTest::newRow("a channel's error") << u"/missing.ts"_s << true;
     QTest::newRow("a channel's end") << u"/short.ts"_s << true;
-    // It would be one if it were taken for the channel that follows.
+    // For the channel that follows, this would be an interruption.
     QTest::newRow("a recording's normal end") << u"/short.ts"_s << false;
 }
 
-void tst_VlcPlayerChanges::newsOfAnEarlierStreamIsDropped()
+void tst_VlcPlayerChanges::reportsOfAnEarlierStreamAreIgnored()
 {
     QFETCH(QString, path);
     QFETCH(bool, live);
-    HttpReply ends = HttpReply::file(streamPath(u"short.ts"_s));
-    ends.body.truncate(ends.body.size() / 10);
-    server->on(u"/short.ts"_s, ends);
-    std::atomic<bool> told = false;
-    const auto *source = probe->player.findChild<MediaPlayer *>();
-    for (const auto signal : {&MediaPlayer::failed, &MediaPlayer::ended}) {
-        connect(
-            source, signal, this,
-            [&told] {
-                told = true;
-                told.notify_one();
-            },
-            Qt::DirectConnection);
-    }
-    probe->player.play(url(path), live);
-    // This thread handles no event, so that the news is still in its queue.
-    told.wait(false);
-    probe->player.play(url(u"/live.ts"_s), true);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 2, openMs);
+    server->on(u"/short.ts"_s, endingStream());
+    playUntilReported(path, live);
+    play(u"/live.ts"_s, true);
+    QVERIFY(probe->advances(2));
     QCOMPARE(probe->interruptions, QStringList());
 }
 

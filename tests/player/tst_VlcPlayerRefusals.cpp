@@ -1,11 +1,5 @@
-#include "PlayerProbe.h"
-#include "fakeprovider/HttpServer.h"
-#include "fakeprovider/Streams.h"
+#include "PlayerTest.h"
 #include "support/TestMain.h"
-
-#include <QTest>
-
-#include <memory>
 
 #include <dlfcn.h>
 
@@ -15,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// libVLC's calls that this program refuses, as libVLC does only when memory or threads run out.
+/// Which of libVLC's calls fail, as they otherwise do only when memory or threads run out.
 bool refusesMedia = false;
 bool refusesToPlay = false;
 bool refusesMediaPlayers = false;
@@ -28,7 +22,7 @@ Function *fromLibrary(const char *name)
 
 } // namespace
 
-// Stand before the library's own when the program is linked.
+// Linked before the library's own functions.
 
 extern "C" libvlc_media_t *libvlc_media_new_location(libvlc_instance_t *instance, const char *url)
 {
@@ -47,15 +41,13 @@ extern "C" libvlc_media_player_t *libvlc_media_player_new(libvlc_instance_t *ins
                                : fromLibrary<decltype(libvlc_media_player_new)>(__func__)(instance);
 }
 
-/// What play() tells when libVLC refuses, and that it tries again the next time.
-class tst_VlcPlayerRefusals : public QObject
+/// What play() reports when libVLC refuses, and that the next attempt works.
+class tst_VlcPlayerRefusals : public PlayerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { keepVlcFromOpeningWindows(); }
-    void init();
-    void cleanup();
+    void init() override;
 
     void noMedia();
     void noStart();
@@ -64,64 +56,50 @@ private Q_SLOTS:
 private:
     bool playsAgain();
 
-    const QStringList started{u"playing"_s, u"not paused"_s};
-    HttpServer server;
-    std::unique_ptr<PlayerProbe> probe;
     /// The messages show it as it was given.
-    QString url;
+    QString channel;
 };
 
 void tst_VlcPlayerRefusals::init()
 {
-    server.on(u"/a channel.ts"_s, liveTs());
-    server.on(u"/other.ts"_s, liveTs());
-    server.clearRequests();
-    url = server.url(u"/a channel.ts"_s);
-}
-
-void tst_VlcPlayerRefusals::cleanup()
-{
     refusesMedia = false;
     refusesToPlay = false;
     refusesMediaPlayers = false;
-    probe.reset();
+    PlayerTest::init();
+    server->on(u"/a channel.ts"_s, liveTs());
+    channel = url(u"/a channel.ts"_s);
 }
 
 bool tst_VlcPlayerRefusals::playsAgain()
 {
     probe->log.clear();
-    probe->progress = 0;
-    probe->player.play(url, true);
-    return QTest::qWaitFor([this] { return probe->progress >= 1; }, 20000) &&
-           probe->log == started && probe->errors.size() == 1;
+    probe->player.play(channel, true);
+    return probe->advances() && probe->log == started && probe->errors.size() == 1;
 }
 
 void tst_VlcPlayerRefusals::noMedia()
 {
-    probe = std::make_unique<PlayerProbe>();
-    probe->player.play(server.url(u"/other.ts"_s), true);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->progress >= 1, 20000);
+    play(u"/live.ts"_s, true);
+    QVERIFY(probe->advances());
     refusesMedia = true;
-    probe->player.play(url, false);
-    QCOMPARE(probe->errors, QStringList(u"Could not create media for URL: "_s + url));
+    probe->player.play(channel, false);
+    QCOMPARE(probe->errors, QStringList(u"Could not create media for URL: "_s + channel));
     QCOMPARE(probe->log, started);
     refusesMedia = false;
 
-    // The stream before plays on, as the channel that it is.
-    probe->progress = 0;
-    QTRY_VERIFY(probe->progress >= 1);
-    server.dropConnections(u"/other.ts"_s);
+    // The previous stream plays on, as the channel that it is.
+    QVERIFY(probe->advances());
+    server->dropConnections(u"/live.ts"_s);
     QTRY_COMPARE_WITH_TIMEOUT(probe->interruptions,
-                              QStringList(u"The live stream stopped sending data."_s), 20000);
+                              QStringList(u"The live stream stopped sending data."_s), openMs);
     QVERIFY(playsAgain());
 }
 
 void tst_VlcPlayerRefusals::noStart()
 {
-    probe = std::make_unique<PlayerProbe>();
     refusesToPlay = true;
-    probe->player.play(url, true);
-    QCOMPARE(probe->errors, QStringList(u"Playback failed to start for: "_s + url));
+    probe->player.play(channel, true);
+    QCOMPARE(probe->errors, QStringList(u"Playback failed to start for: "_s + channel));
     QCOMPARE(probe->log, QStringList());
     refusesToPlay = false;
     QVERIFY(playsAgain());
@@ -140,8 +118,8 @@ void tst_VlcPlayerRefusals::noMediaPlayer()
     QCOMPARE(player.volume(), 0);
     QCOMPARE(probe->log, QStringList());
 
-    player.play(url, true);
-    QCOMPARE(probe->errors, QStringList(u"Playback failed to start for: "_s + url));
+    player.play(channel, true);
+    QCOMPARE(probe->errors, QStringList(u"Playback failed to start for: "_s + channel));
     QCOMPARE(probe->log, QStringList());
     refusesMediaPlayers = false;
     QVERIFY(playsAgain());

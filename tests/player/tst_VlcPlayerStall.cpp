@@ -1,53 +1,40 @@
-#include "PlayerProbe.h"
-#include "fakeprovider/HttpServer.h"
-#include "fakeprovider/Streams.h"
+#include "PlayerTest.h"
 #include "support/TestMain.h"
-
-#include <QTest>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString stallReason = u"The stream stopped advancing for 15 seconds."_s;
-constexpr int stillLooks = 30;
-/// Long enough for a stall to be told twice over on a busy machine.
+constexpr int stallTicks = 30;
+/// Enough for two stalls on a busy machine.
 constexpr int stallMs = 60000;
-
-/// The reply sends that many bytes and then nothing more, with the connection open.
-HttpReply stalling(HttpReply reply, qint64 bytes)
-{
-    reply.stallAfter = bytes;
-    reply.bytesPerSecond = 0;
-    return reply;
-}
 
 } // namespace
 
-/// All streams run side by side from the start on: a stall takes its time.
-class tst_VlcPlayerStall : public QObject
+/// A stall takes 15 seconds, so all streams run at the same time from the start.
+class tst_VlcPlayerStall : public PlayerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() override;
+    void init() override {}
+    void cleanup() override {}
 
     void aStreamThatNeverMovedIsNotJudged();
     void anUnansweredStreamIsNotJudged();
     void aPausedStreamIsNotJudged();
     void aStoppedStreamIsNotJudged();
-    void aStalledFilmIsTold();
-    void aSecondPlayCountsAnew();
-    void aStallIsToldOnceUntilTheStreamIsReplayed();
+    void aStalledFilmIsReported();
+    void aSecondPlayStartsTheCountAgain();
+    void aStallIsReportedOnceUntilTheStreamIsReplayed();
 
 private:
-    /// Calls `act` once, when the stream has stood still for that many looks.
+    /// Calls `act` once, when the stream has stood still at that many checks.
     template <typename Act>
-    void whenStill(PlayerProbe &probe, int looks, Act act);
+    void whenStill(PlayerProbe &watched, int checks, Act act);
 
-    HttpServer server;
     PlayerProbe stalled;
     PlayerProbe replayed;
     PlayerProbe stopped;
@@ -58,11 +45,11 @@ private:
 };
 
 template <typename Act>
-void tst_VlcPlayerStall::whenStill(PlayerProbe &probe, int looks, Act act)
+void tst_VlcPlayerStall::whenStill(PlayerProbe &watched, int checks, Act act)
 {
-    connect(&probe.player, &VlcPlayer::positionChanged, this,
-            [&probe, looks, act, done = false]() mutable {
-                if (!done && probe.progress > 0 && probe.stillPositions == looks) {
+    connect(&watched.player, &VlcPlayer::positionChanged, this,
+            [&watched, checks, act, done = false]() mutable {
+                if (!done && watched.progress > 0 && watched.stillPositions == checks) {
                     done = true;
                     act();
                 }
@@ -71,38 +58,35 @@ void tst_VlcPlayerStall::whenStill(PlayerProbe &probe, int looks, Act act)
 
 void tst_VlcPlayerStall::initTestCase()
 {
+    PlayerTest::init();
     constexpr qint64 fourSeconds = 240000;
-    server.on(u"/live.ts"_s, liveTs());
-    server.on(u"/stalling.ts"_s, stalling(liveTs(), fourSeconds));
-    server.on(u"/stalling.mp4"_s,
-              stalling(HttpReply::file(streamPath(u"film-faststart.mp4"_s)), fourSeconds));
-    HttpReply never;
-    never.neverAnswer = true;
-    server.on(u"/unanswered.ts"_s, never);
-    // Enough to be recognised, too little to be shown.
-    server.on(u"/unmoving.ts"_s, stalling(liveTs(), 30000));
+    server->on(u"/stalling.ts"_s, stalling(liveTs(), fourSeconds));
+    server->on(u"/stalling.mp4"_s,
+               stalling(HttpReply::file(streamPath(u"film-faststart.mp4"_s)), fourSeconds));
+    // Enough to be recognized, too little to be shown.
+    server->on(u"/unmoving.ts"_s, stalling(liveTs(), 30000));
 
-    const QString stallingUrl = server.url(u"/stalling.ts"_s);
+    const QString stallingUrl = url(u"/stalling.ts"_s);
     stalled.player.play(stallingUrl, true);
     stopped.player.play(stallingUrl, true);
-    whenStill(stopped, stillLooks - 5, [this] { stopped.player.stop(); });
+    whenStill(stopped, stallTicks - 5, [this] { stopped.player.stop(); });
     replayed.player.play(stallingUrl, true);
-    whenStill(replayed, stillLooks - 5,
+    whenStill(replayed, stallTicks - 5,
               [this, stallingUrl] { replayed.player.play(stallingUrl, true); });
-    film.player.play(server.url(u"/stalling.mp4"_s), false);
-    paused.player.play(server.url(u"/live.ts"_s), true);
+    film.player.play(url(u"/stalling.mp4"_s), false);
+    paused.player.play(url(u"/live.ts"_s), true);
     connect(&paused.player, &VlcPlayer::playbackProgressing, this, [this] {
         if (paused.progress == 2) {
             paused.player.pause();
         }
     });
-    unanswered.player.play(server.url(u"/unanswered.ts"_s), true);
-    unmoving.player.play(server.url(u"/unmoving.ts"_s), true);
+    unanswered.player.play(url(u"/never.ts"_s), true);
+    unmoving.player.play(url(u"/unmoving.ts"_s), true);
 }
 
 void tst_VlcPlayerStall::aStreamThatNeverMovedIsNotJudged()
 {
-    QTRY_VERIFY_WITH_TIMEOUT(unmoving.stillPositions > stillLooks + 2, stallMs);
+    QTRY_VERIFY_WITH_TIMEOUT(unmoving.stillPositions > stallTicks + 2, stallMs);
     QVERIFY(unmoving.player.isPlaying());
     QCOMPARE(unmoving.progress, 0);
     QCOMPARE(unmoving.interruptions, QStringList());
@@ -110,8 +94,8 @@ void tst_VlcPlayerStall::aStreamThatNeverMovedIsNotJudged()
 
 void tst_VlcPlayerStall::anUnansweredStreamIsNotJudged()
 {
-    QTRY_VERIFY_WITH_TIMEOUT(unanswered.ticks > stillLooks + 2, stallMs);
-    QCOMPARE(server.openConnections(u"/unanswered.ts"_s), 1);
+    QTRY_VERIFY_WITH_TIMEOUT(unanswered.ticks > stallTicks + 2, stallMs);
+    QCOMPARE(server->openConnections(u"/never.ts"_s), 1);
     QCOMPARE(unanswered.positions, 0);
     QCOMPARE(unanswered.interruptions, QStringList());
 }
@@ -120,9 +104,8 @@ void tst_VlcPlayerStall::aPausedStreamIsNotJudged()
 {
     QTRY_VERIFY_WITH_TIMEOUT(paused.log.contains(u"paused"_s), stallMs);
     QTRY_VERIFY(!paused.player.isPlaying());
-    const int ticks = paused.ticks;
     const int progress = paused.progress;
-    QTRY_VERIFY_WITH_TIMEOUT(paused.ticks > ticks + stillLooks + 2, stallMs);
+    QVERIFY(paused.checksAgain(stallTicks + 3));
     QVERIFY(!paused.player.isPlaying());
     QCOMPARE(paused.progress, progress);
     QCOMPARE(paused.interruptions, QStringList());
@@ -131,42 +114,40 @@ void tst_VlcPlayerStall::aPausedStreamIsNotJudged()
 void tst_VlcPlayerStall::aStoppedStreamIsNotJudged()
 {
     QTRY_VERIFY_WITH_TIMEOUT(stopped.log.contains(u"stopped"_s), stallMs);
-    const int ticks = stopped.ticks;
-    QTRY_VERIFY_WITH_TIMEOUT(stopped.ticks > ticks + 10, stallMs);
+    QVERIFY(stopped.checksAgain(11));
     QCOMPARE(stopped.interruptions, QStringList());
 }
 
-void tst_VlcPlayerStall::aStalledFilmIsTold()
+void tst_VlcPlayerStall::aStalledFilmIsReported()
 {
     QTRY_COMPARE_WITH_TIMEOUT(film.interruptions, QStringList(stallReason), stallMs);
-    QCOMPARE(film.stillAtInterruption, QList<int>{stillLooks});
+    QCOMPARE(film.stillAtInterruption, QList<int>{stallTicks});
 }
 
-void tst_VlcPlayerStall::aSecondPlayCountsAnew()
+void tst_VlcPlayerStall::aSecondPlayStartsTheCountAgain()
 {
     QTRY_COMPARE_WITH_TIMEOUT(replayed.interruptions, QStringList(stallReason), stallMs);
-    QCOMPARE(replayed.stillAtInterruption, QList<int>{stillLooks});
+    QCOMPARE(replayed.stillAtInterruption, QList<int>{stallTicks});
     QCOMPARE(replayed.log.count(u"playing"_s), 2);
 }
 
-void tst_VlcPlayerStall::aStallIsToldOnceUntilTheStreamIsReplayed()
+void tst_VlcPlayerStall::aStallIsReportedOnceUntilTheStreamIsReplayed()
 {
     QTRY_COMPARE_WITH_TIMEOUT(stalled.interruptions, QStringList(stallReason), stallMs);
-    QCOMPARE(stalled.stillAtInterruption, QList<int>{stillLooks});
-    // As many looks again: it is not told again, though the stream still stands.
-    QTRY_VERIFY_WITH_TIMEOUT(stalled.stillPositions > 2 * stillLooks + 2, stallMs);
+    QCOMPARE(stalled.stillAtInterruption, QList<int>{stallTicks});
+    // The stream stands still for as long again, but that is not another report.
+    QTRY_VERIFY_WITH_TIMEOUT(stalled.stillPositions > 2 * stallTicks + 2, stallMs);
     QVERIFY(stalled.player.isPlaying());
     QCOMPARE(stalled.interruptions.size(), 1);
 
-    stalled.progress = 0;
-    stalled.player.play(server.url(u"/live.ts"_s), true);
-    QTRY_VERIFY_WITH_TIMEOUT(stalled.progress >= 2, stallMs);
+    stalled.player.play(url(u"/live.ts"_s), true);
+    QVERIFY(stalled.advances(2));
     QCOMPARE(stalled.interruptions.size(), 1);
 }
 
 int main(int argc, char **argv)
 {
-    keepVlcFromOpeningWindows(); // before the players that the test class holds
+    keepVlcFromOpeningWindows(); // before the class creates its players
     return runTestProgram<QApplication, tst_VlcPlayerStall>(argc, argv);
 }
 #include "tst_VlcPlayerStall.moc"

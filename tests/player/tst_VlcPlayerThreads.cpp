@@ -1,15 +1,8 @@
-#include "PlayerProbe.h"
-#include "fakeprovider/HttpServer.h"
-#include "fakeprovider/Streams.h"
-#include "player/MediaPlayer.h"
+#include "PlayerTest.h"
 #include "support/TestMain.h"
 
-#include <QTest>
 #include <QThread>
 #include <QWidget>
-
-#include <atomic>
-#include <memory>
 
 #include <sys/resource.h>
 
@@ -23,11 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What libVLC needs on a busy machine to open a stream.
-constexpr int openMs = 20000;
 constexpr int rounds = 8;
 
-/// While it lives, the process cannot open a file: libVLC finds no modules and does not start.
+/// Keeps the process from opening files, so that libVLC finds no modules and does not start.
 class NoMoreFiles
 {
 public:
@@ -46,40 +37,33 @@ private:
 
 } // namespace
 
-class tst_VlcPlayerThreads : public QObject
+class tst_VlcPlayerThreads : public PlayerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
+    void init() override;
     void cleanupTestCase() { keepsModulesLoaded.reset(); }
 
     void aBrokenStartMakesAPlayerThatDoesNothing();
-    void tellsOnItsOwnThread_data();
-    void tellsOnItsOwnThread();
-    void destroyedAtOnce_data();
+    void reportsOnTheGuiThread_data() { addFailingStreams(); }
+    void reportsOnTheGuiThread();
+    void destroyedAtOnce_data() { addStreams(); }
     void destroyedAtOnce();
-    void destroyedWhenTheServerIsAsked_data();
-    void destroyedWhenTheServerIsAsked();
-    void destroyedWithItsNewsUnderWay_data();
-    void destroyedWithItsNewsUnderWay();
+    void destroyedAfterTheRequest_data() { addStreams(); }
+    void destroyedAfterTheRequest();
+    void destroyedWithQueuedReports_data() { addFailingStreams(); }
+    void destroyedWithQueuedReports();
     void destroyedWhilePlaying();
-    void replacedAgainAndAgain();
+    void replacedRepeatedly();
 
 private:
-    void addStreams();
-    void addFailingStreams();
+    static void addStreams();
+    static void addFailingStreams();
 
-    std::unique_ptr<HttpServer> server;
-    /// libVLC reads its hundreds of modules anew for every player that is the only one.
+    /// libVLC reads its hundreds of modules again for every player that is the only one.
     std::unique_ptr<VlcPlayer> keepsModulesLoaded;
 };
-
-void tst_VlcPlayerThreads::initTestCase()
-{
-    keepVlcFromOpeningWindows();
-}
 
 void tst_VlcPlayerThreads::init()
 {
@@ -88,37 +72,20 @@ void tst_VlcPlayerThreads::init()
     if (!first && !keepsModulesLoaded) {
         keepsModulesLoaded = std::make_unique<VlcPlayer>(nullptr, nullptr);
     }
-    server = std::make_unique<HttpServer>();
-    server->on(u"/live.ts"_s, liveTs());
-    server->on(u"/film.mp4"_s, HttpReply::file(streamPath(u"film.mp4"_s)));
-    HttpReply never;
-    never.neverAnswer = true;
-    server->on(u"/never.ts"_s, never);
-    HttpReply stalls = liveTs();
-    stalls.bytesPerSecond = 0;
-    stalls.stallAfter = 100000;
-    server->on(u"/stalls.ts"_s, stalls);
-    HttpReply ends = liveTs();
-    ends.producer = [inner = ends.producer](qint64 offset) {
-        return offset < 30000 ? inner(offset) : QByteArray();
-    };
-    ends.bytesPerSecond = 0;
-    server->on(u"/ends.ts"_s, ends);
-    HttpReply empty;
-    empty.contentType = "video/mp2t"_ba;
-    server->on(u"/empty.ts"_s, empty);
+    PlayerTest::init();
+    server->on(u"/stalls.ts"_s, stalling(liveTs(), 100000));
+    server->on(u"/ends.ts"_s, endingStream());
+    server->on(u"/empty.ts"_s, bodyReply({}, "video/mp2t"_ba));
 }
 
 void tst_VlcPlayerThreads::addStreams()
 {
-    QTest::addColumn<QString>("path");
+    addFailingStreams();
     QTest::newRow("a channel") << u"/live.ts"_s;
-    QTest::newRow("a film") << u"/film.mp4"_s;
+    QTest::newRow("a film") << u"/files/film.mp4"_s;
     QTest::newRow("a server that never answers") << u"/never.ts"_s;
     QTest::newRow("a server that stalls") << u"/stalls.ts"_s;
-    QTest::newRow("a stream that ends") << u"/ends.ts"_s;
     QTest::newRow("an empty stream") << u"/empty.ts"_s;
-    QTest::newRow("a missing stream") << u"/missing.ts"_s;
 }
 
 void tst_VlcPlayerThreads::addFailingStreams()
@@ -128,14 +95,14 @@ void tst_VlcPlayerThreads::addFailingStreams()
     QTest::newRow("a missing stream") << u"/missing.ts"_s;
 }
 
-/// Stands first: libVLC must not have found its modules before.
+/// Must be the first test: libVLC must not have found its modules before.
 void tst_VlcPlayerThreads::aBrokenStartMakesAPlayerThatDoesNothing()
 {
 #ifdef NEEDS_FILES_ITSELF
     QSKIP("the sanitizer opens files to check virtual calls");
 #endif
     QWidget surface;
-    std::unique_ptr<PlayerProbe> probe;
+    probe.reset();
     {
         const NoMoreFiles noMoreFiles;
         probe = std::make_unique<PlayerProbe>(&surface);
@@ -143,7 +110,7 @@ void tst_VlcPlayerThreads::aBrokenStartMakesAPlayerThatDoesNothing()
     VlcPlayer &player = probe->player;
     QCOMPARE(player.mediaInfoText(), u"No player."_s);
 
-    player.play(server->url(u"/film.mp4"_s), false);
+    player.play(url(u"/files/film.mp4"_s), false);
     player.pause();
     player.togglePause();
     player.setVolume(50);
@@ -157,7 +124,7 @@ void tst_VlcPlayerThreads::aBrokenStartMakesAPlayerThatDoesNothing()
     player.attachToWidget();
     player.reattach();
     player.stop();
-    QTRY_VERIFY(probe->ticks >= 2);
+    QVERIFY(probe->checksAgain(2));
 
     QVERIFY(!player.isPlaying());
     QCOMPARE(player.volume(), 0);
@@ -177,80 +144,48 @@ void tst_VlcPlayerThreads::aBrokenStartMakesAPlayerThatDoesNothing()
     QCOMPARE(server->requestCount(), 0);
 }
 
-void tst_VlcPlayerThreads::tellsOnItsOwnThread_data()
-{
-    addFailingStreams();
-}
-
-void tst_VlcPlayerThreads::tellsOnItsOwnThread()
+void tst_VlcPlayerThreads::reportsOnTheGuiThread()
 {
     QFETCH(QString, path);
     QThread *emitter = nullptr;
-    VlcPlayer player(nullptr, nullptr);
     connect(
-        &player, &VlcPlayer::playbackInterrupted, this,
+        &probe->player, &VlcPlayer::playbackInterrupted, this,
         [&emitter] { emitter = QThread::currentThread(); }, Qt::DirectConnection);
-    player.play(server->url(path), true);
+    play(path, true);
     QTRY_VERIFY_WITH_TIMEOUT(emitter != nullptr, openMs);
     QCOMPARE(emitter, thread());
-}
-
-void tst_VlcPlayerThreads::destroyedAtOnce_data()
-{
-    addStreams();
 }
 
 void tst_VlcPlayerThreads::destroyedAtOnce()
 {
     QFETCH(QString, path);
     for (int round = 0; round < rounds; ++round) {
-        PlayerProbe probe;
-        probe.player.play(server->url(path), true);
+        probe = std::make_unique<PlayerProbe>();
+        play(path, true);
+        probe.reset();
     }
     QTRY_COMPARE(server->openConnections(), 0);
 }
 
-void tst_VlcPlayerThreads::destroyedWhenTheServerIsAsked_data()
-{
-    addStreams();
-}
-
-void tst_VlcPlayerThreads::destroyedWhenTheServerIsAsked()
+void tst_VlcPlayerThreads::destroyedAfterTheRequest()
 {
     QFETCH(QString, path);
     for (int round = 0; round < rounds; ++round) {
         server->clearRequests();
-        PlayerProbe probe;
-        probe.player.play(server->url(path), true);
+        probe = std::make_unique<PlayerProbe>();
+        play(path, true);
         QTRY_VERIFY_WITH_TIMEOUT(server->requestCount(path) > 0, openMs);
+        probe.reset();
     }
     QTRY_COMPARE(server->openConnections(), 0);
 }
 
-void tst_VlcPlayerThreads::destroyedWithItsNewsUnderWay_data()
-{
-    addFailingStreams();
-}
-
-void tst_VlcPlayerThreads::destroyedWithItsNewsUnderWay()
+void tst_VlcPlayerThreads::destroyedWithQueuedReports()
 {
     QFETCH(QString, path);
     for (int round = 0; round < rounds; ++round) {
-        std::atomic<bool> told = false;
-        auto probe = std::make_unique<PlayerProbe>();
-        const auto *source = probe->player.findChild<MediaPlayer *>();
-        for (const auto signal : {&MediaPlayer::failed, &MediaPlayer::ended}) {
-            connect(
-                source, signal, this,
-                [&told] {
-                    told = true;
-                    told.notify_one();
-                },
-                Qt::DirectConnection);
-        }
-        probe->player.play(server->url(path), true);
-        // This thread handles no event, so that the news is still in its queue.
-        told.wait(false);
+        probe = std::make_unique<PlayerProbe>();
+        playUntilReported(path, true);
         QCOMPARE(probe->interruptions, QStringList());
         probe.reset();
         QCoreApplication::processEvents();
@@ -260,30 +195,29 @@ void tst_VlcPlayerThreads::destroyedWithItsNewsUnderWay()
 void tst_VlcPlayerThreads::destroyedWhilePlaying()
 {
     for (int round = 0; round < 3; ++round) {
-        PlayerProbe probe;
-        probe.player.play(server->url(u"/live.ts"_s), true);
-        QTRY_VERIFY_WITH_TIMEOUT(probe.positions > 0, openMs);
+        probe = std::make_unique<PlayerProbe>();
+        play(u"/live.ts"_s, true);
+        QTRY_VERIFY_WITH_TIMEOUT(probe->positions > 0, openMs);
+        probe.reset();
     }
     QTRY_COMPARE(server->openConnections(), 0);
 }
 
-void tst_VlcPlayerThreads::replacedAgainAndAgain()
+void tst_VlcPlayerThreads::replacedRepeatedly()
 {
-    const QStringList paths{u"/live.ts"_s,  u"/never.ts"_s, u"/missing.ts"_s, u"/stalls.ts"_s,
-                            u"/film.mp4"_s, u"/empty.ts"_s, u"/ends.ts"_s};
-    PlayerProbe probe;
+    const QStringList paths{u"/live.ts"_s,        u"/never.ts"_s, u"/missing.ts"_s, u"/stalls.ts"_s,
+                            u"/files/film.mp4"_s, u"/empty.ts"_s, u"/ends.ts"_s};
     for (int round = 0; round < 10; ++round) {
         for (const QString &path : paths) {
             server->clearRequests();
-            probe.player.play(server->url(path), true);
+            play(path, true);
             if (round % 2 == 0) {
                 QTRY_VERIFY_WITH_TIMEOUT(server->requestCount(path) > 0, openMs);
             }
         }
     }
-    probe.progress = 0;
-    probe.player.play(server->url(u"/live.ts"_s), true);
-    QTRY_VERIFY_WITH_TIMEOUT(probe.progress >= 2, openMs);
+    play(u"/live.ts"_s, true);
+    QVERIFY(probe->advances(2));
     QCOMPARE(server->openConnections(), 1);
 }
 

@@ -1,22 +1,23 @@
-#include "PlayerProbe.h"
-#include "fakeprovider/HttpServer.h"
+#include "PlayerTest.h"
 #include "player/StreamUrl.h"
 #include "support/TestMain.h"
-
-#include <QTest>
+#include "support/TraceCapture.h"
 
 using namespace Qt::StringLiterals;
 
-/// What of a URL reaches the server.
-class tst_VlcPlayerUrls : public QObject
+/// How a URL reaches the server and the trace. Runs with VANTIRO_NET_DEBUG set.
+class tst_VlcPlayerUrls : public PlayerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { keepVlcFromOpeningWindows(); }
     void requests_data();
     void requests();
-    void encodesOnlyWhatNoUrlMayHold();
+    void encodesOnlyInvalidCharacters();
+    void traces_data();
+    void traces();
+    void tracesEveryPlay();
+    void tracesNothingElse();
 };
 
 void tst_VlcPlayerUrls::requests_data()
@@ -27,19 +28,15 @@ void tst_VlcPlayerUrls::requests_data()
     const auto row = [](const char *name, const QString &given, const QString &requested) {
         QTest::newRow(name) << given << requested;
     };
-    row("a blank in the path", u"/my news.ts"_s, u"/my%20news.ts"_s);
-    row("a vertical bar in the path", u"/a.ts|User-Agent=x"_s, u"/a.ts%7CUser-Agent=x"_s);
-    row("quotation marks in the path", u"/\"a\".ts"_s, u"/%22a%22.ts"_s);
-    row("brackets in the path", u"/<a>{b}.ts"_s, u"/%3Ca%3E%7Bb%7D.ts"_s);
-    row("a circumflex and a backquote in the path", u"/a^b`c.ts"_s, u"/a%5Eb%60c.ts"_s);
-    row("a backslash in the path", u"/a\\b.ts"_s, u"/a%5Cb.ts"_s);
-    row("a control character in the path", u"/a\tb\x7f.ts"_s, u"/a%09b%7F.ts"_s);
-    row("a blank in the query", u"/a.ts?q=my news"_s, u"/a.ts?q=my%20news"_s);
-    row("all others in the query", u"/a.ts?q=\"<>\\^`{|}"_s,
+    row("a space in the path", u"/my news.ts"_s, u"/my%20news.ts"_s);
+    row("the others in the path", u"/a.ts|\"<>{}^`\\\t\x7f"_s,
+        u"/a.ts%7C%22%3C%3E%7B%7D%5E%60%5C%09%7F"_s);
+    row("a space in the query", u"/a.ts?q=my news"_s, u"/a.ts?q=my%20news"_s);
+    row("the others in the query", u"/a.ts?q=\"<>\\^`{|}"_s,
         u"/a.ts?q=%22%3C%3E%5C%5E%60%7B%7C%7D"_s);
-    row("what is encoded stays", u"/a%20b%7c.ts?q=%22"_s, u"/a%20b%7c.ts?q=%22"_s);
+    row("encoded characters stay", u"/a%20b%7c.ts?q=%22"_s, u"/a%20b%7c.ts?q=%22"_s);
     row("a percent sign stays", u"/a.ts?q=100%&r=%zz"_s, u"/a.ts?q=100%&r=%zz"_s);
-    row("what a URL may hold stays", u"/a'(b)[c]*!$,;:@&=+~-_.ts?q=a+b&r=[1]"_s,
+    row("valid characters stay", u"/a'(b)[c]*!$,;:@&=+~-_.ts?q=a+b&r=[1]"_s,
         u"/a'(b)[c]*!$,;:@&=+~-_.ts?q=a+b&r=[1]"_s);
 }
 
@@ -47,14 +44,12 @@ void tst_VlcPlayerUrls::requests()
 {
     QFETCH(QString, given);
     QFETCH(QString, requested);
-    HttpServer server;
-    PlayerProbe probe;
-    probe.player.play(server.url(given), true);
-    QTRY_VERIFY_WITH_TIMEOUT(server.requestCount() > 0, 20000);
-    QCOMPARE(server.requests().constFirst().target, requested);
+    play(given, true);
+    QTRY_VERIFY_WITH_TIMEOUT(server->requestCount() > 0, openMs);
+    QCOMPARE(server->requests().constFirst().target, requested);
 }
 
-void tst_VlcPlayerUrls::encodesOnlyWhatNoUrlMayHold()
+void tst_VlcPlayerUrls::encodesOnlyInvalidCharacters()
 {
     const QString allowed = u"!#$%&'()*+,-./0123456789:;=?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[]_"
                             "abcdefghijklmnopqrstuvwxyz~"_s;
@@ -65,6 +60,59 @@ void tst_VlcPlayerUrls::encodesOnlyWhatNoUrlMayHold()
                  allowed.contains(character) ? QByteArray(1, static_cast<char>(code)) : encoded);
     }
     QCOMPARE(requestableUrl(u"üж€\U0001F600\u0085"_s), u"üж€\U0001F600\u0085"_s.toUtf8());
+}
+
+void tst_VlcPlayerUrls::traces_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("shown");
+
+    QTest::newRow("a URL without credentials")
+        << u"/news/1.m3u8?quality=high"_s << u"/news/1.m3u8?quality=high"_s;
+    QTest::newRow("the password of a channel")
+        << u"/live/anna/s3cr3t-live/17.ts"_s << u"/live/anna/***/17.ts"_s;
+    QTest::newRow("the password of a film")
+        << u"/movie/anna/s3cr3t-movie/18.mp4"_s << u"/movie/anna/***/18.mp4"_s;
+    QTest::newRow("the password of an episode")
+        << u"/series/anna/s3cr3t-series/19.mkv"_s << u"/series/anna/***/19.mkv"_s;
+    QTest::newRow("an encoded password")
+        << u"/live/anna/s3cr3t%20and%2Fmore/17.ts"_s << u"/live/anna/***/17.ts"_s;
+    QTest::newRow("a password in the query")
+        << u"/get?username=anna&password=s3cr3t-query"_s << u"/get?username=anna&password=***"_s;
+}
+
+void tst_VlcPlayerUrls::traces()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, shown);
+    TraceCapture capture;
+    play(path, true);
+    // A space follows every item of the line.
+    QCOMPARE(capture.take(), u"[VLC] play -> "_s + url(shown) + u" \n"_s);
+    // The server gets the URL unredacted.
+    QTRY_VERIFY_WITH_TIMEOUT(server->requestCount() > 0, openMs);
+    QCOMPARE(server->requests().constFirst().target, path);
+}
+
+void tst_VlcPlayerUrls::tracesEveryPlay()
+{
+    TraceCapture capture;
+    const QString url = u"file:///nowhere/film.mp4"_s;
+    probe->player.play(url, false);
+    probe->player.play(url, false);
+    QCOMPARE(capture.take(), u"[VLC] play -> file:///nowhere/film.mp4 \n"_s.repeated(2));
+}
+
+void tst_VlcPlayerUrls::tracesNothingElse()
+{
+    probe->player.play(u"file:///nowhere/film.mp4"_s, true);
+    TraceCapture capture;
+    QTRY_COMPARE(probe->interruptions.size(), 1);
+    probe->player.pause();
+    probe->player.togglePause();
+    probe->player.seekRelative(1000);
+    probe->player.stop();
+    QCOMPARE(capture.take(), QString());
 }
 
 VANTIRO_TEST_MAIN(tst_VlcPlayerUrls)

@@ -1,10 +1,7 @@
-#include "PlayerProbe.h"
-#include "fakeprovider/HttpServer.h"
-#include "fakeprovider/Streams.h"
+#include "PlayerTest.h"
 #include "support/TestMain.h"
 
 #include <QRegularExpression>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -12,8 +9,6 @@ namespace {
 
 using Tracks = QList<VlcPlayer::Track>;
 
-/// What libVLC needs on a busy machine to open a stream.
-constexpr int openMs = 20000;
 const Tracks sounds{{1, u"English - [English]"_s}, {2, u"Deutsch - [German]"_s}};
 const Tracks subtitles{{3, u"English - [English]"_s}, {4, u"Français - [French]"_s}};
 
@@ -23,7 +18,7 @@ const QString statistics =
 const QString videoBlock = u"Video codec: h264\nResolution: 320x180\nFrame rate: %1 fps\n\n"_s;
 const QString audioBlock = u"Audio codec: %1\nSample rate: 48000 Hz\nChannels: %2\n\n"_s;
 
-/// The summary with its statistics, which nobody can foretell, as "#".
+/// The summary with the figures of its statistics replaced by "#".
 QString summary(const VlcPlayer &player)
 {
     QString text = player.mediaInfoText();
@@ -34,15 +29,11 @@ QString summary(const VlcPlayer &player)
 
 } // namespace
 
-class tst_VlcTracks : public QObject
+class tst_VlcTracks : public PlayerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { keepVlcFromOpeningWindows(); }
-    void init();
-    void cleanup() { probe.reset(); }
-
     void namesACodec_data();
     void namesACodec();
     void withoutAStream();
@@ -50,33 +41,48 @@ private Q_SLOTS:
     void listsTracks();
     void choosesASound();
     void choosesSubtitles();
-    void switchesSubtitlesOffAndOn();
-    void switchingOnWithoutARememberedTrackChangesNothing();
-    void switchingOffTwiceForgetsTheTrack();
+    void switchesSubtitlesOn_data();
+    void switchesSubtitlesOn();
     void loadsASubtitleFile();
-    void aSubtitleFileReplacesTheRememberedTrack();
+    void aSubtitleFileReplacesTheSavedTrack();
     void summarizes_data();
     void summarizes();
     void summaryMarksTheChosenTracks();
     void afterStop();
 
 private:
-    void play(const QString &stream);
-
-    HttpServer server;
-    std::unique_ptr<PlayerProbe> probe;
+    /// Plays one of the generated streams until its tracks are known.
+    void open(const QString &stream = u"tracks.mkv"_s);
+    /// Selects subtitles as the menu does.
+    void select(int subtitleTrack);
+    void switchOff();
+    /// Enables subtitles and lets libVLC report what follows from it.
+    void switchOn();
 };
 
-void tst_VlcTracks::init()
+void tst_VlcTracks::open(const QString &stream)
 {
-    server.serveDirectory(u"/"_s, streamPath({}));
-    probe = std::make_unique<PlayerProbe>();
+    play(u"/files/"_s + stream);
+    QTRY_VERIFY_WITH_TIMEOUT(probe->positions >= 3, openMs);
 }
 
-void tst_VlcTracks::play(const QString &stream)
+void tst_VlcTracks::select(int subtitleTrack)
 {
-    probe->player.play(server.url(u'/' + stream), false);
-    QTRY_VERIFY_WITH_TIMEOUT(probe->positions >= 3, openMs);
+    probe->player.setSubtitleTrack(subtitleTrack);
+    QTRY_COMPARE(probe->player.currentSubtitleTrack(), subtitleTrack);
+}
+
+void tst_VlcTracks::switchOff()
+{
+    probe->player.setSubtitlesEnabled(false);
+    QTRY_COMPARE(probe->player.currentSubtitleTrack(), -1);
+}
+
+void tst_VlcTracks::switchOn()
+{
+    probe->player.setSubtitlesEnabled(true);
+    const int positions = probe->positions;
+    QTRY_VERIFY(probe->positions >= positions + 2);
 }
 
 void tst_VlcTracks::namesACodec_data()
@@ -85,13 +91,13 @@ void tst_VlcTracks::namesACodec_data()
     QTest::addColumn<QString>("name");
 
     QTest::newRow("four letters") << "h264"_ba << u"h264"_s;
-    QTest::newRow("padded with a blank") << "mp3 "_ba << u"mp3"_s;
-    QTest::newRow("blanks on both sides") << " ac "_ba << u"ac"_s;
-    QTest::newRow("a blank inside stays") << "a  b"_ba << u"a  b"_s;
+    QTest::newRow("padded with a space") << "mp3 "_ba << u"mp3"_s;
+    QTest::newRow("spaces on both sides") << " ac "_ba << u"ac"_s;
+    QTest::newRow("a space inside stays") << "a  b"_ba << u"a  b"_s;
     QTest::newRow("ends at a zero byte") << QByteArray("a5\0x", 4) << u"a5"_s;
     QTest::newRow("a zero byte first") << QByteArray("\0abc", 4) << QString();
     QTest::newRow("nothing") << QByteArray(4, '\0') << QString();
-    QTest::newRow("only blanks") << "    "_ba << QString();
+    QTest::newRow("only spaces") << "    "_ba << QString();
     QTest::newRow("Latin-1") << "\xe4\xff\x80z"_ba << u"\u00e4\u00ff\u0080z"_s;
 }
 
@@ -123,18 +129,15 @@ void tst_VlcTracks::withoutAStream()
 
 void tst_VlcTracks::beforeTheStreamOpens()
 {
-    HttpReply never;
-    never.neverAnswer = true;
-    server.on(u"/never.ts"_s, never);
-    probe->player.play(server.url(u"/never.ts"_s), true);
-    QTRY_COMPARE(server.openConnections(u"/never.ts"_s), 1);
+    play(u"/never.ts"_s, true);
+    QTRY_COMPARE(server->openConnections(u"/never.ts"_s), 1);
     QCOMPARE(summary(probe->player), statistics);
     QCOMPARE(probe->player.audioTracks(), Tracks());
 }
 
 void tst_VlcTracks::listsTracks()
 {
-    play(u"tracks.mkv"_s);
+    open();
     const VlcPlayer &player = probe->player;
     QCOMPARE(player.audioTracks(), sounds);
     QCOMPARE(player.subtitleTracks(), subtitles);
@@ -146,82 +149,61 @@ void tst_VlcTracks::listsTracks()
 
 void tst_VlcTracks::choosesASound()
 {
-    play(u"tracks.mkv"_s);
-    probe->player.setAudioTrack(2);
-    QTRY_COMPARE(probe->player.currentAudioTrack(), 2);
-    probe->player.setAudioTrack(-1);
-    QTRY_COMPARE(probe->player.currentAudioTrack(), -1);
-    QCOMPARE(probe->player.audioTracks(), sounds);
-    probe->player.setAudioTrack(1);
-    QTRY_COMPARE(probe->player.currentAudioTrack(), 1);
+    open();
+    for (const int track : {2, -1, 1}) {
+        probe->player.setAudioTrack(track);
+        QTRY_COMPARE(probe->player.currentAudioTrack(), track);
+        QCOMPARE(probe->player.audioTracks(), sounds);
+    }
 }
 
 void tst_VlcTracks::choosesSubtitles()
 {
-    play(u"tracks.mkv"_s);
-    probe->player.setSubtitleTrack(4);
-    QTRY_COMPARE(probe->player.currentSubtitleTrack(), 4);
-    QVERIFY(probe->player.subtitlesEnabled());
-    probe->player.setSubtitleTrack(-1);
-    QTRY_COMPARE(probe->player.currentSubtitleTrack(), -1);
-    QVERIFY(!probe->player.subtitlesEnabled());
-    QVERIFY(probe->player.hasSubtitles());
-    QCOMPARE(probe->player.subtitleTracks(), subtitles);
+    open();
+    for (const int track : {4, -1}) {
+        select(track);
+        QCOMPARE(probe->player.subtitlesEnabled(), track != -1);
+        QVERIFY(probe->player.hasSubtitles());
+        QCOMPARE(probe->player.subtitleTracks(), subtitles);
+    }
 }
 
-void tst_VlcTracks::switchesSubtitlesOffAndOn()
+void tst_VlcTracks::switchesSubtitlesOn_data()
 {
-    play(u"tracks.mkv"_s);
-    VlcPlayer &player = probe->player;
-    player.setSubtitleTrack(4);
-    QTRY_COMPARE(player.currentSubtitleTrack(), 4);
-    player.setSubtitlesEnabled(false);
-    QTRY_COMPARE(player.currentSubtitleTrack(), -1);
-    player.setSubtitlesEnabled(true);
-    QTRY_COMPARE(player.currentSubtitleTrack(), 4);
+    QTest::addColumn<QList<int>>("selected");
+    QTest::addColumn<int>("timesOff");
+    QTest::addColumn<int>("track");
+
+    QTest::newRow("restores the track") << QList<int>{4} << 1 << 4;
+    QTest::newRow("changes nothing without a saved track") << QList<int>{} << 0 << -1;
+    QTest::newRow("saves that none is selected") << QList<int>{3, -1} << 0 << -1;
+    QTest::newRow("switching off twice forgets the track") << QList<int>{3} << 2 << -1;
 }
 
-void tst_VlcTracks::switchingOnWithoutARememberedTrackChangesNothing()
+void tst_VlcTracks::switchesSubtitlesOn()
 {
-    play(u"tracks.mkv"_s);
-    VlcPlayer &player = probe->player;
-    const auto staysOff = [this, &player] {
-        player.setSubtitlesEnabled(true);
-        const int positions = probe->positions;
-        QTRY_VERIFY(probe->positions > positions);
-        QCOMPARE(player.currentSubtitleTrack(), -1);
-    };
-    staysOff();
-    player.setSubtitleTrack(3);
-    QTRY_COMPARE(player.currentSubtitleTrack(), 3);
-    player.setSubtitleTrack(-1); // is remembered as well
-    QTRY_COMPARE(player.currentSubtitleTrack(), -1);
-    staysOff();
-}
-
-void tst_VlcTracks::switchingOffTwiceForgetsTheTrack()
-{
-    play(u"tracks.mkv"_s);
-    VlcPlayer &player = probe->player;
-    player.setSubtitleTrack(3);
-    QTRY_COMPARE(player.currentSubtitleTrack(), 3);
-    player.setSubtitlesEnabled(false);
-    QTRY_COMPARE(player.currentSubtitleTrack(), -1);
-    player.setSubtitlesEnabled(false);
-    player.setSubtitlesEnabled(true);
-    const int positions = probe->positions;
-    QTRY_VERIFY(probe->positions > positions);
-    QCOMPARE(player.currentSubtitleTrack(), -1);
+    QFETCH(const QList<int>, selected);
+    QFETCH(int, timesOff);
+    QFETCH(int, track);
+    open();
+    for (const int each : selected) {
+        select(each);
+    }
+    for (int times = 0; times < timesOff; ++times) {
+        switchOff();
+    }
+    switchOn();
+    QTRY_COMPARE(probe->player.currentSubtitleTrack(), track);
 }
 
 void tst_VlcTracks::loadsASubtitleFile()
 {
-    // A name that must be encoded on its way to libVLC.
+    // The name must be encoded for libVLC.
     QTemporaryDir directory;
     const QString path = directory.filePath(u"Ünter titel #1 100%25.srt"_s);
     QVERIFY(QFile::copy(streamPath(u"subtitles.srt"_s), path));
 
-    play(u"tracks.mkv"_s);
+    open();
     VlcPlayer &player = probe->player;
     player.loadSubtitleFile(path);
     QTRY_COMPARE_WITH_TIMEOUT(player.subtitleTracks().size(), 3, openMs);
@@ -230,9 +212,8 @@ void tst_VlcTracks::loadsASubtitleFile()
     QTRY_COMPARE_WITH_TIMEOUT(player.currentSubtitleTrack(), withFile.last().first, openMs);
     QVERIFY(player.subtitlesEnabled());
 
-    player.setSubtitlesEnabled(false);
-    QTRY_COMPARE(player.currentSubtitleTrack(), -1);
-    player.setSubtitlesEnabled(true);
+    switchOff();
+    switchOn();
     QTRY_COMPARE(player.currentSubtitleTrack(), withFile.last().first);
 
     player.loadSubtitleFile(directory.filePath(u"missing.srt"_s));
@@ -241,22 +222,17 @@ void tst_VlcTracks::loadsASubtitleFile()
     QCOMPARE(player.subtitleTracks(), withFile);
 }
 
-void tst_VlcTracks::aSubtitleFileReplacesTheRememberedTrack()
+void tst_VlcTracks::aSubtitleFileReplacesTheSavedTrack()
 {
-    play(u"tracks.mkv"_s);
+    open();
     VlcPlayer &player = probe->player;
-    player.setSubtitleTrack(3);
-    QTRY_COMPARE(player.currentSubtitleTrack(), 3);
-    player.setSubtitlesEnabled(false);
-    QTRY_COMPARE(player.currentSubtitleTrack(), -1);
+    select(3);
+    switchOff();
     player.loadSubtitleFile(streamPath(u"subtitles.srt"_s));
     QTRY_COMPARE_WITH_TIMEOUT(player.subtitleTracks().size(), 3, openMs);
     const int file = player.subtitleTracks().last().first;
     QTRY_COMPARE_WITH_TIMEOUT(player.currentSubtitleTrack(), file, openMs);
-
-    player.setSubtitlesEnabled(true);
-    const int positions = probe->positions;
-    QTRY_VERIFY(probe->positions >= positions + 2);
+    switchOn();
     QCOMPARE(player.currentSubtitleTrack(), file);
 }
 
@@ -289,16 +265,15 @@ void tst_VlcTracks::summarizes()
 {
     QFETCH(QString, stream);
     QFETCH(QString, text);
-    play(stream);
+    open(stream);
     QCOMPARE(summary(probe->player), text);
 }
 
 void tst_VlcTracks::summaryMarksTheChosenTracks()
 {
-    play(u"tracks.mkv"_s);
+    open();
     probe->player.setAudioTrack(2);
-    probe->player.setSubtitleTrack(3);
-    QTRY_COMPARE(probe->player.currentSubtitleTrack(), 3);
+    select(3);
     const QString text = summary(probe->player);
     QVERIFY2(text.contains(u"Audio tracks:\n  [ ] Disable\n  [ ] English - [English]\n"
                            "  [*] Deutsch - [German]\n\n"
@@ -309,7 +284,7 @@ void tst_VlcTracks::summaryMarksTheChosenTracks()
 
 void tst_VlcTracks::afterStop()
 {
-    play(u"tracks.mkv"_s);
+    open();
     probe->player.stop();
     QCOMPARE(probe->player.audioTracks(), Tracks());
     QCOMPARE(probe->player.subtitleTracks(), Tracks());
