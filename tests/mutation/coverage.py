@@ -1,6 +1,5 @@
-"""Which test runs which lines of `src/`: measured once and kept until the sources change."""
+"""Which test executes which lines of `src/`: measured once and kept until the sources change."""
 
-import concurrent.futures
 import contextlib
 import hashlib
 import json
@@ -13,18 +12,18 @@ from pathlib import Path
 
 import workspace
 
-_INCLUDE = re.compile(r'^#include "((?:app|model|player|providers|ui)/[^"]+\.h)"', re.MULTILINE)
+_INCLUDE = re.compile(r'^#include "([^"]+\.h)"', re.MULTILINE)
 _CONSTANT = re.compile(r"\b(?:constexpr|const|constinit)\b[^=(){}]*?\b(\w+)\s*(?:=|\{)")
 
 
-# Seconds from which on a program's functions are run one by one, so that a mutant meets only those
-# that run its line.
+# A program that takes longer (in seconds) is measured function by function, so that a mutant runs
+# only the functions that execute its line.
 SLOW = 4
 
 
 class Coverage:
-    """Tests by line, and how long each takes. A test's name is that of its program, followed by
-    that of its function if it is run alone."""
+    """Tests by line, and how long each takes. A test's name is that of its program, followed by the
+    function's if that is run alone."""
 
     def __init__(self, data):
         self._lines = data["lines"]
@@ -32,8 +31,8 @@ class Coverage:
         self.broken = data["broken"]
 
     def tests(self, file, line, text):
-        """The names of the tests that run a line of `file`, whose text is `text`. None if nothing
-        is ever run there: a declaration, or code for another system."""
+        """The names of the tests that execute a line of `file`, which holds `text`. None if the line
+        has no code: a declaration, or code for another system."""
         lines = self._lines.get(file, {})
         found = lines.get(str(line))
         if found is not None:
@@ -41,35 +40,32 @@ class Coverage:
         constant = _CONSTANT.search(text.splitlines()[line - 1])
         if not constant:
             return None
-        # A constant has no code of its own. Its users have.
+        # A constant has no code, but its users have.
         name = re.compile(rf"\b{constant.group(1)}\b")
         users = [number for number, used in enumerate(text.splitlines(), 1) if name.search(used)]
         return set().union(*(lines.get(str(number), ()) for number in users)) or None
 
 
 def sources_key(source, tests):
-    """A name for what the sources hold and the tests that are used."""
+    """A key for the contents of the sources and the selected tests."""
     digest = hashlib.sha256(tests.encode())
     for path in sorted(source.rglob("*")):
         relative = str(path.relative_to(source))
         if relative.startswith("tests/mutation/") or not path.is_file():
             continue
-        if relative.startswith(("src/", "fakeprovider/", "tests/", "demo/", "cmake/", "CMake")):
+        if relative.startswith(("src/", "tests/", "fakeprovider/", "cmake/", "CMake")):
             digest.update(f"{relative}\n{hashlib.sha256(path.read_bytes()).hexdigest()}\n".encode())
     return digest.hexdigest()[:16]
 
 
 def measured(space, folder, tests, jobs):
-    """The coverage of the sources in `space`, from `folder` if it was measured before.
-    `tests` is the expression that chose the tests."""
+    """The coverage of the sources in `space`, from `folder` if it was measured before. `tests` is the
+    expression that selects the tests."""
     kept = folder / f"coverage-{sources_key(space.source, tests)}.json"
     if not kept.is_file():
-        print("Measuring which test runs which lines ...", flush=True)
-        space.configure()
-        if not space.build(jobs=jobs, quiet=False):
-            raise SystemExit("scripts/mutate: the build fails without any mutant")
-        data = _measure(space, jobs)
-        kept.write_text(json.dumps(data))
+        print("Measuring which test executes which lines ...", flush=True)
+        space.prepare(jobs)
+        kept.write_text(json.dumps(_measure(space, jobs)))
     return Coverage(json.loads(kept.read_text()))
 
 
@@ -83,8 +79,8 @@ def _measure(space, jobs):
                 held.enter_context(locks[lock])
             return test.program, *_measure_program(space, test)
 
-    with concurrent.futures.ThreadPoolExecutor(jobs) as pool, space.interrupted(pool):
-        for program, result, runs in pool.map(measure, space.tests().values()):
+    with workspace.pool([space], jobs) as pool:
+        for program, result, runs in pool.map(measure, space.programs().values()):
             print(f"  {program}: {result}, {sum(run[1] for run in runs):.1f} s", flush=True)
             if result != workspace.PASSED:
                 broken[program] = result
@@ -94,7 +90,7 @@ def _measure(space, jobs):
                 _add(lines, name, counts)
     for name in seconds:
         for header in _headers_of(space.source, name.split()[0]):
-            # What is inline is compiled into the test itself, where nothing counts it.
+            # Inline code is compiled into the test, which is not instrumented.
             counts = dict.fromkeys(lines.get(f"src/{header}", {}), 1)
             _add(lines, name, {f"src/{header}": counts})
     return {"lines": lines, "seconds": seconds, "broken": broken}
@@ -110,7 +106,7 @@ def _add(lines, name, counts):
 
 
 def _measure_program(space, test):
-    """How the program ends, and its name, seconds and counts: of the whole, or of each function."""
+    """The program's result, and names, seconds and counts of its runs: one, or one per function."""
     result, *whole = _measure_run(space, test)
     if result != workspace.PASSED or whole[0] < SLOW:
         return result, [(test.program, *whole)]
@@ -118,7 +114,7 @@ def _measure_program(space, test):
     for function in test.functions():
         alone, *run = _measure_run(space, test.alone(function))
         if alone != workspace.PASSED:
-            return result, [(test.program, *whole)]  # its functions go on from each other
+            return result, [(test.program, *whole)]  # its functions depend on each other
         runs.append((f"{test.program} {function}", *run))
     return result, runs or [(test.program, *whole)]
 
@@ -139,9 +135,9 @@ def _headers_of(source, test):
 
 
 def _counted(space, counts):
-    """How often each line of `src/` was run, as gcov tells it."""
+    """How often each line of `src/` was executed, from gcov."""
     found = {}
-    data = [path for path in counts.rglob("*.gcda")]
+    data = list(counts.rglob("*.gcda"))
     for path in data:
         notes = path.relative_to(counts).with_suffix(".gcno")
         path.with_suffix(".gcno").symlink_to(space.build_dir / notes)
@@ -168,6 +164,6 @@ def _counted(space, counts):
 
 
 def _project_path(file):
-    """The path below the project of what gcov names, with ccache's way of writing it or without."""
+    """The path in the project of a file in gcov's output, whose form depends on ccache."""
     match = re.search(r"(?:^|/)(src/.*)$", str(Path(file)))
     return match.group(1) if match else None

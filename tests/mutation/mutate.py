@@ -1,19 +1,19 @@
-"""Breaks lines of `src/` one at a time and tells which changes no test notices.
+"""Breaks lines of `src/` one at a time and reports which changes no test notices.
 
-Each mutant is compiled in a copy of the sources and tested by the tests that run its line, the
-fastest first, until one fails. End-to-end tests are asked only where no other test runs the line.
+Each mutant is compiled in a copy of the sources and run against the tests that execute its line,
+the fastest first, until one fails. End-to-end tests run only where no other test executes the line.
 The same seed takes the same mutants while the sources stay the same.
 
-Exits with 1 if a mutant survives or a mutant's line is run by no test.
+Exits with 1 if a mutant survives or no test executes a mutant's line.
 """
 
 import argparse
 import concurrent.futures
 import fnmatch
+import queue
 import random
 import signal
 import sys
-import threading
 import time
 from collections import Counter
 from pathlib import Path
@@ -23,30 +23,22 @@ import operators
 import workspace
 
 KILLED, SURVIVED, TIMEOUT = "killed", "survived", "timeout"
-UNCOVERED, INVALID, STOPPED = "not covered", "not a mutant", "stopped"
-_FIRST_PORT = 18500  # of the tests' subscription service; each job has one of its own
+UNCOVERED, INVALID = "not covered", "not a mutant"
 
 
 def arguments(words):
     parser = argparse.ArgumentParser(prog="scripts/mutate", description=__doc__.split("\n\n")[0])
     parser.add_argument("--count", type=int, help="how many mutants (200, or all of --lines)")
-    parser.add_argument("--seed", type=int, default=1, help="takes other mutants (1)")
+    parser.add_argument("--seed", type=int, default=1, help="selects other mutants (1)")
     parser.add_argument("--file", default="src/*", metavar="GLOB", help="sources to break (src/*)")
     parser.add_argument("--lines", default="", metavar="FILE:LINE,...", help="lines to break")
-    parser.add_argument("--list", type=Path, metavar="FILE", help="a file with such lines")
-    parser.add_argument("--tests", default="", metavar="REGEX", help="use only the tests it finds")
+    parser.add_argument("--tests", default="", metavar="REGEX", help="use only matching tests")
     parser.add_argument("--jobs", type=int, default=2, help="mutants at a time (2)")
-    parser.add_argument("--report", type=Path, metavar="FILE", help="writes the report there, too")
-    return parser.parse_args(words)
-
-
-def chosen_lines(options):
-    """The lines that --lines and --list name, as pairs; empty if neither is given."""
-    named = [entry.strip() for entry in options.lines.split(",")]
-    if options.list:
-        named += [line.split("#")[0].strip() for line in options.list.read_text().splitlines()]
-    places = (entry.rsplit(":", 1) for entry in named if entry)
-    return {(file, int(line)) for file, line in places}
+    parser.add_argument("--report", type=Path, metavar="FILE", help="also write the report there")
+    options = parser.parse_args(words)
+    places = (entry.strip().rsplit(":", 1) for entry in options.lines.split(",") if entry.strip())
+    options.lines = {(file, int(line)) for file, line in places}
+    return options
 
 
 def equivalents(path):
@@ -62,10 +54,9 @@ def equivalents(path):
     return found
 
 
-def candidates(options, map_of_tests, source):
-    """The mutants to try, in the order in which they are, each with its tests' names."""
+def candidates(options, covered, source):
+    """The mutants to try, in their order, each with its tests' names."""
     ignored = equivalents(source / "tests/mutation/equivalent.txt")
-    places = chosen_lines(options)
     found = []
     for path in sorted((source / "src").rglob("*")):
         file = str(path.relative_to(source))
@@ -75,171 +66,115 @@ def candidates(options, map_of_tests, source):
         for mutant in operators.mutants(file, text):
             if (file, mutant.before, mutant.after) in ignored:
                 continue
-            if places and (file, mutant.line) not in places:
+            if options.lines and (file, mutant.line) not in options.lines:
                 continue
-            tests = map_of_tests.tests(file, mutant.line, text)
+            tests = covered.tests(file, mutant.line, text)
             if tests is not None:
                 found.append((mutant, tests))
-    if not places or options.count:
+    if not options.lines or options.count:
         random.Random(options.seed).shuffle(found)
     return found
 
 
-def _named(programs, names):
-    """The tests of these names, which are those of programs or of their functions."""
-    found = {}
-    for name in names:
-        program, _, function = name.partition(" ")
-        found[name] = programs[program].alone(function) if function else programs[program]
-    return found
+def attempt(space, mutant, names, seconds):
+    """What becomes of the mutant, and the test that noticed it."""
+    tests = space.tests(names)
+    if not tests:
+        return UNCOVERED, ""
+    if any(not test.e2e for test in tests.values()):
+        tests = {name: test for name, test in tests.items() if not test.e2e}
+    path = space.source / mutant.file
+    text = path.read_text()
+    path.write_text(mutant.apply(text))
+    try:
+        if not space.build({test.program for test in tests.values()}):
+            return INVALID, ""
+        for name in sorted(tests, key=lambda name: (seconds[name], name)):
+            result, _ = space.run(tests[name], 10 + 4 * seconds[name])
+            if result == workspace.TIMEOUT:
+                return TIMEOUT, name
+            if result == workspace.FAILED:
+                return KILLED, name
+        return SURVIVED, f"{len(tests)} tests"
+    finally:
+        path.write_text(text)
 
 
-class Trial:
-    """Tries the candidates in their order until enough of them turned out to be mutants."""
+def trial(found, count, seconds, spaces, results):
+    """Tries the candidates in their order until `count` of them turned out to be mutants. Appends
+    (mutant, result) to `results` in the same order."""
+    free = queue.SimpleQueue()
+    for space in spaces:
+        free.put(space)
 
-    def __init__(self, found, count, map_of_tests, spaces):
-        self.results = []  # (place in the order, mutant, result), in the order in which they end
-        self._candidates = iter(enumerate(found))
-        self._count = count
-        self._coverage = map_of_tests
-        self._spaces = spaces
-        self._valid = 0
-        self._under_way = 0
-        self._changed = threading.Condition()
-        self._stopped = False
-
-    def run(self):
-        with concurrent.futures.ThreadPoolExecutor(len(self._spaces)) as pool:
-            workers = [pool.submit(self._work, space) for space in self._spaces]
-            try:
-                for worker in workers:
-                    worker.result()
-            except BaseException:
-                self._stopped = True
-                with self._changed:
-                    self._changed.notify_all()
-                for space in self._spaces:
-                    space.interrupt()
-                raise
-
-    def _next(self):
-        with self._changed:
-            # What is under way may still turn out not to be a mutant.
-            self._changed.wait_for(
-                lambda: self._stopped
-                or self._valid >= self._count
-                or self._valid + self._under_way < self._count
-            )
-            if self._stopped or self._valid >= self._count:
-                return None
-            candidate = next(self._candidates, None)
-            self._under_way += candidate is not None
-            return candidate
-
-    def _work(self, space):
-        programs = space.tests()
-        while (candidate := self._next()) is not None:
-            place, (mutant, covering) = candidate
-            result, noticed = STOPPED, ""
-            try:
-                result, noticed = self._try(space, mutant, _named(programs, covering))
-            finally:
-                with self._changed:
-                    self._under_way -= 1
-                    if result != STOPPED:
-                        self._valid += result != INVALID
-                        self.results.append((place, mutant, result))
-                    self._changed.notify_all()
-            what = f"{mutant.file}:{mutant.line} {mutant.operator}"
-            print(f"{self._valid:4} {what}: {result} {noticed}", flush=True)
-
-    def _try(self, space, mutant, tests):
-        if not tests:
-            return UNCOVERED, ""
-        if any(not test.e2e for test in tests.values()):
-            tests = {name: test for name, test in tests.items() if not test.e2e}
-        seconds = self._coverage.seconds
-        path = space.source / mutant.file
-        text = path.read_text()
-        path.write_text(mutant.apply(text))
+    def work(candidate):
+        space = free.get()
         try:
-            if not space.build({test.program for test in tests.values()}):
-                return STOPPED if self._stopped else INVALID, ""
-            for name in sorted(tests, key=lambda name: (seconds[name], name)):
-                if self._stopped:
-                    return STOPPED, ""
-                result, _ = space.run(tests[name], 10 + 4 * seconds[name])
-                if result == workspace.TIMEOUT:
-                    return TIMEOUT, name
-                if result == workspace.FAILED:
-                    return KILLED, name
-            return SURVIVED, f"{len(tests)} tests"
+            result, noticed = attempt(space, *candidate, seconds)
         finally:
-            path.write_text(text)
+            free.put(space)
+        print(f"{candidate[0].file}:{candidate[0].line} {candidate[0].operator}: {result} {noticed}",
+              flush=True)
+        return candidate[0], result
+
+    remaining = list(found)
+    with workspace.pool(spaces) as pool:
+        while (missing := count - sum(result != INVALID for _, result in results)) and remaining:
+            batch, remaining = remaining[:missing], remaining[missing:]
+            for result in pool.map(work, batch):
+                results.append(result)
 
 
-def report(trial, broken, untouched, seconds):
-    """The text of the report, and how many mutants went unnoticed."""
-    counted = Counter(result for _, _, result in trial.results)
+def report(results, broken, untouched, seconds):
+    """The text of the report."""
+    counted = Counter(result for _, result in results)
     lines = []
     for wanted in (SURVIVED, UNCOVERED):
-        for _, mutant, result in sorted(trial.results, key=lambda entry: entry[0]):
+        for mutant, result in results:
             if result == wanted:
                 lines += [f"{wanted}: {mutant.file}:{mutant.line} ({mutant.operator})",
                           f"  - {mutant.before}", f"  + {mutant.after}"]
     lines += [f"nothing to break: {file}:{line}" for file, line in sorted(untouched)]
-    for name, how in broken.items():
-        lines.append(f"left out, since it does not pass unbroken: {name} ({how})")
-    tried = sum(counted.values()) - counted[INVALID]
+    lines += [f"left out because it fails unbroken: {name} ({how})" for name, how in broken.items()]
     lines.append(
-        f"{tried} mutants: {counted[KILLED]} killed, {counted[TIMEOUT]} timeouts, "
-        f"{counted[SURVIVED]} survived, {counted[UNCOVERED]} not covered; "
-        f"{counted[INVALID]} did not compile; {seconds:.0f} seconds"
+        f"{len(results) - counted[INVALID]} mutants: {counted[KILLED]} killed, "
+        f"{counted[TIMEOUT]} timeouts, {counted[SURVIVED]} survived, {counted[UNCOVERED]} not "
+        f"covered; {counted[INVALID]} did not compile; {seconds:.0f} seconds"
     )
-    return "\n".join(lines) + "\n", counted[SURVIVED] + counted[UNCOVERED]
-
-
-def end_once(*_):
-    signal.signal(signal.SIGTERM, signal.SIG_IGN)
-    sys.exit(143)
+    return "\n".join(lines) + "\n"
 
 
 def main(words, project):
-    """Does what `words`, the command line, asks for with the sources in the folder `project`."""
+    """Runs the command line `words` for the sources in the folder `project`."""
     options = arguments(words)
-    # Ended by the system it ends as by a person: the tests that run go as well.
-    signal.signal(signal.SIGTERM, end_once)
+    # SIGTERM ends the running tests as Ctrl+C does.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     build = project / "build" / "mutate"
     build.mkdir(parents=True, exist_ok=True)
-    counting = workspace.Workspace(
-        project, build / "coverage", _FIRST_PORT, options.tests, with_coverage=True
-    )
+    counting = workspace.Workspace(project, build / "coverage", options.tests, with_coverage=True)
     counting.synchronize()
-    map_of_tests = coverage.measured(counting, build, options.tests, options.jobs)
+    covered = coverage.measured(counting, build, options.tests, options.jobs)
 
-    found = candidates(options, map_of_tests, counting.source)
-    count = options.count or (len(found) if options.lines or options.list else 200)
-    spaces = []
-    for job in range(1, min(options.jobs, max(1, len(found))) + 1):
-        space = workspace.Workspace(project, build / f"job{job}", _FIRST_PORT + job, options.tests)
+    found = candidates(options, covered, counting.source)
+    count = options.count or (len(found) if options.lines else 200)
+    spaces = [workspace.Workspace(project, build / f"job{job}", options.tests)
+              for job in range(1, min(options.jobs, max(1, len(found))) + 1)]
+    for space in spaces:
         space.synchronize()
-        space.configure()
-        if not space.build(jobs=options.jobs, quiet=False):
-            raise SystemExit("scripts/mutate: the build fails without any mutant")
-        spaces.append(space)
+        space.prepare(options.jobs)
 
     began = time.monotonic()
-    trial = Trial(found, count, map_of_tests, spaces)
+    results = []
     try:
-        trial.run()
-    finally:  # what is known is told when it is interrupted, too
-        named = set() if options.count else chosen_lines(options)
+        trial(found, count, covered.seconds, spaces, results)
+    finally:  # an interrupted run also reports its results
+        named = set() if options.count else options.lines
         untouched = named - {(mutant.file, mutant.line) for mutant, _ in found}
-        text, unnoticed = report(trial, map_of_tests.broken, untouched, time.monotonic() - began)
+        text = report(results, covered.broken, untouched, time.monotonic() - began)
         print(text, end="")
         if options.report:
             options.report.write_text(text)
-    return 1 if unnoticed else 0
+    return 1 if any(result in (SURVIVED, UNCOVERED) for _, result in results) else 0
 
 
 if __name__ == "__main__":

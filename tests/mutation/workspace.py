@@ -1,10 +1,10 @@
-"""A copy of the sources with a build of its own, in which tests run. The working tree stays as it
-is.
+"""A copy of the sources with its own build, in which tests run. The working tree stays unchanged.
 
-The libraries of `src/` are shared ones here, so that a mutant is compiled and linked into one of
-them, and no test program is linked again.
+The libraries of `src/` are shared here: a mutant is compiled and linked into one of them, and no
+test program is linked again.
 """
 
+import concurrent.futures
 import contextlib
 import json
 import os
@@ -19,7 +19,7 @@ from pathlib import Path
 
 PASSED, FAILED, TIMEOUT, SKIPPED = "passed", "failed", "timeout", "skipped"
 _SKIP_STATUS = 77
-_MEMORY_LIMIT = 8 << 30  # bytes of address space; a loop that has lost its end takes all there is
+_MEMORY_LIMIT = 8 << 30  # bytes of address space, for endless loops that allocate
 
 
 @dataclass
@@ -32,33 +32,33 @@ class Test:
     directory: str
     seconds: float  # the time limit
     e2e: bool
-    locks: list  # what it must have for itself
+    locks: list  # its CTest resource locks
 
     def alone(self, function):
         return replace(self, command=[*self.command, function])
 
     def functions(self):
-        """The names of its functions, or none if the program does not tell."""
-        told = subprocess.run(
+        """The names of its test functions, or none if the program does not list them."""
+        listed = subprocess.run(
             [*self.command, "-functions"], env={**os.environ, **self.environment},
             cwd=self.directory, stdin=subprocess.DEVNULL, capture_output=True, text=True,
         ).stdout
-        return re.findall(r"^(\w+)\(\)$", told, re.MULTILINE)
+        return re.findall(r"^(\w+)\(\)$", listed, re.MULTILINE)
 
 
 class Workspace:
-    def __init__(self, project, folder, port, wanted, with_coverage=False):
-        """`wanted` is a regular expression for the tests that are used."""
+    def __init__(self, project, folder, wanted, with_coverage=False):
+        """`wanted` is a regular expression that selects tests."""
         self.project = Path(project)
         self.source = Path(folder) / "source"
         self.build_dir = Path(folder) / "build"
-        self.port = port
         self._wanted = re.compile(wanted)
-        self.with_coverage = with_coverage
+        self._with_coverage = with_coverage
         self._running = set()
+        self._stopped = False
 
     def synchronize(self):
-        """Makes the copy hold what the working tree holds; what is equal keeps its time."""
+        """Updates the copy from the working tree. Equal files keep their time stamp."""
         listed = subprocess.run(
             ["git", "ls-files", "-z", "-co", "--exclude-standard"],
             cwd=self.project, check=True, capture_output=True, text=True,
@@ -75,10 +75,10 @@ class Workspace:
             if str(path.relative_to(self.source)) not in wanted:
                 path.unlink()
 
-    def configure(self):
-        """Configures the build: nothing is optimised, nothing is warned of."""
+    def prepare(self, jobs):
+        """Configures and builds, without optimisation and warnings."""
         linker = "-fuse-ld=lld" if shutil.which("ld.lld") else ""
-        if self.with_coverage:
+        if self._with_coverage:
             linker += " --coverage"
         options = {
             "CMAKE_BUILD_TYPE": "Debug",
@@ -91,19 +91,20 @@ class Workspace:
             "CMAKE_SHARED_LINKER_FLAGS": linker,
             "VANTIRO_BUILD_TESTS": "ON",
             "VANTIRO_BUILD_BENCHMARKS": "OFF",
-            "VANTIRO_TEST_SUBSCRIPTION_PORT": str(self.port),
         }
         command = ["cmake", "-S", self.source, "-B", self.build_dir, "-G", "Ninja"]
         command += [f"-D{name}={value}" for name, value in options.items()]
         done = subprocess.run(command, env=self._environment(), capture_output=True, text=True)
         if done.returncode != 0:
             raise SystemExit(f"scripts/mutate: cmake failed\n{done.stdout}{done.stderr}")
+        if not self.build(jobs=jobs, quiet=False):
+            raise SystemExit("scripts/mutate: the build fails without any mutant")
 
     def _launcher(self):
-        """What the compiler is started through. The coverage build counts lines of src/ only, so
-        that the tests' objects are those of the other builds and come from ccache."""
+        """The compiler launcher. The coverage build instruments only src/, so that the tests' objects
+        equal those of the other builds and come from ccache."""
         ccache = shutil.which("ccache") or ""
-        if not self.with_coverage:
+        if not self._with_coverage:
             return ccache
         launcher = self.build_dir.parent / "compile"
         launcher.write_text(
@@ -118,7 +119,7 @@ class Workspace:
         return {**os.environ, "CCACHE_BASEDIR": str(self.source.parent), "CCACHE_NOHASHDIR": "1"}
 
     def build(self, targets=(), jobs=1, quiet=True):
-        """Whether the tests that are named, or all that are used, could be built."""
+        """Builds the named tests, or all selected ones. False if that fails."""
         output = subprocess.DEVNULL if quiet else None
         targets = targets or [test["name"] for test in self._listed()]
         command = ["ninja", "-C", self.build_dir, f"-j{jobs}", *targets]
@@ -127,7 +128,7 @@ class Workspace:
         ).returncode == 0
 
     def _listed(self):
-        """The tests that are used, as CTest lists them. What else it runs tests no `src/`."""
+        """The selected tests, as CTest lists them. Other programs test nothing of `src/`."""
         shown = subprocess.run(
             ["ctest", "--show-only=json-v1"],
             cwd=self.build_dir, check=True, capture_output=True, text=True,
@@ -138,23 +139,32 @@ class Workspace:
             if test["name"].startswith("tst_") and self._wanted.search(test["name"])
         ]
 
-    def tests(self):
-        """The tests that are used, by name. They must have been built."""
+    def programs(self):
+        """The selected tests by name. They must have been built."""
         found = {}
         for test in self._listed():
-            name = test["name"]
             properties = {entry["name"]: entry["value"] for entry in test["properties"]}
             environment = dict(entry.split("=", 1) for entry in properties.get("ENVIRONMENT", []))
-            found[name] = Test(
-                name, test["command"], environment, properties["WORKING_DIRECTORY"],
+            found[test["name"]] = Test(
+                test["name"], test["command"], environment, properties["WORKING_DIRECTORY"],
                 properties.get("TIMEOUT", 300), "e2e" in properties.get("LABELS", []),
                 properties.get("RESOURCE_LOCK", []),
             )
         return found
 
+    def tests(self, names):
+        """The tests of these names: of a program, or of a program and one of its functions."""
+        programs, found = self.programs(), {}
+        for name in names:
+            program, _, function = name.partition(" ")
+            found[name] = programs[program].alone(function) if function else programs[program]
+        return found
+
     def run(self, test, seconds, environment=None):
-        """Runs the test until it ends, reports its first failure, or `seconds` are over. Returns
-        how it ended and the seconds it took."""
+        """Runs the test until it ends, reports its first failure, or takes longer than `seconds`.
+        Returns its result and the seconds it took."""
+        if self._stopped:
+            raise KeyboardInterrupt
         began = time.monotonic()
         process = subprocess.Popen(
             ["prlimit", f"--as={_MEMORY_LIMIT}", *test.command],
@@ -164,55 +174,45 @@ class Workspace:
         )
         self._running.add(process)
         late = threading.Event()
-
-        def give_up():
-            late.set()
-            _end(process)
-
-        timer = threading.Timer(seconds, give_up)
+        timer = threading.Timer(seconds, lambda: (late.set(), _end(process)))
         timer.start()
-        failed = False
-        for line in process.stdout:
-            if line.startswith(("FAIL!", "XPASS")):
-                failed = True
-                _end(process)
-                break
+        failed = any(line.startswith(("FAIL!", "XPASS")) for line in process.stdout)
+        if failed:
+            _end(process)
         status = process.wait()
         timer.cancel()
         process.stdout.close()
         self._running.discard(process)
-        if late.is_set() and not failed:
-            result = TIMEOUT
-        elif failed or status not in (0, _SKIP_STATUS):
-            result = FAILED
-        else:
-            result = PASSED if status == 0 else SKIPPED
+        result = PASSED if status == 0 else SKIPPED if status == _SKIP_STATUS else FAILED
+        if failed or late.is_set():
+            result = FAILED if failed else TIMEOUT
         return result, time.monotonic() - began
 
-    def interrupt(self):
-        """Ends the tests that run, from another thread."""
+    def stop(self):
+        """Ends the running tests and starts no more, from another thread."""
+        self._stopped = True
         for process in list(self._running):
             _end(process)
 
-    @contextlib.contextmanager
-    def interrupted(self, pool):
-        """Leaves no test behind that a thread of `pool` runs when an exception passes."""
+
+@contextlib.contextmanager
+def pool(spaces, jobs=None):
+    """A pool of threads that run tests in the workspaces. An exception ends these tests."""
+    with concurrent.futures.ThreadPoolExecutor(jobs or len(spaces)) as threads:
         try:
-            yield
+            yield threads
         except BaseException:
-            pool.shutdown(wait=False, cancel_futures=True)
-            self.interrupt()
+            threads.shutdown(wait=False, cancel_futures=True)
+            for space in spaces:
+                space.stop()
             raise
 
 
 def _end(process):
-    """Ends the test and what it started, which gets a moment to end by itself: a virtual screen
-    goes with the script that started it."""
+    """Ends the test and its child processes. They get a moment to end by themselves, so that the
+    script of a virtual screen can stop it."""
     for number in (signal.SIGTERM, signal.SIGKILL):
-        try:
+        with contextlib.suppress(ProcessLookupError, subprocess.TimeoutExpired):
             os.killpg(process.pid, number)
             process.wait(5)
-        except ProcessLookupError:
             return
-        except subprocess.TimeoutExpired:
-            continue
