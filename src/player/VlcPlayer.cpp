@@ -85,7 +85,7 @@ void VlcPlayer::play(const QString &url, bool live)
     MediaPtr media(
         libvlc_media_new_location(mediaPlayer->instance(), requestableUrl(url).constData()));
     if (!media) {
-        Q_EMIT playbackError(tr("Could not create media for URL: ") + url);
+        Q_EMIT playbackError(tr("Could not create media for URL: %1").arg(url));
         return;
     }
     isLive = live;
@@ -117,7 +117,7 @@ void VlcPlayer::startNextMedia()
         Q_EMIT pausedChanged(pending.paused);
     } else {
         pending = {};
-        Q_EMIT playbackError(tr("Playback failed to start for: ") + nextUrl);
+        Q_EMIT playbackError(tr("Playback failed to start for: %1").arg(nextUrl));
     }
 }
 
