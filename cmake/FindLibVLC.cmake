@@ -1,7 +1,7 @@
-# Finds libVLC 3 and offers it as LibVLC::LibVLC.
+# Finds libVLC 3 and defines LibVLC::LibVLC.
 #
-# LIBVLC_ROOT may name a folder with include/ and lib/, or with sdk/ as VideoLAN's archives for
-# Windows have it.
+# LIBVLC_ROOT may name a folder with include/ and lib/, or with sdk/ as in VideoLAN's archives for
+# Windows.
 
 find_path(LibVLC_INCLUDE_DIR vlc/vlc.h HINTS ${LIBVLC_ROOT} ENV LIBVLC_ROOT
           PATH_SUFFIXES include sdk/include)

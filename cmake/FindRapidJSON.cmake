@@ -1,8 +1,8 @@
-# Finds RapidJSON (headers only) and offers it as RapidJSON::RapidJSON.
+# Finds RapidJSON (headers only) and defines RapidJSON::RapidJSON.
 #
-# RapidJSON_ROOT may name the folder in which include/rapidjson lies. The headers serve every target,
-# so those of the building machine are taken in a cross build too: through a link, since the rest of
-# the machine's include folder must not be seen there.
+# RapidJSON_ROOT may name the folder that contains include/rapidjson. The headers suit every target, so
+# a cross build uses the building machine's, through a link: the other headers of that machine must
+# stay invisible.
 
 find_path(RapidJSON_INCLUDE_DIR rapidjson/reader.h NO_CMAKE_FIND_ROOT_PATH)
 

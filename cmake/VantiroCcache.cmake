@@ -1,5 +1,5 @@
-# Compiles through ccache where it is installed. The presets tell it, in the environment, that
-# working trees at different paths share their results.
+# Compiles through ccache where it is installed. The presets' environment makes working trees at
+# different paths share their results.
 
 if(NOT MSVC AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(VANTIRO_CCACHE ccache)

@@ -41,11 +41,11 @@ if(VANTIRO_HARDEN)
     set(CMAKE_POSITION_INDEPENDENT_CODE ON)
     include(CheckPIESupported)
     check_pie_supported(LANGUAGES CXX)
-    # The C library refuses to fortify what is not optimised.
+    # The C library cannot fortify unoptimised code.
     target_compile_options(vantiro_options INTERFACE
         -U_FORTIFY_SOURCE $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2> -D_GLIBCXX_ASSERTIONS
         -fstack-protector-strong -fstack-clash-protection)
-    # What guards jumps and calls differs between processors.
+    # Processors differ in their guards of jumps and calls.
     include(CheckCXXCompilerFlag)
     foreach(guard IN ITEMS -fcf-protection -mbranch-protection=standard)
         string(MAKE_C_IDENTIFIER "VANTIRO_HAS${guard}" has_guard)
@@ -53,14 +53,14 @@ if(VANTIRO_HARDEN)
         target_compile_options(vantiro_options INTERFACE $<$<BOOL:${${has_guard}}>:${guard}>)
     endforeach()
     target_link_options(vantiro_options INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
-    # Link-time optimisation compiles once more, so the warnings need their settings here too.
+    # Link-time optimisation compiles again, so the linker needs the warning options too.
     target_link_options(vantiro_options INTERFACE
         $<$<BOOL:${VANTIRO_WARNINGS_AS_ERRORS}>:-Werror>)
     if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-        # GCC 12 takes the count with which Qt's QHash copies itself for one that may be negative.
+        # GCC 12 assumes that a size in QHash's copy constructor can be negative.
         target_link_options(vantiro_options INTERFACE -Wno-alloc-size-larger-than)
-        # Optimising a PIE at link time forgets -fPIC and copies Qt's variables into the program,
-        # while Qt's libraries go on with their own: no application object is found then.
+        # Link-time optimisation of a PIE forgets -fPIC and copies Qt's variables into the program,
+        # while Qt's libraries use their own. Qt then finds no application object.
         check_cxx_compiler_flag(-mno-direct-extern-access VANTIRO_HAS_INDIRECT_ACCESS)
         target_link_options(vantiro_options INTERFACE
             $<$<BOOL:${VANTIRO_HAS_INDIRECT_ACCESS}>:-mno-direct-extern-access>)

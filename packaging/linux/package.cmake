@@ -2,8 +2,8 @@
 
 include(GNUInstallDirs)
 
-# The date of the release that the texts tell: that of the build, or SOURCE_DATE_EPOCH if it is set,
-# as scripts/package does for builds that can be repeated.
+# The release date in the texts: that of the build, or SOURCE_DATE_EPOCH, which scripts/package sets for
+# reproducible builds.
 string(TIMESTAMP VANTIRO_BUILD_DATE "%Y-%m-%d" UTC)
 string(TIMESTAMP VANTIRO_BUILD_TIME "%a, %d %b %Y %H:%M:%S +0000" UTC)
 
@@ -20,7 +20,7 @@ foreach(file IN ITEMS ${application_id}.metainfo.xml vantiro-player.1 changelog.
     configure_file(${linux_dir}/${file}.in ${made_dir}/${file} @ONLY)
 endforeach()
 
-# Compresses `input`, without its name and time, so that equal text makes equal files.
+# Compresses `input` without its name and time, so that equal texts give equal files.
 function(vantiro_gzip input output)
     add_custom_command(OUTPUT ${output}
         COMMAND gzip -9nc ${input} > ${output}
@@ -67,9 +67,9 @@ It stays fluid with catalogs of hundreds of thousands of entries, searches
 all categories at once, shows posters, offers the audio tracks and subtitles
 of a stream, and reconnects to live channels that drop out.")
 
-# The libraries that the program links to, with the versions it needs, are found by
-# dpkg-shlibdeps; Qt's own bring its plugins for X11, JPEG and TLS. The rest is loaded or read at
-# run time: libVLC's decoders and outputs, and the authorities behind the providers' certificates.
+# dpkg-shlibdeps finds the linked libraries and their versions; Qt's packages include its plugins for
+# X11, JPEG and TLS. The rest is loaded or read at run time: libVLC's decoders and outputs, and the
+# certificate authorities.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "vlc-plugin-base, vlc-plugin-video-output, ca-certificates")
 # For posters in WebP.

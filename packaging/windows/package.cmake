@@ -1,11 +1,11 @@
-# Installation for Windows: one folder with the program, Qt, libVLC and their licences. CPack makes
-# a ZIP of it, and an installer where NSIS is at hand.
+# Installation for Windows: one folder with the program, Qt, libVLC and their licences. CPack makes a
+# ZIP of it, and an installer where NSIS is installed.
 
 set(VANTIRO_LIBVLC_RUNTIME "" CACHE PATH
     "Folder with libvlc.dll, libvlccore.dll and plugins/ for Windows, to be packaged")
 set(libvlc_runtime ${VANTIRO_LIBVLC_RUNTIME})
 foreach(folder IN ITEMS ${VANTIRO_WINDOWS_SDK}/libvlc/bin ${LIBVLC_ROOT})
-    # What serves libVLC's calls under Wine has no plugins and is never packaged.
+    # The bridge to libVLC under Wine has no plugins and is never packaged.
     if(NOT libvlc_runtime AND EXISTS ${folder}/libvlccore.dll AND EXISTS ${folder}/plugins)
         set(libvlc_runtime ${folder})
     endif()
@@ -16,8 +16,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION .)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/licenses.txt DESTINATION licenses RENAME README.txt)
 
 if(CMAKE_CROSSCOMPILING)
-    # Qt's deployment tool runs on Windows only, so what the program loads is listed here. Qt SQL,
-    # which a kit may hold, is not among it.
+    # Qt's deployment tool runs only on Windows, so the libraries that the program loads are listed
+    # here. It does not use Qt SQL, which a kit may contain.
     foreach(library IN ITEMS Core Gui Widgets Network)
         install(FILES ${VANTIRO_WINDOWS_SDK}/qt/bin/Qt6${library}.dll DESTINATION .)
     endforeach()
@@ -31,7 +31,7 @@ if(CMAKE_CROSSCOMPILING)
         ${VANTIRO_WINDOWS_SDK}/mingw/libstdc++-6.dll
         ${VANTIRO_WINDOWS_SDK}/mingw/libwinpthread-1.dll
         DESTINATION .)
-    # The packages that the libraries are built from tell their licences.
+    # The licences come from the packages that the libraries are built from.
     foreach(component IN ITEMS qt6-base-dev qt6-image-formats-plugins libvlc-dev
             g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev rapidjson-dev)
         install(FILES /usr/share/doc/${component}/copyright
@@ -56,7 +56,7 @@ endif()
 
 if(libvlc_runtime)
     install(FILES ${libvlc_runtime}/libvlc.dll ${libvlc_runtime}/libvlccore.dll DESTINATION .)
-    # No user interfaces of VLC itself, nothing that serves, records or converts.
+    # Without VLC's own user interfaces and without plugins that serve, record or convert.
     install(DIRECTORY ${libvlc_runtime}/plugins DESTINATION .
         FILES_MATCHING PATTERN "*.dll"
         PATTERN access_output EXCLUDE

@@ -23,7 +23,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# What is built runs under Wine, in a profile of its own.
+# Programs run under Wine, each in its own profile.
 set(CMAKE_CROSSCOMPILING_EMULATOR
     ${CMAKE_CURRENT_LIST_DIR}/run-under-wine ${VANTIRO_WINDOWS_SDK} ${CMAKE_BINARY_DIR}/wine)
 

@@ -1,6 +1,6 @@
 # shellcheck shell=bash disable=SC2154,SC2164
-# FFmpeg's decoders, demuxers and parsers for what television and its archives send, as static
-# libraries for libVLC's plugins. LGPL configuration; network and files are libVLC's own.
+# FFmpeg's decoders, demuxers and parsers for the formats of television and its archives, as static
+# libraries for libVLC's plugins. LGPL configuration; libVLC itself handles network and files.
 
 ffmpeg_decoders=(
     av1 flv h261 h263 h264 hevc mjpeg mpeg1video mpeg2video mpeg4 msmpeg4v1 msmpeg4v2 msmpeg4v3

@@ -1,8 +1,8 @@
 # shellcheck shell=bash disable=SC2154,SC2164
 # libVLC itself: the core, the API and the plugins as DLLs.
 
-# Debian's own libraries for this compiler, and the compiler's, as static ones in $sysroot, where
-# the linker sees them before their DLL kin: a plugin then stands alone.
+# Copies Debian's and the compiler's static libraries into $sysroot, where the linker finds them before
+# the corresponding DLLs, so that plugins need no other DLL.
 collect_static_libraries() {
     local name
     for name in z gcrypt gpg-error winpthread stdc++; do
@@ -15,7 +15,8 @@ collect_static_libraries() {
     done
 }
 
-# Debian has no source of an iconv for Windows: this repository's own.
+# Debian packages no iconv for Windows, and those of its C libraries (musl, newlib) cannot be built
+# apart from them. This one is tested in tests/iconv.
 build_iconv() {
     local object=$work/build/iconv.o
     "$CC" -std=c11 -O2 -Wall -Wextra -c "$parts/iconv/iconv.c" -o "$object"
@@ -27,14 +28,14 @@ build_iconv() {
 vlc_options=(
     --disable-debug --disable-nls --disable-vlc --disable-sout --disable-vlm
     --disable-addonmanagermodules --disable-update-check
-    # programs' and desktops' parts
+    # programs and desktop integration
     --disable-lua --disable-qt --disable-skins2 --disable-ncurses --disable-dbus --disable-xcb
     --disable-screen --disable-sdl-image --disable-libcddb --disable-vcd
-    # codecs and containers that FFmpeg serves, and libraries that are not there
+    # codecs and containers that FFmpeg handles, and missing libraries
     --disable-live555 --disable-mad --disable-a52 --disable-x264 --disable-mod --disable-mpc
     --disable-taglib --disable-libass --disable-fontconfig --disable-projectm --disable-postproc
     --disable-fribidi --disable-harfbuzz --disable-chromecast
-    # what is wanted
+    # required features
     --enable-avcodec --enable-avformat --enable-swscale --enable-dvbpsi --enable-freetype
     --enable-telx --enable-gnutls --enable-libgcrypt --enable-dxva2 --enable-d3d11va --enable-wasapi
     --enable-optimize-memory
@@ -44,9 +45,9 @@ configure_libvlc() {
     rm -rf "$work/build/vlc"
     mkdir -p "$work/build/vlc"
     cd "$work/build/vlc"
-    # WINEPREFIX: keeps configure from starting a Wine that it happens to find. No maintainer mode:
-    # Debian's patches, none of them for Windows, would have everything generated anew.
-    # _WIN32_WINNT: Windows 10, which is the compiler's default too, but configure has to be told.
+    # WINEPREFIX keeps configure from starting an installed Wine. No maintainer mode: Debian's patches,
+    # none of them for Windows, would cause everything to be generated again. _WIN32_WINNT is Windows
+    # 10, the compiler's default, which configure does not know.
     WINEPREFIX=/dev/null BUILDCC=gcc \
         CPPFLAGS="-I$sysroot/include -D_WIN32_WINNT=0x0A00" \
         LDFLAGS="-L$sysroot/lib -static-libgcc" \
@@ -56,7 +57,7 @@ configure_libvlc() {
         "${vlc_options[@]}"
 }
 
-# Copies what a program needs into the built folder.
+# Copies the files that a program needs into the built folder.
 install_libvlc() {
     local from=$work/vlc-installed bin=$out/libvlc/bin
     rm -rf "$out/libvlc"

@@ -1,6 +1,6 @@
 # shellcheck shell=bash disable=SC2154,SC2164
-# Qt for Windows, shared, with its own copies of zlib, png, jpeg, webp and the like. The building
-# machine's Qt gives moc, rcc and uic, so both are the same version.
+# Qt for Windows as shared libraries, with its own copies of zlib, png, jpeg, webp and others. moc, rcc
+# and uic are those of the building machine's Qt, so both versions are equal.
 
 qt_options=(
     -DBUILD_SHARED_LIBS=ON -DCMAKE_BUILD_TYPE=Release
@@ -18,7 +18,7 @@ for feature in system_webp tiff jasper mng; do
     imageformats_options+=("-DFEATURE_$feature=OFF")
 done
 
-# SQLite as the one source file that Qt compiles; it is made by programs of the building machine.
+# Generates SQLite's amalgamated source file, which Qt compiles, with programs of the building machine.
 build_sqlite3() {
     unpack_source sqlite3
     rm -rf "$work/build/sqlite3"
@@ -28,14 +28,14 @@ build_sqlite3() {
     make sqlite3.c
 }
 
-# Debian's source is without SQLite.
+# Debian's source lacks SQLite.
 add_sqlite() {
     local folder=$work/src/qt6-base/src/3rdparty/sqlite
     mkdir -p "$folder"
     cp "$work/build/sqlite3/"sqlite3.{c,h} "$folder/"
 }
 
-# Debian's source is without the headers of the drawing tablets' Windows interface.
+# Debian's source lacks the headers of Windows' interface to drawing tablets.
 remove_wintab() {
     local platforms=$work/src/qt6-base/src/plugins/platforms
     sed -i 's/QT_CONFIG(tabletevent)/0/' "$platforms"/windows/*.{h,cpp}
@@ -58,14 +58,14 @@ build_qt6-base() {
     remove_wintab
     add_sqlite
     rm -rf "$out/qt"
-    # The toolchain file looks for Qt there.
+    # The toolchain file expects Qt there.
     mkdir -p "$out/qt"
     configure_qt qt6-base "${qt_options[@]}"
     cmake --build "$work/build/qt6-base" --parallel "$jobs"
     cmake --install "$work/build/qt6-base" --strip
 }
 
-# The plugin for WebP; the module's other formats are none of posters.
+# The plugin for WebP. Posters do not use the module's other formats.
 build_qt6-imageformats() {
     unpack_source qt6-imageformats
     configure_qt qt6-imageformats "${imageformats_options[@]}"

@@ -1,8 +1,8 @@
 # shellcheck shell=bash disable=SC2154,SC2164
-# Debian's source packages, signature-checked by apt, without a change to the system's own
-# configuration: the machine's binary entries of its Debian release serve as source entries.
+# Debian's source packages, whose signatures apt checks, without a change to the system's configuration:
+# the machine's binary entries of its Debian release are used as source entries.
 
-# Makes the deb822 stanzas of release $1 into source entries.
+# Turns the deb822 stanzas of release $1 into source entries.
 source_stanzas() {
     awk -v release="$1" '
         BEGIN { RS = ""; FS = "\n" }
@@ -20,13 +20,13 @@ source_stanzas() {
         }'
 }
 
-# Makes the one-line entries of release $1 into source entries.
+# Turns the one-line entries of release $1 into source entries.
 source_lines() {
     local release=$1
     sed -nE "/cdrom:/d; s/^deb(-src)? +(.* $release(-[a-z]+)?\/? +(.* )?main( .*)?)\$/deb-src \2/p" | sort -u
 }
 
-# Makes the private apt configuration and reads its package lists.
+# Creates the private apt configuration and reads its package lists.
 prepare_sources() {
     local home=$work/apt release
     # shellcheck source=/dev/null
@@ -52,10 +52,10 @@ source_versions() {
         sort -u | sort -rV
 }
 
-# Unpacks Debian's source package $1, with Debian's patches, afresh in $work/src/$1, and keeps its
-# copyright file for the built folder. Mirrors drop files before their lists say so: then the next
-# older version serves, and a line tells. A dropped file that is put into $work/downloads by hand
-# serves too: apt takes it when it has the checksum that the signed lists give.
+# Unpacks Debian's source package $1 with Debian's patches into a new $work/src/$1, and keeps its
+# copyright file for the built folder. Mirrors may drop files that their lists still name. Then the
+# next older version is used, with a warning. A dropped file may also be put into $work/downloads by
+# hand: apt uses it if it has the checksum of the signed lists.
 unpack_source() {
     local package=$1 version dsc=
     [ -n "${apt_options:-}" ] || prepare_sources

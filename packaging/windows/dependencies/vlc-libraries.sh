@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2154,SC2164
-# The smaller libraries under libVLC's plugins, all static, all in $sysroot.
+# The smaller libraries of libVLC's plugins, all static, in $sysroot.
 
 # Runs an autotools build out of tree ($1: package; rest: configure options).
 build_autotools() {
@@ -30,14 +30,14 @@ build_freetype() {
 # Numbers, ciphers and TLS, for https.
 build_gmp() {
     unpack_source gmp
-    # Debian's source is without the manual, and its configure is from before that.
+    # Debian removed the manual from the source but did not update configure.
     (cd "$work/src/gmp" && autoreconf -fi)
     CC_FOR_BUILD=gcc build_autotools gmp --disable-assembly
 }
 
 build_nettle() {
     unpack_source nettle
-    # The libraries only: its programs would want a Windows to run on.
+    # Only the libraries: the build would run its own programs, which need Windows.
     rm -rf "$work/build/nettle"
     mkdir -p "$work/build/nettle"
     cd "$work/build/nettle"
@@ -50,7 +50,7 @@ build_nettle() {
 
 build_gnutls28() {
     unpack_source gnutls28
-    # Debian's patches add a source file. The manual is not built, so its tool is not asked for.
+    # Debian's patches add a source file. The manual is not built, so its tool is not needed.
     (cd "$work/src/gnutls28" && GTKDOCIZE=true autoreconf -fi)
     GMP_CFLAGS=-I$sysroot/include GMP_LIBS="-L$sysroot/lib -lgmp" \
         build_autotools gnutls28 --with-included-libtasn1 --with-included-unistring \
@@ -58,6 +58,6 @@ build_gnutls28() {
         --without-tpm --without-tpm2 --disable-tools --disable-doc --disable-tests --disable-cxx \
         --disable-nls --disable-guile --disable-libdane --disable-maintainer-mode \
         --disable-full-test-suite
-    # The header takes the library for a DLL.
+    # The header assumes a DLL.
     sed -i 's/__declspec(dllimport)//' "$sysroot/include/gnutls/gnutls.h"
 }

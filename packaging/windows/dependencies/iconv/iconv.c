@@ -67,7 +67,7 @@ static const struct
     {"MACINTOSH", {CodePage, false, 10000}},
 };
 
-/// Whether name is known; letter case, "-", "_" and what follows "//" do not count.
+/// Whether the name is known. Ignores letter case, "-", "_" and anything from "/" on.
 static bool findCharset(const char *name, struct Charset *charset)
 {
     char plain[32];
@@ -149,7 +149,7 @@ static bool isSurrogate(uint32_t c)
     return c >= 0xD800 && c <= 0xDFFF;
 }
 
-// The decoders give the number of bytes that one character takes, 0 when it is cut short, or -1.
+// The decoders return the size of one character in bytes, 0 if it is cut short, or -1 if invalid.
 
 static int decodeUtf8(const unsigned char *in, size_t left, uint32_t *c)
 {
@@ -232,7 +232,7 @@ static int decode(const struct Charset *from, const unsigned char *in, size_t le
     }
 }
 
-/// Gives the size of c's code in out (8 bytes), or -1.
+/// Writes c to out (8 bytes). Returns the size, or -1 if the target lacks it.
 static int encode(const struct iconv_state *state, uint32_t c, unsigned char *out)
 {
     const struct Charset *to = &state->to;
