@@ -40,14 +40,20 @@ QString categoryItem(const QString &categoryId)
     return categoryId.isEmpty() ? QString() : "category_id="_L1 + categoryId;
 }
 
-/// A callback for request() that hands what `parse` makes of the body to `callback`, or an empty
-/// list when the request failed.
+/// A callback for request() that hands what `parse` makes of the body to `callback`. `isExpected`
+/// decides about a document without records: nothing to offer, or another document than asked for.
 template <typename Record>
-auto parsedBy(QList<Record> (*parse)(const QByteArray &),
-              std::function<void(QList<Record>)> callback)
+auto parsedBy(QList<Record> (*parse)(const QByteArray &), bool (QJsonDocument::*isExpected)() const,
+              std::function<void(CatalogReply<Record>)> callback)
 {
-    return [parse, callback = std::move(callback)](const QByteArray &body, bool ok) {
-        callback(ok ? parse(body) : QList<Record>());
+    return [parse, isExpected, callback = std::move(callback)](const QByteArray &body, bool ok) {
+        if (!ok) {
+            callback({{}, true});
+            return;
+        }
+        CatalogReply<Record> reply{parse(body)};
+        reply.failed = reply.records.isEmpty() && !(QJsonDocument::fromJson(body).*isExpected)();
+        callback(std::move(reply));
     };
 }
 
@@ -137,40 +143,44 @@ void XtreamClient::testLogin(std::function<void(bool, const QString &)> callback
 
 void XtreamClient::fetchLiveCategories(CategoriesCallback callback)
 {
-    request(u"get_live_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+    request(u"get_live_categories"_s, {},
+            parsedBy(&parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchVodCategories(CategoriesCallback callback)
 {
-    request(u"get_vod_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+    request(u"get_vod_categories"_s, {},
+            parsedBy(&parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesCategories(CategoriesCallback callback)
 {
-    request(u"get_series_categories"_s, {}, parsedBy(&parseCategories, std::move(callback)));
+    request(u"get_series_categories"_s, {},
+            parsedBy(&parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchLiveStreams(const QString &categoryId, ItemsCallback callback)
 {
     request(u"get_live_streams"_s, categoryItem(categoryId),
-            parsedBy(&parseLiveStreams, std::move(callback)));
+            parsedBy(&parseLiveStreams, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchVodStreams(const QString &categoryId, ItemsCallback callback)
 {
     request(u"get_vod_streams"_s, categoryItem(categoryId),
-            parsedBy(&parseVodStreams, std::move(callback)));
+            parsedBy(&parseVodStreams, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeries(const QString &categoryId, ItemsCallback callback)
 {
-    request(u"get_series"_s, categoryItem(categoryId), parsedBy(&parseSeries, std::move(callback)));
+    request(u"get_series"_s, categoryItem(categoryId),
+            parsedBy(&parseSeries, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback callback)
 {
     request(u"get_series_info"_s, "series_id="_L1 + seriesId,
-            parsedBy(&parseSeriesEpisodes, std::move(callback)));
+            parsedBy(&parseSeriesEpisodes, &QJsonDocument::isObject, std::move(callback)));
 }
 
 QString XtreamClient::liveStreamUrl(const QString &streamId, const QString &extension) const

@@ -2,6 +2,7 @@
 
 #include "app/TraceSecrets.h"
 #include "model/CatalogRecords.h"
+#include "providers/CatalogReply.h"
 #include "providers/XtreamAccount.h"
 
 #include <QJsonDocument>
@@ -23,9 +24,10 @@ class XtreamClient final : public QObject
     Q_OBJECT
 
 public:
-    using CategoriesCallback = std::function<void(QList<Category>)>;
-    using ItemsCallback = std::function<void(QList<MediaItem>)>;
-    using EpisodesCallback = std::function<void(QList<Episode>)>;
+    // Callables that take a QList do as well: a reply converts to its records.
+    using CategoriesCallback = std::function<void(CatalogReply<Category>)>;
+    using ItemsCallback = std::function<void(CatalogReply<MediaItem>)>;
+    using EpisodesCallback = std::function<void(CatalogReply<Episode>)>;
 
     explicit XtreamClient(QObject *parent);
 
@@ -43,8 +45,9 @@ public:
     void testLogin(std::function<void(bool, const QString &)> callback);
 
     /// @name Catalog
-    /// A failed request gives an empty list; see XtreamCatalog.h for how replies are read. An empty
-    /// category id asks for the entries of all categories.
+    /// A request fails when the network does, or when the reply is not the kind of JSON document
+    /// that was asked for; see XtreamCatalog.h for how replies are read. An empty category id asks
+    /// for the entries of all categories.
     /// @{
     void fetchLiveCategories(CategoriesCallback callback);
     void fetchVodCategories(CategoriesCallback callback);

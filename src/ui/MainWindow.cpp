@@ -3,11 +3,13 @@
 #include "model/Age.h"
 #include "model/SourceManager.h"
 #include "player/VlcPlayer.h"
+#include "providers/CatalogLoader.h"
 #include "providers/ReplyTimeout.h"
 #include "providers/SubscriptionAddress.h"
 #include "ui/BrowseTab.h"
 #include "ui/ElidedComboBox.h"
 #include "ui/EpisodePage.h"
+#include "ui/LoadingOverlay.h"
 #include "ui/PlaybackSession.h"
 #include "ui/Thumbnails.h"
 
@@ -32,7 +34,6 @@ namespace {
 
 constexpr int autoRefreshIntervalMs = 1800000;
 constexpr int controlsHideDelayMs = 3000;
-constexpr int overlayAlpha = 150;
 /// A third of the window's width at the start.
 constexpr int sourceComboMaxWidth = 400;
 
@@ -44,12 +45,9 @@ MainWindow::MainWindow()
 
 MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     : sourceManager(new SourceManager(this))
-    , subscriptionUrl(subscriptionBaseUrl)
-    , network(new QNetworkAccessManager(this))
     , thumbnailNetwork(new QNetworkAccessManager(this))
     , placeholderPoster(makePlaceholderPoster())
 {
-    network->setTransferTimeout(replyTimeoutMs);
     thumbnailNetwork->setObjectName(u"thumbnailNetwork"_s);
     thumbnailNetwork->setTransferTimeout(posterTimeoutMs);
     setWindowTitle(tr("Vantiro Player"));
@@ -62,6 +60,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     centralLayout->addWidget(buildSourceBar());
 
     autoRefreshTimer = new QTimer(this);
+    autoRefreshTimer->setObjectName(u"autoRefreshTimer"_s);
     autoRefreshTimer->setInterval(autoRefreshIntervalMs);
     connect(autoRefreshTimer, &QTimer::timeout, this, &MainWindow::checkAutoRefresh);
     autoRefreshTimer->start();
@@ -97,7 +96,8 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     centralLayout->addWidget(splitter, 1);
 
     buildFullscreenChrome();
-    buildLoadingOverlay();
+    loadingOverlay = new LoadingOverlay(tabs);
+    createCatalogLoader(subscriptionBaseUrl);
     createPlayer();
     addPlayerShortcuts();
     restoreSources();
@@ -169,28 +169,6 @@ void MainWindow::buildFullscreenChrome()
     fullscreenChromeLayout->setContentsMargins(0, 0, 0, 0);
 }
 
-void MainWindow::buildLoadingOverlay()
-{
-    loadingOverlay = new QWidget(tabs);
-    loadingOverlay->setObjectName(u"loadingOverlay"_s);
-    loadingOverlay->setAutoFillBackground(true);
-    QPalette palette = loadingOverlay->palette();
-    palette.setColor(QPalette::Window, QColor(0, 0, 0, overlayAlpha));
-    loadingOverlay->setPalette(palette);
-    auto *label = new QLabel(tr("Loading..."));
-    label->setAlignment(Qt::AlignCenter);
-    label->setStyleSheet(u"color: white; font-size: 14pt;"_s);
-    auto *layout = new QVBoxLayout(loadingOverlay);
-    layout->addWidget(label);
-    fitLoadingOverlay();
-    loadingOverlay->hide();
-}
-
-void MainWindow::fitLoadingOverlay()
-{
-    loadingOverlay->setGeometry(tabs->rect());
-}
-
 void MainWindow::createPlayer()
 {
     player = new VlcPlayer(videoSurface, this);
@@ -219,7 +197,7 @@ void MainWindow::restoreSources()
         sourceCombo->findData(sourceManager->lastActiveSourceName(), Qt::UserRole,
                               Qt::MatchExactly | Qt::MatchCaseSensitive);
     // The first load begins before the window has its layout.
-    QMetaObject::invokeMethod(this, &MainWindow::fitLoadingOverlay, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(loadingOverlay, &LoadingOverlay::fit, Qt::QueuedConnection);
     const int index = std::max(lastActive, 0);
     if (index == sourceCombo->currentIndex()) {
         onSourceSelected(index);
@@ -251,22 +229,13 @@ void MainWindow::loadSource(const SourceConfig &config, bool force)
 {
     // A copy: the caller may hand in currentSource itself.
     const SourceConfig source = config;
-    beginLoad();
     currentSource = source;
     sourceManager->setLastActiveSourceName(source.name);
     showTabsFor(source.type);
     resetBrowseTabs();
-    if (!SourceType::isAccount(source.type)) {
-        tabs->setCurrentWidget(&browseTab(CatalogSection::Channel));
-        loadM3uSource(source, force);
-        return;
-    }
-    tabs->setCurrentWidget(&browseTab(CatalogSection::Live));
-    if (source.type == SourceType::Zevrino) {
-        loadZevrinoSource(source, force);
-    } else {
-        loadXtreamSource(source, force);
-    }
+    const bool account = SourceType::isAccount(source.type);
+    tabs->setCurrentWidget(&browseTab(account ? CatalogSection::Live : CatalogSection::Channel));
+    catalogLoader->load(source, force);
 }
 
 void MainWindow::showTabsFor(qint32 sourceType)
@@ -291,25 +260,6 @@ void MainWindow::emptyBrowseTabs()
     }
     episodePage->showEpisodes({}, {});
     episodeQueue.clear();
-}
-
-void MainWindow::beginCatalogFetch(int steps)
-{
-    pendingFetchSteps += steps;
-    if (pendingFetchSteps > 0) {
-        fitLoadingOverlay();
-        loadingOverlay->raise();
-        loadingOverlay->show();
-    }
-}
-
-void MainWindow::catalogFetchStepDone()
-{
-    --pendingFetchSteps;
-    if (pendingFetchSteps <= 0) {
-        pendingFetchSteps = 0;
-        loadingOverlay->hide();
-    }
 }
 
 void MainWindow::refreshActiveSource()

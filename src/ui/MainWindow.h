@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/CatalogCache.h"
 #include "model/CatalogRecords.h"
 #include "model/CatalogSection.h"
 #include "model/SourceConfig.h"
@@ -17,13 +16,14 @@
 #include <optional>
 
 class BrowseTab;
+class CatalogLoader;
 class ClickToSeekSlider;
 class EpisodePage;
+class LoadingOverlay;
 class PlaybackSession;
 class SourceManager;
 class VlcPlayer;
-class XtreamClient;
-class ZevrinoClient;
+struct LoadFailure;
 
 class QBoxLayout;
 class QComboBox;
@@ -56,21 +56,11 @@ public:
     /// then end without destroying this window, which libVLC may draw into.
     bool endPlayback();
 
-    // ---- MainWindow.cpp: sources and the loading overlay ----
+    // ---- MainWindow.cpp: sources ----
 
     /// Makes `config` the active source and fills its tabs, from the cache when it is fresh and
     /// `force` is false, from the network otherwise.
     void loadSource(const SourceConfig &config, bool force);
-    /// Adds `steps` outstanding steps; the overlay shows while any is left.
-    void beginCatalogFetch(int steps);
-    /// Takes one step off; more calls than steps do no harm.
-    void catalogFetchStepDone();
-
-    // ---- MainWindowSources.cpp: loading flows ----
-
-    void loadM3uSource(const SourceConfig &config, bool force);
-    void loadXtreamSource(const SourceConfig &config, bool force);
-    void loadZevrinoSource(const SourceConfig &config, bool force);
 
     // ---- MainWindowSeries.cpp: shows and episodes ----
 
@@ -147,9 +137,7 @@ protected:
 private:
     // ---- MainWindow.cpp ----
     QWidget *buildSourceBar();
-    void fitLoadingOverlay();
     void buildFullscreenChrome();
-    void buildLoadingOverlay();
     void createPlayer();
     void addPlayerShortcuts();
     void restoreSources();
@@ -167,35 +155,9 @@ private:
     void replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited);
     void forgetLastSource();
 
-    // ---- MainWindowSources.cpp ----
-    /// One load's fetch from the network.
-    struct Fetch
-    {
-        quint64 load; ///< its number
-        QString sourceName;
-    };
-    /// What one of an account's tabs is filled from and where it is kept.
-    struct AccountKind;
-
-    /// Starts a new load: replies to earlier ones are late from now on, and the steps that the last
-    /// one still owes are released.
-    void beginLoad();
-    /// Adds steps for the current load.
-    void beginLoadSteps(int steps);
-    /// Takes a step off unless its load was left, and with it its steps.
-    void loadStepDone(quint64 load);
-    /// Stamps and stores the current source and announces its steps.
-    Fetch beginFetch(const SourceConfig &config, int steps);
-    /// False once the source was fetched anew or is gone; the reply is then of no use.
-    bool isNewest(const Fetch &fetch) const;
-    void downloadPlaylist(const QString &url, const Fetch &fetch);
-    void takePlaylist(const QByteArray &body, const Fetch &fetch);
-    void showChannels(const QList<Category> &categories, const QList<MediaItem> &items);
-    QList<AccountKind> accountKinds();
-    bool loadAccountFromCache(const QString &sourceName);
-    void fetchKind(const AccountKind &kind, const Fetch &fetch);
-    XtreamClient *accountClient();
-    void loadResolvedSource(const SourceConfig &config, bool force);
+    // ---- MainWindowSources.cpp: what the loader reports ----
+    void createCatalogLoader(const QString &subscriptionBaseUrl);
+    void reportLoadFailure(const LoadFailure &failure);
 
     // ---- MainWindowBrowse.cpp ----
     void buildTabs();
@@ -239,28 +201,14 @@ private:
 
     // ---- MainWindow.cpp ----
     SourceManager *sourceManager = nullptr;
-    /// Made on the first account load, then kept.
-    XtreamClient *xtream = nullptr;
-    QString subscriptionUrl;
-    /// Made on the first subscription load, then kept.
-    ZevrinoClient *zevrino = nullptr;
+    CatalogLoader *catalogLoader = nullptr;
     /// The active source; an empty name means none.
     SourceConfig currentSource = defaultSourceConfig();
-    QNetworkAccessManager *network = nullptr;
     QTimer *autoRefreshTimer = nullptr;
     QWidget *sourceBar = nullptr;
     QComboBox *sourceCombo = nullptr;
     QVBoxLayout *centralLayout = nullptr;
-    QWidget *loadingOverlay = nullptr;
-    qint32 pendingFetchSteps = 0;
-
-    // ---- MainWindowSources.cpp ----
-    /// The number of the current load.
-    quint64 currentLoad = 0;
-    /// The steps that the current load still owes.
-    qint32 owedSteps = 0;
-    /// Which load fetched a source last, by the source's name.
-    QHash<QString, quint64> newestFetch;
+    LoadingOverlay *loadingOverlay = nullptr;
 
     // ---- MainWindowBrowse.cpp ----
     class QTabWidget *tabs = nullptr;

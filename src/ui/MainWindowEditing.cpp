@@ -1,6 +1,7 @@
 #include "ui/MainWindow.h"
 
 #include "model/SourceManager.h"
+#include "providers/CatalogLoader.h"
 #include "ui/PlainMessageBox.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlaylistCopy.h"
@@ -43,7 +44,7 @@ void MainWindow::addSource()
     if (!checkDialogResult(config, title) || !storeCopy(config, title)) {
         return;
     }
-    newestFetch.remove(config.name);
+    catalogLoader->forget(config.name);
     sourceManager->saveSource(config);
     sourceCombo->addItem(config.name, config.name);
     sourceCombo->setCurrentIndex(sourceCombo->count() - 1);
@@ -79,7 +80,7 @@ void MainWindow::deleteSource(const QString &name)
         sourceManager->removeSource(name);
     }
     // What is still under way for it must not store it again.
-    newestFetch.remove(name);
+    catalogLoader->forget(name);
     removeRowsOf(name);
     if (sourceCombo->count() > 0) {
         onSourceSelected(sourceCombo->currentIndex());
@@ -102,7 +103,7 @@ void MainWindow::removeRowsOf(const QString &name)
 
 void MainWindow::forgetLastSource()
 {
-    beginLoad();
+    catalogLoader->reset();
     currentSource = defaultSourceConfig();
     session->stop();
     emptyBrowseTabs();
@@ -111,7 +112,7 @@ void MainWindow::forgetLastSource()
 void MainWindow::replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited)
 {
     // What is still under way for it came from the source as it was.
-    newestFetch.remove(oldName);
+    catalogLoader->forget(oldName);
     if (edited.name != oldName) {
         sourceManager->removeSource(oldName);
     }

@@ -1,6 +1,7 @@
 #include "ui/MainWindow.h"
 
 #include "player/VlcPlayer.h"
+#include "providers/CatalogLoader.h"
 #include "ui/ClickToSeekSlider.h"
 #include "ui/EntryUrl.h"
 #include "ui/FormatMs.h"
@@ -46,7 +47,8 @@ void MainWindow::resetPosition()
 
 void MainWindow::playMediaItem(const MediaItem &item)
 {
-    const QString url = entryUrl(item, currentSource, xtream, episodeQueue.account());
+    const QString url =
+        entryUrl(item, currentSource, catalogLoader->accountClient(), episodeQueue.account());
     if (url.isEmpty()) {
         return;
     }

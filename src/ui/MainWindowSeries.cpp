@@ -1,5 +1,7 @@
 #include "ui/MainWindow.h"
 
+#include "model/CatalogCache.h"
+#include "providers/CatalogLoader.h"
 #include "providers/XtreamClient.h"
 #include "ui/BrowseTab.h"
 #include "ui/EpisodePage.h"
@@ -9,6 +11,7 @@
 
 void MainWindow::showEpisodesInline(const QString &seriesId, const QString &seriesName)
 {
+    XtreamClient *xtream = catalogLoader->accountClient();
     if (xtream == nullptr) {
         return;
     }

@@ -3,6 +3,7 @@
 #include "model/SourceManager.h"
 #include "player/VlcPlayer.h"
 #include "support/PrivateProfile.h"
+#include "ui/LoadingOverlay.h"
 #include "ui/MainWindow.h"
 
 #include <QDateTime>
@@ -113,17 +114,18 @@ QTimer &WindowFixture::reconnectTimer() const
 
 QTimer &WindowFixture::autoRefreshTimer() const
 {
-    for (QTimer *timer : mainWindow->findChildren<QTimer *>(Qt::FindDirectChildrenOnly)) {
-        if (!timer->isSingleShot()) {
-            return *timer;
-        }
-    }
-    qFatal("WindowFixture: no auto-refresh timer");
+    return *static_cast<QTimer *>(
+        require(mainWindow->findChild<QTimer *>(u"autoRefreshTimer"_s), u"autoRefreshTimer"_s));
+}
+
+LoadingOverlay &WindowFixture::overlay() const
+{
+    return find<LoadingOverlay>(u"loadingOverlay"_s);
 }
 
 bool WindowFixture::overlayShown() const
 {
-    return !find<QWidget>(u"loadingOverlay"_s).isHidden();
+    return !overlay().isHidden();
 }
 
 QList<QNetworkReply *> WindowFixture::repliesUnderWay() const

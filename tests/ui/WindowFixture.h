@@ -13,6 +13,7 @@
 #include <functional>
 #include <memory>
 
+class LoadingOverlay;
 class MainWindow;
 class QNetworkReply;
 class QTableWidget;
@@ -54,6 +55,7 @@ public:
     VlcPlayer &player() const;
     QTimer &reconnectTimer() const;
     QTimer &autoRefreshTimer() const;
+    LoadingOverlay &overlay() const;
     bool overlayShown() const;
     /// The window's requests that are not answered yet, those of its clients included.
     QList<QNetworkReply *> repliesUnderWay() const;

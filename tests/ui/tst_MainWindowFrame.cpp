@@ -1,5 +1,6 @@
 #include "WindowFixture.h"
 #include "support/TestMain.h"
+#include "ui/LoadingOverlay.h"
 #include "ui/MainWindow.h"
 
 #include <QApplication>
@@ -28,7 +29,7 @@ void cacheFilms(const QString &source)
 
 } // namespace
 
-/// The window's frame: source bar, tabs, splitter, and the loading overlay with its counter.
+/// The window's frame: source bar, tabs, splitter and loading overlay.
 class tst_MainWindowFrame : public QObject
 {
     Q_OBJECT
@@ -41,12 +42,6 @@ private Q_SLOTS:
     void browsePaneTakesAThird();
     void usersWidthsAreKept();
     void autoRefreshRunsEveryHalfHour();
-    void overlayLook();
-    void overlayShowsWhileStepsAreLeft();
-    void overlappingFlowsShareTheCounter();
-    void extraCompletionsDoNotCount();
-    void noStepsShowNoOverlay();
-    void overlayTakesTheSizeWhenALoadBegins();
     void overlayCoversTheTabsAtTheFirstLoad();
 };
 
@@ -185,93 +180,6 @@ void tst_MainWindowFrame::autoRefreshRunsEveryHalfHour()
     QVERIFY(!timer.isSingleShot());
 }
 
-void tst_MainWindowFrame::overlayLook()
-{
-    WindowFixture fixture;
-    fixture.open();
-    auto &overlay = fixture.find<QWidget>(u"loadingOverlay"_s);
-    QCOMPARE(overlay.parentWidget(), &fixture.find<QTabWidget>(u"tabs"_s));
-    QVERIFY(overlay.isHidden());
-    QVERIFY(overlay.autoFillBackground());
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        QCOMPARE(overlay.palette().color(group, QPalette::Window), QColor(0, 0, 0, 150));
-    }
-    const auto *label = overlay.findChild<QLabel *>();
-    QCOMPARE(label->text(), u"Loading..."_s);
-    QCOMPARE(label->alignment(), Qt::AlignHCenter | Qt::AlignVCenter);
-    QCOMPARE(label->styleSheet(), u"color: white; font-size: 14pt;"_s);
-}
-
-void tst_MainWindowFrame::overlayShowsWhileStepsAreLeft()
-{
-    WindowFixture fixture;
-    MainWindow &window = fixture.open();
-    window.beginCatalogFetch(2);
-    QVERIFY(fixture.overlayShown());
-    QVERIFY(fixture.find<QWidget>(u"loadingOverlay"_s).isVisible());
-    window.catalogFetchStepDone();
-    QVERIFY(fixture.overlayShown());
-    window.catalogFetchStepDone();
-    QVERIFY(!fixture.overlayShown());
-}
-
-void tst_MainWindowFrame::overlappingFlowsShareTheCounter()
-{
-    WindowFixture fixture;
-    MainWindow &window = fixture.open();
-    window.beginCatalogFetch(1);
-    window.beginCatalogFetch(6);
-    window.beginCatalogFetch(1);
-    for (int step = 0; step < 7; ++step) {
-        window.catalogFetchStepDone();
-        QVERIFY(fixture.overlayShown());
-    }
-    window.catalogFetchStepDone();
-    QVERIFY(!fixture.overlayShown());
-}
-
-void tst_MainWindowFrame::extraCompletionsDoNotCount()
-{
-    WindowFixture fixture;
-    MainWindow &window = fixture.open();
-    for (int extra = 0; extra < 3; ++extra) {
-        window.catalogFetchStepDone();
-        QVERIFY(!fixture.overlayShown());
-    }
-    // A counter below zero would swallow the next load's steps.
-    window.beginCatalogFetch(1);
-    QVERIFY(fixture.overlayShown());
-    window.catalogFetchStepDone();
-    QVERIFY(!fixture.overlayShown());
-}
-
-void tst_MainWindowFrame::noStepsShowNoOverlay()
-{
-    WindowFixture fixture;
-    MainWindow &window = fixture.open();
-    window.beginCatalogFetch(0);
-    QVERIFY(!fixture.overlayShown());
-}
-
-void tst_MainWindowFrame::overlayTakesTheSizeWhenALoadBegins()
-{
-    WindowFixture fixture;
-    MainWindow &window = fixture.open();
-    const auto &tabs = fixture.find<QTabWidget>(u"tabs"_s);
-    const auto &overlay = fixture.find<QWidget>(u"loadingOverlay"_s);
-    window.beginCatalogFetch(1);
-    const QRect before = tabs.rect();
-    QCOMPARE(overlay.geometry(), before);
-
-    window.resize(1400, 900);
-    QTRY_VERIFY(tabs.height() > before.height());
-    QCOMPARE(overlay.geometry(), before);
-
-    window.beginCatalogFetch(1);
-    QCOMPARE(overlay.geometry(), tabs.rect());
-    QCOMPARE(overlay.geometry().topLeft(), QPoint(0, 0));
-}
-
 void tst_MainWindowFrame::overlayCoversTheTabsAtTheFirstLoad()
 {
     HttpServer server;
@@ -281,7 +189,7 @@ void tst_MainWindowFrame::overlayCoversTheTabsAtTheFirstLoad()
     fixture.open();
     QVERIFY(fixture.overlayShown());
     const auto &tabs = fixture.find<QTabWidget>(u"tabs"_s);
-    QTRY_COMPARE(fixture.find<QWidget>(u"loadingOverlay"_s).geometry(), tabs.rect());
+    QTRY_COMPARE(fixture.overlay().geometry(), tabs.rect());
     QVERIFY(tabs.height() > 500);
 }
 

@@ -1,5 +1,6 @@
 #include "WindowFixture.h"
 #include "support/TestMain.h"
+#include "ui/LoadingOverlay.h"
 #include "ui/MainWindow.h"
 
 #include <QComboBox>
@@ -299,7 +300,7 @@ void tst_MainWindowPlaylist::aLateReplyIsCached()
     QVERIFY(!fixture.overlayShown());
 
     // A step of somebody else's, which the late reply must not take.
-    fixture.window().beginCatalogFetch(1);
+    fixture.overlay().beginCatalogFetch(1);
     server->release(u"/late.m3u"_s);
     // Under the name of the source that it came from.
     QTRY_COMPARE(cachedChannels(u"Late"_s), (QStringList{u"One"_s, u"Two"_s}));

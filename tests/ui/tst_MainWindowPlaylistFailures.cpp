@@ -215,7 +215,7 @@ void tst_MainWindowPlaylistFailures::repliesMayTakeAMinute()
 {
     WindowFixture fixture;
     const MainWindow &window = fixture.open();
-    const auto managers = window.findChildren<QNetworkAccessManager *>(Qt::FindDirectChildrenOnly);
+    const auto managers = window.findChildren<QNetworkAccessManager *>();
     QVERIFY(std::any_of(managers.begin(), managers.end(), [](QNetworkAccessManager *manager) {
         return manager->transferTimeout() == 60000;
     }));

@@ -1,6 +1,7 @@
 #include "AccountFixture.h"
 #include "SubscriptionEndpoint.h"
 #include "support/TestMain.h"
+#include "ui/LoadingOverlay.h"
 #include "ui/MainWindow.h"
 
 #include <QComboBox>
@@ -89,7 +90,7 @@ void tst_MainWindowSubscriptionSwitch::anAnswerForASourceThatWasLeft()
     // What was left owes nothing more.
     QVERIFY(!fixture.overlayShown());
 
-    fixture.window().beginCatalogFetch(1);
+    fixture.overlay().beginCatalogFetch(1);
     endpoint->release();
     QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
     QVERIFY(fixture.overlayShown());

@@ -1,0 +1,127 @@
+#pragma once
+
+#include "model/CatalogCache.h"
+#include "model/CatalogRecords.h"
+#include "model/CatalogSection.h"
+#include "model/SourceConfig.h"
+#include "providers/CatalogReply.h"
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+class PlaylistClient;
+class XtreamClient;
+class ZevrinoClient;
+struct PlaylistReply;
+
+/// A step of a load that failed.
+struct LoadFailure
+{
+    enum class Step
+    {
+        KeyExchange,
+        PlaylistFile,
+        PlaylistDownload,
+        Categories,
+        Items
+    };
+
+    Step step = Step::KeyExchange;
+    /// What the step was to bring; nothing for a key exchange.
+    CatalogSection section = CatalogSection::Live;
+    /// For the user: the path of a file, the reason of a download or a key exchange.
+    QString detail;
+};
+
+/// Loads the catalog of a source and caches it: from the cache while that is fresh and complete,
+/// from the network or a file otherwise. A subscription exchanges its key first, on every load.
+///
+/// One load is current at a time; the next one leaves it. Replies to a load that was left are still
+/// cached, under the name of their source, unless that source was fetched again or forgotten since.
+/// They are not reported, except that a late playlist is while an account is loaded, whose tabs
+/// hide it, and so is the failure of a late download. GUI thread only.
+class CatalogLoader final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Exchanges subscription keys with the service that the build configured.
+    explicit CatalogLoader(QObject *parent);
+    /// Exchanges subscription keys with the service at this base address.
+    CatalogLoader(const QString &subscriptionBaseUrl, QObject *parent);
+
+    /// Loads `source`; `force` skips the cache. What needs no network is reported within this call.
+    void load(const SourceConfig &source, bool force);
+    /// Leaves the current load and starts from what a new loader knows: no catalog was reported.
+    void reset();
+    /// Drops the replies that are still to come for the source of that name.
+    void forget(const QString &sourceName);
+
+    /// The client of the account that was loaded last; null before the first one.
+    XtreamClient *accountClient() const { return xtream; }
+
+Q_SIGNALS:
+    /// The service exchanged the key of the current source. `source` has the account in it.
+    void resolved(const SourceConfig &source);
+    /// A fetch of `source` begins now: `lastUpdated` is the current time. The record is to be
+    /// stored before anything is read.
+    void stamped(const SourceConfig &source);
+    /// More steps are outstanding. Each is followed by one stepDone(), also when its load is left.
+    void stepsBegun(int steps);
+    void stepDone();
+    /// Categories and items of a section arrive in any order; each replaces what was there. A
+    /// request that failed reports failed() and then an empty list.
+    void categoriesLoaded(CatalogSection section, const QList<Category> &categories);
+    void itemsLoaded(CatalogSection section, const QList<MediaItem> &items);
+    /// A step failed; its stepDone() is reported before a failure that has a `detail`.
+    void failed(const LoadFailure &failure);
+
+private:
+    /// One load's fetch from network or file.
+    struct Fetch
+    {
+        quint64 load;
+        QString sourceName;
+    };
+    struct AccountSection;
+    static const QList<AccountSection> &accountSections();
+
+    void beginLoad();
+    void beginSteps(int steps);
+    void finishStep(quint64 load);
+    Fetch beginFetch(const SourceConfig &source, int steps);
+    bool isCurrent(const Fetch &fetch) const { return fetch.load == currentLoad; }
+    /// False once the source was fetched again or forgotten; the reply is then of no use.
+    bool isNewest(const Fetch &fetch) const;
+
+    void loadM3uSource(const SourceConfig &source, bool force);
+    void takePlaylist(const PlaylistReply &reply, const SourceConfig &source, const Fetch &fetch);
+    void loadXtreamSource(const SourceConfig &source, bool force);
+    bool loadAccountFromCache(const QString &sourceName);
+    void fetchSection(const AccountSection &part, const Fetch &fetch);
+    void finishRequest(CatalogSection section, const CatalogCache::Section &halves,
+                       const Fetch &fetch);
+    void loadZevrinoSource(const SourceConfig &source, bool force);
+    void report(CatalogSection section, const CatalogReply<Category> &reply);
+    void report(CatalogSection section, const CatalogReply<MediaItem> &reply);
+
+    QString subscriptionUrl;
+    PlaylistClient *playlist;
+    /// Made on the first account load, then kept.
+    XtreamClient *xtream = nullptr;
+    /// Made on the first subscription load, then kept.
+    ZevrinoClient *zevrino = nullptr;
+
+    /// The number of the current load.
+    quint64 currentLoad = 0;
+    bool accountIsCurrent = false;
+    /// The steps that the current load still owes.
+    int owedSteps = 0;
+    /// Which load fetched a source last, by the source's name.
+    QHash<QString, quint64> newestFetch;
+    /// The categories that were reported last. Items that arrive before their categories are cached
+    /// with these.
+    QHash<CatalogSection, QList<Category>> lastCategories;
+};

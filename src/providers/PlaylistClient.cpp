@@ -1,0 +1,77 @@
+#include "providers/PlaylistClient.h"
+
+#include "app/NetLog.h"
+#include "app/TraceSecrets.h"
+#include "providers/NetworkTrace.h"
+#include "providers/ReplyTimeout.h"
+
+#include <QFile>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isDownloadable(const QString &address)
+{
+    return address.startsWith("http://"_L1) || address.startsWith("https://"_L1);
+}
+
+/// Takes the body of a finished reply, and traces it.
+PlaylistReply takeReply(QNetworkReply &reply)
+{
+    if (reply.error() != QNetworkReply::NoError) {
+        if (netDebugEnabled()) {
+            NetLogStream() << "[M3U] <- error:" << traceSafeError(reply);
+        }
+        return {PlaylistReply::Outcome::DownloadFailed, {}, reply.errorString()};
+    }
+    const QByteArray body = reply.readAll();
+    if (netDebugEnabled()) {
+        NetLogStream() << "[M3U] <-" << body.size() << "bytes";
+    }
+    return {PlaylistReply::Outcome::Read, body, {}};
+}
+
+} // namespace
+
+PlaylistClient::PlaylistClient(QObject *parent)
+    : QObject(parent)
+    , network(new QNetworkAccessManager(this))
+{
+    network->setTransferTimeout(replyTimeoutMs);
+}
+
+void PlaylistClient::read(const QString &address, const Callback &callback)
+{
+    if (isDownloadable(address)) {
+        download(address, callback);
+    } else {
+        callback(readFile(address));
+    }
+}
+
+PlaylistReply PlaylistClient::readFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        return {PlaylistReply::Outcome::FileNotOpened, {}, {}};
+    }
+    return {PlaylistReply::Outcome::Read, file.readAll(), {}};
+}
+
+void PlaylistClient::download(const QString &url, const Callback &callback)
+{
+    if (netDebugEnabled()) {
+        NetLogStream() << "[M3U] ->" << traceSafeUrl(url);
+    }
+    QNetworkReply *reply = network->get(QNetworkRequest(QUrl(url)));
+    keepTimeoutBehindRedirects(reply);
+    connect(reply, &QNetworkReply::finished, this, [reply, callback] {
+        reply->deleteLater();
+        callback(takeReply(*reply));
+    });
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class QNetworkAccessManager;
+
+/// What came of reading a playlist.
+struct PlaylistReply
+{
+    enum class Outcome
+    {
+        Read,
+        FileNotOpened,
+        DownloadFailed
+    };
+
+    Outcome outcome = Outcome::Read;
+    QByteArray body; ///< empty on failure
+    QString error;   ///< of the network layer, when the download failed
+};
+
+/// Reads playlists, from the network or from disk. GUI thread only. Several reads may run side by
+/// side.
+class PlaylistClient final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Callback = std::function<void(const PlaylistReply &)>;
+
+    explicit PlaylistClient(QObject *parent);
+
+    /// Downloads an address that begins with "http://" or "https://" in lower case; anything else
+    /// is the path of a local file. The callback is called exactly once: within this call for a
+    /// file, later for a download, and never once the client is destroyed. A download that makes no
+    /// progress for replyTimeoutMs fails.
+    void read(const QString &address, const Callback &callback);
+
+private:
+    static PlaylistReply readFile(const QString &path);
+    void download(const QString &url, const Callback &callback);
+
+    QNetworkAccessManager *network;
+};
