@@ -1,6 +1,5 @@
 #include "SeriesWindow.h"
 
-#include "fakeprovider/Streams.h"
 #include "support/PrivateProfile.h"
 #include "support/TestFiles.h"
 #include "ui/BrowseTab.h"
@@ -10,7 +9,6 @@
 #include <QDateTime>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLabel>
 #include <QNetworkReply>
 #include <QTabWidget>
 #include <QTest>
@@ -31,11 +29,9 @@ MediaItem entryWithId(qint32 kind, const QString &name, const QString &id)
 
 SeriesWindow::SeriesWindow()
 {
-    server.onPrefix(u"/"_s, [](const HttpRequest &) {
-        return HttpReply::file(streamPath(u"audio.mp3"_s), "audio/mpeg"_ba);
-    });
+    server.onPrefix(u"/"_s, [](const HttpRequest &) { return heldReply(); });
     server.on(apiPath(), bodyReply(seriesInfo()));
-    WindowFixture::store(accountSource(u"A"_s, server.url()));
+    store(accountSource(u"A"_s, server.url()));
     CatalogCache::save(u"A"_s, u"live"_s, {{}, {entryWithId(0, u"Channel"_s, u"1"_s)}});
     CatalogCache::save(u"A"_s, u"movie"_s, {{}, {entryWithId(1, u"Film"_s, u"2"_s)}});
     CatalogCache::save(
@@ -45,9 +41,9 @@ SeriesWindow::SeriesWindow()
 
 void SeriesWindow::open()
 {
-    windowFixture.open();
-    auto &shows = windowFixture.find<BrowseTab>(u"seriesTab"_s);
-    windowFixture.find<QTabWidget>(u"tabs"_s).setCurrentWidget(&shows);
+    WindowFixture::open();
+    auto &shows = find<BrowseTab>(u"seriesTab"_s);
+    find<QTabWidget>(u"tabs"_s).setCurrentWidget(&shows);
     shows.showPage(BrowsePage::Items);
 }
 
@@ -59,7 +55,7 @@ void SeriesWindow::cacheEpisodes(const QString &seriesId, const QList<Episode> &
     QJsonObject root = QJsonDocument::fromJson(readFile(path)).object();
     QJsonObject store = root.value("episodes"_L1).toObject();
     QJsonObject saved = store.value(seriesId).toObject();
-    QVERIFY(saved.contains("savedAt"_L1));
+    Q_ASSERT(saved.contains("savedAt"_L1));
     saved.insert("savedAt"_L1, QDateTime::currentSecsSinceEpoch() - ageSeconds);
     store.insert(seriesId, saved);
     root.insert("episodes"_L1, store);
@@ -92,24 +88,14 @@ void SeriesWindow::openEpisodes()
     show();
 }
 
-void SeriesWindow::goBack() const
-{
-    QTest::mouseClick(&windowFixture.button(u"< Back to Shows"_s), Qt::LeftButton);
-}
-
 int SeriesWindow::page() const
 {
-    return windowFixture.find<BrowseTab>(u"seriesTab"_s).currentPage();
-}
-
-QString SeriesWindow::title() const
-{
-    return windowFixture.find<QLabel>(u"episodeTitleLabel"_s).text();
+    return find<BrowseTab>(u"seriesTab"_s).currentPage();
 }
 
 QTreeWidget &SeriesWindow::tree() const
 {
-    return windowFixture.find<QTreeWidget>(u"episodeTree"_s);
+    return find<QTreeWidget>(u"episodeTree"_s);
 }
 
 QStringList SeriesWindow::rows() const
@@ -125,32 +111,15 @@ QStringList SeriesWindow::rows() const
     return texts;
 }
 
-void SeriesWindow::click(int season, int index) const
-{
-    const QTreeWidgetItem *row = tree().topLevelItem(season)->child(index);
-    const QPoint place = tree().visualItemRect(row).center();
-    QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place);
-}
-
 void SeriesWindow::choose(int season, int index) const
 {
-    windowFixture.find<EpisodePage>(u"episodePage"_s)
+    find<EpisodePage>(u"episodePage"_s)
         .playEpisodeTreeItem(tree().topLevelItem(season)->child(index));
-}
-
-QString SeriesWindow::playingText() const
-{
-    return windowFixture.find<QLabel>(u"mutedLabel"_s).text();
-}
-
-QPushButton &SeriesWindow::nextButton() const
-{
-    return windowFixture.button(u"Next Episode"_s);
 }
 
 bool SeriesWindow::settle() const
 {
-    return QTest::qWaitFor([this] { return window().findChildren<QNetworkReply *>().isEmpty(); });
+    return QTest::qWaitFor([this] { return repliesUnderWay().isEmpty(); });
 }
 
 Episode episode(const QString &id, qint32 season, qint32 number, const QString &title,

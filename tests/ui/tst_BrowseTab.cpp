@@ -1,195 +1,330 @@
-// The widgets of a tab, and how they are filled.
+#include "TabFixture.h"
 
-#include "BrowseTabFixture.h"
-#include "support/TestMain.h"
-#include "ui/Thumbnails.h"
-
-#include <QBoxLayout>
 #include <QComboBox>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
 
-using namespace Qt::StringLiterals;
+namespace {
 
+/// The widgets of a layout and of those in it, in order.
+QWidgetList widgetsIn(const QLayout &layout)
+{
+    QWidgetList widgets;
+    for (int index = 0; index < layout.count(); ++index) {
+        QLayoutItem &item = *layout.itemAt(index);
+        widgets << (item.layout() != nullptr ? widgetsIn(*item.layout())
+                                             : QWidgetList{item.widget()});
+    }
+    return widgets;
+}
+
+const QStringList found{u"News"_s, u"Newsroom"_s, u"Sky News"_s}; ///< for the query "news"
+
+} // namespace
+
+/// What all four tabs do; tst_PosterTab tests what only tabs with posters do.
 class tst_BrowseTab : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void categoryPage_data();
-    void categoryPage();
-    void itemsPage_data();
-    void itemsPage();
-    void table();
-    void posterGrid();
-    void sortBox();
+    void initTestCase_data();
+    void init();
+    void texts();
+    void widgets();
     void categoriesFillTheList();
-    void entriesFillTheTable();
+    void entriesFillTheView();
+    void aCategoryOpens();
+    void theItemSearchFiltersTheCategory();
+    void searchingAllShowsTheResultsInPlaceOfTheCategories();
+    void theViewMovesToThePageThatShows();
+    void resetReturnsToTheStart_data();
+    void resetReturnsToTheStart();
+    void clearEmptiesBothLists();
+    void anEntryIsActivated();
+    void anActivatedEntryOutlivesTheList();
     void aRefillOfEqualLengthIsPainted();
-    void entriesFillThePosterGrid();
-    void aPosterKeepsTheSizeOfTheCells_data();
-    void aPosterKeepsTheSizeOfTheCells();
+
+private:
+    std::unique_ptr<Tab> tab;
 };
 
-void tst_BrowseTab::categoryPage_data()
+void tst_BrowseTab::initTestCase_data()
 {
     QTest::addColumn<CatalogSection>("section");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("searchText");
-    QTest::addColumn<QString>("viewName");
-    QTest::addColumn<bool>("forAccounts");
+    QTest::addColumn<QStringList>("texts");
     const QString channels = u"Search all channels..."_s;
-    QTest::newRow("Live TV") << CatalogSection::Live << u"Live TV"_s << channels << u"Channels"_s
-                             << true;
-    QTest::newRow("Movies") << CatalogSection::Movie << u"Movies"_s << u"Search all movies..."_s
-                            << u"Movies"_s << true;
-    QTest::newRow("TV Shows") << CatalogSection::Series << u"TV Shows"_s << u"Search all shows..."_s
-                              << u"Shows"_s << true;
-    QTest::newRow("Channels") << CatalogSection::Channel << u"Channels"_s << channels
-                              << u"Channels"_s << false;
+    QTest::newRow("Live TV") << CatalogSection::Live
+                             << QStringList{u"Live TV"_s, channels, u"Channels"_s, u"account"_s};
+    QTest::newRow("Movies") << CatalogSection::Movie
+                            << QStringList{u"Movies"_s, u"Search all movies..."_s, u"Movies"_s,
+                                           u"account"_s};
+    QTest::newRow("TV Shows") << CatalogSection::Series
+                              << QStringList{u"TV Shows"_s, u"Search all shows..."_s, u"Shows"_s,
+                                             u"account"_s};
+    QTest::newRow("Channels") << CatalogSection::Channel
+                              << QStringList{u"Channels"_s, channels, u"Channels"_s, u"playlist"_s};
 }
 
-void tst_BrowseTab::categoryPage()
+void tst_BrowseTab::init()
 {
-    QFETCH(CatalogSection, section);
-    BrowseTabFixture fixture(section);
-    QTEST(fixture.tab.title(), "title");
-    QTEST(fixture.tab.isForAccounts(), "forAccounts");
-    QTEST(fixture.view.accessibleName(), "viewName");
-    QCOMPARE(fixture.tab.layout()->contentsMargins(), QMargins());
-    QCOMPARE(fixture.tab.layout()->count(), 1);
-    QCOMPARE(fixture.tab.currentPage(), BrowsePage::Categories);
-
-    const QBoxLayout &layout = fixture.pageLayout(BrowsePage::Categories);
-    QCOMPARE(layout.count(), 3);
-    QCOMPARE(layout.itemAt(0)->widget(), &fixture.allSearch);
-    QTEST(fixture.allSearch.placeholderText(), "searchText");
-    QCOMPARE(fixture.categoryLabel().text(), u"Select a category:"_s);
-    QCOMPARE(layout.itemAt(2)->widget(), &fixture.categoryList);
-    QCOMPARE(layout.stretch(2), 1);
+    QFETCH_GLOBAL(CatalogSection, section);
+    tab = std::make_unique<Tab>(section);
 }
 
-void tst_BrowseTab::itemsPage_data()
+void tst_BrowseTab::texts()
 {
-    QTest::addColumn<CatalogSection>("section");
-    QTest::newRow("table") << CatalogSection::Live;
-    QTest::newRow("posters") << CatalogSection::Movie;
+    QFETCH_GLOBAL(QStringList, texts);
+    const QString source = tab->tab.isForAccounts() ? u"account"_s : u"playlist"_s;
+    QCOMPARE((QStringList{tab->tab.title(), tab->allSearch.placeholderText(),
+                          tab->view.accessibleName(), source}),
+             texts);
+    QCOMPARE(tab->search.placeholderText(), u"Search..."_s);
+    QCOMPARE(tab->title.text(), QString());
 }
 
-void tst_BrowseTab::itemsPage()
+void tst_BrowseTab::widgets()
 {
-    QFETCH(CatalogSection, section);
-    BrowseTabFixture fixture(section);
-    const QBoxLayout &layout = fixture.pageLayout(BrowsePage::Items);
-    QCOMPARE(layout.count(), 3);
-    const auto *titleRow = qobject_cast<QHBoxLayout *>(layout.itemAt(0)->layout());
-    QVERIFY(titleRow != nullptr);
-    QCOMPARE(titleRow->itemAt(0)->widget(), &fixture.backButton());
-    QCOMPARE(fixture.backButton().text(), u"< Back to Categories"_s);
-    QCOMPARE(titleRow->stretch(0), 0);
-    auto &title = fixture.part<QLabel>("TitleLabel");
-    QCOMPARE(titleRow->itemAt(1)->widget(), &title);
-    QCOMPARE(titleRow->stretch(1), 1);
-    QCOMPARE(title.font().weight(), QFont::Bold);
-    QCOMPARE(title.text(), QString());
-    QCOMPARE(fixture.search.placeholderText(), u"Search..."_s);
-    QCOMPARE(layout.itemAt(2)->widget(), &fixture.view);
-    QCOMPARE(layout.stretch(2), 1);
-    QCOMPARE(fixture.view.editTriggers(), QAbstractItemView::NoEditTriggers);
+    QCOMPARE(tab->tab.layout()->contentsMargins(), QMargins());
+    QCOMPARE(widgetsIn(*tab->tab.layout()), QWidgetList{&tab->stack});
+    QCOMPARE(tab->tab.currentPage(), BrowsePage::Categories);
+    const QBoxLayout &categoryPage = tab->pageLayout(0);
+    auto &label = *qobject_cast<QLabel *>(categoryPage.itemAt(1)->widget());
+    QCOMPARE(label.text(), u"Select a category:"_s);
+    QCOMPARE(widgetsIn(categoryPage), (QWidgetList{&tab->allSearch, &label, &tab->categories}));
+    QCOMPARE(categoryPage.stretch(2), 1);
 
-    title.setText(QString(5000, u'x'));
-    QCOMPARE(title.minimumSizeHint().width(), 0);
-    fixture.tab.showPage(BrowsePage::Items);
-    QTest::mouseClick(&fixture.backButton(), Qt::LeftButton);
-    QCOMPARE(fixture.tab.currentPage(), BrowsePage::Categories);
-}
-
-void tst_BrowseTab::table()
-{
-    for (const CatalogSection section : {CatalogSection::Live, CatalogSection::Channel}) {
-        BrowseTabFixture fixture(section);
-        QVERIFY(fixture.tab.posterGrid() == nullptr);
-        QCOMPARE(fixture.pageLayout(BrowsePage::Items).itemAt(1)->widget(), &fixture.search);
-        const auto &table = fixture.part<QTableWidget>("Table");
-        QCOMPARE(table.columnCount(), 1);
-        QCOMPARE(table.horizontalHeaderItem(0)->text(), u"Channel"_s);
-        QVERIFY(table.horizontalHeader()->stretchLastSection());
-        QCOMPARE(table.selectionBehavior(), QAbstractItemView::SelectRows);
-        QVERIFY(table.verticalHeader()->isHidden());
+    const QBoxLayout &itemsPage = tab->pageLayout(1);
+    const auto &titleRow = *qobject_cast<QHBoxLayout *>(itemsPage.itemAt(0)->layout());
+    auto &back = *qobject_cast<QPushButton *>(titleRow.itemAt(0)->widget());
+    QCOMPARE(back.text(), u"< Back to Categories"_s);
+    QWidgetList expected{&back, &tab->title, &tab->search};
+    if (tab->tab.posterGrid() != nullptr) {
+        expected << &tab->part<QComboBox>(u"SortCombo"_s);
     }
-}
+    QCOMPARE(widgetsIn(itemsPage), expected << &tab->view);
+    QCOMPARE(titleRow.stretch(0), 0);
+    QCOMPARE(titleRow.stretch(1), 1);
+    QCOMPARE(itemsPage.stretch(2), 1);
+    QCOMPARE(tab->view.editTriggers(), QAbstractItemView::NoEditTriggers);
+    QCOMPARE(tab->title.font().weight(), QFont::Bold);
+    tab->title.setText(QString(5000, u'x'));
+    QCOMPARE(tab->title.minimumSizeHint().width(), 0);
 
-void tst_BrowseTab::posterGrid()
-{
-    for (const CatalogSection section : {CatalogSection::Movie, CatalogSection::Series}) {
-        BrowseTabFixture fixture(section);
-        const QListWidget &grid = *fixture.tab.posterGrid();
-        QCOMPARE(&grid, &fixture.view);
-        QCOMPARE(grid.viewMode(), QListView::IconMode);
-        QCOMPARE(grid.resizeMode(), QListView::Adjust);
-        QCOMPARE(grid.movement(), QListView::Static);
-        QVERIFY(grid.isWrapping());
-        QVERIFY(grid.uniformItemSizes());
-        QCOMPARE(grid.iconSize(), QSize(140, 210));
-        QCOMPARE(grid.spacing(), 10);
-        QCOMPARE(grid.selectionMode(), QAbstractItemView::SingleSelection);
-        QCOMPARE(grid.frameShape(), QFrame::NoFrame);
-        QVERIFY(grid.wordWrap());
-        QCOMPARE(grid.verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
-        QCOMPARE(grid.horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
-    }
-}
-
-void tst_BrowseTab::sortBox()
-{
-    BrowseTabFixture fixture;
-    const QBoxLayout &layout = fixture.pageLayout(BrowsePage::Items);
-    const auto *row = qobject_cast<QHBoxLayout *>(layout.itemAt(1)->layout());
-    QVERIFY(row != nullptr);
-    QCOMPARE(row->itemAt(0)->widget(), &fixture.search);
-    QCOMPARE(row->stretch(0), 1);
-    const auto &box = fixture.part<QComboBox>("SortCombo");
-    QCOMPARE(row->itemAt(1)->widget(), &box);
-    QCOMPARE(row->stretch(1), 0);
-    QStringList entries;
-    for (int index = 0; index < box.count(); ++index) {
-        entries << box.itemText(index) + u'/' + box.itemData(index).toString();
-    }
-    QCOMPARE(entries,
-             (QStringList{u"Name (A-Z)/name"_s, u"Recently Added/added"_s, u"Rating/rating"_s}));
-    QCOMPARE(box.currentIndex(), 0);
+    tab->tab.showPage(BrowsePage::Items);
+    QTest::mouseClick(&back, Qt::LeftButton);
+    QCOMPARE(tab->tab.currentPage(), BrowsePage::Categories);
 }
 
 void tst_BrowseTab::categoriesFillTheList()
 {
-    BrowseTabFixture fixture;
     const QList<Category> categories{{u"7"_s, u"<b>Film</b>"_s}, {u"3"_s, u"Action"_s}};
-    fixture.tab.setCategories(categories);
-    QCOMPARE(fixture.tab.categories(), categories);
+    tab->tab.setCategories(categories);
+    QCOMPARE(tab->tab.categories(), categories);
     QStringList rows;
-    for (int row = 0; row < fixture.categoryList.count(); ++row) {
-        const QListWidgetItem &item = *fixture.categoryList.item(row);
+    for (int row = 0; row < tab->categories.count(); ++row) {
+        const QListWidgetItem &item = *tab->categories.item(row);
         QCOMPARE(item.data(Qt::UserRole).typeId(), QMetaType::QString);
         rows << item.text() + u'/' + item.data(Qt::UserRole).toString();
     }
     QCOMPARE(rows, (QStringList{u"All Categories/"_s, u"<b>Film</b>/7"_s, u"Action/3"_s}));
-    QCOMPARE(fixture.names().size(), 4);
+    QCOMPARE(tab->names().size(), 4);
+
+    tab->tab.setCategories({});
+    QCOMPARE(tab->categories.count(), 1);
+    tab->openCategory(0);
+    QCOMPARE(tab->title.text(), u"All Categories"_s);
+    QCOMPARE(tab->names().size(), 4);
 }
 
-void tst_BrowseTab::entriesFillTheTable()
+void tst_BrowseTab::entriesFillTheView()
 {
-    BrowseTabFixture fixture(CatalogSection::Live);
-    QCOMPARE(fixture.names(), (QStringList{u"Sky News"_s, u"Newsroom"_s, u"Arena"_s, u"News"_s}));
+    if (tab->tab.posterGrid() == nullptr) {
+        const auto &table = tab->part<QTableWidget>(u"Table"_s);
+        QCOMPARE(table.columnCount(), 1);
+        QCOMPARE(table.horizontalHeaderItem(0)->text(), u"Channel"_s);
+        QVERIFY(table.horizontalHeader()->stretchLastSection());
+        QVERIFY(table.verticalHeader()->isHidden());
+        QCOMPARE(table.selectionBehavior(), QAbstractItemView::SelectRows);
+        // The order of the source.
+        QCOMPARE(tab->names(), (QStringList{u"Sky News"_s, u"Newsroom"_s, u"Arena"_s, u"News"_s}));
+    }
     const QList<MediaItem> items{film(u"<b>Two</b>"_s)};
-    fixture.tab.setItems(items);
-    QCOMPARE(fixture.tab.items(), items);
-    QCOMPARE(fixture.names(), QStringList{u"<b>Two</b>"_s});
-    fixture.tab.setItems({});
-    QCOMPARE(fixture.names(), QStringList());
+    tab->tab.setItems(items);
+    QCOMPARE(tab->tab.items(), items);
+    QCOMPARE(tab->names(), QStringList{u"<b>Two</b>"_s});
+    tab->tab.setItems({});
+    QCOMPARE(tab->names(), QStringList());
+}
+
+void tst_BrowseTab::aCategoryOpens()
+{
+    Tab::click(tab->categories, 2);
+    QCOMPARE(tab->tab.currentPage(), BrowsePage::Items);
+    QCOMPARE(tab->title.text(), u"Sport"_s);
+    QCOMPARE(tab->names(), (QStringList{u"Arena"_s, u"News"_s}));
+    QVERIFY(tab->view.isVisible());
+
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        tab->tab.showPage(BrowsePage::Categories);
+        Tab::press(tab->categories, -1, key);
+        QCOMPARE(tab->tab.currentPage(), BrowsePage::Categories);
+        Tab::press(tab->categories, 0, key);
+        QCOMPARE(tab->tab.currentPage(), BrowsePage::Items);
+        QCOMPARE(tab->title.text(), u"All Categories"_s);
+        QCOMPARE(tab->names().size(), 4);
+    }
+}
+
+void tst_BrowseTab::theItemSearchFiltersTheCategory()
+{
+    tab->openCategory(2);
+    QTest::keyClicks(&tab->search, u"news"_s);
+    QCOMPARE(tab->names(), QStringList{u"News"_s});
+    QCOMPARE(tab->title.text(), u"Sport"_s);
+    // It stays when another category is chosen.
+    tab->openCategory(0);
+    QCOMPARE(tab->search.text(), u"news"_s);
+    QCOMPARE(tab->names(), found);
+}
+
+void tst_BrowseTab::searchingAllShowsTheResultsInPlaceOfTheCategories()
+{
+    tab->openCategory(2);
+    tab->tab.showPage(BrowsePage::Categories);
+    QVERIFY(tab->view.isHidden());
+    const QBoxLayout &layout = tab->pageLayout(0);
+    QWidget &label = *layout.itemAt(1)->widget();
+    for (const QString &query : {u"\"100%1\""_s, u"n"_s, u"news"_s}) {
+        tab->allSearch.setText(query);
+        QCOMPARE(tab->tab.currentPage(), BrowsePage::Categories);
+        QVERIFY(label.isHidden());
+        QVERIFY(tab->categories.isHidden());
+        QVERIFY(tab->view.isVisible());
+        QCOMPARE(layout.count(), 4);
+        QCOMPARE(layout.itemAt(3)->widget(), &tab->view);
+        QCOMPARE(layout.stretch(3), 1);
+        QCOMPARE(tab->title.text(), u"Search: \""_s + query + u'"');
+        QCOMPARE(tab->search.text(), query);
+    }
+    QCOMPARE(tab->names(), found);
+
+    tab->allSearch.clear();
+    QVERIFY(label.isVisible());
+    QVERIFY(tab->categories.isVisible());
+    QVERIFY(tab->view.isHidden());
+    QCOMPARE(tab->title.text(), u"All Categories"_s);
+    QCOMPARE(tab->search.text(), QString());
+    QCOMPARE(tab->names().size(), 4);
+}
+
+void tst_BrowseTab::theViewMovesToThePageThatShows()
+{
+    tab->tab.addPage(new QWidget);
+    const auto expectResultsOn = [this](int page) {
+        tab->tab.showPage(page);
+        QCOMPARE(widgetsIn(tab->pageLayout(page)).last(), &tab->view);
+        QCOMPARE(tab->pageLayout(page).stretch(tab->pageLayout(page).count() - 1), 1);
+        QVERIFY(tab->view.isVisible());
+        QVERIFY(!tab->categories.isVisible());
+    };
+    // The field is cleared while each of the pages shows, the added one among them.
+    for (const int page : {BrowsePage::Categories, BrowsePage::Items, BrowsePage::Episodes}) {
+        tab->allSearch.setText(u"news"_s);
+        tab->tab.showPage(BrowsePage::Episodes);
+        QVERIFY(!tab->view.isVisible());
+        expectResultsOn(BrowsePage::Items);
+        expectResultsOn(BrowsePage::Categories);
+        QCOMPARE(tab->names(), found);
+        tab->tab.showPage(page);
+        tab->allSearch.clear();
+        tab->tab.showPage(BrowsePage::Categories);
+        QVERIFY(tab->categories.isVisible());
+        QVERIFY(!tab->view.isVisible());
+        expectResultsOn(BrowsePage::Items);
+        tab->tab.showPage(BrowsePage::Categories);
+    }
+}
+
+void tst_BrowseTab::resetReturnsToTheStart_data()
+{
+    QTest::addColumn<QString>("allSearch");
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<int>("refills");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("no search") << QString() << QString() << 0 << QString();
+    QTest::newRow("an item search") << QString() << u"sky"_s << 1 << QString();
+    // It puts its text into both fields.
+    QTest::newRow("a search over all") << u"sky"_s << u"sky"_s << 1 << u"All Categories"_s;
+}
+
+void tst_BrowseTab::resetReturnsToTheStart()
+{
+    QFETCH(QString, allSearch);
+    QFETCH(QString, search);
+    QFETCH(int, refills);
+    tab->categories.setCurrentRow(1);
+    tab->openCategory(1);
+    tab->allSearch.setText(allSearch);
+    tab->search.setText(search);
+    const QStringList shown = tab->names();
+    tab->refills.clear();
+
+    tab->tab.reset();
+    QCOMPARE(tab->tab.currentPage(), BrowsePage::Categories);
+    QVERIFY(tab->tab.items().isEmpty());
+    QVERIFY(tab->categories.selectedItems().isEmpty());
+    QCOMPARE(tab->categories.count(), 3);
+    QVERIFY(tab->categories.isVisible());
+    QCOMPARE(tab->allSearch.text() + tab->search.text(), QString());
+    QTEST(tab->title.text(), "title");
+    QCOMPARE(tab->names(), refills == 0 ? shown : QStringList());
+    QCOMPARE(tab->refills.count(), tab->tab.posterGrid() != nullptr ? refills : 0);
+    // No category is chosen any more.
+    tab->tab.setItems({film(u"Other"_s, u"x"_s)});
+    QCOMPARE(tab->names(), QStringList{u"Other"_s});
+}
+
+void tst_BrowseTab::clearEmptiesBothLists()
+{
+    tab->allSearch.setText(u"sky"_s);
+    tab->tab.clear();
+    QVERIFY(tab->tab.categories().isEmpty());
+    QVERIFY(tab->tab.items().isEmpty());
+    QCOMPARE(tab->categories.count(), 0);
+    QCOMPARE(tab->names(), QStringList());
+    QCOMPARE(tab->title.text(), QString());
+}
+
+void tst_BrowseTab::anEntryIsActivated()
+{
+    tab->openCategory(2);
+    for (const int row : {-1, 2, 1000}) {
+        tab->tab.activateRow(row);
+    }
+    QCOMPARE(tab->activations.count(), 0);
+    Tab::click(tab->view, 1);
+    QCOMPARE(tab->activations.count(), 1);
+    QCOMPARE(tab->activatedName(), u"News"_s);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        tab->activations.clear();
+        Tab::press(tab->view, 0, key);
+        QCOMPARE(tab->activations.count(), 1);
+        QCOMPARE(tab->activatedName(), u"Arena"_s);
+    }
+}
+
+void tst_BrowseTab::anActivatedEntryOutlivesTheList()
+{
+    QString name;
+    connect(&tab->tab, &BrowseTab::activated, this, [this, &name](const MediaItem &item) {
+        tab->tab.clear();
+        name = item.name;
+    });
+    tab->openCategory(2);
+    tab->tab.activateRow(0);
+    QCOMPARE(name, u"Arena"_s);
 }
 
 void tst_BrowseTab::aRefillOfEqualLengthIsPainted()
@@ -204,65 +339,13 @@ void tst_BrowseTab::aRefillOfEqualLengthIsPainted()
         }
         int count = 0;
     };
-    BrowseTabFixture fixture(CatalogSection::Live);
-    fixture.openCategory(0);
+    tab->openCategory(0);
     PaintCounter paints;
-    fixture.view.viewport()->installEventFilter(&paints);
+    tab->view.viewport()->installEventFilter(&paints);
     // Until the page that has just been shown is painted completely.
     QTRY_VERIFY((paints.count = 0, QCoreApplication::processEvents(), paints.count == 0));
-    fixture.tab.setItems({film(u"A"_s), film(u"B"_s), film(u"C"_s), film(u"D"_s)});
+    tab->tab.setItems({film(u"A"_s), film(u"B"_s), film(u"C"_s), film(u"D"_s)});
     QTRY_VERIFY(paints.count > 0);
-}
-
-void tst_BrowseTab::entriesFillThePosterGrid()
-{
-    BrowseTabFixture fixture;
-    MediaItem entry = film(u"Film"_s);
-    entry.iconUrl = u"http://127.0.0.1/poster.jpg"_s;
-    fixture.tab.setItems({entry, MediaItem()});
-    QCOMPARE(fixture.refills.count(), 1);
-    QCOMPARE(fixture.names(), (QStringList{QString(), u"Film"_s}));
-    const QListWidgetItem &item = *fixture.tab.posterGrid()->item(1);
-    QCOMPARE(item.data(Qt::TextAlignmentRole).toInt(), 36);
-    QCOMPARE(item.data(257).toString(), entry.iconUrl);
-    QCOMPARE(item.icon().cacheKey(), placeholder().cacheKey());
-    QVERIFY(!item.data(258).toBool());
-}
-
-void tst_BrowseTab::aPosterKeepsTheSizeOfTheCells_data()
-{
-    QTest::addColumn<QSize>("poster");
-    QTest::newRow("tall") << QSize(100, 4000);
-    QTest::newRow("wide") << QSize(4000, 100);
-    QTest::newRow("tiny") << QSize(2, 3);
-    QTest::newRow("large") << QSize(1400, 2100);
-}
-
-void tst_BrowseTab::aPosterKeepsTheSizeOfTheCells()
-{
-    QFETCH(QSize, poster);
-    BrowseTabFixture fixture;
-    fixture.openCategory(0);
-    QListWidget &grid = *fixture.tab.posterGrid();
-    const auto cells = [&fixture, &grid] {
-        fixture.view.doItemsLayout();
-        QList<QRect> rects;
-        for (int row = 0; row < grid.count(); ++row) {
-            rects << grid.visualItemRect(grid.item(row));
-        }
-        return rects;
-    };
-    const QList<QRect> before = cells();
-    // The space of a whole poster and of one line of text below it.
-    const int lineHeight = grid.fontMetrics().height();
-    QVERIFY(before.at(0).height() >= posterSize.height() + lineHeight);
-    QVERIFY(before.at(0).height() < posterSize.height() + 2 * lineHeight);
-    QVERIFY(before.at(0).width() >= posterSize.width());
-
-    QPixmap picture(poster);
-    picture.fill(Qt::red);
-    grid.item(2)->setIcon(QIcon(picture));
-    QCOMPARE(cells(), before);
 }
 
 VANTIRO_TEST_MAIN(tst_BrowseTab)

@@ -206,14 +206,14 @@ void tst_MainWindowSeries::failuresAreCachedAsNoEpisodes()
         QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"9"_s), 0);
         QCOMPARE(series.apiRequests(), 1);
     }
-    QVERIFY(series.fixture().dialogs.seen().isEmpty());
+    QVERIFY(series.dialogs.seen().isEmpty());
 }
 
 void tst_MainWindowSeries::withoutAnAccountNothingOpens()
 {
     SeriesWindow series;
-    WindowFixture::store(playlistSource(u"P"_s, u"/nowhere"_s));
-    WindowFixture::storeLastActive(u"P"_s);
+    SeriesWindow::store(playlistSource(u"P"_s, u"/nowhere"_s));
+    SeriesWindow::storeLastActive(u"P"_s);
     SeriesWindow::cacheEmptyCatalog(u"P"_s);
     CatalogCache::saveEpisodes(u"P"_s, u"9"_s, mixedSeasons());
     series.open();
