@@ -31,8 +31,8 @@ void report(const QString &message)
 
 bool CommandLine::asksForText(int argc, char **argv)
 {
-    return std::any_of(argv, argv + argc, [](const char *word) {
-        const QByteArrayView text(word);
+    return std::any_of(argv, argv + argc, [](const char *argument) {
+        const QByteArrayView text(argument);
         return text == "--help" || text == "-h" || text == "--version" || text == "-v";
     });
 }
@@ -58,8 +58,9 @@ std::optional<int> CommandLine::process(const QCoreApplication &app)
         std::fputs(qPrintable(versionText()), stdout);
         return EXIT_SUCCESS;
     }
-    for (const QString &word : parser.positionalArguments()) {
-        report(QCoreApplication::translate("CommandLine", "Unexpected argument '%1'.").arg(word));
+    for (const QString &argument : parser.positionalArguments()) {
+        report(
+            QCoreApplication::translate("CommandLine", "Unexpected argument '%1'.").arg(argument));
     }
     return std::nullopt;
 }

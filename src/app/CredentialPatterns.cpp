@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// An expression whose group "value" is a credential if its group "name" names one.
+/// An expression whose group "value" is a credential, if its group "name" names one.
 struct Pattern
 {
     QRegularExpression expression;
@@ -23,11 +23,11 @@ QRegularExpression expression(const QString &pattern)
     return QRegularExpression(pattern, QRegularExpression::DotMatchesEverythingOption);
 }
 
-/// The segment of a path that holds an account's password. `slash` and `segment` differ between a
-/// URL of its own and one within a text.
+/// Matches the password segment of an account path. `slash` and `segment` differ between a URL of
+/// its own and one inside a text.
 QString accountPathPattern(const QString &slash, const QString &segment)
 {
-    // A folder of pictures or of an HLS stream is no account, nor is a playlist file.
+    // Folders of images or HLS streams, and playlist files, are not accounts.
     const QString entry = u"(?!\\d+\\.(?:jpe?g|png|webp|gif|svg)\\b)"
                           "(?!(?:index|master|playlist|manifest|chunk\\w*|media)\\b)"_s +
                           segment;
@@ -44,16 +44,16 @@ const QList<Pattern> &patterns()
     const QString bare = u"(?<value>[^\\s\"'\\\\,;\\[\\]{}]+)"_s;
     const QString assign = u"\\s*(?::|=>?)\\s*\\[?\\s*"_s;
     static const QList<Pattern> all{
-        // A member of a JSON text, or of what only looks like one.
+        // A member of a JSON text, also of a malformed one.
         {expression(u"(?<!\\\\)([\"'])"_s + name + u"\\1"_s + assign + u"(?|"_s + doubleQuoted +
                     u'|' + singleQuoted + u'|' + bare + u')')},
         {expression(u"(?<![\\w.\\-\"'\\\\?&])"_s + name + assign + u"(?|"_s + doubleQuoted + u'|' +
                     singleQuoted + u')')},
-        // A member of a JSON text within a JSON text. A quote behind more backslashes is its own.
+        // A member of a JSON text inside a JSON text. A quote after more backslashes belongs to it.
         {expression(u"(\\\\+)\""_s + name + u"\\1\""_s + assign +
                     u"(?|\\1\"(?<value>(?:[^\"\\\\]|\\\\+(?![\"\\\\])|\\1\\\\+\")+)|"_s + bare +
                     u')')},
-        // An item of a query or a form, and one of a URL that is itself percent-encoded.
+        // An item of a query or a form, also in a percent-encoded URL.
         {expression(u"(?<![\\w.\\-])"_s + name +
                     u"=(?<value>(?:[^&#\\s\"<>\\\\]|\\\\+(?![\"\\\\]))+)"_s)},
         {expression(u"%(?:25)*(?:3[Ff]|26)"_s + name +
@@ -64,8 +64,8 @@ const QList<Pattern> &patterns()
     return all;
 }
 
-/// Whether a member's value tells nothing secret: a literal, or the flag of a login.
-bool isPlainFlag(const QString &name, const QString &value)
+/// Whether the value of a member is not secret: a literal, or the flag of a login.
+bool isHarmless(const QString &name, const QString &value)
 {
     static const QRegularExpression literal(u"^(?:true|false|null)$"_s);
     static const QRegularExpression number(u"^-?[\\d.]+$"_s);
@@ -95,7 +95,7 @@ void addIfAny(QStringList &found, const QString &value)
 
 bool namesCredential(const QString &name)
 {
-    // Besides the words those that are usually written together.
+    // Single words, and compounds that are usually written as one word.
     static const QSet<QString> credentialWords{
         u"pass"_s,      u"password"_s,    u"passwd"_s,    u"pwd"_s,     u"token"_s,
         u"secret"_s,    u"key"_s,         u"auth"_s,      u"apikey"_s,  u"authkey"_s,
@@ -118,12 +118,12 @@ QList<TextRange> findCredentialValues(const QString &latin1)
                 const QChar before = latin1.at(value.start - 1);
                 const bool isBareMember = before == u':' || before.isSpace();
                 isCredential = namesCredential(name) &&
-                               !(isBareMember && isPlainFlag(name, match.captured(u"value"_s)));
+                               !(isBareMember && isHarmless(name, match.captured(u"value"_s)));
             }
             if (isCredential) {
                 found.append(value);
             }
-            // An innocent value may itself hold items: "url=http://h/?key=1".
+            // A harmless value may itself contain items: "url=http://h/?key=1".
             match = pattern.expression.match(latin1, isCredential ? value.end : value.start);
         }
     }
@@ -139,7 +139,7 @@ QStringList urlCredentials(const QString &url)
     for (const auto &[name, value] : items) {
         if (namesCredential(name)) {
             addIfAny(found, value);
-            // Forms write a blank as a plus sign.
+            // Forms encode a space as a plus sign.
             addIfAny(found, QString(value).replace(u'+', u' '));
         }
     }

@@ -9,9 +9,9 @@ bool netDebugEnabled();
 
 /// Collects one trace line and writes it to standard error when it is destroyed.
 ///
-/// Strings are written bare and each inserted item is followed by one blank. The line goes past
-/// Qt's message handler and is flushed at once. Construct it only while netDebugEnabled() is true,
-/// and pass text that comes from outside through traceSafe() first.
+/// Strings are written without quotes, and each item is followed by one space. The line bypasses
+/// Qt's message handler and is flushed immediately. Construct it only while netDebugEnabled() is
+/// true, and pass external text through traceSafe() first.
 class NetLogStream final
 {
 public:

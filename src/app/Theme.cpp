@@ -49,7 +49,7 @@ QString styleSheetText()
 
 void Theme::apply(QApplication &app)
 {
-    // A static library's resources are linked in only when they are asked for.
+    // The linker drops resources of a static library that nothing references.
     Q_INIT_RESOURCE(theme);
     QApplication::setStyle(u"Fusion"_s);
     QApplication::setPalette(darkPalette());

@@ -6,7 +6,7 @@ class QApplication;
 class Theme final
 {
 public:
-    /// Sets the Fusion style, the palette and the application style sheet. Call it once, before the
-    /// first widget is made.
+    /// Sets the Fusion style, the palette and the application style sheet. Call it before the first
+    /// widget is created.
     static void apply(QApplication &app);
 };

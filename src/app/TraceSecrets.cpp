@@ -13,13 +13,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QByteArray mask = "***"_ba;
-// How far behind the cut of a body credentials are recognised by their name or place.
+// How many bytes after the cut of a body are searched for the rest of a credential.
 constexpr qsizetype patternSlack = 1024;
 
-/// A secret, and how many scopes know it.
+/// A secret, and the number of scopes that hold it.
 struct Secret
 {
-    SecretSpelling spelling;
+    SecretMatcher matcher;
     int scopes = 0;
 };
 
@@ -29,13 +29,13 @@ std::map<QString, Secret> &knownSecrets()
     return secrets;
 }
 
-/// Where secrets stand in a text, in its order; those that overlap count as one.
+/// The positions of secrets in a text, in its order, with overlapping ones merged.
 QList<TextRange> findSecrets(const QByteArray &utf8)
 {
-    // One Latin-1 character per byte lets one expression work on bytes of any encoding.
+    // Read as Latin-1, a character is a byte, so that expressions work on any encoding.
     QList<TextRange> found = findCredentialValues(QString::fromLatin1(utf8));
     for (const auto &[text, secret] : knownSecrets()) {
-        found += secret.spelling.find(utf8);
+        found += secret.matcher.find(utf8);
     }
     std::sort(found.begin(), found.end(), [](const TextRange &left, const TextRange &right) {
         return left.start < right.start;
@@ -51,12 +51,12 @@ QList<TextRange> findSecrets(const QByteArray &utf8)
     return merged;
 }
 
-QByteArray maskedHead(const QByteArray &utf8, qsizetype maxBytes)
+QByteArray redactedHead(const QByteArray &utf8, qsizetype maxBytes)
 {
-    // A secret that begins before the cut may go on behind it.
+    // A secret that starts before the cut may end after it.
     qsizetype slack = patternSlack;
     for (const auto &[text, secret] : knownSecrets()) {
-        slack = std::max(slack, SecretSpelling::longest(text.toUtf8().size()));
+        slack = std::max(slack, SecretMatcher::longest(text.toUtf8().size()));
     }
     const qsizetype end = std::min(maxBytes, utf8.size());
     QByteArray result;
@@ -77,14 +77,14 @@ QByteArray maskedHead(const QByteArray &utf8, qsizetype maxBytes)
 
 } // namespace
 
-/// Counts the secrets up and, in the end, down again.
+/// Registers the secrets for its lifetime.
 struct RedactionScope::Registration
 {
     explicit Registration(QStringList texts)
         : secrets(std::move(texts))
     {
         for (const QString &text : secrets) {
-            ++knownSecrets().try_emplace(text, Secret{SecretSpelling(text)}).first->second.scopes;
+            ++knownSecrets().try_emplace(text, Secret{SecretMatcher(text)}).first->second.scopes;
         }
     }
 
@@ -122,21 +122,21 @@ RedactionScope::RedactionScope(const QString &secret, const QString &url)
 QString traceSafe(const QString &text)
 {
     const QByteArray utf8 = text.toUtf8();
-    return QString::fromUtf8(maskedHead(utf8, utf8.size()));
+    return QString::fromUtf8(redactedHead(utf8, utf8.size()));
 }
 
 QString traceSafeUrl(const QString &url)
 {
-    // The short form leads to live streams only.
+    // Only live streams have the short form.
     static const QRegularExpression shortForm(
         u"^(\\w+://[^/?#]+/[^/?#]+/)[^/?#]+(/\\d+(?:\\.(?:ts|m3u8))?(?:[?#].*)?)$"_s);
     const RedactionScope ownCredentials({}, url);
-    QString masked = url;
-    masked.replace(shortForm, u"\\1***\\2"_s);
-    return traceSafe(masked);
+    QString redacted = url;
+    redacted.replace(shortForm, u"\\1***\\2"_s);
+    return traceSafe(redacted);
 }
 
 QString traceSafeHead(const QByteArray &body, qsizetype maxBytes)
 {
-    return QString::fromUtf8(maskedHead(body, maxBytes));
+    return QString::fromUtf8(redactedHead(body, maxBytes));
 }

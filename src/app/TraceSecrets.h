@@ -7,11 +7,11 @@
 
 /// Keeps credentials out of trace lines. All functions are for the GUI thread.
 
-/// While it or a copy of it lives, traceSafe() and its kind replace a secret by "***" wherever it
-/// stands, in each spelling that SecretSpelling.h names.
+/// While it or a copy of it exists, traceSafe() and the functions like it replace a secret by "***"
+/// wherever it occurs, in every encoding that SecretMatcher finds.
 ///
-/// Secrets of less than four characters would blank innocent texts; they are hidden only under the
-/// names and in the places that CredentialPatterns.h names. Costs nothing while tracing is off.
+/// Secrets of fewer than four characters would blank out harmless text; they are redacted only
+/// where CredentialPatterns.h finds a credential. Costs nothing while tracing is off.
 class RedactionScope final
 {
 public:
@@ -24,14 +24,14 @@ private:
     std::shared_ptr<const Registration> registration;
 };
 
-/// `text` with every secret that a RedactionScope knows, and every value that stands under the name
-/// or in the place of a credential, replaced by "***".
+/// `text` with every secret of a RedactionScope and every value in the position of a credential
+/// (see CredentialPatterns.h) replaced by "***".
 QString traceSafe(const QString &text);
 
-/// traceSafe() for a stream URL. Masks also what stands where the short form of account streams has
-/// the password ("/user/password/1"), in this URL only: it may as well be an innocent folder.
+/// traceSafe() for a stream URL. In this URL only, it also redacts the password position of the
+/// short form of account streams ("/user/password/1"), which may be a harmless folder elsewhere.
 QString traceSafeUrl(const QString &url);
 
-/// The first `maxBytes` bytes of `body`, read as UTF-8, masked as by traceSafe(). A secret that
-/// begins before the cut is masked as a whole, so that no part of it stays.
+/// The first `maxBytes` bytes of `body`, decoded as UTF-8 and redacted as by traceSafe(). A secret
+/// that starts before the cut is redacted as a whole.
 QString traceSafeHead(const QByteArray &body, qsizetype maxBytes);

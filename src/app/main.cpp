@@ -19,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A Wayland session has no X window handle to give to libVLC, so Qt's X11 platform is asked for
-/// there, unless the user chose a platform.
+/// libVLC needs an X window handle, which a Wayland session lacks. Selects Qt's X11 platform there,
+/// unless the user chose a platform.
 void preferX11OverWayland()
 {
 #ifdef Q_OS_LINUX
@@ -31,23 +31,24 @@ void preferX11OverWayland()
 #endif
 }
 
-/// A program with windows has no console on Windows. When one started it, and nothing redirects
-/// them, texts and traces go there.
+/// On Windows a graphical program has no console. If one started it, standard output and standard
+/// error that are not redirected go to that console.
 void writeToParentConsole()
 {
 #ifdef Q_OS_WIN
-    const bool outputLeads = GetStdHandle(STD_OUTPUT_HANDLE) != nullptr;
-    const bool errorsLead = GetStdHandle(STD_ERROR_HANDLE) != nullptr;
-    if ((outputLeads && errorsLead) || AttachConsole(ATTACH_PARENT_PROCESS) == FALSE)
+    const bool outputIsRedirected = GetStdHandle(STD_OUTPUT_HANDLE) != nullptr;
+    const bool errorsAreRedirected = GetStdHandle(STD_ERROR_HANDLE) != nullptr;
+    if ((outputIsRedirected && errorsAreRedirected) ||
+        AttachConsole(ATTACH_PARENT_PROCESS) == FALSE)
         return;
-    if (!outputLeads)
+    if (!outputIsRedirected)
         std::freopen("CONOUT$", "w", stdout);
-    if (!errorsLead)
+    if (!errorsAreRedirected)
         std::freopen("CONOUT$", "w", stderr);
 #endif
 }
 
-/// Elsewhere the program's file carries its icon.
+/// On other platforms the executable contains the icon.
 void showInstalledIcon()
 {
 #ifdef Q_OS_LINUX
@@ -55,7 +56,7 @@ void showInstalledIcon()
 #endif
 }
 
-/// The two names decide where settings and data lie.
+/// The two names determine where settings and data are stored.
 void nameApplication()
 {
     QCoreApplication::setApplicationName(u"Vantiro Player"_s);
@@ -63,7 +64,8 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(VANTIRO_VERSION));
 }
 
-/// Ends the process without destructors, which would destroy what libVLC's threads still use.
+/// Ends the process without destructors, which would destroy objects that libVLC's threads still
+/// use.
 [[noreturn]] void leaveAtOnce(int status)
 {
     QSettings(u"Vantiro"_s, u"Player"_s).sync();

@@ -6,7 +6,7 @@
 #include <limits>
 
 /// Seconds from `stamp` (seconds since the epoch) until now; negative for a stamp in the future.
-/// Stamps come from files, so the result is limited instead of overflowing.
+/// Stamps come from files, so the result saturates instead of overflowing.
 inline qint64 secondsSince(qint64 stamp)
 {
     qint64 age = 0;

@@ -9,10 +9,10 @@ namespace StreamKind {
 inline constexpr qint32 Live = 0;
 inline constexpr qint32 Movie = 1;
 inline constexpr qint32 Series = 2;
-/// An episode made into a playable entry; exists in memory only.
+/// An episode converted to a playable entry; never stored.
 inline constexpr qint32 Episode = 3;
 
-/// True for the kinds that have a length and can be sought in.
+/// True for the kinds that have a duration and can be seeked.
 constexpr bool isSeekable(qint32 kind)
 {
     return kind == Movie || kind == Episode;
@@ -28,7 +28,7 @@ struct Category
     bool operator==(const Category &) const = default;
 };
 
-/// One entry of the catalog: a live channel, a movie, a show, or an episode made playable.
+/// One entry of the catalog: a live channel, a movie, a show, or a playable episode.
 struct MediaItem
 {
     qint32 type = StreamKind::Live;
@@ -42,7 +42,7 @@ struct MediaItem
     QString streamUrl;
     /// The provider's rating; 0 when absent.
     double rating = 0.0;
-    /// Seconds since the epoch at which the provider added or changed the entry; 0 when absent.
+    /// Seconds since the epoch when the provider added or changed the entry; 0 when absent.
     qint64 addedAt = 0;
 
     bool operator==(const MediaItem &) const = default;

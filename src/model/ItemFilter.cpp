@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Scores of entries that are known to match, or that match somehow.
+/// The scores of the entries' names. A name without the query scores like one that contains it.
 QList<int> relevanceScores(const QList<MediaItem> &items, const QString &query)
 {
     QList<int> scores(items.size(), 0);
@@ -27,7 +27,7 @@ QList<int> relevanceScores(const QList<MediaItem> &items, const QString &query)
     return scores;
 }
 
-/// Puts the entries into that order of their indices.
+/// Arranges the entries in the order of these indices.
 void reorder(QList<MediaItem> &items, const QList<int> &order)
 {
     QList<MediaItem> sorted;
@@ -57,7 +57,7 @@ double orderedRating(double rating)
 
 QList<int> orderByName(const QList<MediaItem> &items, const QList<int> &scores)
 {
-    // What mostly decides stands together, so that the sort seldom leaves it.
+    // Keys are small and contiguous, so that most comparisons need no look at the names.
     struct Key
     {
         NameOrder::Head head;
@@ -86,7 +86,7 @@ QList<int> orderByName(const QList<MediaItem> &items, const QList<int> &scores)
     return order;
 }
 
-/// By a number of each entry, the highest first.
+/// The order by a number of each entry, highest first.
 template <typename Number, typename NumberOf>
 QList<int> orderDescending(const QList<MediaItem> &items, const QList<int> &scores,
                            NumberOf numberOf)

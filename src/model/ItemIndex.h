@@ -6,21 +6,21 @@
 #include <QList>
 #include <QString>
 
-/// The entries of one tab with their orders by sort key, each made once per load, on first use: so
-/// that a keystroke need not sort.
+/// The entries of one tab with their sort orders. Each order is computed once per load, on first
+/// use, so that a keystroke does not sort.
 class ItemIndex final
 {
 public:
-    /// What applyFilter() followed by sortItems() gives for these entries. A list other than the
-    /// last one, told by its data, makes the orders anew.
+    /// The result of applyFilter() followed by sortItems() for these entries. A list other than in
+    /// the last call, identified by its data pointer, discards the orders.
     QList<MediaItem> select(const QList<MediaItem> &items, const QString &categoryId,
                             const QString &query, const QString &sortKey);
 
 private:
-    /// The indices of all entries in the order of a sort key.
+    /// The indices of all entries, sorted by a key.
     const QList<int> &orderBy(const QString &sortKey);
 
-    /// Shares its data with the tab's list, and thereby keeps it from being that of another list.
+    /// Shares the data of the tab's list, so that no other list can get the same data pointer.
     QList<MediaItem> indexed;
     QHash<QString, QList<int>> orders;
 };

@@ -41,7 +41,7 @@ NameMatcher::Score NameMatcher::score(QStringView name)
     if (found == 0) {
         return folded.size() == foldedQuery.size() ? Equal : Prefix;
     }
-    // Outside ASCII the expression's idea of case differs from Qt's for a few characters.
+    // Outside ASCII the regular expression folds a few characters differently from Qt.
     if (!queryIsAscii || alphabet != Alphabet::Ascii) {
         return scoreAtWordStart(name);
     }
@@ -64,7 +64,7 @@ NameMatcher::Score NameMatcher::scoreAtWordStart(QStringView name) const
     return wordStart.match(name.toString()).hasMatch() ? WordStart : Inside;
 }
 
-/// Whether the query, first seen at `found`, stands at a word boundary there or later.
+/// Whether the query, first found at `found`, occurs at a word boundary there or later.
 bool NameMatcher::startsWordAnywhere(size_t found) const
 {
     for (size_t at = found; at != std::u16string::npos; at = folded.find(foldedQuery, at + 1)) {

@@ -6,11 +6,12 @@
 
 #include <string>
 
-/// How well names match one query, ignoring case. Made once per query and used for many names.
+/// Scores how well names match one query, ignoring case. Create one per query and use it for many
+/// names.
 ///
-/// The answers are those of QString::compare(), startsWith() and contains() with
-/// Qt::CaseInsensitive, and of the expression "\b" + query. Names and queries of the Basic
-/// Multilingual Plane are compared folded and unit by unit, anything else by Qt itself.
+/// The results are those of QString::compare(), startsWith() and contains() with
+/// Qt::CaseInsensitive, and of the regular expression "\b" + query. Names and queries of the Basic
+/// Multilingual Plane are case-folded and compared by code unit; Qt compares all others.
 class NameMatcher
 {
 public:
@@ -26,8 +27,8 @@ public:
 
     explicit NameMatcher(const QString &query);
 
-    /// The score of a name, NoMatch when it does not contain the query. An empty query makes every
-    /// name Equal.
+    /// The score of a name; NoMatch if it does not contain the query. With an empty query every
+    /// name is Equal.
     Score score(QStringView name);
 
 private:

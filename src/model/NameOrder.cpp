@@ -45,7 +45,7 @@ bool NameOrder::before(size_t a, size_t b) const
                : nameOf(first).compare(nameOf(second), Qt::CaseInsensitive) < 0;
 }
 
-/// For a plain name its folded form, which compares alike.
+/// For a plain name its folded form, which compares the same.
 QString NameOrder::nameOf(const Entry &entry) const
 {
     return entry.plain ? QString::fromUtf16(units.data() + entry.start,

@@ -10,7 +10,7 @@
 class NameOrder
 {
 public:
-    /// The first folded units of a name, for a quick answer without looking at the name itself.
+    /// The first folded code units of a name, for comparing without access to the name.
     struct Head
     {
         quint64 first = 0;
@@ -20,7 +20,7 @@ public:
         bool operator==(const Head &) const = default;
     };
 
-    /// Makes room for that many names.
+    /// Reserves memory for that many names.
     explicit NameOrder(size_t count);
 
     /// Adds the name at the next index.

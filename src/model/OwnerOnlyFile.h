@@ -2,10 +2,10 @@
 
 #include <QFile>
 
-/// Empties or creates the file and opens it for writing, readable by its owner only: for what holds
-/// credentials. Wider permissions of an existing file are taken away before anything is written; a
-/// file system without permissions is no failure. On Windows the user's profile folder protects it.
-/// False when the file cannot be opened.
+/// Truncates or creates the file and opens it for writing, readable by its owner only. For files
+/// that contain credentials. The permissions of an existing file are narrowed before anything is
+/// written; a file system without permissions is not an error. On Windows the user's profile folder
+/// protects the file. False if the file cannot be opened.
 inline bool openOwnerOnly(QFile &file)
 {
     constexpr QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Truncate;

@@ -16,7 +16,7 @@ constexpr bool isAccount(qint32 type)
 }
 } // namespace SourceType
 
-/// One content source as the user configured it. Its name alone identifies it.
+/// One content source as the user configured it, identified by its name.
 struct SourceConfig
 {
     qint32 type = SourceType::Playlist;
@@ -28,19 +28,18 @@ struct SourceConfig
     /// File extension put into live stream URLs.
     QString liveExtension;
     QString subscriptionKey;
-    /// Seconds since the epoch at which the last catalog fetch began, successful or not; 0 is
-    /// never.
+    /// Seconds since the epoch when the last catalog fetch began, successful or not; 0 if never.
     qint64 lastUpdated = 0;
 };
 
-/// A live extension for sources that have none of their own.
+/// The live extension of sources without one of their own.
 inline const QString &defaultLiveExtension()
 {
     static const QString extension = QStringLiteral("m3u8");
     return extension;
 }
 
-/// The record of "no source": empty but for the default live extension.
+/// The record of "no source": empty except for the default live extension.
 inline SourceConfig defaultSourceConfig()
 {
     SourceConfig config;

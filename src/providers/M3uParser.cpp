@@ -20,8 +20,8 @@ QStringView extractAttr(QStringView line, QLatin1StringView opening)
     return end < 0 ? QStringView() : line.sliced(start, end - start);
 }
 
-/// Builds the result line by line. Only views into the text are held for the pending entry, and
-/// groups share one string each: at 600,000 entries, allocations are what costs.
+/// Builds the result line by line. The pending entry is held as views into the text, and each group
+/// shares one string: with 600,000 entries, allocations dominate the time.
 class Scanner
 {
 public:
@@ -68,7 +68,7 @@ private:
         pendingName = {};
     }
 
-    /// The pending group's one string; a group seen for the first time becomes a category.
+    /// The shared string of the pending group. The first occurrence of a group adds a category.
     QString sharedGroup()
     {
         if (pendingGroup == lastGroup) {
@@ -115,7 +115,7 @@ void forEachPiece(QStringView text, QChar separator, Take take)
 M3uParser::Result M3uParser::parse(const QString &text)
 {
     Scanner scanner;
-    // "\r\n" makes an empty piece more than a real line end would, and empty lines are skipped.
+    // "\r\n" gives one extra empty piece, and empty lines are skipped.
     forEachPiece(text, u'\n', [&scanner](QStringView line) {
         forEachPiece(line, u'\r', [&scanner](QStringView part) { scanner.takeLine(part); });
     });

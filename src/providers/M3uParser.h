@@ -19,6 +19,6 @@ public:
 
     M3uParser() = delete;
 
-    /// Never fails: lines that make no sense are skipped. Takes any line ends, also mixed.
+    /// Never fails: malformed lines are skipped. Accepts all kinds of line ends, also mixed.
     static Result parse(const QString &text);
 };

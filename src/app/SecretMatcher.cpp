@@ -1,4 +1,4 @@
-#include "app/SecretSpelling.h"
+#include "app/SecretMatcher.h"
 
 #include <algorithm>
 #include <array>
@@ -23,8 +23,8 @@ qsizetype endOfRun(QByteArrayView text, qsizetype start, char byte)
     return end;
 }
 
-/// Names of HTML, and what a form makes of a blank.
-QByteArrayView plainName(uint character)
+/// The named character reference of HTML, and the plus sign for a space in a form.
+QByteArrayView namedForm(uint character)
 {
     switch (character) {
     case ' ':
@@ -44,7 +44,7 @@ QByteArrayView plainName(uint character)
     }
 }
 
-/// What stands behind the backslash of a short JSON escape; 0 for none.
+/// The letter of a short JSON escape; 0 if the character has none.
 char shortEscape(uint character)
 {
     switch (character) {
@@ -66,11 +66,11 @@ char shortEscape(uint character)
     }
 }
 
-/// The ends of the spellings of one character that begin at a place of a text.
-class Spellings
+/// Collects where the encodings of one character end that start at a position of a text.
+class EncodedCharacter
 {
 public:
-    Spellings(QByteArrayView wholeText, QList<qsizetype> &foundEnds)
+    EncodedCharacter(QByteArrayView wholeText, QList<qsizetype> &foundEnds)
         : text(wholeText)
         , ends(foundEnds)
     {}
@@ -83,7 +83,7 @@ public:
         if (text.sliced(start).startsWith(utf8)) {
             add(start + utf8.size());
         }
-        if (const QByteArrayView name = plainName(character);
+        if (const QByteArrayView name = namedForm(character);
             !name.isEmpty() && text.sliced(start).startsWith(name)) {
             add(start + name.size());
         }
@@ -183,18 +183,18 @@ private:
     QList<qsizetype> &ends;
 };
 
-/// Where the spelling of these characters that begins at `start` ends; -1 when there is none. Of
-/// several ends the last one counts.
-qsizetype spellingEnd(QByteArrayView text, qsizetype start, const QList<uint> &characters)
+/// The end of the encoded characters that start at `start`; -1 if they do not stand there. Of
+/// several possible ends, the last one.
+qsizetype encodedEnd(QByteArrayView text, qsizetype start, const QList<uint> &characters)
 {
     QList<qsizetype> places{start};
     QList<qsizetype> ends;
     for (const uint character : characters) {
         ends.clear();
-        Spellings spellings(text, ends);
+        EncodedCharacter encoded(text, ends);
         for (const qsizetype place : std::as_const(places)) {
             if (place < text.size()) {
-                spellings.collect(place, character);
+                encoded.collect(place, character);
             }
         }
         if (ends.isEmpty()) {
@@ -207,7 +207,7 @@ qsizetype spellingEnd(QByteArrayView text, qsizetype start, const QList<uint> &c
 
 bool mayBegin(char byte, uint character)
 {
-    // A byte of a spelling is the character's own first byte, or begins an escape.
+    // Either the first byte of the character itself, or the start of an escape.
     return byte == '%' || byte == '\\' || byte == '&' || byte == '+' || character > 0x7f ||
            uint(uchar(byte)) == character;
 }
@@ -220,25 +220,25 @@ bool isBase64(char byte)
 
 } // namespace
 
-SecretSpelling::SecretSpelling(const QString &secret)
+SecretMatcher::SecretMatcher(const QString &secret)
 {
     forms.append({secret.toUcs4(), false, false});
     const QByteArray utf8 = secret.toUtf8();
-    // What is encoded in front of the secret moves it by so many bytes of a group of three.
+    // A prefix shifts the secret by 0 to 2 bytes within Base64's groups of three bytes.
     for (const qsizetype offset : {0, 1, 2}) {
         addBase64(utf8, offset);
     }
 }
 
-qsizetype SecretSpelling::longest(qsizetype bytes)
+qsizetype SecretMatcher::longest(qsizetype bytes)
 {
-    // The longest spelling of one byte is a percent sign encoded a few times over, or "&#x0000ff;".
+    // The longest encoding of one byte: a percent sign encoded repeatedly, or "&#x0000ff;".
     return bytes * 16;
 }
 
-void SecretSpelling::addBase64(const QByteArray &utf8, qsizetype offset)
+void SecretMatcher::addBase64(const QByteArray &utf8, qsizetype offset)
 {
-    // Six bits make a character. Those that share bits with what surrounds the secret are unknown.
+    // A character holds six bits. Characters that share bits with the surrounding text are unknown.
     constexpr std::array<qsizetype, 3> firstKnown{0, 2, 3};
     const qsizetype begin = firstKnown.at(size_t(offset));
     const qsizetype bits = (offset + utf8.size()) * 8;
@@ -255,7 +255,7 @@ void SecretSpelling::addBase64(const QByteArray &utf8, qsizetype offset)
     }
 }
 
-QList<TextRange> SecretSpelling::find(QByteArrayView utf8) const
+QList<TextRange> SecretMatcher::find(QByteArrayView utf8) const
 {
     QList<TextRange> found;
     for (const Form &form : forms) {
@@ -264,14 +264,13 @@ QList<TextRange> SecretSpelling::find(QByteArrayView utf8) const
             if (!mayBegin(utf8[start], first)) {
                 continue;
             }
-            qsizetype end = spellingEnd(utf8, start, form.characters);
+            qsizetype end = encodedEnd(utf8, start, form.characters);
             if (end < 0) {
                 continue;
             }
             const bool widensBefore = form.partialBefore && start > 0 && isBase64(utf8[start - 1]);
-            const bool widensBehind =
-                form.partialBehind && end < utf8.size() && isBase64(utf8[end]);
-            found.append({start - (widensBefore ? 1 : 0), end + (widensBehind ? 1 : 0)});
+            const bool widensAfter = form.partialAfter && end < utf8.size() && isBase64(utf8[end]);
+            found.append({start - (widensBefore ? 1 : 0), end + (widensAfter ? 1 : 0)});
             start = end - 1;
         }
     }
