@@ -45,7 +45,7 @@ QList<QByteArray> numbers()
         "0e400",
         "0e-400",
         "1e99999999999999999999",
-        // Not JSON, or Qt's parser alone takes it.
+        // Malformed, or accepted by Qt's parser only.
         "01",
         "-01",
         "00",
@@ -84,6 +84,13 @@ QList<QByteArray> strings()
         "1e3",
         "1e400",
         "nan",
+        "-inf",
+        "+inf",
+        "7,5",
+        "0x10",
+        "12abc",
+        "9223372036854775808",
+        "9007199254740993",
         "true",
         R"(\"\\\/\b\f\n\r\t)",
         R"(\u0041\u00e9\u4e2d)",
@@ -178,13 +185,13 @@ QList<QByteArray> JsonTexts::documents()
         R"({"a"::1})",
         R"({"a":1;"b":2})",
         R"([null,1,"x",true,[],[{"a":1}],{},{"a":1}])",
-        // Members that come twice.
+        // Duplicate members.
         R"([{"a":1,"a":2},{"a":1,"\u0061":"x"},{"a":1,"a":{}},{"a":1,"a":null}])",
         R"({"a":1,"a":2})",
         R"({"a":1,"b":2,"\u0061":3})",
         // Members of other objects.
         R"([{"x":{"a":1},"b":2},{"a":{"b":1}},{"x":[{"a":1},"a"],"b":2}])",
-        // Odd names.
+        // Unusual names.
         R"({"":1," ":2,"\n":3,"\u00e9":4,"\ufeffa":5,"\ud83d":6,"\u0000":7})",
         "{\"\xef\xbb\xbf\xef\xbb\xbf\":1,\"\xef\xbb\xbf\":2}",
         "[{\"\xef\xbb\xbf"

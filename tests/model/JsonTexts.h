@@ -4,13 +4,13 @@
 #include <QList>
 #include <QRandomGenerator>
 
-/// JSON texts, right ones and wrong ones, on which two readers may differ.
+/// JSON texts, valid and malformed, that two readers may read differently.
 namespace JsonTexts {
 
 /// Texts of single values, many of which are malformed.
 QList<QByteArray> values();
 
-/// Whole texts: odd beginnings and ends, separators, nesting.
+/// Whole texts: starts and ends, separators, nesting.
 QList<QByteArray> documents();
 
 /// The text with one or two random changes: pieces inserted or taken out, bytes replaced, the end

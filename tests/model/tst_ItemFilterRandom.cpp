@@ -1,4 +1,4 @@
-#include "PlainItemFilter.h"
+#include "ReferenceItemFilter.h"
 #include "model/ItemFilter.h"
 #include "support/TestMain.h"
 
@@ -129,13 +129,13 @@ class tst_ItemFilterRandom : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void sameAsThePlainRules_data();
-    void sameAsThePlainRules();
+    void sameAsTheReference_data();
+    void sameAsTheReference();
     void resultIsAStableReorderingOfTheMatches_data();
     void resultIsAStableReorderingOfTheMatches();
 };
 
-void tst_ItemFilterRandom::sameAsThePlainRules_data()
+void tst_ItemFilterRandom::sameAsTheReference_data()
 {
     QTest::addColumn<quint32>("seed");
     for (quint32 seed = 1; seed <= 40; ++seed) {
@@ -143,7 +143,7 @@ void tst_ItemFilterRandom::sameAsThePlainRules_data()
     }
 }
 
-void tst_ItemFilterRandom::sameAsThePlainRules()
+void tst_ItemFilterRandom::sameAsTheReference()
 {
     QFETCH(quint32, seed);
     RandomCatalog catalog(seed);
@@ -154,10 +154,10 @@ void tst_ItemFilterRandom::sameAsThePlainRules()
         const QString categoryId = catalog.categoryId();
         const QString key = catalog.sortKey();
 
-        QList<MediaItem> expected = PlainItemFilter::applyFilter(items, categoryId, query);
+        QList<MediaItem> expected = ReferenceItemFilter::applyFilter(items, categoryId, query);
         QList<MediaItem> actual = applyFilter(items, categoryId, query);
         QVERIFY2(ids(actual) == ids(expected), qUtf8Printable(u"query "_s + query));
-        PlainItemFilter::sortItems(expected, query, key);
+        ReferenceItemFilter::sortItems(expected, query, key);
         sortItems(actual, query, key);
         QVERIFY2(ids(actual) == ids(expected),
                  qUtf8Printable(u"query "_s + query + u" by "_s + key));
@@ -169,7 +169,7 @@ void tst_ItemFilterRandom::sameAsThePlainRules()
 
 void tst_ItemFilterRandom::resultIsAStableReorderingOfTheMatches_data()
 {
-    sameAsThePlainRules_data();
+    sameAsTheReference_data();
 }
 
 void tst_ItemFilterRandom::resultIsAStableReorderingOfTheMatches()
@@ -188,8 +188,8 @@ void tst_ItemFilterRandom::resultIsAStableReorderingOfTheMatches()
             QCOMPARE(item.name, items.at(positions.last()).name);
         }
         for (qsizetype at = 1; at < result.size(); ++at) {
-            const int before = PlainItemFilter::score(result.at(at - 1).name, query);
-            const int after = PlainItemFilter::score(result.at(at).name, query);
+            const int before = ReferenceItemFilter::score(result.at(at - 1).name, query);
+            const int after = ReferenceItemFilter::score(result.at(at).name, query);
             QVERIFY(before < after || (before == after && positions.at(at - 1) < positions.at(at)));
         }
         std::sort(positions.begin(), positions.end());

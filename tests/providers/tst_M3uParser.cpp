@@ -1,5 +1,5 @@
 #include "providers/M3uParser.h"
-#include "providers/PlainM3uParser.h"
+#include "providers/ReferenceM3uParser.h"
 #include "support/TestMain.h"
 
 #include <QRandomGenerator>
@@ -45,10 +45,10 @@ private Q_SLOTS:
     void parses();
     void categoriesInOrderOfFirstAppearance();
     void thousandsOfGroups();
-    void sameAsThePlainRulesOnMutations_data();
-    void sameAsThePlainRulesOnMutations();
-    void sameAsThePlainRulesOnRandomLines_data();
-    void sameAsThePlainRulesOnRandomLines();
+    void sameAsTheReferenceOnMutations_data();
+    void sameAsTheReferenceOnMutations();
+    void sameAsTheReferenceOnRandomLines_data();
+    void sameAsTheReferenceOnRandomLines();
     void binaryText();
     void oneHugeLine_data();
     void oneHugeLine();
@@ -237,9 +237,9 @@ void tst_M3uParser::parses()
     const M3uParser::Result result = M3uParser::parse(text);
     QCOMPARE(result.items, items);
     QCOMPARE(result.categories, categories);
-    const M3uParser::Result plain = PlainM3uParser::parse(text);
-    QCOMPARE(plain.items, items);
-    QCOMPARE(plain.categories, categories);
+    const M3uParser::Result reference = ReferenceM3uParser::parse(text);
+    QCOMPARE(reference.items, items);
+    QCOMPARE(reference.categories, categories);
 }
 
 void tst_M3uParser::categoriesInOrderOfFirstAppearance()
@@ -274,11 +274,11 @@ void tst_M3uParser::thousandsOfGroups()
 
 namespace {
 
-void compareWithPlainRules(const QString &text)
+void compareWithReference(const QString &text)
 {
     const M3uParser::Result result = M3uParser::parse(text);
-    const M3uParser::Result plain = PlainM3uParser::parse(text);
-    const bool same = result.items == plain.items && result.categories == plain.categories;
+    const M3uParser::Result reference = ReferenceM3uParser::parse(text);
+    const bool same = result.items == reference.items && result.categories == reference.categories;
     QVERIFY2(same, qPrintable(u"differs for "_s + QString::fromUtf8(text.toUtf8().toHex())));
 }
 
@@ -297,12 +297,12 @@ void addSeedRows()
 
 } // namespace
 
-void tst_M3uParser::sameAsThePlainRulesOnMutations_data()
+void tst_M3uParser::sameAsTheReferenceOnMutations_data()
 {
     addSeedRows();
 }
 
-void tst_M3uParser::sameAsThePlainRulesOnMutations()
+void tst_M3uParser::sameAsTheReferenceOnMutations()
 {
     QFETCH(const quint32, seed);
     QRandomGenerator random(seed);
@@ -349,19 +349,19 @@ void tst_M3uParser::sameAsThePlainRulesOnMutations()
                 break;
             }
         }
-        compareWithPlainRules(text);
+        compareWithReference(text);
         if (QTest::currentTestFailed()) {
             return;
         }
     }
 }
 
-void tst_M3uParser::sameAsThePlainRulesOnRandomLines_data()
+void tst_M3uParser::sameAsTheReferenceOnRandomLines_data()
 {
     addSeedRows();
 }
 
-void tst_M3uParser::sameAsThePlainRulesOnRandomLines()
+void tst_M3uParser::sameAsTheReferenceOnRandomLines()
 {
     QFETCH(const quint32, seed);
     QRandomGenerator random(seed + 1000);
@@ -403,7 +403,7 @@ void tst_M3uParser::sameAsThePlainRulesOnRandomLines()
             }
             text += pick(random, lineEnds);
         }
-        compareWithPlainRules(text);
+        compareWithReference(text);
         if (QTest::currentTestFailed()) {
             return;
         }
@@ -417,8 +417,8 @@ void tst_M3uParser::binaryText()
     for (char &byte : bytes) {
         byte = static_cast<char>(random.bounded(256));
     }
-    compareWithPlainRules(QString::fromUtf8(bytes));
-    compareWithPlainRules(QString::fromLatin1(bytes));
+    compareWithReference(QString::fromUtf8(bytes));
+    compareWithReference(QString::fromLatin1(bytes));
     // No valid UTF-16 at all: nothing to compare with, but no harm either.
     QVERIFY(M3uParser::parse(QString(1'000'000, QChar(0xd800))).items.isEmpty());
 }

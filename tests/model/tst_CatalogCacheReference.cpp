@@ -1,6 +1,7 @@
 #include "model/CatalogCache.h"
 #include "model/JsonTexts.h"
-#include "model/PlainCatalogCache.h"
+#include "model/ReferenceCatalogCache.h"
+#include "support/TestFiles.h"
 #include "support/TestMain.h"
 
 #include <QDateTime>
@@ -15,8 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
-// CatalogCache against PlainCatalogCache, over files that the one or the other has written and over
-// damaged ones.
+// CatalogCache and ReferenceCatalogCache read the same from files that either of them has written,
+// from damaged files and from files with values of the wrong type, and they write the same.
 
 namespace {
 
@@ -26,21 +27,6 @@ const QString sourceName = u"S"_s;
 QString cacheFile()
 {
     return PrivateProfile::current().appDataDir() + u"/catalog_cache/S.json"_s;
-}
-
-void writeFile(const QByteArray &content)
-{
-    QFile file(cacheFile());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-        file.write(content) != content.size()) {
-        qFatal("cannot write the cache file");
-    }
-}
-
-QByteArray readFile()
-{
-    QFile file(cacheFile());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString randomText(QRandomGenerator &random)
@@ -80,24 +66,24 @@ QList<Episode> randomEpisodes(QRandomGenerator &random)
     return episodes;
 }
 
-/// Both caches find the same in the file as it is now.
+/// Both caches read the same from the current file.
 bool readTheSame()
 {
     for (const QString &name : {u"live"_s, u"movie"_s, u"episodes"_s, u"other"_s}) {
-        CatalogCache::Section quick{{{u"x"_s, u"x"_s}}, {}};
-        CatalogCache::Section plain = quick;
-        if (CatalogCache::load(sourceName, name, quick) !=
-                PlainCatalogCache::load(cacheFile(), name, plain) ||
-            quick != plain) {
+        CatalogCache::Section actual{{{u"x"_s, u"x"_s}}, {}};
+        CatalogCache::Section reference = actual;
+        if (CatalogCache::load(sourceName, name, actual) !=
+                ReferenceCatalogCache::load(cacheFile(), name, reference) ||
+            actual != reference) {
             return false;
         }
     }
     for (const QString &show : {u"1"_s, u"2"_s, u"list"_s}) {
-        QList<Episode> quick{{u"x"_s, {}, 0, 0, {}, {}}};
-        QList<Episode> plain = quick;
-        if (CatalogCache::loadEpisodes(sourceName, show, anyAge, quick) !=
-                PlainCatalogCache::loadEpisodes(cacheFile(), show, plain) ||
-            quick != plain) {
+        QList<Episode> actual{{u"x"_s, {}, 0, 0, {}, {}}};
+        QList<Episode> reference = actual;
+        if (CatalogCache::loadEpisodes(sourceName, show, anyAge, actual) !=
+                ReferenceCatalogCache::loadEpisodes(cacheFile(), show, reference) ||
+            actual != reference) {
             return false;
         }
     }
@@ -107,7 +93,7 @@ bool readTheSame()
 /// The file's root, with the times of saving taken out.
 QJsonObject rootWithoutTimes()
 {
-    QJsonObject root = QJsonDocument::fromJson(readFile()).object();
+    QJsonObject root = QJsonDocument::fromJson(readFile(cacheFile())).object();
     if (root.value(u"episodes"_s).isObject()) {
         QJsonObject store = root.value(u"episodes"_s).toObject();
         QJsonObject show = store.value(u"2"_s).toObject();
@@ -128,7 +114,7 @@ void addSeedRows()
 
 } // namespace
 
-class tst_CatalogCacheOracle : public QObject
+class tst_CatalogCacheReference : public QObject
 {
     Q_OBJECT
 
@@ -138,20 +124,24 @@ private Q_SLOTS:
     void randomCatalogs();
     void mutatedFiles_data();
     void mutatedFiles();
+    void values_data();
+    void values();
+    void documents_data();
+    void documents();
 };
 
-void tst_CatalogCacheOracle::init()
+void tst_CatalogCacheReference::init()
 {
     PrivateProfile::current().clear();
     QVERIFY(QDir().mkpath(QFileInfo(cacheFile()).path()));
 }
 
-void tst_CatalogCacheOracle::randomCatalogs_data()
+void tst_CatalogCacheReference::randomCatalogs_data()
 {
     addSeedRows();
 }
 
-void tst_CatalogCacheOracle::randomCatalogs()
+void tst_CatalogCacheReference::randomCatalogs()
 {
     QFETCH(const quint32, seed);
     QRandomGenerator random(seed);
@@ -159,34 +149,35 @@ void tst_CatalogCacheOracle::randomCatalogs()
         const QString name = random.bounded(2) == 0 ? u"live"_s : u"movie"_s;
         const CatalogCache::Section section = randomSection(random);
         const QList<Episode> episodes = randomEpisodes(random);
-        const QByteArray before = readFile();
+        const QByteArray before = readFile(cacheFile());
 
-        PlainCatalogCache::save(cacheFile(), name, section);
-        PlainCatalogCache::saveEpisodes(cacheFile(), u"2"_s, episodes);
-        QVERIFY2(readTheSame(), JsonTexts::printable(readFile()).constData());
+        ReferenceCatalogCache::save(cacheFile(), name, section);
+        ReferenceCatalogCache::saveEpisodes(cacheFile(), u"2"_s, episodes);
+        QVERIFY2(readTheSame(), JsonTexts::printable(readFile(cacheFile())).constData());
         const QJsonObject expected = rootWithoutTimes();
 
-        writeFile(before);
+        writeFile(cacheFile(), before);
         CatalogCache::save(sourceName, name, section);
         CatalogCache::saveEpisodes(sourceName, u"2"_s, episodes);
-        QVERIFY2(readTheSame(), JsonTexts::printable(readFile()).constData());
-        QVERIFY2(rootWithoutTimes() == expected, JsonTexts::printable(readFile()).constData());
+        QVERIFY2(readTheSame(), JsonTexts::printable(readFile(cacheFile())).constData());
+        QVERIFY2(rootWithoutTimes() == expected,
+                 JsonTexts::printable(readFile(cacheFile())).constData());
 
         CatalogCache::Section loaded;
         QVERIFY(CatalogCache::load(sourceName, name, loaded));
         QVERIFY(loaded == section);
-        if (random.bounded(3) == 0) { // half of the files go on from what the other has written
-            PlainCatalogCache::save(cacheFile(), u"other"_s, section);
+        if (random.bounded(3) == 0) { // the next round continues with a file of the reference's
+            ReferenceCatalogCache::save(cacheFile(), u"other"_s, section);
         }
     }
 }
 
-void tst_CatalogCacheOracle::mutatedFiles_data()
+void tst_CatalogCacheReference::mutatedFiles_data()
 {
     addSeedRows();
 }
 
-void tst_CatalogCacheOracle::mutatedFiles()
+void tst_CatalogCacheReference::mutatedFiles()
 {
     QFETCH(const quint32, seed);
     QRandomGenerator random(seed + 50);
@@ -198,19 +189,66 @@ void tst_CatalogCacheOracle::mutatedFiles()
         R"("2":{"list":[]}}})"_ba;
     for (int round = 0; round < 500; ++round) {
         const QByteArray content = JsonTexts::mutated(sample, random);
-        writeFile(content);
+        writeFile(cacheFile(), content);
         QVERIFY2(readTheSame(), JsonTexts::printable(content).constData());
 
         const CatalogCache::Section section = randomSection(random);
-        PlainCatalogCache::save(cacheFile(), u"movie"_s, section);
-        PlainCatalogCache::saveEpisodes(cacheFile(), u"2"_s, {});
+        ReferenceCatalogCache::save(cacheFile(), u"movie"_s, section);
+        ReferenceCatalogCache::saveEpisodes(cacheFile(), u"2"_s, {});
         const QJsonObject expected = rootWithoutTimes();
-        writeFile(content);
+        writeFile(cacheFile(), content);
         CatalogCache::save(sourceName, u"movie"_s, section);
         CatalogCache::saveEpisodes(sourceName, u"2"_s, {});
         QVERIFY2(rootWithoutTimes() == expected, JsonTexts::printable(content).constData());
     }
 }
 
-VANTIRO_TEST_GUILESS_MAIN(tst_CatalogCacheOracle)
-#include "tst_CatalogCacheOracle.moc"
+void tst_CatalogCacheReference::values_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    int number = 0;
+    for (const QByteArray &value : JsonTexts::values()) {
+        QTest::addRow("%d %s", ++number, value.left(30).toPercentEncoding("\"[]{}").constData())
+            << value;
+    }
+}
+
+void tst_CatalogCacheReference::values()
+{
+    // The value stands in place of every part of the file.
+    QFETCH(const QByteArray, value);
+    for (QByteArray content :
+         {R"({"live":{"categories":[{"id":V,"name":V}],"items":[{"type":V,"id":V,"name":V,)"
+          R"("categoryId":V,"iconUrl":V,"containerExtension":V,"streamUrl":V,"rating":V,)"
+          R"("addedAt":V}]},"episodes":{"1":{"savedAt":V,"list":[{"id":V,"seriesName":V,)"
+          R"("season":V,"episodeNumber":V,"title":V,"containerExtension":V}]}}})"_ba,
+          R"({"live":{"categories":[V],"items":[{},V,{}]},"movie":{"categories":V,"items":V},)"
+          R"("episodes":{"1":{"list":V},"2":{"list":[V,{}]},"list":V},"other":V})"_ba,
+          R"({"live":V,"episodes":V})"_ba}) {
+        content.replace("V", value);
+        writeFile(cacheFile(), content);
+        QVERIFY2(readTheSame(), JsonTexts::printable(content).constData());
+    }
+}
+
+void tst_CatalogCacheReference::documents_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    int number = 0;
+    for (const QByteArray &content : JsonTexts::documents()) {
+        const QByteArray section = QByteArray(content).replace("\"a\"", "\"live\"");
+        QTest::addRow("%d", ++number) << section;
+    }
+    QTest::newRow("byte-order mark") << "\xef\xbb\xbf{\"live\":{\"items\":[{}]}}"_ba;
+    QTest::newRow("escaped name") << R"({"\u006cive":{"items":[{}]}})"_ba;
+}
+
+void tst_CatalogCacheReference::documents()
+{
+    QFETCH(const QByteArray, content);
+    writeFile(cacheFile(), content);
+    QVERIFY(readTheSame());
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_CatalogCacheReference)
+#include "tst_CatalogCacheReference.moc"

@@ -1,4 +1,4 @@
-#include "model/PlainCatalogCache.h"
+#include "model/ReferenceCatalogCache.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -118,8 +118,8 @@ QList<Record> fromJsonArray(const QJsonArray &array, Record (*convert)(const QJs
 
 } // namespace
 
-bool PlainCatalogCache::load(const QString &path, const QString &section,
-                             CatalogCache::Section &out)
+bool ReferenceCatalogCache::load(const QString &path, const QString &section,
+                                 CatalogCache::Section &out)
 {
     const QJsonObject root = readRoot(path);
     const auto found = root.constFind(section);
@@ -132,8 +132,8 @@ bool PlainCatalogCache::load(const QString &path, const QString &section,
     return true;
 }
 
-void PlainCatalogCache::save(const QString &path, const QString &section,
-                             const CatalogCache::Section &data)
+void ReferenceCatalogCache::save(const QString &path, const QString &section,
+                                 const CatalogCache::Section &data)
 {
     QJsonObject root = readRoot(path);
     root.insert(section, QJsonObject{{u"categories"_s, toJsonArray(data.categories)},
@@ -141,8 +141,8 @@ void PlainCatalogCache::save(const QString &path, const QString &section,
     writeRoot(path, root);
 }
 
-bool PlainCatalogCache::loadEpisodes(const QString &path, const QString &seriesId,
-                                     QList<Episode> &out)
+bool ReferenceCatalogCache::loadEpisodes(const QString &path, const QString &seriesId,
+                                         QList<Episode> &out)
 {
     const QJsonObject store = readRoot(path).value(episodesKey).toObject();
     const auto found = store.constFind(seriesId);
@@ -160,8 +160,8 @@ bool PlainCatalogCache::loadEpisodes(const QString &path, const QString &seriesI
     return true;
 }
 
-void PlainCatalogCache::saveEpisodes(const QString &path, const QString &seriesId,
-                                     const QList<Episode> &episodes)
+void ReferenceCatalogCache::saveEpisodes(const QString &path, const QString &seriesId,
+                                         const QList<Episode> &episodes)
 {
     QJsonObject root = readRoot(path);
     QJsonObject store = root.value(episodesKey).toObject();

@@ -1,4 +1,4 @@
-#include "providers/PlainM3uParser.h"
+#include "providers/ReferenceM3uParser.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -16,7 +16,7 @@ QString extractAttr(const QString &line, const QString &key)
 
 } // namespace
 
-M3uParser::Result PlainM3uParser::parse(const QString &text)
+M3uParser::Result ReferenceM3uParser::parse(const QString &text)
 {
     M3uParser::Result result;
     QSet<QString> seenGroups;

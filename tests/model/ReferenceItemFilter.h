@@ -5,9 +5,8 @@
 #include <QList>
 #include <QString>
 
-/// The rules of searching and sorting, written down as plainly as they can be said and without a
-/// thought for speed. The real functions must give the very same lists.
-namespace PlainItemFilter {
+/// The reference implementation of searching and sorting, regardless of speed.
+namespace ReferenceItemFilter {
 
 QList<MediaItem> applyFilter(const QList<MediaItem> &items, const QString &categoryId,
                              const QString &query);
@@ -16,4 +15,4 @@ void sortItems(QList<MediaItem> &items, const QString &query, const QString &sor
 /// 0 equal, 1 at the start, 2 at the start of a word, 3 anything else; 0 for an empty query.
 int score(const QString &name, const QString &query);
 
-} // namespace PlainItemFilter
+} // namespace ReferenceItemFilter

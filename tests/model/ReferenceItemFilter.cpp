@@ -1,4 +1,4 @@
-#include "PlainItemFilter.h"
+#include "ReferenceItemFilter.h"
 
 #include <QRegularExpression>
 
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-double plainRating(const MediaItem &item)
+double orderedRating(const MediaItem &item)
 {
     return std::isnan(item.rating) || std::isinf(item.rating) ? 0.0 : item.rating;
 }
@@ -20,14 +20,14 @@ bool keyComesBefore(const MediaItem &a, const MediaItem &b, const QString &sortK
         return a.addedAt > b.addedAt;
     }
     if (sortKey == "rating"_L1) {
-        return plainRating(a) > plainRating(b);
+        return orderedRating(a) > orderedRating(b);
     }
     return QString::compare(a.name, b.name, Qt::CaseInsensitive) < 0;
 }
 
 } // namespace
 
-int PlainItemFilter::score(const QString &name, const QString &query)
+int ReferenceItemFilter::score(const QString &name, const QString &query)
 {
     if (query.isEmpty()) {
         return 0;
@@ -43,8 +43,8 @@ int PlainItemFilter::score(const QString &name, const QString &query)
     return wordStart.match(name).hasMatch() ? 2 : 3;
 }
 
-QList<MediaItem> PlainItemFilter::applyFilter(const QList<MediaItem> &items,
-                                              const QString &categoryId, const QString &query)
+QList<MediaItem> ReferenceItemFilter::applyFilter(const QList<MediaItem> &items,
+                                                  const QString &categoryId, const QString &query)
 {
     QList<MediaItem> result;
     for (const MediaItem &item : items) {
@@ -61,8 +61,8 @@ QList<MediaItem> PlainItemFilter::applyFilter(const QList<MediaItem> &items,
     return result;
 }
 
-void PlainItemFilter::sortItems(QList<MediaItem> &items, const QString &query,
-                                const QString &sortKey)
+void ReferenceItemFilter::sortItems(QList<MediaItem> &items, const QString &query,
+                                    const QString &sortKey)
 {
     std::stable_sort(items.begin(), items.end(), [&](const MediaItem &a, const MediaItem &b) {
         const int scoreA = score(a.name, query);

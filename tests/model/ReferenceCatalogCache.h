@@ -2,12 +2,12 @@
 
 #include "model/CatalogCache.h"
 
-/// The catalog cache by way of QJsonDocument, without a thought for speed, over files given by
-/// their path: what CatalogCache is compared with. Its age limit is the longest one.
-class PlainCatalogCache final
+/// The reference implementation of CatalogCache: by QJsonDocument, regardless of speed, on files
+/// given by their path. Its age limit is the largest one.
+class ReferenceCatalogCache final
 {
 public:
-    PlainCatalogCache() = delete;
+    ReferenceCatalogCache() = delete;
 
     static bool load(const QString &path, const QString &section, CatalogCache::Section &out);
     static void save(const QString &path, const QString &section,
