@@ -1,10 +1,10 @@
 // Servers that stop answering: the clients end the exchange, once, and only when nothing moves.
 
-#include "fakeprovider/HttpServer.h"
 #include "fakeprovider/TlsCertificate.h"
 #include "providers/Await.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
+#include "support/HttpReplies.h"
 #include "support/TestMain.h"
 
 #include <QNetworkAccessManager>
@@ -20,20 +20,6 @@ const QString api = u"/player_api.php"_s;
 const QString credentialsPath = u"/api/v1/subscription/credentials"_s;
 const QByteArray success =
     R"({"status":"success","data":{"server_url":"s","username":"u","password":"p"}})"_ba;
-
-HttpReply stalledAfter(qint64 bytes)
-{
-    HttpReply reply = HttpReply::json(success);
-    reply.stallAfter = bytes;
-    return reply;
-}
-
-HttpReply neverAnswered()
-{
-    HttpReply reply;
-    reply.neverAnswer = true;
-    return reply;
-}
 
 void setTimeout(const QObject &client, int ms)
 {
@@ -103,17 +89,16 @@ void tst_ReplyTimeout::endsOnce_data()
 {
     QTest::addColumn<HttpReply>("reply");
     QTest::addColumn<HttpReply>("target"); // of a redirect
-    QTest::newRow("no answer") << neverAnswered() << HttpReply();
-    QTest::newRow("a head only") << stalledAfter(0) << HttpReply();
-    QTest::newRow("a part of the body") << stalledAfter(10) << HttpReply();
-    QTest::newRow("no answer behind a redirect")
-        << HttpReply::redirect(u"/hop"_s, 307) << neverAnswered();
-    QTest::newRow("a head only behind a redirect")
-        << HttpReply::redirect(u"/hop"_s, 307) << stalledAfter(0);
+    QTest::newRow("no answer") << neverAnswers() << HttpReply();
+    QTest::newRow("a head only") << stalling(bodyReply(success), 0) << HttpReply();
+    QTest::newRow("a part of the body") << stalling(bodyReply(success), 10) << HttpReply();
+    QTest::newRow("no answer after a redirect")
+        << HttpReply::redirect(u"/hop"_s, 307) << neverAnswers();
+    QTest::newRow("a head only after a redirect")
+        << HttpReply::redirect(u"/hop"_s, 307) << stalling(bodyReply(success), 0);
     HttpReply stalledRedirect = HttpReply::redirect(u"/hop"_s, 307);
     stalledRedirect.body = "moved"_ba;
-    stalledRedirect.stallAfter = 2;
-    QTest::newRow("a redirect whose body stalls") << stalledRedirect << neverAnswered();
+    QTest::newRow("a redirect whose body stalls") << stalling(stalledRedirect, 2) << neverAnswers();
 }
 
 void tst_ReplyTimeout::endsOnce()
@@ -143,7 +128,7 @@ void tst_ReplyTimeout::endsOnce()
     QCOMPARE(credentials.calls, 1);
     QCOMPARE(credentials.value.first, false);
     QVERIFY(credentials.value.second.startsWith(u"Could not reach server: "_s));
-    // The connections are given up, too.
+    // The connections are closed, too.
     QTRY_COMPARE(plain->openConnections() + secure->openConnections(), 0);
 }
 
@@ -151,14 +136,14 @@ void tst_ReplyTimeout::aSlowReplyIsNotCutOff_data()
 {
     QTest::addColumn<bool>("redirected");
     QTest::newRow("at once") << false;
-    QTest::newRow("behind a redirect") << true;
+    QTest::newRow("after a redirect") << true;
 }
 
 void tst_ReplyTimeout::aSlowReplyIsNotCutOff()
 {
     QFETCH(const bool, redirected);
     // Takes three times as long as it may stall.
-    HttpReply slow = HttpReply::json(success);
+    HttpReply slow = bodyReply(success);
     slow.bytesPerSecond = success.size() / 3;
     for (HttpServer *server : {plain.get(), secure.get()}) {
         const HttpReply first = redirected ? HttpReply::redirect(u"/hop"_s, 307) : slow;

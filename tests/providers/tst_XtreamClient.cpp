@@ -1,6 +1,6 @@
+#include "fakeprovider/TlsCertificate.h"
 #include "providers/XtreamSession.h"
 #include "support/TestMain.h"
-#include "fakeprovider/TlsCertificate.h"
 
 #include <QJsonArray>
 #include <QNetworkAccessManager>

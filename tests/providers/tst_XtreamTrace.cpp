@@ -1,9 +1,8 @@
 #include "app/NetLog.h"
-#include "fakeprovider/HttpServer.h"
-#include "fakeprovider/TlsCertificate.h"
 #include "providers/Await.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
+#include "support/HttpReplies.h"
 #include "support/TestMain.h"
 #include "support/TraceCapture.h"
 
@@ -11,20 +10,13 @@
 
 using namespace Qt::StringLiterals;
 
+// The clients' lines of trace, and that each text in them is redacted; tst_TraceSecrets shows how.
 // Runs with VANTIRO_NET_DEBUG=1 in its environment.
 
 namespace {
 
 const QString api = u"/player_api.php"_s;
 const QString credentialsPath = u"/api/v1/subscription/credentials"_s;
-
-HttpReply status(int code, const QByteArray &body = {})
-{
-    HttpReply reply;
-    reply.status = code;
-    reply.body = body;
-    return reply;
-}
 
 } // namespace
 
@@ -41,18 +33,15 @@ private Q_SLOTS:
     void xtreamBodyThatIsNoJson();
     void xtreamHttpError();
     void xtreamWithoutAnswer();
-    void xtreamPasswordIsMaskedEverywhere_data();
-    void xtreamPasswordIsMaskedEverywhere();
+    void xtreamPasswordIsRedactedEverywhere_data();
+    void xtreamPasswordIsRedactedEverywhere();
     void xtreamRedirectQuotingThePassword();
     void xtreamRedirectToACredentialOfItsOwn();
     void xtreamUserInformation();
-    void xtreamShortPassword();
     void xtreamForgetsThePasswordWithTheClient();
-    void xtreamEmptyPasswordMasksNothing();
     void xtreamTwoSlashesMakeAnEmptySegment();
-    void xtreamBodyIsCut_data();
     void xtreamBodyIsCut();
-    void xtreamFormerPasswordStaysMasked();
+    void xtreamFormerPasswordStaysRedacted();
     void linesInTheOrderOfEvents();
 
     void zevrinoSuccess();
@@ -60,9 +49,8 @@ private Q_SLOTS:
     void zevrinoReplyWithoutSuccess();
     void zevrinoHttpError();
     void zevrinoWithoutAnswer();
-    void zevrinoKeyIsMaskedEverywhere_data();
-    void zevrinoKeyIsMaskedEverywhere();
-    void zevrinoEmptyKeyMasksNothing();
+    void zevrinoKeyIsRedactedEverywhere_data();
+    void zevrinoKeyIsRedactedEverywhere();
     void zevrinoBodyIsCut();
 
 private:
@@ -121,15 +109,15 @@ void tst_XtreamTrace::xtreamSuccess()
 
 void tst_XtreamTrace::xtreamBodyThatIsNoJson()
 {
-    server->on(api, status(200, "<html>\xc3\xa9</html>"_ba));
+    server->on(api, bodyReply("<html>\xc3\xa9</html>"_ba));
     QVERIFY(traceOfGet(u"Xt-Pw-2"_s).endsWith(u"\n[Xtream] <- 200 <html>\u00e9</html> \n"_s));
-    server->on(api, status(200));
+    server->on(api, bodyReply({}));
     QVERIFY(traceOfGet(u"Xt-Pw-2"_s).endsWith(u"\n[Xtream] <- 200  \n"_s));
 }
 
 void tst_XtreamTrace::xtreamHttpError()
 {
-    server->on(api, status(404, "a body that is not shown"_ba));
+    server->on(api, statusReply(404, "a body that is not shown"_ba));
     const QString url = server->url(api) + u"?username=joe&password=***"_s;
     QCOMPARE(traceOfGet(u"Xt-Pw-3"_s), u"[Xtream] -> "_s + url + u" \n"_s +
                                            u"[Xtream] <- error: Error transferring "_s + url +
@@ -144,34 +132,26 @@ void tst_XtreamTrace::xtreamWithoutAnswer()
                  u"[Xtream] <- error: Connection refused http status: invalid \n"_s);
 }
 
-void tst_XtreamTrace::xtreamPasswordIsMaskedEverywhere_data()
+void tst_XtreamTrace::xtreamPasswordIsRedactedEverywhere_data()
 {
     QTest::addColumn<QString>("password");
     QTest::addColumn<QByteArray>("bodyForm");
-    QTest::newRow("plain") << u"Plain-Pw"_s << "Plain-Pw"_ba;
     QTest::newRow("signs of queries") << u"Q&p=w#1/2?3+4%5"_s << "Q&p=w#1/2?3+4%5"_ba;
-    QTest::newRow("percent-encoded in the body") << u"R&p=w#1"_s << "R%26p%3dw%231"_ba;
     QTest::newRow("escaped JSON") << u"S/p\"w\\1"_s << R"(S\/p\"w\\1)"_ba;
-    QTest::newRow("escaped HTML") << u"T<p>&w"_s << "T&lt;p&gt;&amp;w"_ba;
     QTest::newRow("not ASCII") << u"U\u00e9\U0001F511"_s << "U\xc3\xa9\xf0\x9f\x94\x91"_ba;
-    QTest::newRow("not ASCII, escaped JSON")
-        << u"V\u00e9\U0001F511"_s << R"(V\u00e9\ud83d\udd11)"_ba;
-    QTest::newRow("blanks") << u"W x y"_s << "W x y"_ba;
-    QTest::newRow("expression signs") << u"X.*[y](z){1}$^|"_s << "X.*[y](z){1}$^|"_ba;
-    QTest::newRow("a percent sign at the end") << u"Qpw%"_s << "Qpw%"_ba;
     QTest::newRow("a percent sequence") << u"Y%41Z%zz"_s << "Y%41Z%zz"_ba;
 }
 
-void tst_XtreamTrace::xtreamPasswordIsMaskedEverywhere()
+void tst_XtreamTrace::xtreamPasswordIsRedactedEverywhere()
 {
     QFETCH(const QString, password);
     QFETCH(const QByteArray, bodyForm);
     const QString request =
         u"[Xtream] -> "_s + server->url(api) + u"?username=joe&password=*** \n"_s;
-    server->on(api, status(200, "[\"" + bodyForm + "\",1]"));
+    server->on(api, bodyReply("[\"" + bodyForm + "\",1]"));
     QCOMPARE(traceOfGet(password), request + u"[Xtream] <- 200 [\"***\",1] \n"_s);
 
-    server->on(api, status(500));
+    server->on(api, statusReply(500));
     const QString failed = traceOfGet(password);
     QVERIFY2(failed.startsWith(request + u"[Xtream] <- error: "_s), qPrintable(failed));
     QVERIFY2(failed.contains(u"?username=joe&password=*** - server replied"_s), qPrintable(failed));
@@ -182,7 +162,7 @@ void tst_XtreamTrace::xtreamRedirectQuotingThePassword()
 {
     // The address that failed in the end quotes the password.
     server->on(api, HttpReply::redirect(u"/joe/Redir%2DPw/x?p=Redir-Pw"_s));
-    server->on(u"/joe/Redir-Pw/x"_s, status(403));
+    server->on(u"/joe/Redir-Pw/x"_s, statusReply(403));
     const QString trace = traceOfGet(u"Redir-Pw"_s);
     QVERIFY2(trace.contains(u"/joe/***/x?p=***"_s), qPrintable(trace));
     QVERIFY2(!trace.contains(u"Redir"_s), qPrintable(trace));
@@ -192,7 +172,7 @@ void tst_XtreamTrace::xtreamRedirectQuotingThePassword()
 void tst_XtreamTrace::xtreamRedirectToACredentialOfItsOwn()
 {
     server->on(api, HttpReply::redirect(u"/cdn?token=Hop-Token&q=Hop-Token"_s));
-    server->on(u"/cdn"_s, status(403));
+    server->on(u"/cdn"_s, statusReply(403));
     const QString trace = traceOfGet(u"Own-Redir-Pw"_s);
     QVERIFY2(trace.contains(server->url(u"/cdn?token=***&q=*** "_s)), qPrintable(trace));
 }
@@ -202,7 +182,7 @@ void tst_XtreamTrace::xtreamUserInformation()
     const QString address = server->url().replace(u"://"_s, u"://anna:Info%2FPw@"_s);
     XtreamClient client(nullptr);
     client.configure(address, u"joe"_s, u"User-Info-Pw"_s);
-    server->on(api, status(200, R"(["Info\/Pw"])"_ba));
+    server->on(api, bodyReply(R"(["Info\/Pw"])"_ba));
     TraceCapture trace;
     int calls = 0;
     client.get({}, {}, [&calls](const QJsonDocument &, bool) { ++calls; });
@@ -213,32 +193,14 @@ void tst_XtreamTrace::xtreamUserInformation()
                                u"[Xtream] <- 200 [\"***\"] \n"_s);
 }
 
-void tst_XtreamTrace::xtreamShortPassword()
-{
-    server->on(api, status(200, R"({"user_info":{"password":"1","auth":1},"id":1})"_ba));
-    QCOMPARE(traceOfGet(u"1"_s, u"get_series&id=1"_s),
-             u"[Xtream] -> "_s + server->url(api) +
-                 u"?username=joe&password=***&action=get_series%26id%3D1 \n"_s +
-                 uR"([Xtream] <- 200 {"user_info":{"password":"***","auth":1},"id":1} )"_s +
-                 u"\n"_s);
-}
-
 void tst_XtreamTrace::xtreamForgetsThePasswordWithTheClient()
 {
     // The source dialog tests an account with a client of its own.
     (void)traceOfGet(u"get_series"_s);
-    server->on(api, status(200, R"(["get_series"])"_ba));
+    server->on(api, bodyReply(R"(["get_series"])"_ba));
     const QString trace = traceOfGet(u"Another-Pw"_s, u"get_series"_s);
     QVERIFY2(trace.contains(u"&action=get_series "_s), qPrintable(trace));
     QVERIFY2(trace.endsWith(u"200 [\"get_series\"] \n"_s), qPrintable(trace));
-}
-
-void tst_XtreamTrace::xtreamEmptyPasswordMasksNothing()
-{
-    server->on(api, HttpReply::json(R"({"password":"","x":"visible"})"_ba));
-    QCOMPARE(traceOfGet(u""_s),
-             u"[Xtream] -> "_s + server->url(api) + u"?username=joe&password= \n"_s +
-                 uR"([Xtream] <- 200 {"password":"","x":"visible"} )"_s + u"\n"_s);
 }
 
 void tst_XtreamTrace::xtreamTwoSlashesMakeAnEmptySegment()
@@ -251,38 +213,18 @@ void tst_XtreamTrace::xtreamTwoSlashesMakeAnEmptySegment()
                                u"?username=joe&password=*** \n"_s);
 }
 
-void tst_XtreamTrace::xtreamBodyIsCut_data()
-{
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QString>("shown");
-    const QByteArray head = "[\"" + QByteArray(1978, 'x'); // 1980 bytes
-    const QString shownHead = QString::fromLatin1(head);
-    const QByteArray tail(3000, 't');
-    QTest::newRow("2000 bytes") << head + QByteArray(20, 'y') << shownHead + QString(20, u'y');
-    QTest::newRow("2001 bytes") << head + QByteArray(21, 'y') << shownHead + QString(20, u'y');
-    QTest::newRow("much longer") << head + tail << shownHead + QString(20, u't');
-    QTest::newRow("the password over the cut")
-        << head + "0123456789abCut-Pw-Trace" + tail << shownHead + u"0123456789ab***"_s;
-    QTest::newRow("the password over the cut, escaped")
-        << head + "0123456789ab%43%75%74-Pw-Trace" + tail << shownHead + u"0123456789ab***"_s;
-    QTest::newRow("a character over the cut") << head + "0123456789abcdefghi\xc3\xa9" + tail
-                                              << shownHead + u"0123456789abcdefghi\ufffd"_s;
-}
-
 void tst_XtreamTrace::xtreamBodyIsCut()
 {
-    QFETCH(const QByteArray, body);
-    QFETCH(const QString, shown);
-    server->on(api, status(200, body));
-    const QString trace = traceOfGet(u"Cut-Pw-Trace"_s);
-    QCOMPARE(trace.mid(trace.indexOf(u'\n') + 1), u"[Xtream] <- 200 "_s + shown + u" \n"_s);
+    const QByteArray head = "[\"" + QByteArray(1978, 'x'); // 1980 bytes
+    server->on(api, bodyReply(head + QByteArray(21, 'y')));
+    QVERIFY(traceOfGet(u"Cut-Pw-Trace"_s).endsWith(QString(20, u'y') + u" \n"_s));
+    server->on(api, bodyReply(head + "0123456789abCut-Pw-Trace" + QByteArray(3000, 't')));
+    QVERIFY(traceOfGet(u"Cut-Pw-Trace"_s).endsWith(u"x0123456789ab*** \n"_s));
 }
 
-void tst_XtreamTrace::xtreamFormerPasswordStaysMasked()
+void tst_XtreamTrace::xtreamFormerPasswordStaysRedacted()
 {
-    HttpReply held = status(200, R"(["Former-Pw","Later-Pw"])"_ba);
-    held.held = true;
-    server->on(api, held);
+    server->on(api, heldReply(R"(["Former-Pw","Later-Pw"])"_ba));
     XtreamClient client(nullptr);
     client.configure(server->url(), u"joe"_s, u"Former-Pw"_s);
     TraceCapture trace;
@@ -332,10 +274,7 @@ void tst_XtreamTrace::zevrinoReplyWithoutSuccess_data()
     QTest::addColumn<QByteArray>("body");
     const QByteArray data = R"("data":{"username":"u","password":"Unknown-Pw"})"_ba;
     QTest::newRow("refused") << R"({"status":"expired",)" + data + '}';
-    QTest::newRow("not an object") << "[{" + data + "}]";
     QTest::newRow("cut") << R"({"status":"success","data":{"password":"Unknown-Pw)"_ba;
-    QTest::newRow("malformed") << "<br/>{'status':ok " + data + " garbage";
-    QTest::newRow("missing credentials") << R"({"status":"success",)" + data + '}';
     QTest::newRow("over the cut") << R"({"status":"expired","x":")" + QByteArray(1930, 'x') +
                                          "\"," + data + '}';
 }
@@ -352,7 +291,7 @@ void tst_XtreamTrace::zevrinoReplyWithoutSuccess()
 
 void tst_XtreamTrace::zevrinoHttpError()
 {
-    server->on(credentialsPath, status(503, "ZV-KEY-2"_ba));
+    server->on(credentialsPath, statusReply(503, "ZV-KEY-2"_ba));
     QCOMPARE(traceOfResolve(u"ZV-KEY-2"_s),
              u"[Zevrino] -> "_s + server->url(credentialsPath) +
                  uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
@@ -369,40 +308,29 @@ void tst_XtreamTrace::zevrinoWithoutAnswer()
                  u"[Zevrino] <- error: Connection refused http status: invalid \n"_s);
 }
 
-void tst_XtreamTrace::zevrinoKeyIsMaskedEverywhere_data()
+void tst_XtreamTrace::zevrinoKeyIsRedactedEverywhere_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QByteArray>("bodyForm");
     QTest::newRow("quotes and backslashes") << u"ZA\"b\\c"_s << R"(ZA\"b\\c)"_ba;
-    QTest::newRow("slashes") << u"ZB/c/d"_s << R"(ZB\/c\/d)"_ba;
     QTest::newRow("not ASCII") << u"ZC\u00e9\U0001F511"_s << R"(ZC\u00E9\uD83D\uDD11)"_ba;
-    QTest::newRow("percent-encoded in the body") << u"ZD=e f"_s << "ZD%3De%20f"_ba;
-    QTest::newRow("line ends") << u"ZE\nf\tg"_s << R"(ZE\nf\tg)"_ba;
 }
 
-void tst_XtreamTrace::zevrinoKeyIsMaskedEverywhere()
+void tst_XtreamTrace::zevrinoKeyIsRedactedEverywhere()
 {
     QFETCH(const QString, key);
     QFETCH(const QByteArray, bodyForm);
-    server->on(credentialsPath, status(200, R"({"message":"No: )" + bodyForm + "\"}"));
+    server->on(credentialsPath, bodyReply(R"({"message":"No: )" + bodyForm + "\"}"));
     const QString expected = u"[Zevrino] -> "_s + server->url(credentialsPath) +
                              uR"( {"subscription_key":"***"} )"_s + u"\n"_s +
                              uR"([Zevrino] <- 200 {"message":"No: ***"} )"_s + u"\n"_s;
     QCOMPARE(traceOfResolve(key), expected);
 }
 
-void tst_XtreamTrace::zevrinoEmptyKeyMasksNothing()
-{
-    server->on(credentialsPath, HttpReply::json(R"({"subscription_key":""})"_ba));
-    QCOMPARE(traceOfResolve(QString()),
-             u"[Zevrino] -> "_s + server->url(credentialsPath) + uR"( {"subscription_key":""} )"_s +
-                 u"\n"_s + uR"([Zevrino] <- 200 {"subscription_key":""} )"_s + u"\n"_s);
-}
-
 void tst_XtreamTrace::zevrinoBodyIsCut()
 {
     server->on(credentialsPath,
-               status(200, QByteArray(1990, 'x') + "yyyyyZV-KEY-4" + QByteArray(500, 't')));
+               bodyReply(QByteArray(1990, 'x') + "yyyyyZV-KEY-4" + QByteArray(500, 't')));
     const QString trace = traceOfResolve(u"ZV-KEY-4"_s);
     QCOMPARE(trace.mid(trace.indexOf(u'\n') + 1),
              u"[Zevrino] <- 200 "_s + QString(1990, u'x') + u"yyyyy*** \n"_s);
