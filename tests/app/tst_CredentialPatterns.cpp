@@ -5,25 +5,25 @@
 
 using namespace Qt::StringLiterals;
 
-/// What is redacted for its name or its place. Runs with VANTIRO_NET_DEBUG=1.
+/// What is redacted because of its name or position. Runs with VANTIRO_NET_DEBUG=1.
 class tst_CredentialPatterns : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void hidesWhatAUrlCarries_data();
-    void hidesWhatAUrlCarries();
-    void aHiddenUrlValueIsFoundElsewhere();
-    void aDecodedUrlValueIsFound();
-    void hidesWhatIsNamedACredential_data();
-    void hidesWhatIsNamedACredential();
-    void leavesInnocentNamesAndFoldersAlone_data();
-    void leavesInnocentNamesAndFoldersAlone();
+    void redactsCredentialsOfUrls_data();
+    void redactsCredentialsOfUrls();
+    void aUrlValueIsRedactedElsewhere();
+    void aDecodedUrlValueIsRedacted();
+    void redactsNamedCredentials_data();
+    void redactsNamedCredentials();
+    void keepsHarmlessNamesAndFolders_data();
+    void keepsHarmlessNamesAndFolders();
     void shortFormOfAStreamUrl_data();
     void shortFormOfAStreamUrl();
 };
 
-void tst_CredentialPatterns::hidesWhatAUrlCarries_data()
+void tst_CredentialPatterns::redactsCredentialsOfUrls_data()
 {
     QTest::addColumn<QString>("url");
     QTest::addColumn<QString>("shown");
@@ -64,7 +64,7 @@ void tst_CredentialPatterns::hidesWhatAUrlCarries_data()
     QTest::newRow("empty") << u""_s << u""_s;
 }
 
-void tst_CredentialPatterns::hidesWhatAUrlCarries()
+void tst_CredentialPatterns::redactsCredentialsOfUrls()
 {
     QFETCH(const QString, url);
     QFETCH(const QString, shown);
@@ -73,22 +73,22 @@ void tst_CredentialPatterns::hidesWhatAUrlCarries()
     QCOMPARE(traceSafeUrl(url), shown);
 }
 
-void tst_CredentialPatterns::aHiddenUrlValueIsFoundElsewhere()
+void tst_CredentialPatterns::aUrlValueIsRedactedElsewhere()
 {
     const RedactionScope redaction({}, u"http://h/get.php?username=joe&password=El%2Fse%26where"_s);
     QCOMPARE(traceSafe(uR"({"password":"El\/se&where"} El/se%26where)"_s),
              uR"({"password":"***"} ***)"_s);
 }
 
-void tst_CredentialPatterns::aDecodedUrlValueIsFound()
+void tst_CredentialPatterns::aDecodedUrlValueIsRedacted()
 {
-    // A form writes a blank as a plus sign; the server's answer has the blank.
+    // A form encodes a space as a plus sign; the server's reply has the space.
     const RedactionScope redaction({}, u"http://h/get.php?password=form+written+word"_s);
     QCOMPARE(traceSafe(u"password=form+written+word"_s), u"password=***"_s);
     QCOMPARE(traceSafe(u"the form written word"_s), u"the ***"_s);
 }
 
-void tst_CredentialPatterns::hidesWhatIsNamedACredential_data()
+void tst_CredentialPatterns::redactsNamedCredentials_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("shown");
@@ -97,7 +97,7 @@ void tst_CredentialPatterns::hidesWhatIsNamedACredential_data()
     };
     row("JSON", uR"({"password":"unknown1","x":"seen"})"_s, uR"({"password":"***","x":"seen"})"_s);
     row("JSON, short", uR"({"password":"1","x":1})"_s, uR"({"password":"***","x":1})"_s);
-    row("JSON with blanks", u"{ \"api_key\" :\n \"a b\" }"_s, u"{ \"api_key\" :\n \"***\" }"_s);
+    row("JSON with spaces", u"{ \"api_key\" :\n \"a b\" }"_s, u"{ \"api_key\" :\n \"***\" }"_s);
     row("JSON number", uR"({"password":1234567,"x":1})"_s, uR"({"password":***,"x":1})"_s);
     row("JSON list", uR"({"tokens":1,"token":["abc"]})"_s, uR"({"tokens":1,"token":["***"]})"_s);
     row("JSON with an escaped quote", uR"({"pass":"a\"b,c","x":1})"_s,
@@ -146,7 +146,7 @@ void tst_CredentialPatterns::hidesWhatIsNamedACredential_data()
     }
 }
 
-void tst_CredentialPatterns::hidesWhatIsNamedACredential()
+void tst_CredentialPatterns::redactsNamedCredentials()
 {
     QFETCH(const QString, text);
     QFETCH(const QString, shown);
@@ -154,7 +154,7 @@ void tst_CredentialPatterns::hidesWhatIsNamedACredential()
     QCOMPARE(traceSafeHead(text.toUtf8(), 100'000), shown);
 }
 
-void tst_CredentialPatterns::leavesInnocentNamesAndFoldersAlone_data()
+void tst_CredentialPatterns::keepsHarmlessNamesAndFolders_data()
 {
     QTest::addColumn<QString>("text");
     for (const char *name : {"author", "keyframes", "monkey", "tokens", "passenger", "compass",
@@ -171,7 +171,7 @@ void tst_CredentialPatterns::leavesInnocentNamesAndFoldersAlone_data()
     QTest::newRow("a folder of playlists") << u"http://h/playlist/rock/best.m3u"_s;
 }
 
-void tst_CredentialPatterns::leavesInnocentNamesAndFoldersAlone()
+void tst_CredentialPatterns::keepsHarmlessNamesAndFolders()
 {
     QFETCH(const QString, text);
     const RedactionScope redaction({}, text);

@@ -11,16 +11,16 @@ class tst_TraceSecrets : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void hidesNothingAtFirst();
-    void hidesEverySpelling_data();
-    void hidesEverySpelling();
-    void leavesTheRestAlone_data();
-    void leavesTheRestAlone();
-    void anEmptySecretHidesNothing();
+    void redactsNothingAtFirst();
+    void redactsEveryEncoding_data();
+    void redactsEveryEncoding();
+    void keepsOtherText_data();
+    void keepsOtherText();
+    void anEmptySecretRedactsNothing();
     void overlappingSecrets();
     void cutsTheBody_data();
     void cutsTheBody();
-    void aShortSecretIsHiddenWhereItStandsOnly();
+    void aShortSecretIsRedactedInItsPositionOnly();
     void aSecretIsForgottenWithItsLastScope();
     void aUrlIsForgottenWithItsLine();
     void manySecrets();
@@ -30,14 +30,14 @@ private Q_SLOTS:
     void base64OfWhatHoldsTheSecret();
 };
 
-void tst_TraceSecrets::hidesNothingAtFirst()
+void tst_TraceSecrets::redactsNothingAtFirst()
 {
     QCOMPARE(traceSafe(u"user:password \"x\" *** \u00e9"_s), u"user:password \"x\" *** \u00e9"_s);
     QCOMPARE(traceSafe(QString()), QString());
     QCOMPARE(traceSafeHead("0123456789"_ba, 4), u"0123"_s);
 }
 
-void tst_TraceSecrets::hidesEverySpelling_data()
+void tst_TraceSecrets::redactsEveryEncoding_data()
 {
     QTest::addColumn<QString>("secret");
     QTest::addColumn<QString>("text");
@@ -78,10 +78,10 @@ void tst_TraceSecrets::hidesEverySpelling_data()
     QTest::newRow("backslash") << backslash << uR"(x m\n\w y)"_s << u"x *** y"_s;
     QTest::newRow("JSON backslash") << backslash << uR"("m\\n\\w")"_s << u"\"***\""_s;
 
-    const QString blanks = u"two words+plus"_s;
-    QTest::newRow("blank") << blanks << u"x=two words+plus"_s << u"x=***"_s;
-    QTest::newRow("blank as %20") << blanks << u"x=two%20words%2Bplus"_s << u"x=***"_s;
-    QTest::newRow("blank as plus") << blanks << u"x=two+words%2bplus"_s << u"x=***"_s;
+    const QString spaces = u"two words+plus"_s;
+    QTest::newRow("space") << spaces << u"x=two words+plus"_s << u"x=***"_s;
+    QTest::newRow("space as %20") << spaces << u"x=two%20words%2Bplus"_s << u"x=***"_s;
+    QTest::newRow("space as plus") << spaces << u"x=two+words%2bplus"_s << u"x=***"_s;
 
     const QString foreign = u"p\u00e4ss\u20ac\U0001F511"_s;
     QTest::newRow("not ASCII") << foreign << u"\u00e4 p\u00e4ss\u20ac\U0001F511 \u20ac"_s
@@ -106,7 +106,7 @@ void tst_TraceSecrets::hidesEverySpelling_data()
     QTest::newRow("only signs") << u".*"_s + u".*"_s << u"a.*.*b"_s << u"a***b"_s;
 }
 
-void tst_TraceSecrets::hidesEverySpelling()
+void tst_TraceSecrets::redactsEveryEncoding()
 {
     QFETCH(const QString, secret);
     QFETCH(const QString, text);
@@ -116,7 +116,7 @@ void tst_TraceSecrets::hidesEverySpelling()
     QCOMPARE(traceSafeHead(text.toUtf8(), 100'000), masked);
 }
 
-void tst_TraceSecrets::leavesTheRestAlone_data()
+void tst_TraceSecrets::keepsOtherText_data()
 {
     QTest::addColumn<QString>("secret");
     QTest::addColumn<QString>("text");
@@ -128,7 +128,7 @@ void tst_TraceSecrets::leavesTheRestAlone_data()
                                 << u"\u4e2d \U0001F600 %00 \\u0041 &amp; \t\n"_s;
 }
 
-void tst_TraceSecrets::leavesTheRestAlone()
+void tst_TraceSecrets::keepsOtherText()
 {
     QFETCH(const QString, secret);
     QFETCH(const QString, text);
@@ -136,7 +136,7 @@ void tst_TraceSecrets::leavesTheRestAlone()
     QCOMPARE(traceSafe(text), text);
 }
 
-void tst_TraceSecrets::anEmptySecretHidesNothing()
+void tst_TraceSecrets::anEmptySecretRedactsNothing()
 {
     const RedactionScope none;
     const RedactionScope empty(u""_s);
@@ -203,7 +203,7 @@ void tst_TraceSecrets::cutsTheBody()
     QCOMPARE(traceSafeHead(body, maxBytes), head);
 }
 
-void tst_TraceSecrets::aShortSecretIsHiddenWhereItStandsOnly()
+void tst_TraceSecrets::aShortSecretIsRedactedInItsPositionOnly()
 {
     const RedactionScope redaction(u"1"_s, u"http://u:abc@h/live/joe/\u00e4\u00f6/7.ts?token=22"_s);
     QCOMPARE(traceSafe(u"http://u:abc@h/live/joe/\u00e4\u00f6/7.ts?token=22&password=1&id=1"_s),
@@ -239,7 +239,7 @@ void tst_TraceSecrets::aUrlIsForgottenWithItsLine()
 
 void tst_TraceSecrets::manySecrets()
 {
-    // As many as a list of accounts, or an evening of streams with tokens, brings along.
+    // As many as a long list of accounts, or many streams with tokens.
     QList<RedactionScope> redactions;
     for (int index = 0; index < 300; ++index) {
         redactions << RedactionScope(u"account-password-%1-end"_s.arg(index));
@@ -259,7 +259,7 @@ void tst_TraceSecrets::aVeryLongSecret()
 
 void tst_TraceSecrets::aLongSecretOfSurrogatePairs()
 {
-    // Wherever a secret were cut, a cut would fall inside a pair.
+    // Wherever a secret was cut, the cut would fall inside a pair.
     const QString key = u"k"_s + u"\U0001F511"_s.repeated(80);
     const QString shifted = u"\U0001F512"_s.repeated(80);
     const RedactionScope first(key);
@@ -283,7 +283,7 @@ void tst_TraceSecrets::base64OfWhatHoldsTheSecret_data()
     const QString longSecret = u"0123456789abcdefghij"_s.repeated(8);
     for (const QString &secret : {u"Bas3-Pw~?>"_s, longSecret}) {
         for (const QString &before : {u""_s, u"a"_s, u"ab"_s, u"abc"_s, u"joe:"_s}) {
-            QTest::addRow("%d characters behind \"%s\"", int(secret.size()), qPrintable(before))
+            QTest::addRow("%d characters after \"%s\"", int(secret.size()), qPrintable(before))
                 << secret << before;
         }
     }
@@ -294,15 +294,15 @@ void tst_TraceSecrets::base64OfWhatHoldsTheSecret()
     QFETCH(const QString, secret);
     QFETCH(const QString, before);
     const RedactionScope redaction(secret);
-    for (const QString &behind : {u""_s, u"x"_s, u"xyz"_s}) {
-        const QByteArray whole = (before + secret + behind).toUtf8();
+    for (const QString &after : {u""_s, u"x"_s, u"xyz"_s}) {
+        const QByteArray whole = (before + secret + after).toUtf8();
         for (const auto option : {QByteArray::Base64Encoding, QByteArray::Base64UrlEncoding}) {
             const QString encoded = QString::fromLatin1(whole.toBase64(option));
             QString shown = traceSafe(encoded);
             QCOMPARE(shown.count(u"***"_s), 1);
-            // What is left are the encoded neighbours.
+            // The encoded neighbours are left.
             shown.replace(u"***"_s, u""_s).remove(u'=');
-            QVERIFY2(shown.size() <= (before.size() + behind.size()) * 4 / 3, qPrintable(shown));
+            QVERIFY2(shown.size() <= (before.size() + after.size()) * 4 / 3, qPrintable(shown));
             QCOMPARE(traceSafe(QString(encoded).replace(u'/', u"\\/"_s)).count(u"***"_s), 1);
         }
     }

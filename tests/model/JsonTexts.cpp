@@ -6,62 +6,15 @@ namespace {
 
 QList<QByteArray> numbers()
 {
-    QList<QByteArray> texts{
-        "0",
-        "-0",
-        "-0.0",
-        "-0e-999",
-        "1",
-        "-5",
-        "12.0",
-        "1.5e2",
-        "1e5",
-        "1E+5",
-        "1e-5",
-        "4.5",
-        "-1.5",
-        "0.1",
-        "2147483647.0",
-        "2147483648",
-        "9007199254740993",
-        "9223372036854775807",
-        "9223372036854775808",
-        "-9223372036854775808",
-        "-9223372036854775809",
-        "18446744073709551616",
-        "1e18",
-        "1e19",
-        "-1e19",
-        "1e308",
-        "1.7976931348623157e308",
-        "1.7976931348623159e308",
-        "12e308",
-        "-12E308",
-        "1e400",
-        "5e-324",
-        "2e-324",
-        "1e-400",
-        "-1E-400",
-        "0e400",
-        "0e-400",
-        "1e99999999999999999999",
+    QList<QByteArray> texts =
+        "0 -0 -0.0 -0e-999 1 -5 12.0 1.5e2 1e5 1E+5 1e-5 4.5 -1.5 0.1 2147483647.0 2147483648 "
+        "9007199254740993 9223372036854775807 9223372036854775808 -9223372036854775808 "
+        "-9223372036854775809 18446744073709551616 1e18 1e19 -1e19 1e300 1e-300 1e308 "
+        "1.7976931348623157e308 1.7976931348623159e308 12e308 -12E308 1e400 5e-324 2e-324 1e-400 "
+        "-1E-400 0e400 0e-400 1e99999999999999999999 "
         // Malformed, or accepted by Qt's parser only.
-        "01",
-        "-01",
-        "00",
-        "1.",
-        "-",
-        "-.5",
-        ".5",
-        "+1",
-        "1e",
-        "1e+",
-        "1.e5",
-        "0x10",
-        "NaN",
-        "Infinity",
-        "1 2",
-    };
+        "01 -01 00 1. - -.5 .5 +1 1e 1e+ 1.e5 0x10 NaN Infinity"_ba.split(' ');
+    texts.append("1 2"_ba);
     for (const int digits : {290, 299, 300, 301, 308, 309, 310, 400}) {
         texts.append(QByteArray(digits, '9'));
         texts.append('-' + QByteArray(digits, '9') + ".5");
@@ -73,42 +26,42 @@ QList<QByteArray> numbers()
 
 QList<QByteArray> strings()
 {
-    const QList<QByteArray> contents{
-        "",
-        "x",
-        "12",
-        " 12 ",
-        "-7",
-        "-0",
-        "1.5",
-        "1e3",
-        "1e400",
-        "nan",
-        "-inf",
-        "+inf",
-        "7,5",
-        "0x10",
-        "12abc",
-        "9223372036854775808",
-        "9007199254740993",
-        "true",
-        R"(\"\\\/\b\f\n\r\t)",
-        R"(\u0041\u00e9\u4e2d)",
-        R"(a\ud83d\ude00b)",
-        R"(a\ud83db)",
-        R"(\ude00)",
-        R"(a\ud800)",
-        R"(a\udfff)",
-        R"(\ude00\ud83d)",
-        R"(\ud83d\n)",
-        R"(\u0000)",
-        R"(\ufeffx)",
-        R"(x\ufeff)",
-        R"(\uffff\ufffe)",
-        R"(\x)",
-        R"(\u12)",
-        R"(\u12g4)",
-        "\\",
+    QList<QByteArray> contents = R"(
+x
+12
+ 12 
+-7
+-0
+1.5
+1e3
+1e400
+nan
+-inf
++inf
+7,5
+0x10
+12abc
+9223372036854775808
+9007199254740993
+true
+\"\\\/\b\f\n\r\t
+\u0041\u00e9\u4e2d
+a\ud83d\ude00b
+a\ud83db
+\ude00
+a\ud800
+a\udfff
+\ude00\ud83d
+\ud83d\n
+\u0000
+\ufeffx
+x\ufeff
+\uffff\ufffe
+\x
+\u12
+\u12g4
+\)"_ba.split('\n');
+    contents << QList<QByteArray>{
         "\x01",
         "\n",
         "\t",
@@ -218,53 +171,12 @@ QList<QByteArray> JsonTexts::documents()
 
 QByteArray JsonTexts::mutated(QByteArray text, QRandomGenerator &random)
 {
-    static const QList<QByteArray> pieces{"{",
-                                          "}",
-                                          "[",
-                                          "]",
-                                          ",",
-                                          ":",
-                                          "\"",
-                                          "\\",
-                                          "\\u",
-                                          "\\x",
-                                          " ",
-                                          "\n",
-                                          "\t",
-                                          "null",
-                                          "true",
-                                          "false",
-                                          "1",
-                                          "-",
-                                          ".",
-                                          "e5",
-                                          "00",
-                                          "-0",
-                                          "e-400",
-                                          "12e308",
-                                          "1e99",
-                                          "nan",
-                                          "//",
-                                          "\\ud83d",
-                                          "\\ude00",
-                                          "\\u0000",
-                                          "\xc3",
-                                          "\xff",
-                                          "\xed",
-                                          "\xa0",
-                                          "\xc3\xa9",
-                                          "\"a\":5,",
-                                          "\"a\":{}",
-                                          "\"b\":\"7\"",
-                                          R"("id":"6",)",
-                                          "[[]],",
-                                          "{}{},",
-                                          "\"a\"",
-                                          "\xf0\x9f\x98\x80",
-                                          "99999999999999999999",
-                                          R"("live":{},)",
-                                          R"("episodes":{},)",
-                                          QByteArray(1, '\0')};
+    static const QList<QByteArray> pieces =
+        "{|}|[|]|,|:|\"|\\|\\u|\\x| |\n|\t|null|true|false|1|-|.|e5|00|-0|e-400|12e308|1e99|nan|//|"
+        "\\ud83d|\\ude00|\\u0000|\xc3|\xff|\xed|\xa0|\xc3\xa9|\"a\":5,|\"a\":{}|\"b\":\"7\"|"
+        "\"id\":\"6\",|[[]],|{}{},|\"a\"|\xf0\x9f\x98\x80|99999999999999999999|\"live\":{},|"
+        "\"episodes\":{},"_ba.split('|')
+        << QByteArray(1, '\0');
     for (int changes = random.bounded(1, 3); changes > 0 && !text.isEmpty(); --changes) {
         const int at = random.bounded(static_cast<int>(text.size()));
         switch (random.bounded(8)) {

@@ -22,7 +22,7 @@ QStringList ids(const QList<MediaItem> &items)
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// Makes names in which everything that upper case, words and patterns can stumble over is common.
+/// Creates names with many characters that are special for case, words and patterns.
 class RandomCatalog
 {
 public:
@@ -103,7 +103,7 @@ private:
         u"Я"_s, u"я"_s, u"ö"_s, u"Ö"_s, u"日"_s, u"本"_s, u"\u0130\u0307"_s, u"Å"_s, u"\u212b"_s,
         // Outside the first plane: with and without a case.
         u"😀"_s, u"𐐀"_s, u"𐐨"_s, u"𝐀"_s,
-        // What a regular expression reads as its own.
+        // The syntax of regular expressions.
         u"+"_s, u"("_s, u")"_s, u"["_s, u"]"_s, u"{"_s, u"}"_s, u"."_s, u"*"_s, u"?"_s, u"\\"_s,
         u"|"_s, u"^"_s, u"$"_s, u"\\E"_s, u"\\b"_s, u"#"_s, u"/"_s, u"\n"_s, u"\r"_s,
         QString(QChar(0))};
@@ -123,7 +123,7 @@ private:
 
 } // namespace
 
-/// Searching and sorting random catalogs, beside the rules written down plainly.
+/// Searching and sorting random catalogs gives what the reference implementation gives.
 class tst_ItemFilterRandom : public QObject
 {
     Q_OBJECT
@@ -163,7 +163,7 @@ void tst_ItemFilterRandom::sameAsTheReference()
                  qUtf8Printable(u"query "_s + query + u" by "_s + key));
         matches += query.isEmpty() ? 0 : actual.size();
     }
-    // Random queries that find nothing would prove nothing.
+    // Queries without a match would prove nothing.
     QVERIFY(matches > 40);
 }
 

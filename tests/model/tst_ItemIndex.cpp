@@ -1,4 +1,4 @@
-// The index gives what filtering and sorting give, whatever is asked of it in whatever order.
+// ItemIndex gives what filtering and sorting give, in any order of calls.
 
 #include "fakeprovider/CatalogGenerator.h"
 #include "model/ItemFilter.h"
@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<MediaItem> plainly(const QList<MediaItem> &items, const QString &categoryId,
-                         const QString &query, const QString &sortKey)
+QList<MediaItem> filteredAndSorted(const QList<MediaItem> &items, const QString &categoryId,
+                                   const QString &query, const QString &sortKey)
 {
     QList<MediaItem> filtered = applyFilter(items, categoryId, query);
     sortItems(filtered, query, sortKey);
@@ -44,7 +44,7 @@ class tst_ItemIndex : public QObject
 private Q_SLOTS:
     void sameAsFilterAndSort_data();
     void sameAsFilterAndSort();
-    void anotherListIsSeen();
+    void aNewListIsSeen();
     void aChangedListIsSeen();
     void withoutAQueryAnEmptyNameIsLikeAnyOther();
 };
@@ -66,21 +66,21 @@ void tst_ItemIndex::sameAsFilterAndSort()
          {u""_s, u"e"_s, u"news"_s, u"the"_s, u"24"_s, u"ü"_s, u"no such"_s}) {
         for (const QString &category : {u""_s, u"2"_s, u"9"_s}) {
             for (const QString &key : {u"name"_s, u"added"_s, u"rating"_s, u"other"_s}) {
-                const QList<MediaItem> expected = plainly(movies, category, query, key);
+                const QList<MediaItem> expected = filteredAndSorted(movies, category, query, key);
                 QCOMPARE(index.select(movies, category, query, key), expected);
             }
         }
     }
 }
 
-void tst_ItemIndex::anotherListIsSeen()
+void tst_ItemIndex::aNewListIsSeen()
 {
     ItemIndex index;
     const QList<MediaItem> first = moviesWithTies(1);
     const QList<MediaItem> second = moviesWithTies(2);
     for (const QList<MediaItem> &movies : {first, second, QList<MediaItem>(), first}) {
         QCOMPARE(index.select(movies, {}, u"e"_s, u"name"_s),
-                 plainly(movies, {}, u"e"_s, u"name"_s));
+                 filteredAndSorted(movies, {}, u"e"_s, u"name"_s));
     }
 }
 
@@ -92,7 +92,8 @@ void tst_ItemIndex::aChangedListIsSeen()
     movies.first().rating = 100.0;
     QCOMPARE(index.select(movies, {}, {}, u"rating"_s).first(), movies.first());
     movies.removeFirst();
-    QCOMPARE(index.select(movies, {}, {}, u"rating"_s), plainly(movies, {}, {}, u"rating"_s));
+    QCOMPARE(index.select(movies, {}, {}, u"rating"_s),
+             filteredAndSorted(movies, {}, {}, u"rating"_s));
 }
 
 void tst_ItemIndex::withoutAQueryAnEmptyNameIsLikeAnyOther()
