@@ -1,4 +1,4 @@
-# What the tests of the package share; they source this file with the folder of the package as $1.
+# Shared by the tests of the package, which source this file with the folder of the package as $1.
 # shellcheck shell=bash disable=SC2034,SC2154
 
 readonly test_name=package.${0##*/}
@@ -29,7 +29,7 @@ esac
 # shellcheck disable=SC2034  # for the scripts that source this one
 readonly package=${packages[0]}
 
-# Unpacks the package into $unpacked, which is gone when the test ends.
+# Unpacks the package into $unpacked, which is removed when the test ends.
 unpack() {
     unpacked=$(mktemp -d)
     trap 'rm -rf "$unpacked"' EXIT
