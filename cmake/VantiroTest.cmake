@@ -1,14 +1,13 @@
 # vantiro_add_test(<name> SOURCES ... [LINK ...] [DISPLAY offscreen|xvfb] [TIMEOUT <seconds>]
 #                  [LABELS ...] [ENVIRONMENT NAME=value ...] [STREAMS])
 #
-# A Qt Test program with a main of its own (support/TestMain.h) and its CTest test. The test runs
-# in a private profile with a silent sound card, so that it cannot touch a user's files. With
-# DISPLAY xvfb it runs on an X server and window manager of its own, two such tests at a time, with
-# the label e2e. STREAMS makes the generated streams (fakeprovider/Streams.h) first. ENVIRONMENT adds to
-# the test's environment or overrides it.
+# A Qt Test program with its own main (support/TestMain.h) and its CTest test. The test runs in a
+# private profile with a silent sound card, so that it cannot touch a user's files. With DISPLAY xvfb
+# it gets its own X server and window manager, two such tests run at a time, and it has the label e2e.
+# The label "threads" is for tests of units with threads. STREAMS makes the generated streams
+# (fakeprovider/Streams.h) first. ENVIRONMENT adds to the test's environment or overrides it.
 
-# What a program that is tested puts before an absolute path of this machine: Wine shows its root as
-# drive Z.
+# The prefix of this machine's absolute paths in a tested program: Wine maps the root to drive Z.
 set(VANTIRO_TARGET_DRIVE "")
 if(WIN32 AND CMAKE_CROSSCOMPILING)
     set(VANTIRO_TARGET_DRIVE "Z:")
@@ -36,13 +35,20 @@ function(vantiro_add_test name)
     if(ARG_STREAMS)
         add_dependencies(${name} vantiro_streams)
     endif()
+    # The thread sanitizer runs these: scripts/test --preset tsan --target thread_tests -L threads
+    if("threads" IN_LIST ARG_LABELS)
+        if(NOT TARGET thread_tests)
+            add_custom_target(thread_tests)
+        endif()
+        add_dependencies(thread_tests ${name})
+    endif()
 
     set(profile ${PROJECT_BINARY_DIR}/profiles/${name})
     file(MAKE_DIRECTORY ${profile}/config ${profile}/data ${profile}/cache)
     file(MAKE_DIRECTORY ${profile}/runtime)
     file(CHMOD ${profile}/runtime PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
-    # libVLC's plugins leak, and are unloaded before the leak could be told to be theirs; its HLS
-    # one also frees what it got from operator new.
+    # libVLC's plugins leak and are unloaded before the leak could be attributed to them. Its HLS plugin
+    # also mixes operator new and free.
     set(leaks 1)
     if(ARG_DISPLAY STREQUAL "xvfb" OR ARG_LINK MATCHES "vantiro_(player|ui|account)")
         set(leaks 0)
@@ -64,7 +70,7 @@ function(vantiro_add_test name)
         add_test(NAME ${name}
                  COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with-display
                          ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
-        # Two pictures at a time, from the start on; what needs none runs beside them.
+        # Two tests with a picture at a time, beginning with the first test; others run beside them.
         get_property(screens GLOBAL PROPERTY VANTIRO_SCREENS)
         math(EXPR screen "(0${screens} + 1) % 2")
         set_property(GLOBAL PROPERTY VANTIRO_SCREENS ${screen})
@@ -80,7 +86,7 @@ function(vantiro_add_test name)
              QT_QPA_PLATFORM=offscreen DISPLAY= WAYLAND_DISPLAY= CACA_DRIVER=null)
     endif()
     if(NOT ARG_DISPLAY STREQUAL "xvfb")
-        # The slow ones first: their time limits tell which they are.
+        # Slow tests, which have high time limits, run first.
         set_tests_properties(${name} PROPERTIES COST ${ARG_TIMEOUT})
     endif()
     set_tests_properties(${name} PROPERTIES
