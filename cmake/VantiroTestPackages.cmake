@@ -1,8 +1,8 @@
-# Finds what the tests and the demo need beyond the player itself, and says whether they are built:
-# VANTIRO_WITH_TESTS, and VANTIRO_WITH_DEMO for the demo provider, which needs less.
+# Finds the packages that the tests and the demo need beyond the player's own, and reports what is
+# built: VANTIRO_WITH_TESTS, and VANTIRO_WITH_DEMO for the demo provider, which needs less.
 #
-# VANTIRO_BUILD_TESTS decides what happens when something is missing: AUTO leaves out what needs it
-# and names it, ON makes that an error, OFF looks for nothing.
+# If a package is missing, VANTIRO_BUILD_TESTS=AUTO leaves out what needs it and names it; ON makes that
+# an error. OFF looks for nothing.
 
 set(VANTIRO_BUILD_TESTS AUTO CACHE STRING
     "Build the tests and the demo: ON, OFF, or AUTO for what this machine has the packages for")
@@ -33,6 +33,14 @@ if(NOT VANTIRO_FFMPEG)
     list(APPEND missing ffmpeg)
 endif()
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    find_program(VANTIRO_PYTHON python3)
+    if(NOT VANTIRO_PYTHON)
+        list(APPEND missing python3)
+    endif()
+    find_program(VANTIRO_LUPDATE lupdate PATHS /usr/lib/qt6/bin)
+    if(NOT VANTIRO_LUPDATE)
+        list(APPEND missing "Qt's lupdate")
+    endif()
     # The end-to-end tests drive the program's window.
     find_package(PkgConfig QUIET)
     if(PkgConfig_FOUND)
