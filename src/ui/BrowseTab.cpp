@@ -225,8 +225,16 @@ void BrowseTab::connectLists()
 
 void BrowseTab::setCategories(const QList<Category> &categories)
 {
-    allCategories = categories;
-    populateCategoryList();
+    categoryList->clear();
+    const auto add = [this](const QString &name, const QString &id) {
+        auto *item = new QListWidgetItem(name);
+        item->setData(Qt::UserRole, id);
+        categoryList->addItem(item);
+    };
+    add(tr("All Categories"), u""_s);
+    for (const Category &category : categories) {
+        add(category.name, category.id);
+    }
 }
 
 void BrowseTab::setItems(const QList<MediaItem> &items)
@@ -250,7 +258,6 @@ void BrowseTab::reset()
 void BrowseTab::clear()
 {
     reset();
-    allCategories = QList<Category>();
     categoryList->clear();
     refilter();
     // Clearing a search has set the title to that of all categories.
@@ -342,20 +349,6 @@ void BrowseTab::moveViewTo(QWidget *page)
 {
     if (view->parentWidget() != page) {
         static_cast<QVBoxLayout *>(page->layout())->addWidget(view, 1);
-    }
-}
-
-void BrowseTab::populateCategoryList()
-{
-    categoryList->clear();
-    const auto add = [this](const QString &name, const QString &id) {
-        auto *item = new QListWidgetItem(name);
-        item->setData(Qt::UserRole, id);
-        categoryList->addItem(item);
-    };
-    add(tr("All Categories"), u""_s);
-    for (const Category &category : std::as_const(allCategories)) {
-        add(category.name, category.id);
     }
 }
 

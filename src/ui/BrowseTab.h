@@ -63,8 +63,6 @@ public:
     QString title() const { return tabTitle; }
     /// True when the tab is for accounts, false when it is for playlists.
     bool isForAccounts() const { return forAccounts; }
-    const QList<Category> &categories() const { return allCategories; }
-    const QList<MediaItem> &items() const { return allItems; }
     /// Null on a tab with a table.
     QListWidget *posterGrid() const { return posterList; }
 
@@ -75,7 +73,8 @@ public:
     /// Returns to the category page and drops the entries, the category choice and both searches.
     /// The view keeps its rows until the next refilter; clearing a search that held text refilters.
     void reset();
-    /// As reset(), and also empties both lists: the state before the first source.
+    /// As reset(), and also empties the category list and the view: the state before the first
+    /// source.
     void clear();
 
     /// Adds a page behind the items page.
@@ -111,7 +110,6 @@ private:
     void showSearchResults(bool searching);
     void placeViewOn(int page);
     void moveViewTo(QWidget *page);
-    void populateCategoryList();
     void populateTable();
     void populatePosterGrid();
 
@@ -131,7 +129,6 @@ private:
     QAbstractItemView *view = nullptr; ///< whichever of the two there is
 
     QString categoryId; ///< of the chosen category; empty for all
-    QList<Category> allCategories;
     QList<MediaItem> allItems;
     ItemIndex index; ///< the orders of the sort box
     /// The entries shown, in display order: row r of the view is element r.

@@ -15,7 +15,7 @@ bool ElidedComboBox::event(QEvent *event)
         QToolTip::hideText();
         event->ignore();
     } else {
-        // Converted: a tool tip would render what looks like markup.
+        // Converted: a tool tip renders what looks like markup.
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
                            Qt::convertFromPlainText(currentText()), this);
     }

@@ -2,8 +2,8 @@
 
 #include <QComboBox>
 
-/// A combo box whose items may be longer than its maximum width: it shows what fits of the current
-/// one, with an ellipsis, and the whole text in a tool tip.
+/// A combo box that elides the current item when it is wider than the box, and shows the whole text
+/// in a tool tip.
 class ElidedComboBox final : public QComboBox
 {
     Q_OBJECT

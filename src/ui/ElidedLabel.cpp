@@ -26,7 +26,7 @@ bool ElidedLabel::event(QEvent *event)
         QToolTip::hideText();
         event->ignore();
     } else {
-        // As a paragraph: a tool tip guesses whether a text is markup, and this one never is.
+        // Converted: a tool tip renders what looks like markup.
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
                            Qt::convertFromPlainText(text(), Qt::WhiteSpaceNormal), this);
     }

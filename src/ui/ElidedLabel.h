@@ -2,9 +2,8 @@
 
 #include <QLabel>
 
-/// A label for one line of plain text that may be longer than its place. It takes the width that it
-/// is given, shows what fits with an ellipsis, and the whole text in a tool tip. text() is the
-/// whole text.
+/// A one-line label for plain text. It elides what is wider than the label and shows the whole text
+/// in a tool tip; its minimum width is 0. text() is the whole text.
 class ElidedLabel final : public QLabel
 {
     Q_OBJECT

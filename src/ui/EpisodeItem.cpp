@@ -17,7 +17,7 @@ MediaItem mediaItemFromEpisode(const Episode &episode, const QString &seriesName
     item.type = StreamKind::Episode;
     item.id = episode.id;
     item.containerExtension = episode.containerExtension;
-    // All values go in at once, so that a "%1" in a show's name stays what it is.
+    // One call for all values, so that a "%1" in a show's name stays.
     item.name = u"%1 - S%2E%3 - %4"_s.arg(seriesName, twoDigits(episode.season),
                                           twoDigits(episode.episodeNumber), episode.title);
     return item;

@@ -51,7 +51,7 @@ void MainWindow::connectPosters(const BrowseTab &tab)
     }
     connect(&tab, &BrowseTab::posterGridFilled, this, [this, grid] {
         posterRows[grid].forget();
-        // Later, when the grid has laid out its items.
+        // Deferred until the grid has laid out its items.
         QTimer::singleShot(0, this, [this, grid] { loadVisibleThumbnails(grid); });
     });
     connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, this,

@@ -4,18 +4,18 @@
 
 class QWidget;
 
-/// A message box whose text is shown as it is, also when it comes from a server and looks like
-/// markup.
+/// A message box that shows its text literally, even if it looks like markup. For texts that may
+/// come from a server.
 class PlainMessageBox final : public QMessageBox
 {
 public:
     PlainMessageBox(Icon icon, const QString &title, const QString &text, StandardButtons buttons,
                     QWidget *parent);
 
-    /// Shows a modal warning with an OK button and waits until it is closed.
+    /// Shows a modal warning with an OK button and returns when it is closed.
     static void warn(QWidget *parent, const QString &title, const QString &text);
 
-    /// The same for what may fail again by itself: does nothing while a box of that title is open
-    /// over `parent`.
+    /// As warn(), for failures that can repeat without the user: does nothing while `parent` has a
+    /// visible box of that title.
     static void warnOnce(QWidget *parent, const QString &title, const QString &text);
 };

@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// A label for plain text of several lines that is never cut: its minimum height is what the text
-/// takes at the label's width, so that a window grows with it.
+/// A word-wrapping label for plain text that is never clipped: its minimum height is the height of
+/// the text at the label's width, so that the window grows with it.
 class WrappedLabel final : public QLabel
 {
     Q_OBJECT
@@ -13,7 +13,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    /// False: form layouts ask for the height at another width than they give. The hints tell it.
+    /// False: form layouts ask for the height at a width other than they assign. The size hints
+    /// report the height instead.
     bool hasHeightForWidth() const override { return false; }
 
 protected:

@@ -1,13 +1,13 @@
 // Everything can be reached and named without eyes and without a mouse.
 
 #include "model/SourceManager.h"
+#include "support/TestFiles.h"
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
 #include "ui/SourceDialog.h"
 
 #include <QAccessible>
-#include <QComboBox>
-#include <QFile>
+#include <QApplication>
 #include <QListWidget>
 #include <QSet>
 #include <QTest>
@@ -37,6 +37,12 @@ QString spokenName(QAccessibleInterface &control)
     return labels.isEmpty() ? QString() : labels.first().first->text(QAccessible::Name);
 }
 
+/// The class and object name of a widget, for messages.
+QString described(const QObject &object)
+{
+    return object.objectName() + u' ' + QString::fromLatin1(object.metaObject()->className());
+}
+
 /// Walks the visible part of the tree and lists controls without a name; counts the controls.
 void findNameless(QAccessibleInterface *parent, QStringList &nameless, int &controls)
 {
@@ -49,11 +55,8 @@ void findNameless(QAccessibleInterface *parent, QStringList &nameless, int &cont
         if (isControl(child->role())) {
             ++controls;
             if (spokenName(*child).isEmpty()) {
-                const QObject *object = child->object();
-                nameless << (object != nullptr
-                                 ? object->objectName() + u' ' +
-                                       QString::fromLatin1(object->metaObject()->className())
-                                 : QString::number(child->role()));
+                nameless << (child->object() != nullptr ? described(*child->object())
+                                                        : QString::number(child->role()));
             }
         }
         // The rows of a view are named by their texts; there can be very many.
@@ -63,8 +66,9 @@ void findNameless(QAccessibleInterface *parent, QStringList &nameless, int &cont
     }
 }
 
-/// The widgets that Tab comes by, beginning anywhere, until it comes round.
-QSet<const QWidget *> reachedByTab(QWidget &window)
+/// The widgets that want the focus by Tab and do not get it, from the focused one on, until it
+/// comes round.
+QStringList notReachedByTab(QWidget &window)
 {
     QSet<const QWidget *> reached;
     while (QApplication::focusWidget() != nullptr &&
@@ -72,23 +76,28 @@ QSet<const QWidget *> reachedByTab(QWidget &window)
         reached.insert(QApplication::focusWidget());
         QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
     }
-    return reached;
-}
-
-QStringList notReached(QWidget &window)
-{
-    const QSet<const QWidget *> reached = reachedByTab(window);
     QStringList missing;
-    const auto widgets = window.findChildren<QWidget *>();
-    for (const QWidget *widget : widgets) {
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
         const bool wantsKeys =
             (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr;
         if (wantsKeys && widget->isVisible() && widget->isEnabled() && !reached.contains(widget)) {
-            missing << widget->objectName() + u' ' +
-                           QString::fromLatin1(widget->metaObject()->className());
+            missing << described(*widget);
         }
     }
     return missing;
+}
+
+/// Every control has a name, and Tab reaches each of them from `first` on.
+void expectAccessible(QWidget &window, int minControls, const QString &first)
+{
+    QAccessible::setActive(true);
+    QStringList nameless;
+    int controls = 0;
+    findNameless(QAccessible::queryAccessibleInterface(&window), nameless, controls);
+    QCOMPARE(nameless, QStringList());
+    QVERIFY(controls >= minControls);
+    window.findChild<QWidget *>(first)->setFocus();
+    QCOMPARE(notReachedByTab(window), QStringList());
 }
 
 } // namespace
@@ -109,36 +118,27 @@ private Q_SLOTS:
 void tst_Accessibility::mainWindow_data()
 {
     QTest::addColumn<int>("kind");
-    QTest::addColumn<bool>("categoryOpen");
-    QTest::newRow("categories, nothing playing") << -1 << false;
-    QTest::newRow("entries, a channel playing") << int(StreamKind::Live) << true;
-    QTest::newRow("entries, a film playing") << int(StreamKind::Movie) << true;
-    QTest::newRow("entries, an episode playing") << int(StreamKind::Episode) << true;
+    QTest::newRow("categories, nothing playing") << -1;
+    QTest::newRow("entries, a channel playing") << int(StreamKind::Live);
+    QTest::newRow("entries, a film playing") << int(StreamKind::Movie);
+    QTest::newRow("entries, an episode playing") << int(StreamKind::Episode);
 }
 
 void tst_Accessibility::mainWindow()
 {
     QFETCH(int, kind);
-    QFETCH(bool, categoryOpen);
     const QString playlist = PrivateProfile::current().root() + u"/list.m3u"_s;
-    QFile file(playlist);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("#EXTM3U\n#EXTINF:-1 group-title=\"News\",One\nhttp://127.0.0.1:9/1\n");
-    file.close();
-    {
-        SourceConfig source = defaultSourceConfig();
-        source.name = u"List"_s;
-        source.url = playlist;
-        SourceManager(nullptr).saveSource(source);
-    }
+    writeFile(playlist, "#EXTM3U\n#EXTINF:-1 group-title=\"News\",One\nhttp://127.0.0.1:9/1\n");
+    SourceConfig source = defaultSourceConfig();
+    source.name = u"List"_s;
+    source.url = playlist;
+    SourceManager(nullptr).saveSource(source);
     MainWindow window;
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    if (categoryOpen) {
+    if (kind >= 0) {
         auto *categories = window.findChild<QListWidget *>(u"channelCategoryList"_s);
         window.selectChannelCategory(categories->item(1));
-    }
-    if (kind >= 0) {
         MediaItem item;
         item.type = kind;
         item.name = u"Something"_s;
@@ -150,15 +150,7 @@ void tst_Accessibility::mainWindow()
         }
     }
 
-    QAccessible::setActive(true);
-    QStringList nameless;
-    int controls = 0;
-    findNameless(QAccessible::queryAccessibleInterface(&window), nameless, controls);
-    QCOMPARE(nameless, QStringList());
-    QVERIFY(controls >= 6);
-
-    window.findChild<QComboBox *>(u"sourceCombo"_s)->setFocus();
-    QCOMPARE(notReached(window), QStringList());
+    expectAccessible(window, 6, u"sourceCombo"_s);
 }
 
 // Neither is a control, but the keyboard stops at the one, and the other is most of the window.
@@ -192,15 +184,7 @@ void tst_Accessibility::sourceDialog()
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
 
-    QAccessible::setActive(true);
-    QStringList nameless;
-    int controls = 0;
-    findNameless(QAccessible::queryAccessibleInterface(&dialog), nameless, controls);
-    QCOMPARE(nameless, QStringList());
-    QVERIFY(controls >= 4);
-
-    dialog.findChild<QComboBox *>(u"typeCombo"_s)->setFocus();
-    QCOMPARE(notReached(dialog), QStringList());
+    expectAccessible(dialog, 4, u"typeCombo"_s);
 }
 
 VANTIRO_TEST_MAIN(tst_Accessibility)
