@@ -4,12 +4,14 @@
 
 #include <QString>
 
+struct DemoEntry;
+
 /// The demo provider: an account with channels, films and one show, all with posters, and a
-/// playlist of the same channels, on the provider that the tests use.
+/// playlist of the same channels.
 class DemoServer final
 {
 public:
-    /// How many entries there are of each kind; generated ones fill up what the demo itself lacks.
+    /// At least how many entries there are of each kind; generated ones fill up.
     struct Size
     {
         int channels = 0;
@@ -29,17 +31,15 @@ public:
     /// unavailable or cut. False when one of the words is unknown.
     bool setFault(const QString &action, const QString &manner);
 
-    static QString user() { return QStringLiteral("demo"); }
-    static QString password() { return QStringLiteral("demo"); }
-
 private:
-    void offerCatalog(const Size &size);
     void offerChannels();
-    void offerFiles();
-    void offerPosters();
-    QString poster(int id) const;
+    void offerFilms();
+    void offerShow();
+    void fillUp(const Size &size);
+    /// The entry with its poster; its stream is the file.
+    XtreamEntry listed(const DemoEntry &entry, const QString &line);
 
     const QString streams;
-    XtreamProvider provider;
+    XtreamProvider provider{QStringLiteral("demo"), QStringLiteral("demo")};
     bool listening = true;
 };

@@ -276,11 +276,6 @@ QString HttpServer::url(const QString &path) const
                                         path);
 }
 
-void HttpServer::on(const QString &path, const HttpReply &reply)
-{
-    on(path, [reply](const HttpRequest &) { return reply; });
-}
-
 void HttpServer::on(const QString &path, Handler handler)
 {
     const std::lock_guard lock(d->mutex);

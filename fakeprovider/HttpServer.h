@@ -54,6 +54,9 @@ struct HttpReply
     /// The file's bytes as they are now, 404 when it cannot be read. Without a content type the
     /// file's suffix decides.
     static HttpReply file(const QString &path, const QByteArray &contentType = {});
+
+    /// A reply serves as a handler that gives it to every request.
+    HttpReply operator()(const HttpRequest & /*request*/) const { return *this; }
 };
 
 /// A provider's web server on an ephemeral loopback port.
@@ -86,7 +89,6 @@ public:
     QString url(const QString &path = {}) const;
 
     /// Answers for exactly this path, whatever the query; replaces an earlier answer.
-    void on(const QString &path, const HttpReply &reply);
     void on(const QString &path, Handler handler);
     /// Answers for every path that begins with `prefix` and has no exact answer; the longest
     /// prefix wins. Any other path gets 404.

@@ -85,7 +85,8 @@ QByteArray paintPoster(const QString &title, const QString &line, int number)
     paintSky(painter, hue);
     paintSun(painter, hue, random);
     paintHills(painter, hue, random);
-    paintText(painter, title, line);
+    if (!title.isEmpty())
+        paintText(painter, title, line);
     painter.fillRect(0, 0, size.width(), stripe, posterAccent(number));
     painter.end();
     QByteArray bytes;

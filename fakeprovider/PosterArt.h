@@ -8,5 +8,6 @@
 QColor posterAccent(int number);
 
 /// A poster with its title on it, as a PNG file of 280 x 420 pixels. The top 24 rows are in its
-/// accent. Call it on the GUI thread.
+/// accent. The same arguments give the same poster. Callable from any thread; a title needs a
+/// QGuiApplication.
 QByteArray paintPoster(const QString &title, const QString &line, int number);

@@ -1,24 +1,17 @@
 #include "fakeprovider/Streams.h"
 
 #include <QElapsedTimer>
-#include <QFile>
+
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kLiveSeconds = 180;
 constexpr qint64 kSegmentCount = 15;
 constexpr qint64 kSegmentMs = 2000;
 constexpr qint64 kWindowSize = 4;
-
-QByteArray readStream(const QString &name)
-{
-    QFile file(streamPath(name));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("Streams: %s is missing; build the target vantiro_streams", qUtf8Printable(name));
-    return file.readAll();
-}
 
 QByteArray livePlaylist(qint64 first)
 {
@@ -43,18 +36,26 @@ QString streamPath(const QString &name)
     return QStringLiteral(VANTIRO_STREAMS_DIR "/") + name;
 }
 
-HttpReply liveTs()
+HttpReply liveClip(const QString &path, int seconds, int burstSeconds)
 {
-    const QByteArray stream = readStream(u"live.ts"_s);
-    HttpReply reply;
-    reply.contentType = "video/mp2t"_ba;
-    reply.bytesPerSecond = stream.size() / kLiveSeconds;
-    reply.producer = [stream](qint64 offset) {
+    HttpReply reply = HttpReply::file(path);
+    if (reply.body.isEmpty())
+        return reply;
+    const QByteArray clip = std::exchange(reply.body, {});
+    reply.bytesPerSecond = clip.size() / seconds;
+    reply.burst = reply.bytesPerSecond * burstSeconds;
+    reply.producer = [clip](qint64 offset) {
         constexpr qint64 piece = 188 * 64;
-        const qint64 position = offset % stream.size();
-        return stream.sliced(position, std::min<qint64>(piece, stream.size() - position));
+        const qint64 position = offset % clip.size();
+        return clip.sliced(position, std::min<qint64>(piece, clip.size() - position));
     };
     return reply;
+}
+
+HttpReply liveTs()
+{
+    constexpr int seconds = 180;
+    return liveClip(streamPath(u"live.ts"_s), seconds);
 }
 
 void serveLiveHls(HttpServer &server, const QString &prefix)

@@ -8,6 +8,7 @@
 ///
 /// live.ts            180 s, constant bit rate
 /// short.ts           5 s
+/// grey.ts            30 s, without colour
 /// film.mp4           60 s, its index at the end; film-faststart.mp4 with the index in front
 /// hls/index.m3u8     30 s in segments of 2 s
 /// tracks.mkv         20 s, 30000/1001 pictures a second, sound eng and deu, subtitles eng and fra
@@ -16,8 +17,11 @@
 /// subtitles.srt      one large text from the first to the twentieth second
 QString streamPath(const QString &name);
 
-/// A channel: live.ts at its own pace, without an end (it begins anew after 180 s). Every
-/// connection starts at the beginning.
+/// A channel: a transport stream of so many seconds at its own pace, over and over. Every
+/// connection starts at its beginning, the first `burstSeconds` at once. 404 when the file cannot
+/// be read.
+HttpReply liveClip(const QString &path, int seconds, int burstSeconds = 0);
+/// The channel of live.ts.
 HttpReply liveTs();
 
 /// Serves a live HLS channel at `prefix` + "/index.m3u8": a window of four segments that moves on

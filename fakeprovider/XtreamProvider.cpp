@@ -1,16 +1,14 @@
 #include "fakeprovider/XtreamProvider.h"
 
 #include "fakeprovider/CatalogGenerator.h"
+#include "fakeprovider/PosterArt.h"
 #include "fakeprovider/Streams.h"
 
-#include <QBuffer>
 #include <QDateTime>
 #include <QFileInfo>
-#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QPainter>
 
 #include <algorithm>
 
@@ -70,41 +68,38 @@ bool isCategories(const QString &action)
     return action.endsWith("_categories"_L1);
 }
 
-/// An element of a catalog's array.
-QJsonObject element(const QString &action, const QString &name, int number)
+QJsonObject category(const QString &name, int number)
 {
-    if (isCategories(action)) {
-        return {{u"category_id"_s, QString::number(number)}, {u"category_name"_s, name}};
-    }
-    QJsonObject object{{u"name"_s, name}, {u"category_id"_s, u"1"_s}};
-    object.insert(action == XtreamAction::series ? u"series_id"_s : u"stream_id"_s, number);
-    if (action == XtreamAction::vodStreams) {
-        object.insert(u"container_extension"_s, u"mp4"_s);
-    }
+    return {{u"category_id"_s, QString::number(number)}, {u"category_name"_s, name}};
+}
+
+QJsonObject element(const QString &action, const XtreamEntry &entry)
+{
+    const bool show = action == XtreamAction::series;
+    QJsonObject object{{show ? u"series_id"_s : u"stream_id"_s, entry.id},
+                       {u"name"_s, entry.name},
+                       {u"category_id"_s, QString::number(entry.category)}};
+    if (!entry.poster.isEmpty())
+        object.insert(show ? u"cover"_s : u"stream_icon"_s, entry.poster);
+    if (entry.rating > 0)
+        object.insert(u"rating"_s, QString::number(entry.rating));
+    if (entry.added > 0)
+        object.insert(show ? u"last_modified"_s : u"added"_s, QString::number(entry.added));
+    if (action == XtreamAction::vodStreams)
+        object.insert(u"container_extension"_s, entry.extension);
     return object;
 }
 
-HttpReply poster(const QString &fileName)
+QByteArray compact(const QJsonArray &array)
 {
-    constexpr int hueStep = 47; // neighbours differ, and it takes long until a colour comes again
-    const int number = QFileInfo(fileName).baseName().toInt();
-    const QColor colour = QColor::fromHsv(number * hueStep % 360, 160, 170);
-    QImage image(280, 420, QImage::Format_RGB32);
-    QPainter painter(&image);
-    QLinearGradient gradient(0, 0, 0, image.height());
-    gradient.setColorAt(0, colour.lighter(140));
-    gradient.setColorAt(1, colour.darker(260));
-    painter.fillRect(image.rect(), gradient);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(255, 255, 255, 40));
-    painter.drawEllipse(QPoint(60 + number % 160, 140 + number % 90), 90, 90);
-    painter.end();
+    return QJsonDocument(array).toJson(QJsonDocument::Compact);
+}
 
+HttpReply poster(const QByteArray &picture)
+{
     HttpReply reply;
     reply.contentType = "image/png"_ba;
-    QBuffer buffer(&reply.body);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
+    reply.body = picture;
     return reply;
 }
 
@@ -127,21 +122,86 @@ XtreamProvider::XtreamProvider(const QString &user, const QString &password)
         server.onPrefix(kind, [this](const HttpRequest &request) { return stream(request); });
     }
     server.onPrefix(postersPrefix, [](const HttpRequest &request) {
-        return poster(request.path.mid(postersPrefix.size()));
+        const int number = QFileInfo(request.path).baseName().toInt();
+        return poster(paintPoster({}, {}, number));
     });
     serveLiveHls(server, hlsPrefix);
+}
+
+QString XtreamProvider::streamPathOf(const QString &kind, int id, const QString &extension) const
+{
+    return u"/%1/%2/%3/%4.%5"_s.arg(kind, accountUser, accountPassword, QString::number(id),
+                                    extension);
+}
+
+void XtreamProvider::append(const QString &action, const QByteArray &elements)
+{
+    const QByteArray before = reply(action);
+    if (before == "[]")
+        setReply(action, elements);
+    else if (elements != "[]")
+        setReply(action, before.chopped(1) + ',' + elements.sliced(1));
+}
+
+QString XtreamProvider::add(const QString &action, const XtreamEntry &entry)
+{
+    XtreamEntry numbered = entry;
+    if (numbered.id == 0)
+        numbered.id = static_cast<int>(QJsonDocument::fromJson(reply(action)).array().size()) + 1;
+    append(action, compact(QJsonArray{element(action, numbered)}));
+    if (action == XtreamAction::series)
+        return {};
+    const QString path = action == XtreamAction::liveStreams
+                             ? streamPathOf(u"live"_s, numbered.id, u"ts"_s)
+                             : streamPathOf(u"movie"_s, numbered.id, numbered.extension);
+    if (entry.stream)
+        server.on(path, entry.stream);
+    return path;
+}
+
+QString XtreamProvider::addChannel(const QString &name, const HttpServer::Handler &stream)
+{
+    XtreamEntry entry;
+    entry.name = name;
+    entry.stream = stream;
+    return add(XtreamAction::liveStreams, entry);
+}
+
+QString XtreamProvider::addFilm(const QString &name, const QString &extension,
+                                const HttpServer::Handler &stream)
+{
+    XtreamEntry entry;
+    entry.name = name;
+    entry.extension = extension;
+    entry.stream = stream;
+    return add(XtreamAction::vodStreams, entry);
+}
+
+QString XtreamProvider::addEpisode(int id, const QString &extension,
+                                   const HttpServer::Handler &stream)
+{
+    const QString path = streamPathOf(u"series"_s, id, extension);
+    server.on(path, stream);
+    return path;
+}
+
+QString XtreamProvider::addPoster(int number, const QString &title, const QString &line)
+{
+    const QString path = postersPrefix + QString::number(number) + ".png"_L1;
+    server.on(path, poster(paintPoster(title, line, number)));
+    return server.url(path);
 }
 
 void XtreamProvider::generateCatalog(const CatalogSize &size, quint32 seed)
 {
     CatalogGenerator generator(seed);
     generator.setIconBase(server.url(postersPrefix));
-    setReply(XtreamAction::liveCategories, generator.categoriesReply(size.categories));
-    setReply(XtreamAction::liveStreams, generator.liveReply(size.channels, size.categories));
-    setReply(XtreamAction::vodCategories, generator.categoriesReply(size.categories));
-    setReply(XtreamAction::vodStreams, generator.vodReply(size.films, size.categories));
-    setReply(XtreamAction::seriesCategories, generator.categoriesReply(size.categories));
-    setReply(XtreamAction::series, generator.seriesReply(size.shows, size.categories));
+    append(XtreamAction::liveCategories, generator.categoriesReply(size.categories));
+    append(XtreamAction::liveStreams, generator.liveReply(size.channels, size.categories));
+    append(XtreamAction::vodCategories, generator.categoriesReply(size.categories));
+    append(XtreamAction::vodStreams, generator.vodReply(size.films, size.categories));
+    append(XtreamAction::seriesCategories, generator.categoriesReply(size.categories));
+    append(XtreamAction::series, generator.seriesReply(size.shows, size.categories));
     const std::lock_guard lock(mutex);
     catalogSize = size;
 }
@@ -155,10 +215,13 @@ void XtreamProvider::setReply(const QString &action, const QByteArray &document)
 void XtreamProvider::setNames(const QString &action, const QStringList &names)
 {
     QJsonArray elements;
+    XtreamEntry entry;
     for (const QString &name : names) {
-        elements.append(element(action, name, static_cast<int>(elements.size()) + 1));
+        entry.name = name;
+        ++entry.id;
+        elements.append(isCategories(action) ? category(name, entry.id) : element(action, entry));
     }
-    setReply(action, QJsonDocument(elements).toJson(QJsonDocument::Compact));
+    setReply(action, compact(elements));
 }
 
 QByteArray XtreamProvider::reply(const QString &action) const

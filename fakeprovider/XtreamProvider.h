@@ -24,6 +24,20 @@ inline const QString seriesInfo = QStringLiteral("get_series_info");
 QStringList catalog();
 } // namespace XtreamAction
 
+/// An entry of a catalog: a channel, a film or a show.
+struct XtreamEntry
+{
+    QString name;
+    int id = 0; ///< 0 takes the place in the catalog, counted from 1
+    int category = 1;
+    QString extension = QStringLiteral("mp4"); ///< of a film
+    QString poster;                            ///< its whole URL
+    double rating = 0;
+    qint64 added = 0; ///< seconds since the epoch
+    /// What the stream answers with, in place of the provider's own streams.
+    HttpServer::Handler stream;
+};
+
 /// An Xtream Codes provider with one account, on a web server of its own.
 ///
 /// "/player_api.php"                        the login and the catalogs, as JSON
@@ -69,7 +83,20 @@ public:
     QString user() const { return accountUser; }
     QString password() const { return accountPassword; }
 
-    /// Fills all six catalogs, with posters from this provider. The same seed gives the same ones.
+    /// Adds an entry at the end of a catalog. Returns the path of its stream, if it is no show.
+    QString add(const QString &action, const XtreamEntry &entry);
+    /// Adds one with a stream that answers like this.
+    QString addChannel(const QString &name, const HttpServer::Handler &stream);
+    QString addFilm(const QString &name, const QString &extension,
+                    const HttpServer::Handler &stream);
+    /// Makes an episode's stream answer like this; setReply() for the show names the episode.
+    QString addEpisode(int id, const QString &extension, const HttpServer::Handler &stream);
+    /// Makes /posters/<number>.png a poster with these words. Needs a QGuiApplication. Returns the
+    /// URL.
+    QString addPoster(int number, const QString &title, const QString &line);
+
+    /// Adds generated entries and categories to all six catalogs, with posters from this provider.
+    /// The same seed gives the same ones.
     void generateCatalog(const CatalogSize &size, quint32 seed = 1);
     /// Answers an action with this document from now on. Without one, a catalog is "[]" and a show
     /// has generated episodes.
@@ -94,6 +121,8 @@ public:
     HttpServer &http() { return server; }
 
 private:
+    QString streamPathOf(const QString &kind, int id, const QString &extension) const;
+    void append(const QString &action, const QByteArray &elements);
     HttpReply answerApi(const HttpRequest &request);
     HttpReply answerElsewhere(const QString &action, const HttpRequest &request);
     HttpReply document(const QString &action, const HttpRequest &request) const;

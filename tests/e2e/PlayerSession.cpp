@@ -1,15 +1,17 @@
 #include "e2e/PlayerSession.h"
 
+#include <QRegularExpression>
+#include <QTest>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace desktop;
 
 namespace {
 
-const QString mainTitle = u"Vantiro Player"_s;
-
-QProcessEnvironment playerEnvironment()
+QProcessEnvironment traced(QProcessEnvironment environment)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"VANTIRO_NET_DEBUG"_s, u"1"_s);
     return environment;
 }
@@ -17,16 +19,113 @@ QProcessEnvironment playerEnvironment()
 } // namespace
 
 PlayerSession::PlayerSession()
-    : app(QStringLiteral(VANTIRO_PLAYER), {}, playerEnvironment())
+    : PlayerSession(QStringLiteral(VANTIRO_PLAYER))
+{}
+
+PlayerSession::PlayerSession(const QString &program, const QProcessEnvironment &environment)
+    : app(program, {}, traced(environment))
 {}
 
 bool PlayerSession::start()
 {
-    if (!app.start(mainTitle)) {
+    earlierTraces = traces();
+    if (!app.start(UiTexts::mainWindow))
         return false;
-    }
-    window = app.waitForWindow(mainTitle);
+    window = app.waitForWindow(UiTexts::mainWindow);
     return bool(window);
+}
+
+Accessible PlayerSession::addDialog() const
+{
+    return app.waitForWindow(UiTexts::addSourceDialog);
+}
+
+bool PlayerSession::fillAccount(const QString &url, const QString &user,
+                                const QString &password) const
+{
+    const Accessible dialog = addDialog();
+    return Keyboard::fill(dialog.waitFor(Role::Edit, u"Name:"_s), u"Account"_s) &&
+           Keyboard::fill(dialog.waitFor(Role::Edit, u"Server URL:"_s), url) &&
+           Keyboard::fill(dialog.waitFor(Role::Edit, u"Username:"_s), user) &&
+           Keyboard::fill(dialog.waitFor(Role::Edit, u"Password"_s), password);
+}
+
+bool PlayerSession::fillPlaylist(const QString &name, const QString &url) const
+{
+    const Accessible dialog = addDialog();
+    return Mouse::choose(dialog.waitFor(Role::ComboBox), u"M3U Playlist"_s) &&
+           Keyboard::fill(dialog.waitFor(Role::Edit, u"Name:"_s), name) &&
+           Keyboard::fill(dialog.waitFor(Role::Edit, u"Playlist URL/File"_s), url);
+}
+
+bool PlayerSession::fillSubscription(const QString &key) const
+{
+    const Accessible dialog = addDialog();
+    return Mouse::choose(dialog.waitFor(Role::ComboBox), u"Zevrino"_s) &&
+           Keyboard::fill(dialog.waitFor(Role::Edit, u"Subscription Key:"_s), key);
+}
+
+bool PlayerSession::testsConnection(const QString &result) const
+{
+    const Accessible dialog = addDialog();
+    return Mouse::click(dialog.waitFor(Role::Button, u"Test Connection"_s)) &&
+           dialog.waitFor(Role::Label, result);
+}
+
+bool PlayerSession::acceptDialog() const
+{
+    const Accessible dialog = addDialog();
+    return Mouse::click(dialog.waitFor(Role::Button, u"OK"_s)) && dialog.waitUntilGone();
+}
+
+bool PlayerSession::openTab(const QString &tab) const
+{
+    return Mouse::click(window.waitFor(Role::Tab, tab));
+}
+
+bool PlayerSession::openCategory(const QString &name) const
+{
+    return Mouse::click(window.waitFor(Role::ListItem, name));
+}
+
+bool PlayerSession::openAll(const QString &tab) const
+{
+    return openTab(tab) && openCategory(UiTexts::allCategories);
+}
+
+bool PlayerSession::seesTab(const QString &tab, const QStringList &categories,
+                            const QStringList &entries) const
+{
+    const auto seesCategory = [this](const QString &name) {
+        return bool(window.waitFor(Role::ListItem, name));
+    };
+    const auto seesEntry = [this](const QString &name) { return bool(entry(name)); };
+    return openTab(tab) && std::all_of(categories.begin(), categories.end(), seesCategory) &&
+           openCategory(UiTexts::allCategories) &&
+           std::all_of(entries.begin(), entries.end(), seesEntry);
+}
+
+Accessible PlayerSession::entry(const QString &name) const
+{
+    // Channels and episodes stand in a table, films and shows in a grid.
+    Accessible found;
+    const auto appears = [&] {
+        return (found = window.find(Role::Cell, name)) ||
+               (found = window.find(Role::ListItem, name));
+    };
+    if (!QTest::qWaitFor(appears, Accessible::defaultTimeoutMs))
+        qWarning().noquote() << "There is no entry"_L1 << name << "in\n"_L1 << window.describe();
+    return found;
+}
+
+bool PlayerSession::play(const QString &name) const
+{
+    return Mouse::click(entry(name));
+}
+
+bool PlayerSession::watch(const QString &name) const
+{
+    return play(name) && showsLabel(UiTexts::playing(name)) && seesPicture();
 }
 
 QRect PlayerSession::videoRect() const
@@ -49,47 +148,48 @@ bool PlayerSession::clickButton(const QString &text) const
     return Mouse::click(window.waitFor(Role::Button, text));
 }
 
-bool PlayerSession::addPlaylist(const QString &name, const QString &url)
+Accessible PlayerSession::seekSlider() const
 {
-    const Accessible dialog = app.waitForWindow(u"Add Source"_s);
-    return Mouse::choose(dialog.waitFor(Role::ComboBox, 0), u"M3U Playlist"_s) &&
-           Keyboard::fill(dialog.waitFor(Role::Edit, u"Name:"_s), name) &&
-           Keyboard::fill(dialog.waitFor(Role::Edit, u"Playlist URL/File"_s), url) &&
-           Mouse::click(dialog.waitFor(Role::Button, u"OK"_s)) && dialog.waitUntilGone();
+    return window.find(Role::Slider, u"Position"_s);
 }
 
-bool PlayerSession::openChannels() const
+int PlayerSession::playedSeconds() const
 {
-    return Mouse::click(window.waitFor(Role::ListItem, u"All Categories"_s)) &&
-           window.waitFor(Role::Table);
+    static const QRegularExpression position(u"^(\\d\\d):(\\d\\d) / 01:00$"_s);
+    const QList<Accessible> labels = window.findAll(Role::Label);
+    for (const Accessible &label : labels) {
+        if (const auto match = position.match(label.name()); match.hasMatch())
+            return match.captured(1).toInt() * 60 + match.captured(2).toInt();
+    }
+    return -1;
 }
 
-bool PlayerSession::openFilms() const
+Accessible PlayerSession::openMenu(const QString &button) const
 {
-    return Mouse::click(window.waitFor(Role::Tab, u"Movies"_s)) &&
-           Mouse::click(window.waitFor(Role::ListItem, u"All Categories"_s));
+    return clickButton(button) ? app.waitForMenu() : Accessible();
 }
 
-bool PlayerSession::playChannel(const QString &name) const
+QList<Accessible> PlayerSession::windowsTitled(const QString &title) const
 {
-    return Mouse::click(window.waitFor(Role::Cell, name));
+    QList<Accessible> found = app.windows();
+    found.removeIf([&title](const Accessible &candidate) { return candidate.name() != title; });
+    return found;
 }
 
-bool PlayerSession::playFilm(const QString &name) const
+bool PlayerSession::hasOneWindow() const
 {
-    return Mouse::click(window.waitFor(Role::ListItem, name));
+    return NativeWindow::ofProcess(app.processId()).size() == 1;
+}
+
+bool PlayerSession::hasTraced(const QString &secret) const
+{
+    const QByteArray text = traces().toUtf8();
+    const QByteArray percent = secret.toUtf8().toPercentEncoding();
+    return text.contains(secret.toUtf8()) || text.contains(percent) ||
+           text.contains(percent.toLower()) || text.contains(secret.toUtf8().toBase64());
 }
 
 void PlayerSession::keepScreenshot(const QString &name) const
 {
     Screen::save(Screen::grab(window.rect()), name);
-}
-
-QByteArray playlistText(const QList<std::pair<QString, QString>> &channels)
-{
-    QByteArray text = "#EXTM3U\n"_ba;
-    for (const auto &[name, url] : channels) {
-        text += "#EXTINF:-1 group-title=\"Test\","_ba + name.toUtf8() + '\n' + url.toUtf8() + '\n';
-    }
-    return text;
 }

@@ -1,47 +1,90 @@
 #pragma once
 
+#include "fakeprovider/XtreamProvider.h"
+#include "support/UiTexts.h"
 #include "support/desktop/Accessible.h"
 #include "support/desktop/Input.h"
 #include "support/desktop/RunningApp.h"
 #include "support/desktop/Screen.h"
 
+#include <QProcessEnvironment>
 #include <QString>
+#include <QStringList>
 
-/// The player as a process of its own on the test program's private profile, with shorthands for
-/// what a user looks at.
+/// The player as a process of its own on the test program's private profile, and what a user does
+/// with it, step by step. Network traces are on. start() again, after close(), is a restart.
 class PlayerSession final
 {
 public:
-    /// Network traces are on, so that tests can wait for them.
     PlayerSession();
+    explicit PlayerSession(const QString &program, const QProcessEnvironment &environment =
+                                                       QProcessEnvironment::systemEnvironment());
 
     /// Starts the player and waits for its window.
     [[nodiscard]] bool start();
-    [[nodiscard]] bool close() { return app.close(); }
+    /// Closes the player; false as well if it does not end with status 0.
+    [[nodiscard]] bool close() { return app.close() && app.exitCode() == 0; }
 
-    desktop::RunningApp app;
-    /// The main window; valid after start().
-    desktop::Accessible window;
+    /// @name The "Add Source" dialog that is open
+    /// @{
+    desktop::Accessible addDialog() const;
+    [[nodiscard]] bool fillAccount(const QString &url, const QString &user,
+                                   const QString &password) const;
+    [[nodiscard]] bool fillPlaylist(const QString &name, const QString &url) const;
+    [[nodiscard]] bool fillSubscription(const QString &key) const;
+    /// Presses "Test Connection" and waits for this result.
+    [[nodiscard]] bool testsConnection(const QString &result) const;
+    [[nodiscard]] bool acceptDialog() const;
+    /// @}
 
+    /// @name The lists
+    /// @{
+    [[nodiscard]] bool openTab(const QString &tab) const;
+    [[nodiscard]] bool openCategory(const QString &name) const;
+    /// Opens all entries of a tab.
+    [[nodiscard]] bool openAll(const QString &tab) const;
+    /// Goes to a tab, sees its categories, opens all of them and sees the entries.
+    [[nodiscard]] bool seesTab(const QString &tab, const QStringList &categories,
+                               const QStringList &entries) const;
+    /// The channel, film or show of that name in the list that is open.
+    desktop::Accessible entry(const QString &name) const;
+    [[nodiscard]] bool play(const QString &name) const;
+    /// Plays the entry and waits for its name and its moving picture.
+    [[nodiscard]] bool watch(const QString &name) const;
+    /// @}
+
+    /// @name The player panel
+    /// @{
     /// The part of the screen that the picture is in.
     QRect videoRect() const;
     /// Waits for a moving picture in it.
     [[nodiscard]] bool seesPicture() const;
     /// Waits until some label of the main window has this text.
     [[nodiscard]] bool showsLabel(const QString &text) const;
-    /// Clicks a button of the main window.
     [[nodiscard]] bool clickButton(const QString &text) const;
-    /// Adds a playlist source through the open "Add Source" dialog.
-    [[nodiscard]] bool addPlaylist(const QString &name, const QString &url);
-    /// Opens all channels, or all films, of the account that is loaded.
-    [[nodiscard]] bool openChannels() const;
-    [[nodiscard]] bool openFilms() const;
-    /// Clicks the channel, or the film, in the list that is open.
-    [[nodiscard]] bool playChannel(const QString &name) const;
-    [[nodiscard]] bool playFilm(const QString &name) const;
+    /// The slider to seek with; null while it does not show.
+    desktop::Accessible seekSlider() const;
+    /// How far a film of one minute is by the time label; -1 while the label shows none.
+    int playedSeconds() const;
+    /// Clicks a button and waits for the menu that opens.
+    desktop::Accessible openMenu(const QString &button) const;
+    /// @}
+
+    desktop::NativeWindow nativeWindow() const { return app.nativeWindow(UiTexts::mainWindow); }
+    /// The windows, dialogs and message boxes of that title.
+    QList<desktop::Accessible> windowsTitled(const QString &title) const;
+    /// Whether libVLC has opened no window of its own, and no dialog shows.
+    bool hasOneWindow() const;
+    /// All that the player wrote to standard error, in all of its runs.
+    QString traces() const { return earlierTraces + app.standardError(); }
+    /// Whether the traces hold a secret: in clear, percent-encoded or in Base64.
+    bool hasTraced(const QString &secret) const;
     /// Saves a picture of the main window for people to look at.
     void keepScreenshot(const QString &name) const;
-};
 
-/// The text of a playlist with the given channels, name and URL, in the group "Test".
-QByteArray playlistText(const QList<std::pair<QString, QString>> &channels);
+    desktop::RunningApp app;
+    desktop::Accessible window; ///< the main window; valid after start()
+
+private:
+    QString earlierTraces;
+};

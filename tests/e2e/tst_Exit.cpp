@@ -1,7 +1,7 @@
 // The program's end while libVLC hangs in a stream: prompt and clean, however often it is tried.
 
 #include "e2e/PlayerSession.h"
-#include "e2e/Provider.h"
+#include "e2e/StoredSources.h"
 #include "fakeprovider/HangingChannel.h"
 #include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
@@ -12,14 +12,6 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
-using namespace desktop;
-
-namespace {
-
-constexpr int closings = 20;
-constexpr qint64 exitMs = 2000;
-
-} // namespace
 
 class TestExit : public QObject
 {
@@ -34,29 +26,29 @@ private:
     bool start();
     void close();
 
-    Provider provider;
-    std::unique_ptr<HangingChannel> hanging;
+    XtreamProvider provider;
+    HangingChannel hanging{provider.http()};
     std::unique_ptr<PlayerSession> session;
 };
 
 void TestExit::initTestCase()
 {
-    hanging = std::make_unique<HangingChannel>(provider.server);
     provider.addChannel(u"Healthy"_s, liveTs());
     provider.addChannel(u"Hanging"_s, HangingChannel::playlist());
-    provider.store();
+    storeAccount(provider);
 }
 
 bool TestExit::start()
 {
     session = std::make_unique<PlayerSession>();
-    return session->start() && session->openChannels();
+    return session->start() && session->openAll(UiTexts::liveTab);
 }
 
 /// Closes the window and looks at how the program ends.
 void TestExit::close()
 {
-    const NativeWindow window = session->app.nativeWindow(u"Vantiro Player"_s);
+    constexpr qint64 exitMs = 2000;
+    const desktop::NativeWindow window = session->nativeWindow();
     QElapsedTimer clock;
     clock.start();
     QVERIFY(window.requestClose());
@@ -69,28 +61,24 @@ void TestExit::close()
 void TestExit::whileAStreamPlays()
 {
     QVERIFY(start());
-    QVERIFY(session->playChannel(u"Healthy"_s));
-    QVERIFY(session->seesPicture());
+    QVERIFY(session->watch(u"Healthy"_s));
     close();
 }
 
 void TestExit::whileAPlayerHangs()
 {
-    for (int closing = 0; closing < closings; ++closing) {
+    constexpr int closings = 20;
+    for (int closing = 0; closing < closings && !QTest::currentTestFailed(); ++closing) {
         QVERIFY(start());
-        QVERIFY(session->playChannel(u"Hanging"_s));
-        QTRY_VERIFY_WITH_TIMEOUT(hanging->hangs(), 20000);
+        QVERIFY(session->play(u"Hanging"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(hanging.hangs(), 20000);
         if (closing % 2 == 1) {
             // Now it hangs behind the stream that is seen.
-            QVERIFY(session->playChannel(u"Healthy"_s));
-            QVERIFY(session->seesPicture());
-            QVERIFY(hanging->hangs());
+            QVERIFY(session->watch(u"Healthy"_s));
+            QVERIFY(hanging.hangs());
         }
         close();
-        if (QTest::currentTestFailed()) {
-            return;
-        }
-        QTRY_VERIFY(!hanging->hangs());
+        QTRY_VERIFY(!hanging.hangs());
     }
 }
 

@@ -1,8 +1,7 @@
 // The menus for sound and subtitles, the file of subtitles, and the dialog with what is known of
 // the stream. A dark picture without a pattern shows every subtitle.
 
-#include "e2e/PlayerSession.h"
-#include "e2e/Provider.h"
+#include "e2e/AccountTest.h"
 #include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
 
@@ -13,14 +12,46 @@
 using namespace Qt::StringLiterals;
 using namespace desktop;
 
-class TestPlayerMenus : public QObject
+namespace {
+
+const QString subtitled = u"Subtitled"_s;
+const QString silent = u"Silent"_s;
+const QString soundMenu = u"Audio"_s;
+const QString subtitleMenu = u"Subtitles"_s;
+
+/// The names of the menu's items, in order.
+QStringList itemsOf(const Accessible &menu)
+{
+    QStringList names;
+    const QList<Accessible> items = menu.findAll(Role::MenuItem);
+    for (const Accessible &item : items)
+        names.append(item.name());
+    return names;
+}
+
+QStringList checkedItemsOf(const Accessible &menu)
+{
+    QStringList names;
+    const QList<Accessible> items = menu.findAll(Role::MenuItem);
+    for (const Accessible &item : items) {
+        if (item.isChecked())
+            names.append(item.name());
+    }
+    return names;
+}
+
+bool closeMenu(const Accessible &menu)
+{
+    return Keyboard::press(u"Escape"_s) && menu.waitUntilGone();
+}
+
+} // namespace
+
+class TestPlayerMenus : public AccountTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void soundMenuChoosesATrack();
     void subtitleMenuChoosesATrack();
     void subtitleFileShowsOnThePicture();
@@ -30,152 +61,109 @@ private Q_SLOTS:
     void infoDialogsAreIndependent();
 
 private:
+    void fill() override;
     void watchFilm(const QString &name);
-    Accessible openMenu(const QString &button) const;
     bool choose(const QString &button, const QString &item) const;
     QString checkedItem(const QString &button) const;
-    int brightPixels() const;
+    double brightShare() const;
     bool showsText() const;
     bool showsNoText() const;
-
-    std::unique_ptr<Provider> provider;
-    std::unique_ptr<PlayerSession> session;
 };
 
-void TestPlayerMenus::init()
+void TestPlayerMenus::fill()
 {
-    PrivateProfile::current().clear();
-    provider = std::make_unique<Provider>();
-    provider->addFilm(u"Subtitled"_s, u"mkv"_s, HttpReply::file(streamPath(u"subtitled.mkv"_s)));
-    provider->addFilm(u"Silent"_s, u"mp4"_s, HttpReply::file(streamPath(u"silent.mp4"_s)));
-    provider->store();
-    session = std::make_unique<PlayerSession>();
-    QVERIFY(session->start());
-    QVERIFY(session->openFilms());
-}
-
-void TestPlayerMenus::cleanup()
-{
-    if (!QTest::currentTestFailed()) {
-        QVERIFY(session->close());
-        QCOMPARE(session->app.exitCode(), 0);
-    }
-    session.reset();
+    provider->addFilm(subtitled, u"mkv"_s, HttpReply::file(streamPath(u"subtitled.mkv"_s)));
+    provider->addFilm(silent, u"mp4"_s, HttpReply::file(streamPath(u"silent.mp4"_s)));
 }
 
 void TestPlayerMenus::watchFilm(const QString &name)
 {
-    QVERIFY(session->playFilm(name));
-    QVERIFY(session->showsLabel(u"Playing: "_s + name));
-    QTRY_VERIFY(session->window.find(Role::Slider, u"Position"_s).value() > 0);
+    QVERIFY(session->openAll(UiTexts::moviesTab));
+    QVERIFY(session->play(name));
+    QVERIFY(session->showsLabel(UiTexts::playing(name)));
+    QTRY_VERIFY(session->seekSlider().value() > 0);
     QTRY_VERIFY(!Screen::isMostlyBlack(session->videoRect()));
-}
-
-/// Checks that the menu stands directly above its button, at its left edge.
-Accessible TestPlayerMenus::openMenu(const QString &button) const
-{
-    const Accessible opener = session->window.waitFor(Role::Button, button);
-    if (!Mouse::click(opener))
-        return {};
-    Accessible menu = session->app.waitForMenu();
-    const QPoint corner(menu.rect().left(), menu.rect().bottom() + 1);
-    return corner == opener.rect().topLeft() ? menu : Accessible();
 }
 
 bool TestPlayerMenus::choose(const QString &button, const QString &item) const
 {
-    const Accessible menu = openMenu(button);
-    return menu && Mouse::click(menu.waitFor(Role::MenuItem, item)) && menu.waitUntilGone();
+    const Accessible menu = session->openMenu(button);
+    return Mouse::click(menu.waitFor(Role::MenuItem, item)) && menu.waitUntilGone();
 }
 
 /// What is marked in the menu; all marked ones, should there be several.
 QString TestPlayerMenus::checkedItem(const QString &button) const
 {
-    const Accessible menu = openMenu(button);
-    QStringList checked;
-    const QList<Accessible> items = menu.findAll(Role::MenuItem);
-    for (const Accessible &item : items) {
-        if (item.isChecked())
-            checked.append(item.name());
-    }
-    return Keyboard::press(u"Escape"_s) && menu.waitUntilGone() ? checked.join(u"; "_s) : u"?"_s;
+    const Accessible menu = session->openMenu(button);
+    const QString checked = checkedItemsOf(menu).join(u"; "_s);
+    return closeMenu(menu) ? checked : u"?"_s;
 }
 
-int TestPlayerMenus::brightPixels() const
+double TestPlayerMenus::brightShare() const
 {
-    const QImage image = Screen::grab(session->videoRect());
-    int bright = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb pixel = image.pixel(x, y);
-            bright += std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)}) > 180 ? 1 : 0;
-        }
-    }
-    return bright;
+    return Screen::share(Screen::grab(session->videoRect()), [](QRgb pixel) {
+        return std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)}) > 180;
+    });
 }
 
 bool TestPlayerMenus::showsText() const
 {
-    return QTest::qWaitFor([this] { return brightPixels() > 200; }, 15000);
+    return QTest::qWaitFor([this] { return brightShare() > 0.0005; }, 15000);
 }
 
 /// Each text stands for most of a second, so that a second without one is enough.
 bool TestPlayerMenus::showsNoText() const
 {
-    return Screen::waitUntilStill(session->videoRect(), 15000, 2500) && brightPixels() == 0;
+    return Screen::waitUntilStill(session->videoRect(), 15000, 2500) && brightShare() == 0;
 }
 
 void TestPlayerMenus::soundMenuChoosesATrack()
 {
-    watchFilm(u"Subtitled"_s);
-    const Accessible menu = openMenu(u"Audio"_s);
-    QVERIFY(menu);
-    QStringList names;
-    const QList<Accessible> items = menu.findAll(Role::MenuItem);
-    for (const Accessible &item : items)
-        names.append(item.name());
-    QCOMPARE(names, QStringList({u"English"_s, u"Tom & Jerry"_s}));
+    watchFilm(subtitled);
+    const Accessible menu = session->openMenu(soundMenu);
+    QCOMPARE(itemsOf(menu), QStringList({u"English"_s, u"Tom & Jerry"_s}));
+    // It stands directly above its button, at its left edge.
+    const QRect button = session->window.find(Role::Button, soundMenu).rect();
+    QCOMPARE(QPoint(menu.rect().left(), menu.rect().bottom() + 1), button.topLeft());
     Screen::save(Screen::grab(), u"menu-audio"_s);
-    QVERIFY(Keyboard::press(u"Escape"_s));
-    QVERIFY(menu.waitUntilGone());
+    QVERIFY(closeMenu(menu));
 
-    QCOMPARE(checkedItem(u"Audio"_s), u"English"_s);
-    QVERIFY(choose(u"Audio"_s, u"Tom & Jerry"_s));
-    QTRY_COMPARE(checkedItem(u"Audio"_s), u"Tom & Jerry"_s);
-    QVERIFY(choose(u"Audio"_s, u"English"_s));
-    QTRY_COMPARE(checkedItem(u"Audio"_s), u"English"_s);
+    QCOMPARE(checkedItem(soundMenu), u"English"_s);
+    for (const QString &track : {u"Tom & Jerry"_s, u"English"_s}) {
+        QVERIFY(choose(soundMenu, track));
+        QTRY_COMPARE(checkedItem(soundMenu), track);
+    }
 }
 
 void TestPlayerMenus::subtitleMenuChoosesATrack()
 {
-    watchFilm(u"Subtitled"_s);
-    QCOMPARE(checkedItem(u"Subtitles"_s), u"Disable"_s);
+    watchFilm(subtitled);
+    QCOMPARE(checkedItem(subtitleMenu), UiTexts::disabledTrack);
     QVERIFY(showsNoText());
 
-    QVERIFY(choose(u"Subtitles"_s, u"English"_s));
+    QVERIFY(choose(subtitleMenu, u"English"_s));
     QVERIFY(showsText());
-    QCOMPARE(checkedItem(u"Subtitles"_s), u"English"_s);
+    QCOMPARE(checkedItem(subtitleMenu), u"English"_s);
     session->keepScreenshot(u"subtitles-english"_s);
-    const int oneLine = brightPixels();
+    const double oneLine = brightShare();
 
-    QVERIFY(choose(u"Subtitles"_s, u"Arts & Lettres"_s));
-    QCOMPARE(checkedItem(u"Subtitles"_s), u"Arts & Lettres"_s);
+    QVERIFY(choose(subtitleMenu, u"Arts & Lettres"_s));
+    QCOMPARE(checkedItem(subtitleMenu), u"Arts & Lettres"_s);
     // Two lines, with three times as many letters.
-    QTRY_VERIFY_WITH_TIMEOUT(brightPixels() > oneLine * 2, 15000);
+    QTRY_VERIFY_WITH_TIMEOUT(brightShare() > oneLine * 2, 15000);
     session->keepScreenshot(u"subtitles-french"_s);
 
-    QVERIFY(choose(u"Subtitles"_s, u"Disable"_s));
+    QVERIFY(choose(subtitleMenu, UiTexts::disabledTrack));
     QVERIFY(showsNoText());
-    QCOMPARE(checkedItem(u"Subtitles"_s), u"Disable"_s);
+    QCOMPARE(checkedItem(subtitleMenu), UiTexts::disabledTrack);
 }
 
 void TestPlayerMenus::subtitleFileShowsOnThePicture()
 {
-    watchFilm(u"Subtitled"_s);
+    watchFilm(subtitled);
     QVERIFY(showsNoText());
-    QVERIFY(choose(u"Subtitles"_s, u"Load Subtitle File..."_s));
+    QVERIFY(choose(subtitleMenu, UiTexts::loadSubtitles));
     const Accessible dialog = session->app.waitForWindow(u"Load Subtitle File"_s);
-    QVERIFY(dialog);
     session->keepScreenshot(u"subtitle-file-dialog"_s);
     QVERIFY(
         Keyboard::fill(dialog.waitFor(Role::Edit, u"File name:"_s), streamPath(u"large.srt"_s)));
@@ -185,55 +173,48 @@ void TestPlayerMenus::subtitleFileShowsOnThePicture()
     session->keepScreenshot(u"subtitle-file"_s);
 
     // It has become a track like the others, and is chosen.
-    const Accessible menu = openMenu(u"Subtitles"_s);
-    const QList<Accessible> items = menu.findAll(Role::MenuItem);
-    QCOMPARE(std::count_if(items.begin(), items.end(),
-                           [](const Accessible &item) { return item.isChecked(); }),
-             1);
-    QVERIFY(!menu.find(Role::MenuItem, u"Disable"_s).isChecked());
-    QVERIFY(!menu.find(Role::MenuItem, u"English"_s).isChecked());
+    const Accessible menu = session->openMenu(subtitleMenu);
+    const QStringList checked = checkedItemsOf(menu);
+    QCOMPARE(checked.size(), 1);
+    QVERIFY(checked.constFirst() != UiTexts::disabledTrack);
+    QVERIFY(checked.constFirst() != "English"_L1);
     Screen::save(Screen::grab(), u"menu-subtitles"_s);
-    QVERIFY(Mouse::click(menu.find(Role::MenuItem, u"Disable"_s)));
+    QVERIFY(Mouse::click(menu.find(Role::MenuItem, UiTexts::disabledTrack)));
     QVERIFY(showsNoText());
 }
 
 void TestPlayerMenus::cancelledFileDialogChangesNothing()
 {
-    watchFilm(u"Subtitled"_s);
-    QVERIFY(choose(u"Subtitles"_s, u"Load Subtitle File..."_s));
+    watchFilm(subtitled);
+    QVERIFY(choose(subtitleMenu, UiTexts::loadSubtitles));
     const Accessible dialog = session->app.waitForWindow(u"Load Subtitle File"_s);
     QVERIFY(Mouse::click(dialog.waitFor(Role::Button, u"Cancel"_s)));
     QVERIFY(dialog.waitUntilGone());
-    QCOMPARE(checkedItem(u"Subtitles"_s), u"Disable"_s);
+    QCOMPARE(checkedItem(subtitleMenu), UiTexts::disabledTrack);
     QVERIFY(showsNoText());
-    QVERIFY(session->showsLabel(u"Playing: Subtitled"_s));
+    QVERIFY(session->showsLabel(UiTexts::playing(subtitled)));
 }
 
 void TestPlayerMenus::silentFilmHasNoTracks()
 {
-    watchFilm(u"Silent"_s);
-    const Accessible sound = openMenu(u"Audio"_s);
-    QVERIFY(sound);
-    QCOMPARE(sound.findAll(Role::MenuItem).size(), 1);
-    QVERIFY(!sound.find(Role::MenuItem, u"No audio tracks"_s).isEnabled());
-    Screen::save(Screen::grab(), u"menu-no-audio"_s);
-    QVERIFY(Keyboard::press(u"Escape"_s));
-    QVERIFY(sound.waitUntilGone());
+    watchFilm(silent);
+    const Accessible sound = session->openMenu(soundMenu);
+    QCOMPARE(itemsOf(sound), QStringList{u"No audio tracks"_s});
+    QVERIFY(!sound.find(Role::MenuItem).isEnabled());
+    QVERIFY(closeMenu(sound));
 
-    const Accessible subtitles = openMenu(u"Subtitles"_s);
-    QVERIFY(subtitles);
-    QVERIFY(subtitles.find(Role::MenuItem, u"Disable"_s).isChecked());
-    QVERIFY(subtitles.find(Role::MenuItem, u"Load Subtitle File..."_s).isEnabled());
+    const Accessible subtitles = session->openMenu(subtitleMenu);
+    QCOMPARE(checkedItemsOf(subtitles), QStringList{UiTexts::disabledTrack});
+    QVERIFY(subtitles.find(Role::MenuItem, UiTexts::loadSubtitles).isEnabled());
     QVERIFY(!subtitles.find(Role::MenuItem, u"English"_s));
-    QVERIFY(Keyboard::press(u"Escape"_s));
+    QVERIFY(closeMenu(subtitles));
 }
 
 void TestPlayerMenus::infoTellsOfTheStream()
 {
-    watchFilm(u"Subtitled"_s);
+    watchFilm(subtitled);
     QVERIFY(session->clickButton(u"Info"_s));
-    const Accessible dialog = session->app.waitForWindow(u"Stream Info"_s);
-    QVERIFY(dialog);
+    const Accessible dialog = session->app.waitForWindow(UiTexts::infoTitle);
     QVERIFY(dialog.rect().width() >= 440);
     QVERIFY(dialog.rect().height() >= 340);
     const Accessible text = dialog.waitFor(Role::Edit);
@@ -249,8 +230,8 @@ void TestPlayerMenus::infoTellsOfTheStream()
     }
 
     // The window behind it can be used meanwhile; the text changes when asked.
-    QVERIFY(session->app.nativeWindow(u"Stream Info"_s).moveTo({0, 0}));
-    QVERIFY(choose(u"Audio"_s, u"Tom & Jerry"_s));
+    QVERIFY(session->app.nativeWindow(UiTexts::infoTitle).moveTo({0, 0}));
+    QVERIFY(choose(soundMenu, u"Tom & Jerry"_s));
     QCOMPARE(text.text(), before);
     QTRY_VERIFY(Mouse::click(dialog.find(Role::Button, u"Refresh"_s)) &&
                 text.text().contains(u"  [ ] English\n  [*] Tom & Jerry\n"_s));
@@ -258,19 +239,13 @@ void TestPlayerMenus::infoTellsOfTheStream()
 
 void TestPlayerMenus::infoDialogsAreIndependent()
 {
-    watchFilm(u"Silent"_s);
-    const auto dialogs = [this] {
-        QList<Accessible> windows = session->app.windows();
-        windows.removeIf(
-            [](const Accessible &window) { return window.name() != "Stream Info"_L1; });
-        return windows;
-    };
+    watchFilm(silent);
+    const auto dialogs = [this] { return session->windowsTitled(UiTexts::infoTitle); };
     QVERIFY(session->clickButton(u"Info"_s));
     QTRY_COMPARE(dialogs().size(), 1);
-    QVERIFY(session->app.nativeWindow(u"Stream Info"_s).moveTo({0, 0}));
+    QVERIFY(session->app.nativeWindow(UiTexts::infoTitle).moveTo({0, 0}));
     QVERIFY(session->clickButton(u"Info"_s));
     QTRY_COMPARE(dialogs().size(), 2);
-    Screen::save(Screen::grab(), u"stream-info-twice"_s);
     // The younger one has the keyboard and goes alone.
     QVERIFY(Keyboard::press(u"Escape"_s));
     QTRY_COMPARE(dialogs().size(), 1);

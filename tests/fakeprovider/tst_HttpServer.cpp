@@ -1,28 +1,21 @@
-#include "fakeprovider/HttpServer.h"
+#include "ServerTest.h"
 #include "fakeprovider/TlsCertificate.h"
+#include "support/HttpReplies.h"
+#include "support/TestFiles.h"
 #include "support/TestMain.h"
 
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QNetworkRequest>
-#include <QSignalSpy>
 #include <QSslConfiguration>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
-class tst_HttpServer : public QObject
+class tst_HttpServer : public ServerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void answersWithTheReplyOfThePath();
     void passesTheRequestOn();
     void keepsTheConnection();
@@ -37,58 +30,13 @@ private Q_SLOTS:
     void headHasNoBody();
     void tls_data();
     void tls();
-
-private:
-    QNetworkReply *get(const QString &path, const QByteArray &rangeHeader = {});
-    static bool finished(QNetworkReply *reply);
-
-    std::unique_ptr<HttpServer> server;
-    std::unique_ptr<QNetworkAccessManager> network;
 };
-
-namespace {
-
-HttpReply text(const QByteArray &body)
-{
-    HttpReply reply;
-    reply.body = body;
-    return reply;
-}
-
-} // namespace
-
-void tst_HttpServer::init()
-{
-    server = std::make_unique<HttpServer>();
-    network = std::make_unique<QNetworkAccessManager>();
-}
-
-void tst_HttpServer::cleanup()
-{
-    network.reset();
-    server.reset();
-}
-
-QNetworkReply *tst_HttpServer::get(const QString &path, const QByteArray &rangeHeader)
-{
-    QNetworkRequest request{QUrl(server->url(path))};
-    if (!rangeHeader.isEmpty())
-        request.setRawHeader("Range"_ba, rangeHeader);
-    return network->get(request);
-}
-
-bool tst_HttpServer::finished(QNetworkReply *reply)
-{
-    QSignalSpy spy(reply, &QNetworkReply::finished);
-    return reply->isFinished() || spy.wait(5000);
-}
 
 void tst_HttpServer::answersWithTheReplyOfThePath()
 {
-    HttpReply forbidden = text("no"_ba);
-    forbidden.status = 403;
+    HttpReply forbidden = statusReply(403, "no"_ba);
     forbidden.headers.append({"X-Reason"_ba, "agent"_ba});
-    server->on(u"/there"_s, text("yes"_ba));
+    server->on(u"/there"_s, bodyReply("yes"_ba));
     server->on(u"/forbidden"_s, forbidden);
 
     QNetworkReply *there = get(u"/there?any=query"_s);
@@ -114,7 +62,7 @@ void tst_HttpServer::answersWithTheReplyOfThePath()
 
 void tst_HttpServer::passesTheRequestOn()
 {
-    server->on(u"/a b"_s, text({}));
+    server->on(u"/a b"_s, bodyReply({}));
     QNetworkRequest request{QUrl(server->url(u"/a%20b?one=1%262&one=x+y&empty"_s))};
     request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
     QNetworkReply *reply = network->post(request, "{\"key\":\"\r\n\r\n\"}"_ba);
@@ -134,7 +82,7 @@ void tst_HttpServer::passesTheRequestOn()
 
 void tst_HttpServer::keepsTheConnection()
 {
-    server->on(u"/x"_s, text("body"_ba));
+    server->on(u"/x"_s, bodyReply("body"_ba));
     QTcpSocket client;
     client.connectToHost(QHostAddress::LocalHost, server->port());
     QVERIFY(client.waitForConnected());
@@ -147,9 +95,9 @@ void tst_HttpServer::keepsTheConnection()
 
 void tst_HttpServer::longestPrefixWins()
 {
-    server->onPrefix(u"/live/"_s, [](const HttpRequest &) { return text("short"_ba); });
-    server->onPrefix(u"/live/user/"_s, [](const HttpRequest &) { return text("long"_ba); });
-    server->on(u"/live/user/1"_s, text("exact"_ba));
+    server->onPrefix(u"/live/"_s, [](const HttpRequest &) { return bodyReply("short"_ba); });
+    server->onPrefix(u"/live/user/"_s, [](const HttpRequest &) { return bodyReply("long"_ba); });
+    server->on(u"/live/user/1"_s, bodyReply("exact"_ba));
     const QList<std::pair<QString, QByteArray>> expected{{u"/live/1"_s, "short"_ba},
                                                          {u"/live/user/2"_s, "long"_ba},
                                                          {u"/live/user/1"_s, "exact"_ba}};
@@ -181,7 +129,7 @@ void tst_HttpServer::range_data()
 void tst_HttpServer::range()
 {
     QFETCH(const QByteArray, header);
-    server->on(u"/x"_s, text("0123456789"_ba));
+    server->on(u"/x"_s, bodyReply("0123456789"_ba));
     QNetworkReply *reply = get(u"/x"_s, header);
     QVERIFY(finished(reply));
     QTEST(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), "status");
@@ -191,7 +139,7 @@ void tst_HttpServer::range()
 
 void tst_HttpServer::rangeCanBeSwitchedOff()
 {
-    HttpReply whole = text("0123456789"_ba);
+    HttpReply whole = bodyReply("0123456789"_ba);
     whole.supportRange = false;
     server->on(u"/x"_s, whole);
     QNetworkReply *reply = get(u"/x"_s, "bytes=2-4"_ba);
@@ -204,10 +152,7 @@ void tst_HttpServer::rangeCanBeSwitchedOff()
 void tst_HttpServer::servesADirectory()
 {
     QTemporaryDir directory;
-    QFile file(directory.filePath(u"film.mp4"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("0123456789");
-    file.close();
+    writeFile(directory.filePath(u"film.mp4"_s), "0123456789"_ba);
     server->serveDirectory(u"/media/"_s, directory.path());
 
     QNetworkReply *reply = get(u"/media/film.mp4"_s, "bytes=5-"_ba);
@@ -222,7 +167,7 @@ void tst_HttpServer::servesADirectory()
 void tst_HttpServer::redirects()
 {
     server->on(u"/old"_s, HttpReply::redirect(server->url(u"/new"_s)));
-    server->on(u"/new"_s, text("here"_ba));
+    server->on(u"/new"_s, bodyReply("here"_ba));
     QNetworkReply *reply = get(u"/old"_s);
     QVERIFY(finished(reply));
     QCOMPARE(reply->readAll(), "here"_ba);
@@ -248,7 +193,7 @@ void tst_HttpServer::sendsChunksAndGzip()
     QFETCH(const bool, chunked);
     QFETCH(const bool, gzip);
     QFETCH(const QByteArray, body);
-    HttpReply sent = text(body);
+    HttpReply sent = bodyReply(body);
     sent.chunked = chunked;
     sent.gzip = gzip;
     server->on(u"/x"_s, sent);
@@ -261,7 +206,7 @@ void tst_HttpServer::sendsChunksAndGzip()
 
 void tst_HttpServer::headHasNoBody()
 {
-    server->on(u"/x"_s, text("body"_ba));
+    server->on(u"/x"_s, bodyReply("body"_ba));
     QNetworkReply *reply = network->head(QNetworkRequest(QUrl(server->url(u"/x"_s))));
     QVERIFY(finished(reply));
     QCOMPARE(reply->error(), QNetworkReply::NoError);
@@ -291,7 +236,7 @@ void tst_HttpServer::tls()
     server = std::make_unique<HttpServer>(
         HttpServer::Tls{certificate.certificateFile(), certificate.keyFile()});
     const QByteArray body = QByteArray("0123456789").repeated(100'000);
-    server->on(u"/x"_s, text(body));
+    server->on(u"/x"_s, bodyReply(body));
     QVERIFY(server->url().startsWith(u"https://127.0.0.1:"));
 
     QNetworkRequest request{QUrl(server->url(u"/x"_s))};

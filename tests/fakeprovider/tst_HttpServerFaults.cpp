@@ -1,11 +1,8 @@
-#include "fakeprovider/HttpServer.h"
+#include "ServerTest.h"
+#include "support/HttpReplies.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QNetworkRequest>
-#include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
 
@@ -14,43 +11,26 @@
 
 using namespace Qt::StringLiterals;
 
-/// The ways in which the server can be slow, break off or be gone.
-class tst_HttpServerFaults : public QObject
+/// The ways in which the server can be slow, close early or be gone.
+class tst_HttpServerFaults : public ServerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void cutsTheBody();
     void stallsAndIsDropped();
     void delays();
     void holdsUntilReleased();
-    void neverAnswers();
+    void keepsSilent();
     void producesAnEndlessBody();
     void pacesTheBody();
     void noticesThatTheClientLeft();
     void servesManyAtOnce();
     void refusesAndListensAgain();
     void endsPromptlyWithRepliesInFlight();
-
-private:
-    QNetworkReply *get(const QString &path);
-    static bool finished(QNetworkReply *reply);
-
-    std::unique_ptr<HttpServer> server;
-    std::unique_ptr<QNetworkAccessManager> network;
 };
 
 namespace {
-
-HttpReply text(const QByteArray &body)
-{
-    HttpReply reply;
-    reply.body = body;
-    return reply;
-}
 
 HttpReply endless()
 {
@@ -61,34 +41,9 @@ HttpReply endless()
 
 } // namespace
 
-void tst_HttpServerFaults::init()
-{
-    server = std::make_unique<HttpServer>();
-    network = std::make_unique<QNetworkAccessManager>();
-}
-
-void tst_HttpServerFaults::cleanup()
-{
-    network.reset();
-    server.reset();
-}
-
-QNetworkReply *tst_HttpServerFaults::get(const QString &path)
-{
-    return network->get(QNetworkRequest(QUrl(server->url(path))));
-}
-
-bool tst_HttpServerFaults::finished(QNetworkReply *reply)
-{
-    QSignalSpy spy(reply, &QNetworkReply::finished);
-    return reply->isFinished() || spy.wait(5000);
-}
-
 void tst_HttpServerFaults::cutsTheBody()
 {
-    HttpReply cut = text("0123456789"_ba);
-    cut.cutAfter = 4;
-    server->on(u"/x"_s, cut);
+    server->on(u"/x"_s, cutShort(bodyReply("0123456789"_ba), 4));
     QNetworkReply *reply = get(u"/x"_s);
     QVERIFY(finished(reply));
     QCOMPARE(reply->error(), QNetworkReply::RemoteHostClosedError);
@@ -99,9 +54,7 @@ void tst_HttpServerFaults::cutsTheBody()
 
 void tst_HttpServerFaults::stallsAndIsDropped()
 {
-    HttpReply stalled = text("0123456789"_ba);
-    stalled.stallAfter = 4;
-    server->on(u"/x"_s, stalled);
+    server->on(u"/x"_s, stalling(bodyReply("0123456789"_ba), 4));
     QNetworkReply *reply = get(u"/x"_s);
     QTRY_COMPARE(reply->bytesAvailable(), 4);
     QCOMPARE(server->openConnections(u"/x"_s), 1);
@@ -117,10 +70,10 @@ void tst_HttpServerFaults::stallsAndIsDropped()
 
 void tst_HttpServerFaults::delays()
 {
-    HttpReply late = text("late"_ba);
+    HttpReply late = bodyReply("late"_ba);
     late.delayMs = 200;
     server->on(u"/late"_s, late);
-    server->on(u"/soon"_s, text("soon"_ba));
+    server->on(u"/soon"_s, bodyReply("soon"_ba));
     QElapsedTimer clock;
     clock.start();
     QNetworkReply *lateReply = get(u"/late"_s);
@@ -133,9 +86,7 @@ void tst_HttpServerFaults::delays()
 
 void tst_HttpServerFaults::holdsUntilReleased()
 {
-    HttpReply held = text("free"_ba);
-    held.held = true;
-    server->on(u"/x"_s, held);
+    server->on(u"/x"_s, heldReply("free"_ba));
     QNetworkReply *first = get(u"/x"_s);
     QNetworkReply *second = get(u"/x"_s);
     QTRY_COMPARE(server->openConnections(u"/x"_s), 2);
@@ -149,11 +100,9 @@ void tst_HttpServerFaults::holdsUntilReleased()
     QCOMPARE(server->peakConnections(u"/x"_s), 2);
 }
 
-void tst_HttpServerFaults::neverAnswers()
+void tst_HttpServerFaults::keepsSilent()
 {
-    HttpReply silent;
-    silent.neverAnswer = true;
-    server->on(u"/x"_s, silent);
+    server->on(u"/x"_s, neverAnswers());
     QNetworkReply *reply = get(u"/x"_s);
     QTRY_COMPARE(server->openConnections(u"/x"_s), 1);
     server->release(u"/x"_s);
@@ -180,7 +129,7 @@ void tst_HttpServerFaults::producesAnEndlessBody()
 
 void tst_HttpServerFaults::pacesTheBody()
 {
-    HttpReply paced = text(QByteArray(4000, 'x'));
+    HttpReply paced = bodyReply(QByteArray(4000, 'x'));
     paced.bytesPerSecond = 10'000;
     paced.burst = 1000;
     server->on(u"/x"_s, paced);
@@ -194,9 +143,7 @@ void tst_HttpServerFaults::pacesTheBody()
 
 void tst_HttpServerFaults::noticesThatTheClientLeft()
 {
-    HttpReply silent;
-    silent.neverAnswer = true;
-    server->on(u"/silent"_s, silent);
+    server->on(u"/silent"_s, neverAnswers());
     server->on(u"/endless"_s, endless());
     for (const QString &path : {u"/silent"_s, u"/endless"_s}) {
         QNetworkReply *reply = get(path);
@@ -208,9 +155,7 @@ void tst_HttpServerFaults::noticesThatTheClientLeft()
 
 void tst_HttpServerFaults::servesManyAtOnce()
 {
-    HttpReply held = text("x"_ba);
-    held.held = true;
-    server->on(u"/x"_s, held);
+    server->on(u"/x"_s, heldReply("x"_ba));
     std::vector<std::unique_ptr<QTcpSocket>> clients;
     for (int i = 0; i < 100; ++i) {
         clients.push_back(std::make_unique<QTcpSocket>());
@@ -228,7 +173,7 @@ void tst_HttpServerFaults::servesManyAtOnce()
 
 void tst_HttpServerFaults::refusesAndListensAgain()
 {
-    server->on(u"/x"_s, text("x"_ba));
+    server->on(u"/x"_s, bodyReply("x"_ba));
     QNetworkReply *before = get(u"/x"_s);
     QVERIFY(finished(before));
     QCOMPARE(before->error(), QNetworkReply::NoError);
@@ -246,15 +191,11 @@ void tst_HttpServerFaults::refusesAndListensAgain()
 
 void tst_HttpServerFaults::endsPromptlyWithRepliesInFlight()
 {
-    HttpReply silent;
-    silent.neverAnswer = true;
     HttpReply late;
     late.delayMs = 3'600'000;
-    HttpReply stalled = text("0123456789"_ba);
-    stalled.stallAfter = 4;
-    server->on(u"/silent"_s, silent);
+    server->on(u"/silent"_s, neverAnswers());
     server->on(u"/late"_s, late);
-    server->on(u"/stalled"_s, stalled);
+    server->on(u"/stalled"_s, stalling(bodyReply("0123456789"_ba), 4));
     server->on(u"/endless"_s, endless());
     // Clients that never read, so that the endless reply is stuck in a full socket.
     std::vector<std::unique_ptr<QTcpSocket>> clients;

@@ -1,18 +1,16 @@
+#include "ServerTest.h"
 #include "fakeprovider/Streams.h"
+#include "support/TestFiles.h"
 #include "support/TestMain.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QProcess>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 /// The streams that the build makes, and the two kinds of live channel.
-class tst_Streams : public QObject
+class tst_Streams : public ServerTest
 {
     Q_OBJECT
 
@@ -24,15 +22,14 @@ private Q_SLOTS:
     void liveHlsMovesOn();
 
 private:
-    static QByteArray fetch(QNetworkAccessManager &network, const QString &url);
+    QByteArray fetch(const QString &path);
 };
 
-QByteArray tst_Streams::fetch(QNetworkAccessManager &network, const QString &url)
+QByteArray tst_Streams::fetch(const QString &path)
 {
-    const std::unique_ptr<QNetworkReply> reply(network.get(QNetworkRequest(QUrl(url))));
-    QSignalSpy spy(reply.get(), &QNetworkReply::finished);
-    spy.wait(5000);
-    return reply->error() == QNetworkReply::NoError ? reply->readAll() : QByteArray();
+    QNetworkReply *reply = get(path);
+    return finished(reply) && reply->error() == QNetworkReply::NoError ? reply->readAll()
+                                                                       : QByteArray();
 }
 
 void tst_Streams::tracks_data()
@@ -75,8 +72,7 @@ void tst_Streams::tracks()
 void tst_Streams::indexOfTheFilmStandsAtItsEnd()
 {
     const auto indexPosition = [](const QString &name) {
-        QFile file(streamPath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll().indexOf("moov") : -1;
+        return readFile(streamPath(name)).indexOf("moov");
     };
     QVERIFY(indexPosition(u"film.mp4"_s) > QFileInfo(streamPath(u"film.mp4"_s)).size() * 9 / 10);
     QVERIFY(indexPosition(u"film-faststart.mp4"_s) > 0);
@@ -101,19 +97,16 @@ void tst_Streams::liveTsIsEndlessAndPaced()
 
 void tst_Streams::liveHlsMovesOn()
 {
-    HttpServer server;
-    serveLiveHls(server, u"/channel"_s);
-    QNetworkAccessManager network;
-    const QString playlistUrl = server.url(u"/channel/index.m3u8"_s);
-    const QByteArray first = fetch(network, playlistUrl);
+    serveLiveHls(*server, u"/channel"_s);
+    const QString playlist = u"/channel/index.m3u8"_s;
+    const QByteArray first = fetch(playlist);
     QVERIFY(first.contains("#EXT-X-MEDIA-SEQUENCE:0\n"));
     QCOMPARE(first.count("#EXTINF:"), 4);
     QVERIFY(!first.contains("#EXT-X-ENDLIST"));
-    const QByteArray segment = fetch(network, server.url(u"/channel/segment3.ts"_s));
-    QVERIFY(segment.startsWith('\x47'));
-    QVERIFY(fetch(network, server.url(u"/channel/segment400.ts"_s)).isEmpty());
-    QTRY_VERIFY(fetch(network, playlistUrl).contains("\nsegment4.ts\n"));
-    QVERIFY(!fetch(network, playlistUrl).contains("segment0.ts"));
+    QVERIFY(fetch(u"/channel/segment3.ts"_s).startsWith('\x47'));
+    QVERIFY(fetch(u"/channel/segment400.ts"_s).isEmpty());
+    QTRY_VERIFY(fetch(playlist).contains("\nsegment4.ts\n"));
+    QVERIFY(!fetch(playlist).contains("segment0.ts"));
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_Streams)

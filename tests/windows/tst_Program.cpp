@@ -3,7 +3,7 @@
 // the size with which it opens. The program is as the packages install it: it finds no other
 // plugins of Qt than theirs.
 
-#include "e2e/Provider.h"
+#include "e2e/StoredSources.h"
 #include "fakeprovider/PosterArt.h"
 #include "fakeprovider/Streams.h"
 #include "model/CatalogCache.h"
@@ -229,25 +229,27 @@ void tst_Program::addsAPlaylistAndPlaysFromIt()
 
 void tst_Program::showsPostersAndPlaysAFilm()
 {
-    Provider provider;
-    const QString film =
-        provider.addFilm(u"Orbit"_s, u"mp4"_s, HttpReply::file(streamPath(u"film.mp4"_s)));
+    XtreamProvider provider;
     const QColor accent = posterAccent(3);
     const QByteArray poster = asWebp(paintPoster(u"Orbit"_s, u"A film"_s, 3));
     QVERIFY(poster.contains("WEBP"));
     HttpReply posterReply;
     posterReply.contentType = "image/webp"_ba;
     posterReply.body = poster;
-    provider.server.on(u"/orbit.webp"_s, posterReply);
-    provider.setFilmPoster(provider.server.url(u"/orbit.webp"_s));
-    provider.store();
+    provider.http().on(u"/orbit.webp"_s, posterReply);
+    XtreamEntry orbit;
+    orbit.name = u"Orbit"_s;
+    orbit.poster = provider.http().url(u"/orbit.webp"_s);
+    const QString film = provider.add(XtreamAction::vodStreams, orbit);
+    provider.setNames(XtreamAction::vodCategories, {u"Test"_s});
+    storeAccount(provider);
 
     QVERIFY(start());
     QTRY_VERIFY_WITH_TIMEOUT(filesWith(poster) == 1, startMs);
     QVERIFY(!screenShows(accent));
     QVERIFY(clickUntil({moviesTab, firstCategory}, [&] { return screenShows(accent); }));
     keepScreenshot(u"posters"_s);
-    QVERIFY(clickUntil({firstPoster}, [&] { return provider.server.requestCount(film) > 0; }));
+    QVERIFY(clickUntil({firstPoster}, [&] { return provider.http().requestCount(film) > 0; }));
     QVERIFY(desktop::Screen::waitUntilMoving(window->childRect(minimumPicture)));
     keepScreenshot(u"film"_s);
     QVERIFY(closeWindow());

@@ -211,13 +211,6 @@ double Accessible::value() const
     return value ? atspi_value_get_current_value(value.get(), error) : 0;
 }
 
-double Accessible::minimum() const
-{
-    const auto value = interfaceOf(node, atspi_accessible_get_value_iface);
-    IgnoredError error;
-    return value ? atspi_value_get_minimum_value(value.get(), error) : 0;
-}
-
 double Accessible::maximum() const
 {
     const auto value = interfaceOf(node, atspi_accessible_get_value_iface);
@@ -278,16 +271,6 @@ bool Accessible::isChecked() const
     return hasState(ATSPI_STATE_CHECKED);
 }
 
-bool Accessible::isSelected() const
-{
-    return hasState(ATSPI_STATE_SELECTED);
-}
-
-bool Accessible::isActive() const
-{
-    return hasState(ATSPI_STATE_ACTIVE);
-}
-
 int Accessible::childCount() const
 {
     IgnoredError error;
@@ -338,13 +321,6 @@ int Accessible::rowCount() const
     const auto table = interfaceOf(node, atspi_accessible_get_table_iface);
     IgnoredError error;
     return table ? std::max(0, atspi_table_get_n_rows(table.get(), error)) : 0;
-}
-
-int Accessible::columnCount() const
-{
-    const auto table = interfaceOf(node, atspi_accessible_get_table_iface);
-    IgnoredError error;
-    return table ? std::max(0, atspi_table_get_n_columns(table.get(), error)) : 0;
 }
 
 Accessible Accessible::cell(int row, int column) const

@@ -50,9 +50,8 @@ public:
     QString label() const;
     /// The content of an edit (bullets for a hidden password); the name of anything else.
     QString text() const;
-    /// Of a slider, scroll bar, spin box or progress bar.
+    /// Of a slider.
     double value() const;
-    double minimum() const;
     double maximum() const;
     /// In pixels of the screen; empty for what is not on the screen.
     QRect rect() const;
@@ -62,8 +61,6 @@ public:
     bool isEnabled() const;
     bool isFocused() const;
     bool isChecked() const;
-    bool isSelected() const;
-    bool isActive() const;
 
     int childCount() const;
     Accessible child(int index) const;
@@ -75,7 +72,6 @@ public:
 
     /// Of a list, table or tree; closed branches of a tree have no rows.
     int rowCount() const;
-    int columnCount() const;
     Accessible cell(int row, int column = 0) const;
     /// The texts of one column, from row `first`, at most `count` of them.
     QStringList rowTexts(int first = 0, int count = 200, int column = 0) const;

@@ -116,7 +116,7 @@ void Accessible::describe(int depth, QString &out) const
     out += u" %1,%2 %3x%4"_s.arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height());
     for (const auto &[holds, word] :
          {std::pair{isFocused(), u" focused"_s}, std::pair{isChecked(), u" checked"_s},
-          std::pair{isSelected(), u" selected"_s}, std::pair{!isEnabled(), u" disabled"_s}}) {
+          std::pair{!isEnabled(), u" disabled"_s}}) {
         if (holds)
             out += word;
     }

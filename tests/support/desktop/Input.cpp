@@ -3,15 +3,10 @@
 #include "support/desktop/NativeWindow.h"
 #include "support/desktop/Tool.h"
 
-#include <QClipboard>
 #include <QDebug>
-#include <QGuiApplication>
-#include <QMimeData>
 #include <QTest>
 
 #include <algorithm>
-#include <memory>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -19,27 +14,6 @@ namespace desktop {
 namespace {
 
 constexpr int settleTimeoutMs = 15000;
-
-/// A text on the clipboard that tells when somebody fetched it.
-class WatchedText final : public QMimeData
-{
-public:
-    WatchedText(const QString &text, std::shared_ptr<bool> wasFetched)
-        : fetched(std::move(wasFetched))
-    {
-        setText(text);
-    }
-
-protected:
-    QVariant retrieveData(const QString &mimeType, QMetaType type) const override
-    {
-        *fetched = true;
-        return QMimeData::retrieveData(mimeType, type);
-    }
-
-private:
-    std::shared_ptr<bool> fetched;
-};
 
 bool xdotool(const QStringList &arguments)
 {
@@ -105,10 +79,9 @@ bool moveTo(const QPoint &point)
     return xdotool(arriving(point));
 }
 
-bool click(const QPoint &point, MouseButton button)
+bool click(const QPoint &point)
 {
-    return xdotool(arriving(point) +
-                   QStringList{u"click"_s, QString::number(static_cast<int>(button))});
+    return xdotool(arriving(point) + QStringList{u"click"_s, u"1"_s});
 }
 
 bool doubleClick(const QPoint &point)
@@ -156,16 +129,10 @@ bool moveTo(const Accessible &control)
     return !point.isNull() && moveTo(point);
 }
 
-bool click(const Accessible &control, MouseButton button)
+bool click(const Accessible &control)
 {
     const QPoint point = settledMiddle(control);
-    return !point.isNull() && click(point, button);
-}
-
-bool doubleClick(const Accessible &control)
-{
-    const QPoint point = settledMiddle(control);
-    return !point.isNull() && doubleClick(point);
+    return !point.isNull() && click(point);
 }
 
 bool wheel(const Accessible &control, int notches)
@@ -203,18 +170,6 @@ bool type(const QString &text)
         return false;
     }
     return text.isEmpty() || xdotool({u"type"_s, u"--"_s, text});
-}
-
-bool paste(const QString &text)
-{
-    // The program waits for this one to hand the text over, so nothing may be asked of it before.
-    const auto fetched = std::make_shared<bool>(false);
-    QGuiApplication::clipboard()->setMimeData(new WatchedText(text, fetched));
-    const bool done =
-        press(u"ctrl+v"_s) && QTest::qWaitFor([&fetched] { return *fetched; }, settleTimeoutMs);
-    if (!done)
-        qWarning() << "Nothing took the text from the clipboard:" << text;
-    return done;
 }
 
 bool fill(const Accessible &edit, const QString &text)

@@ -7,20 +7,13 @@
 
 namespace desktop {
 
-enum class MouseButton
-{
-    Left = 1,
-    Middle = 2,
-    Right = 3
-};
-
 /// The user's mouse. Points are in pixels of the screen. Each function returns once the window
 /// system has the events, not once the program has handled them; false, with a warning, on failure.
 namespace Mouse {
 
 /// Moves the pointer without a button.
 [[nodiscard]] bool moveTo(const QPoint &point);
-[[nodiscard]] bool click(const QPoint &point, MouseButton button = MouseButton::Left);
+[[nodiscard]] bool click(const QPoint &point);
 [[nodiscard]] bool doubleClick(const QPoint &point);
 /// Presses the left button at `from`, moves to `to` in small steps and releases it there.
 [[nodiscard]] bool drag(const QPoint &from, const QPoint &to);
@@ -32,8 +25,7 @@ namespace Mouse {
 
 /// At the middle of a control, once its window has come to rest on the screen.
 [[nodiscard]] bool moveTo(const Accessible &control);
-[[nodiscard]] bool click(const Accessible &control, MouseButton button = MouseButton::Left);
-[[nodiscard]] bool doubleClick(const Accessible &control);
+[[nodiscard]] bool click(const Accessible &control);
 [[nodiscard]] bool wheel(const Accessible &control, int notches);
 /// Opens a combo box and clicks the item with this text. Returns once the box shows it.
 [[nodiscard]] bool choose(const Accessible &comboBox, const QString &text);
@@ -50,8 +42,6 @@ namespace Keyboard {
 [[nodiscard]] bool release(const QString &key);
 /// Types printable ASCII characters.
 [[nodiscard]] bool type(const QString &text);
-/// Puts any text in through the clipboard with Ctrl+V. Returns once the program has fetched it.
-[[nodiscard]] bool paste(const QString &text);
 /// Clicks into an edit, selects what it holds and types over it; an empty text empties the edit.
 /// Returns once the edit holds the text.
 [[nodiscard]] bool fill(const Accessible &edit, const QString &text);

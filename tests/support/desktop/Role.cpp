@@ -1,82 +1,61 @@
 #include "support/desktop/Role.h"
 
-#include <QStringList>
+#include <QList>
 
 #include <atspi/atspi.h>
 
 using namespace Qt::StringLiterals;
 
 namespace desktop {
+namespace {
+
+struct RoleEntry
+{
+    Role role;
+    QString name;
+    QList<int> busRoles;
+};
+
+const QList<RoleEntry> &roles()
+{
+    static const QList<RoleEntry> entries{
+        {Role::Window, u"window"_s, {ATSPI_ROLE_WINDOW, ATSPI_ROLE_FRAME}},
+        {Role::Dialog, u"dialog"_s, {ATSPI_ROLE_DIALOG, ATSPI_ROLE_FILE_CHOOSER}},
+        {Role::MessageBox, u"message box"_s, {ATSPI_ROLE_ALERT}},
+        {Role::Button,
+         u"button"_s,
+         {ATSPI_ROLE_PUSH_BUTTON, ATSPI_ROLE_PUSH_BUTTON_MENU, ATSPI_ROLE_TOGGLE_BUTTON}},
+        {Role::ComboBox, u"combo box"_s, {ATSPI_ROLE_COMBO_BOX}},
+        {Role::Edit, u"edit"_s, {ATSPI_ROLE_TEXT, ATSPI_ROLE_ENTRY, ATSPI_ROLE_PASSWORD_TEXT}},
+        {Role::Label, u"label"_s, {ATSPI_ROLE_LABEL}},
+        {Role::List, u"list"_s, {ATSPI_ROLE_LIST, ATSPI_ROLE_LIST_BOX}},
+        {Role::ListItem, u"list item"_s, {ATSPI_ROLE_LIST_ITEM}},
+        {Role::Table, u"table"_s, {ATSPI_ROLE_TABLE}},
+        {Role::Cell, u"cell"_s, {ATSPI_ROLE_TABLE_CELL, ATSPI_ROLE_TREE_ITEM}},
+        {Role::Header,
+         u"header"_s,
+         {ATSPI_ROLE_COLUMN_HEADER, ATSPI_ROLE_ROW_HEADER, ATSPI_ROLE_TABLE_COLUMN_HEADER,
+          ATSPI_ROLE_TABLE_ROW_HEADER}},
+        {Role::Tree, u"tree"_s, {ATSPI_ROLE_TREE, ATSPI_ROLE_TREE_TABLE}},
+        {Role::Tabs, u"tabs"_s, {ATSPI_ROLE_PAGE_TAB_LIST}},
+        {Role::Tab, u"tab"_s, {ATSPI_ROLE_PAGE_TAB}},
+        {Role::Slider, u"slider"_s, {ATSPI_ROLE_SLIDER}},
+        {Role::Menu, u"menu"_s, {ATSPI_ROLE_MENU, ATSPI_ROLE_POPUP_MENU}},
+        {Role::MenuItem,
+         u"menu item"_s,
+         {ATSPI_ROLE_MENU_ITEM, ATSPI_ROLE_CHECK_MENU_ITEM, ATSPI_ROLE_RADIO_MENU_ITEM}}};
+    return entries;
+}
+
+} // namespace
 
 Role roleFromBus(int busRole)
 {
-    switch (busRole) {
-    case ATSPI_ROLE_APPLICATION:
-        return Role::Application;
-    case ATSPI_ROLE_WINDOW:
-    case ATSPI_ROLE_FRAME:
-        return Role::Window;
-    case ATSPI_ROLE_DIALOG:
-    case ATSPI_ROLE_FILE_CHOOSER:
-        return Role::Dialog;
-    case ATSPI_ROLE_ALERT:
-        return Role::MessageBox;
-    case ATSPI_ROLE_PUSH_BUTTON:
-    case ATSPI_ROLE_PUSH_BUTTON_MENU:
-    case ATSPI_ROLE_TOGGLE_BUTTON:
-        return Role::Button;
-    case ATSPI_ROLE_CHECK_BOX:
-        return Role::CheckBox;
-    case ATSPI_ROLE_RADIO_BUTTON:
-        return Role::RadioButton;
-    case ATSPI_ROLE_COMBO_BOX:
-        return Role::ComboBox;
-    case ATSPI_ROLE_TEXT:
-    case ATSPI_ROLE_ENTRY:
-    case ATSPI_ROLE_PASSWORD_TEXT:
-        return Role::Edit;
-    case ATSPI_ROLE_LABEL:
-        return Role::Label;
-    case ATSPI_ROLE_LIST:
-    case ATSPI_ROLE_LIST_BOX:
-        return Role::List;
-    case ATSPI_ROLE_LIST_ITEM:
-        return Role::ListItem;
-    case ATSPI_ROLE_TABLE:
-        return Role::Table;
-    case ATSPI_ROLE_TABLE_CELL:
-    case ATSPI_ROLE_TREE_ITEM:
-        return Role::Cell;
-    case ATSPI_ROLE_COLUMN_HEADER:
-    case ATSPI_ROLE_ROW_HEADER:
-    case ATSPI_ROLE_TABLE_COLUMN_HEADER:
-    case ATSPI_ROLE_TABLE_ROW_HEADER:
-        return Role::Header;
-    case ATSPI_ROLE_TREE:
-    case ATSPI_ROLE_TREE_TABLE:
-        return Role::Tree;
-    case ATSPI_ROLE_PAGE_TAB_LIST:
-        return Role::Tabs;
-    case ATSPI_ROLE_PAGE_TAB:
-        return Role::Tab;
-    case ATSPI_ROLE_SLIDER:
-        return Role::Slider;
-    case ATSPI_ROLE_SCROLL_BAR:
-        return Role::ScrollBar;
-    case ATSPI_ROLE_SPIN_BUTTON:
-        return Role::SpinBox;
-    case ATSPI_ROLE_PROGRESS_BAR:
-        return Role::ProgressBar;
-    case ATSPI_ROLE_MENU:
-    case ATSPI_ROLE_POPUP_MENU:
-        return Role::Menu;
-    case ATSPI_ROLE_MENU_ITEM:
-    case ATSPI_ROLE_CHECK_MENU_ITEM:
-    case ATSPI_ROLE_RADIO_MENU_ITEM:
-        return Role::MenuItem;
-    default:
-        return Role::Other;
+    for (const RoleEntry &entry : roles()) {
+        if (entry.busRoles.contains(busRole))
+            return entry.role;
     }
+    return Role::Other;
 }
 
 bool isTopLevel(Role role)
@@ -87,13 +66,11 @@ bool isTopLevel(Role role)
 
 QString roleName(Role role)
 {
-    static const QStringList names{
-        u"other"_s,      u"application"_s, u"window"_s,       u"dialog"_s,    u"message box"_s,
-        u"button"_s,     u"check box"_s,   u"radio button"_s, u"combo box"_s, u"edit"_s,
-        u"label"_s,      u"list"_s,        u"list item"_s,    u"table"_s,     u"cell"_s,
-        u"header"_s,     u"tree"_s,        u"tabs"_s,         u"tab"_s,       u"slider"_s,
-        u"scroll bar"_s, u"spin box"_s,    u"progress bar"_s, u"menu"_s,      u"menu item"_s};
-    return names.value(static_cast<int>(role));
+    for (const RoleEntry &entry : roles()) {
+        if (entry.role == role)
+            return entry.name;
+    }
+    return u"other"_s;
 }
 
 } // namespace desktop

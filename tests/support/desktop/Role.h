@@ -8,13 +8,10 @@ namespace desktop {
 enum class Role
 {
     Other,
-    Application,
     Window,
     Dialog,
     MessageBox,
     Button,
-    CheckBox,
-    RadioButton,
     ComboBox,
     Edit, ///< one line or many
     Label,
@@ -27,9 +24,6 @@ enum class Role
     Tabs,
     Tab,
     Slider,
-    ScrollBar,
-    SpinBox,
-    ProgressBar,
     Menu, ///< an open popup menu
     MenuItem
 };

@@ -31,16 +31,6 @@ bool looksDifferent(QRgb before, QRgb after)
            std::abs(qBlue(before) - qBlue(after)) > seenDifference;
 }
 
-const QRgb *line(const QImage &image, int y)
-{
-    return reinterpret_cast<const QRgb *>(image.constScanLine(y));
-}
-
-double share(qint64 part, const QImage &image)
-{
-    return static_cast<double>(part) / (static_cast<double>(image.width()) * image.height());
-}
-
 } // namespace
 
 QRect area()
@@ -71,16 +61,7 @@ QString save(const QImage &image, const QString &name)
 
 bool isMostlyBlack(const QImage &image)
 {
-    if (image.isNull())
-        return false;
-    const QImage pixels = image.convertToFormat(QImage::Format_RGB32);
-    qint64 dark = 0;
-    for (int y = 0; y < pixels.height(); ++y) {
-        const QRgb *row = line(pixels, y);
-        for (int x = 0; x < pixels.width(); ++x)
-            dark += isDark(row[x]) ? 1 : 0;
-    }
-    return share(dark, pixels) >= 0.98;
+    return !image.isNull() && share(image, isDark) >= 0.98;
 }
 
 bool isMostlyBlack(const QRect &rect)
@@ -92,16 +73,12 @@ double difference(const QImage &before, const QImage &after)
 {
     if (before.size() != after.size() || before.isNull())
         return 1;
-    const QImage first = before.convertToFormat(QImage::Format_RGB32);
-    const QImage second = after.convertToFormat(QImage::Format_RGB32);
     qint64 different = 0;
-    for (int y = 0; y < first.height(); ++y) {
-        const QRgb *firstRow = line(first, y);
-        const QRgb *secondRow = line(second, y);
-        for (int x = 0; x < first.width(); ++x)
-            different += looksDifferent(firstRow[x], secondRow[x]) ? 1 : 0;
+    for (int y = 0; y < before.height(); ++y) {
+        for (int x = 0; x < before.width(); ++x)
+            different += looksDifferent(before.pixel(x, y), after.pixel(x, y)) ? 1 : 0;
     }
-    return share(different, first);
+    return static_cast<double>(different) / (static_cast<double>(before.width()) * before.height());
 }
 
 bool differs(const QImage &before, const QImage &after, double minimumShare)

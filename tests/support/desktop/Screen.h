@@ -15,6 +15,18 @@ QImage grab(const QRect &rect = {});
 /// below the build folder. Returns its path; empty, with a warning, if that fails.
 QString save(const QImage &image, const QString &name);
 
+/// The share of pixels, 0 to 1, that `matches`, called with a QRgb, holds for.
+template <typename Matches>
+double share(const QImage &image, Matches matches)
+{
+    qint64 found = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            found += matches(image.pixel(x, y)) ? 1 : 0;
+    }
+    return static_cast<double>(found) / (static_cast<double>(image.width()) * image.height());
+}
+
 /// Whether at least 98 in 100 pixels are black or nearly so.
 bool isMostlyBlack(const QImage &image);
 bool isMostlyBlack(const QRect &rect);

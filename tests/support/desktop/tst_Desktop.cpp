@@ -31,10 +31,7 @@ private Q_SLOTS:
     void findsControls();
     void findsByIndex();
     void missesWhatIsNotThere();
-    void clicksAButton();
     void typesIntoAnEdit();
-    void fillsAnEdit();
-    void pastesAnyText();
     void choosesFromAComboBox();
     void choosesFromAMenu();
     void answersADialog();
@@ -46,10 +43,8 @@ private Q_SLOTS:
     void seesAMovingPicture();
     void goesFullScreenByDoubleClick();
     void resizesTheWindow();
-    void keepsStandardError();
     void tellsTwoProgramsApart();
     void closesWithADialogOpen();
-    void closesWithAMenuOpen();
     void savesAScreenshot();
     void seesBlackAndChange();
 };
@@ -126,15 +121,6 @@ void TestDesktop::missesWhatIsNotThere()
     QVERIFY(!Mouse::click(none));
 }
 
-void TestDesktop::clicksAButton()
-{
-    QVERIFY(Mouse::click(probe.find(Role::Button, u"Dialog"_s)));
-    const Accessible dialog = app.waitForWindow(u"Question"_s);
-    QCOMPARE(dialog.role(), Role::Dialog);
-    QVERIFY(Mouse::click(dialog.find(Role::Button, u"Cancel"_s)));
-    QVERIFY(tells(u"Rejected"_s));
-}
-
 void TestDesktop::typesIntoAnEdit()
 {
     const QString typed = u"http://127.0.0.1:8080/get.php?a=B&c=\"d\" -- ~|\\{}"_s;
@@ -143,30 +129,14 @@ void TestDesktop::typesIntoAnEdit()
     QTRY_VERIFY(edit.isFocused());
     QVERIFY(Keyboard::type(typed));
     QTRY_COMPARE(edit.text(), typed);
-    QVERIFY(Keyboard::press(u"BackSpace"_s, 3));
-    QVERIFY(Keyboard::press(u"Return"_s));
-    QVERIFY(tells(u"Entered "_s + typed.chopped(3)));
-}
-
-void TestDesktop::fillsAnEdit()
-{
-    const Accessible edit = probe.find(Role::Edit, u"Name:"_s);
-    QVERIFY(Keyboard::fill(edit, u"First"_s));
-    QCOMPARE(edit.text(), u"First"_s);
-    QVERIFY(Keyboard::fill(edit, u"Later"_s));
-    QCOMPARE(edit.text(), u"Later"_s);
-    QVERIFY(Keyboard::fill(edit, QString()));
-    QCOMPARE(edit.text(), QString());
-}
-
-void TestDesktop::pastesAnyText()
-{
-    const Accessible edit = probe.find(Role::Edit, u"Name:"_s);
-    QVERIFY(Keyboard::fill(edit, QString()));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"on no key"_s));
     QVERIFY(!Keyboard::type(u"Ünïcode"_s));
-    QVERIFY(Keyboard::paste(u"Ünïcode €"_s));
-    QTRY_COMPARE(edit.text(), u"Ünïcode €"_s);
+    QVERIFY(Keyboard::fill(edit, u"Later"_s));
+    QCOMPARE(edit.text(), u"Later"_s);
+    QVERIFY(Keyboard::press(u"BackSpace"_s, 3));
+    QVERIFY(Keyboard::press(u"Return"_s));
+    QVERIFY(tells(u"Entered La"_s));
+    QVERIFY(Keyboard::fill(edit, QString()));
 }
 
 void TestDesktop::choosesFromAComboBox()
@@ -195,15 +165,14 @@ void TestDesktop::choosesFromAMenu()
 
     QVERIFY(Mouse::click(probe.find(Role::Button, u"Menu"_s)));
     QVERIFY(app.waitForMenu());
-    QVERIFY(Keyboard::press(u"Down"_s, 2));
-    QVERIFY(Keyboard::press(u"Return"_s));
-    QVERIFY(tells(u"Menu Two"_s));
+    QVERIFY2(app.close(), "with a menu open");
 }
 
 void TestDesktop::answersADialog()
 {
     QVERIFY(Mouse::click(probe.find(Role::Button, u"Dialog"_s)));
     const Accessible dialog = app.waitForWindow(u"Question"_s);
+    QCOMPARE(dialog.role(), Role::Dialog);
     QCOMPARE(dialog.find(Role::Edit).text(), u"Line one\nLine two"_s);
     QVERIFY(Mouse::click(dialog.waitFor(Role::Button, u"OK"_s)));
     QVERIFY(dialog.waitUntilGone());
@@ -225,13 +194,13 @@ void TestDesktop::readsAndClicksATable()
 {
     const Accessible table = probe.find(Role::Table);
     QCOMPARE(table.rowCount(), 100000);
-    QCOMPARE(table.columnCount(), 1);
     QCOMPARE(table.rowTexts(1, 2), QStringList({u"Channel 1"_s, u"Channel 2"_s}));
     QCOMPARE(table.rowTexts(99999, 5), QStringList{u"Channel 99999"_s});
     QCOMPARE(table.cell(70000).name(), u"Channel 70000"_s);
     QVERIFY(Mouse::click(table.cell(4)));
     QVERIFY(tells(u"Row 4"_s));
-    QVERIFY(table.cell(4).isSelected());
+    QVERIFY(app.waitForStandardError(u"Row 4\n"_s));
+    QVERIFY(!app.waitForStandardError(u"Row 2"_s, 1));
     QTest::ignoreMessage(QtWarningMsg, "Channel 70000 is not on the screen");
     QVERIFY(!Mouse::click(table.cell(70000)));
 }
@@ -267,7 +236,6 @@ void TestDesktop::dragsASlider()
 {
     const Accessible slider = probe.find(Role::Slider, u"Volume"_s);
     QCOMPARE(slider.value(), 0.0);
-    QCOMPARE(slider.minimum(), 0.0);
     QCOMPARE(slider.maximum(), 100.0);
     const QRect area = slider.rect();
     const QPoint handle(area.left() + 5, area.center().y());
@@ -296,11 +264,11 @@ void TestDesktop::goesFullScreenByDoubleClick()
     const Accessible picture = probe.find(Role::Other, u"Picture"_s);
     const NativeWindow window = app.nativeWindow(u"Probe"_s);
     QVERIFY(!window.isFullScreen());
-    QVERIFY(Mouse::doubleClick(picture));
+    QVERIFY(Mouse::doubleClick(picture.rect().center()));
     QTRY_VERIFY(window.isFullScreen());
     QTRY_COMPARE(window.geometry(), Screen::area());
     QTRY_COMPARE(probe.rect(), Screen::area());
-    QVERIFY(Mouse::doubleClick(picture));
+    QVERIFY(Mouse::doubleClick(picture.rect().center()));
     QTRY_VERIFY(!window.isFullScreen());
 }
 
@@ -315,14 +283,6 @@ void TestDesktop::resizesTheWindow()
     QTRY_COMPARE(probe.rect(), window.geometry());
     QVERIFY(Mouse::click(probe.find(Role::Table).cell(2)));
     QVERIFY(tells(u"Row 2"_s));
-}
-
-void TestDesktop::keepsStandardError()
-{
-    QCOMPARE(app.standardError(), QString());
-    QVERIFY(Mouse::click(probe.find(Role::Table).cell(1)));
-    QVERIFY(app.waitForStandardError(u"Row 1\n"_s));
-    QVERIFY(!app.waitForStandardError(u"Row 2"_s, 1));
 }
 
 void TestDesktop::tellsTwoProgramsApart()
@@ -345,13 +305,6 @@ void TestDesktop::closesWithADialogOpen()
     QVERIFY(app.waitForWindow(u"Question"_s));
     QVERIFY(app.close());
     QVERIFY(app.standardError().contains(u"Rejected"_s));
-}
-
-void TestDesktop::closesWithAMenuOpen()
-{
-    QVERIFY(Mouse::click(probe.find(Role::Button, u"Menu"_s)));
-    QVERIFY(app.waitForMenu());
-    QVERIFY(app.close());
 }
 
 void TestDesktop::savesAScreenshot()
