@@ -14,7 +14,7 @@ struct DemoEntry
     QString file;
     double rating = 0.0;
     int year = 2020;
-    /// The channel hangs up every 30 seconds.
+    /// The stream ends every 30 seconds.
     bool dropsOut = false;
     /// The film has two sound and two subtitle tracks.
     bool manyTracks = false;

@@ -27,7 +27,7 @@ struct Options
                                    u"0"_s};
     const QCommandLineOption fault{
         u"fault"_s,
-        u"Answer an action oddly; may be given more than once. Actions: login, "
+        u"Answer an action in another manner; may be given more than once. Actions: login, "
         u"get_live_categories, "
         "get_live_streams, get_vod_categories, get_vod_streams, get_series_categories, get_series, "
         "get_series_info. Manners: gzip, chunked, redirect, html, unavailable, cut."_s,

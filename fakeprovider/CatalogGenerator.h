@@ -6,8 +6,8 @@
 #include <QList>
 #include <QString>
 
-/// Makes catalogs as large and as odd as real providers' ones. The same seed gives the same
-/// catalog.
+/// Makes catalogs as large and irregular as those of real providers. The same seed gives
+/// the same catalog.
 ///
 /// Names have 10 to 60 characters, a tenth of them not only ASCII. JSON items have 12 to 15 keys.
 class CatalogGenerator

@@ -16,8 +16,8 @@ constexpr qint64 kQueueLimit = 256 * 1024;
 constexpr int kPaceIntervalMs = 10;
 
 // QNetworkAccessManager takes a reply that arrives while it still writes the request, but does
-// not note that it is reading one: when that reply is then broken off, it reports success and
-// sends the request anew. A reply that will be broken off therefore waits for this long.
+// not note that it is reading one: when that reply is then aborted, it reports success and
+// sends the request again. A reply that will be aborted therefore waits this long.
 constexpr int kFaultyReplyDelayMs = 20;
 
 QByteArray reasonPhrase(int status)

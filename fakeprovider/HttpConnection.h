@@ -19,7 +19,7 @@ public:
     virtual void replyEnds(const QString &path) = 0;
 };
 
-/// One client's connection: reads request after request and sends each reply as it was told to.
+/// One client's connection: reads one request after the other and sends each reply as it says.
 /// Lives on the server's thread and deletes itself when the connection is closed.
 class HttpConnection : public QObject
 {

@@ -24,8 +24,8 @@ struct HttpRequest
     QString queryValue(const QString &name) const;
 };
 
-/// What the server does with one request: the answer itself, and the ways in which providers
-/// misbehave. All byte counts are bytes of the body as it travels (after gzip, without chunk
+/// What the server does with one request: the answer itself, and the faults that providers
+/// have. All byte counts are bytes of the body as it travels (after gzip, without chunk
 /// frames); for a ranged answer they count from the start of the range.
 struct HttpReply
 {
@@ -36,7 +36,7 @@ struct HttpReply
     int delayMs = 0;                                  ///< time before the head is sent
     bool held = false;        ///< nothing is sent until HttpServer::release() for the path
     bool neverAnswer = false; ///< nothing is ever sent; the connection stays open
-    qint64 cutAfter = -1;     ///< announces the whole length, hangs up after that many bytes
+    qint64 cutAfter = -1;     ///< announces the whole length, closes the connection after that many
     qint64 stallAfter = -1;   ///< sends that many bytes, then nothing; the connection stays open
     bool chunked = false;
     bool gzip = false;
@@ -65,7 +65,7 @@ struct HttpReply
 /// usable from any thread. Handlers and producers run on that thread: they guard what they share
 /// with the test, and they do not block (use `delayMs`, `held` or `neverAnswer` to be slow).
 /// A handler may call requests(), requestCount() and openConnections() of its own server.
-/// The destructor hangs up on whoever is still connected and returns at once.
+/// The destructor closes all connections and returns at once.
 class HttpServer
 {
 public:
@@ -109,7 +109,7 @@ public:
     /// The highest openConnections() for the path since the start or the last clearRequests().
     int peakConnections(const QString &path = {}) const;
     /// Hangs up on the open replies to this path (empty: to any path), now. When that happens
-    /// before the head, QNetworkAccessManager sends a GET anew: it is then counted again.
+    /// before the head, QNetworkAccessManager sends a GET again, which is then counted again.
     void dropConnections(const QString &path = {});
     /// Lets the held replies to this path go, and those that are yet to come until on() sets
     /// another answer.

@@ -55,7 +55,7 @@ endfunction()
 
 vantiro_stream(live.ts ${picture} ${tone} -t 180 ${x264_constant} ${aac} ${transport_stream})
 vantiro_stream(short.ts ${picture} ${tone} -t 5 ${x264_constant} ${aac} ${transport_stream})
-# In grey and as wide as the tests' screen, so that it fills it and is told from the others.
+# In grey and as wide as the tests' screen, so that it fills it and differs from the others.
 vantiro_stream(grey.ts -f lavfi -i testsrc2=size=320x200:rate=15,hue=s=0 ${tone} -t 30
     ${x264_constant} ${aac} ${transport_stream})
 vantiro_stream(film.mp4 ${picture} ${tone} -t 60 ${x264} -b:v 150k ${aac})

@@ -15,7 +15,7 @@ constexpr qint64 kWindowSize = 4;
 
 QByteArray livePlaylist(qint64 first)
 {
-    // The clip's time stamps begin anew whenever its first segment comes round again.
+    // The clip's timestamps start over with its first segment.
     const qint64 roundsBefore = first == 0 ? 0 : (first - 1) / kSegmentCount;
     QByteArray text = "#EXTM3U\n#EXT-X-VERSION:3\n#EXT-X-TARGETDURATION:2\n"
                       "#EXT-X-MEDIA-SEQUENCE:" +

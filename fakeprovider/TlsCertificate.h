@@ -3,7 +3,7 @@
 #include <QString>
 
 /// A certificate authority and a server certificate for 127.0.0.1 and localhost that it signed,
-/// made anew in a directory. Trust the authority through QSslConfiguration.
+/// newly made in a directory. Trust the authority through QSslConfiguration.
 class TlsCertificate
 {
 public:
@@ -13,7 +13,8 @@ public:
         Expired
     };
 
-    /// Writes the three PEM files into `targetDirectory`, which exists. isValid() tells of failure.
+    /// Writes the three PEM files into `targetDirectory`, which exists. isValid() is false on
+    /// failure.
     explicit TlsCertificate(const QString &targetDirectory, Validity validity = Validity::Current);
 
     bool isValid() const { return valid; }

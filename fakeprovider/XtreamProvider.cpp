@@ -233,7 +233,7 @@ QByteArray XtreamProvider::reply(const QString &action) const
 void XtreamProvider::setManner(const QString &action, Manner manner)
 {
     if (manner == Manner::Held) {
-        // An exact answer, since setting it anew takes back an earlier release.
+        // An exact answer, since setting it again cancels an earlier release.
         server.on(heldPrefix + action, [this, action](const HttpRequest &request) {
             HttpReply held = answerElsewhere(action, request);
             held.held = true;
@@ -280,7 +280,7 @@ HttpReply XtreamProvider::answerApi(const HttpRequest &request)
         const std::lock_guard lock(mutex);
         manner = manners.value(action, Manner::Plain);
         // Who is redirected counts where the redirect leads to: QNetworkAccessManager now and then
-        // sends a request anew while it follows its redirect.
+        // repeats a request while it follows its redirect.
         if (manner != Manner::Redirect && manner != Manner::Held) {
             askedFor << action;
         }

@@ -70,7 +70,7 @@ public:
         Redirect,    ///< to another path, which has the answer
         HtmlPage,    ///< a login page with status 200
         Unavailable, ///< 503
-        CutReply,    ///< hangs up after half of the body
+        CutReply,    ///< closes the connection after half of the body
         Held         ///< redirects to a path of its own, where the answer waits for release()
     };
 

@@ -14,7 +14,7 @@ namespace desktop {
 
 /// One control of a running program, seen through the accessibility bus.
 ///
-/// A cheap handle: every question is put to the program anew. A null handle, and the handle of a
+/// A cheap handle: every call asks the program again. A null handle, and the handle of a
 /// control that is gone, answer with empty values. Searches see only what is showing, look at the
 /// control's descendants in tree order, and look at no more than the first 200 items of a list,
 /// table or tree; ask cell() for the others.

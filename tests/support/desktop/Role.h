@@ -4,7 +4,7 @@
 
 namespace desktop {
 
-/// What a control is, as far as tests tell controls apart.
+/// What a control is, as far as tests distinguish controls.
 enum class Role
 {
     Other,

@@ -1,4 +1,4 @@
-// The window that tst_Desktop drives: one control of each kind. The label at the bottom tells what
+// The window that tst_Desktop drives: one control of each kind. The label at the bottom says what
 // happened last.
 
 #include <QApplication>
@@ -88,7 +88,7 @@ public:
     }
 
 private:
-    void tell(const QString &text)
+    void report(const QString &text)
     {
         last->setText(text);
         std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -100,7 +100,7 @@ private:
         auto *form = new QFormLayout;
         auto *edit = new QLineEdit;
         connect(edit, &QLineEdit::returnPressed, this,
-                [this, edit] { tell(u"Entered "_s + edit->text()); });
+                [this, edit] { report(u"Entered "_s + edit->text()); });
         form->addRow(u"Name:"_s, edit);
         auto *search = new QLineEdit;
         search->setPlaceholderText(u"Search..."_s);
@@ -108,7 +108,7 @@ private:
         auto *combo = new QComboBox;
         combo->addItems({u"First"_s, u"Second"_s, u"Third"_s});
         connect(combo, &QComboBox::currentTextChanged, this,
-                [this](const QString &text) { tell(u"Chose "_s + text); });
+                [this](const QString &text) { report(u"Chose "_s + text); });
         form->addRow(u"Choice:"_s, combo);
         auto *slider = new QSlider(Qt::Horizontal);
         slider->setAccessibleName(u"Volume"_s);
@@ -122,7 +122,7 @@ private:
         addButton(controls, u"Dialog"_s, [this] { showDialog(); });
         addButton(controls, u"Warn"_s, [this] {
             QMessageBox::warning(this, u"Warning"_s, u"Something is odd."_s);
-            tell(u"Warned"_s);
+            report(u"Warned"_s);
         });
         picture = new Picture(this);
         controls->addWidget(picture, 1);
@@ -148,13 +148,13 @@ private:
         for (int row = 0; row < manyRows; ++row)
             table->setItem(row, 0, new QTableWidgetItem(u"Channel %1"_s.arg(row)));
         connect(table, &QTableWidget::cellClicked, this,
-                [this](int row, int) { tell(u"Row %1"_s.arg(row)); });
+                [this](int row, int) { report(u"Row %1"_s.arg(row)); });
         tabs->addTab(table, u"Table"_s);
 
         auto *list = new QListWidget;
         list->addItems({u"All"_s, u"News"_s, u"Sports"_s});
         connect(list, &QListWidget::itemClicked, this,
-                [this](QListWidgetItem *item) { tell(u"Item "_s + item->text()); });
+                [this](QListWidgetItem *item) { report(u"Item "_s + item->text()); });
         tabs->addTab(list, u"List"_s);
 
         auto *tree = new QTreeWidget;
@@ -163,7 +163,7 @@ private:
         new QTreeWidgetItem(season, {u"Pilot"_s});
         season->setExpanded(true);
         connect(tree, &QTreeWidget::itemClicked, this,
-                [this](QTreeWidgetItem *item) { tell(u"Branch "_s + item->text(0)); });
+                [this](QTreeWidgetItem *item) { report(u"Branch "_s + item->text(0)); });
         tabs->addTab(tree, u"Tree"_s);
         return tabs;
     }
@@ -172,7 +172,8 @@ private:
     {
         QMenu menu(this);
         for (const QString &text : {u"One"_s, u"Two"_s}) {
-            QAction *action = menu.addAction(text, this, [this, text] { tell(u"Menu "_s + text); });
+            QAction *action =
+                menu.addAction(text, this, [this, text] { report(u"Menu "_s + text); });
             action->setCheckable(true);
             action->setChecked(text == u"Two"_s);
         }
@@ -192,7 +193,7 @@ private:
         connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
         connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
         layout->addWidget(buttons);
-        tell(dialog.exec() == QDialog::Accepted ? u"Accepted"_s : u"Rejected"_s);
+        report(dialog.exec() == QDialog::Accepted ? u"Accepted"_s : u"Rejected"_s);
     }
 
     Picture *picture = nullptr;

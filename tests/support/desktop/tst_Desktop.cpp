@@ -17,8 +17,8 @@ class TestDesktop : public QObject
 {
     Q_OBJECT
 
-    /// The label that tells what happened last.
-    bool tells(const QString &text) const { return bool(probe.waitFor(Role::Label, text)); }
+    /// Whether the label that says what happened last has this text.
+    bool reports(const QString &text) const { return bool(probe.waitFor(Role::Label, text)); }
 
     RunningApp app{QStringLiteral(DESKTOP_PROBE)};
     Accessible probe;
@@ -43,7 +43,7 @@ private Q_SLOTS:
     void seesAMovingPicture();
     void goesFullScreenByDoubleClick();
     void resizesTheWindow();
-    void tellsTwoProgramsApart();
+    void distinguishesTwoPrograms();
     void closesWithADialogOpen();
     void savesAScreenshot();
     void seesBlackAndChange();
@@ -135,7 +135,7 @@ void TestDesktop::typesIntoAnEdit()
     QCOMPARE(edit.text(), u"Later"_s);
     QVERIFY(Keyboard::press(u"BackSpace"_s, 3));
     QVERIFY(Keyboard::press(u"Return"_s));
-    QVERIFY(tells(u"Entered La"_s));
+    QVERIFY(reports(u"Entered La"_s));
     QVERIFY(Keyboard::fill(edit, QString()));
 }
 
@@ -143,9 +143,9 @@ void TestDesktop::choosesFromAComboBox()
 {
     const Accessible combo = probe.find(Role::ComboBox);
     QVERIFY(Mouse::choose(combo, u"Third"_s));
-    QVERIFY(tells(u"Chose Third"_s));
+    QVERIFY(reports(u"Chose Third"_s));
     QVERIFY(Mouse::choose(combo, u"First"_s));
-    QVERIFY(tells(u"Chose First"_s));
+    QVERIFY(reports(u"Chose First"_s));
 }
 
 void TestDesktop::choosesFromAMenu()
@@ -159,7 +159,7 @@ void TestDesktop::choosesFromAMenu()
     QVERIFY(items[1].isChecked());
     QVERIFY(!items[2].isEnabled());
     QVERIFY(Mouse::click(items[0]));
-    QVERIFY(tells(u"Menu One"_s));
+    QVERIFY(reports(u"Menu One"_s));
     QVERIFY(menu.waitUntilGone());
     QVERIFY(!app.menu());
 
@@ -176,7 +176,7 @@ void TestDesktop::answersADialog()
     QCOMPARE(dialog.find(Role::Edit).text(), u"Line one\nLine two"_s);
     QVERIFY(Mouse::click(dialog.waitFor(Role::Button, u"OK"_s)));
     QVERIFY(dialog.waitUntilGone());
-    QVERIFY(tells(u"Accepted"_s));
+    QVERIFY(reports(u"Accepted"_s));
 }
 
 void TestDesktop::answersAMessageBox()
@@ -186,7 +186,7 @@ void TestDesktop::answersAMessageBox()
     QCOMPARE(box.role(), Role::MessageBox);
     QVERIFY(box.find(Role::Label, u"Something is odd."_s));
     QVERIFY(Mouse::click(box.find(Role::Button, u"OK"_s)));
-    QVERIFY(tells(u"Warned"_s));
+    QVERIFY(reports(u"Warned"_s));
     QVERIFY(!app.window(u"Warning"_s));
 }
 
@@ -198,7 +198,7 @@ void TestDesktop::readsAndClicksATable()
     QCOMPARE(table.rowTexts(99999, 5), QStringList{u"Channel 99999"_s});
     QCOMPARE(table.cell(70000).name(), u"Channel 70000"_s);
     QVERIFY(Mouse::click(table.cell(4)));
-    QVERIFY(tells(u"Row 4"_s));
+    QVERIFY(reports(u"Row 4"_s));
     QVERIFY(app.waitForStandardError(u"Row 4\n"_s));
     QVERIFY(!app.waitForStandardError(u"Row 2"_s, 1));
     QTest::ignoreMessage(QtWarningMsg, "Channel 70000 is not on the screen");
@@ -223,13 +223,13 @@ void TestDesktop::clicksTabsListsAndTrees()
     const Accessible list = probe.waitFor(Role::List);
     QCOMPARE(list.rowTexts(), QStringList({u"All"_s, u"News"_s, u"Sports"_s}));
     QVERIFY(Mouse::click(list.find(Role::ListItem, u"News"_s)));
-    QVERIFY(tells(u"Item News"_s));
+    QVERIFY(reports(u"Item News"_s));
 
     QVERIFY(Mouse::click(probe.find(Role::Tab, u"Tree"_s)));
     const Accessible tree = probe.waitFor(Role::Tree);
     QCOMPARE(tree.rowTexts(), QStringList({u"Season 1"_s, u"Pilot"_s}));
     QVERIFY(Mouse::click(tree.cell(1)));
-    QVERIFY(tells(u"Branch Pilot"_s));
+    QVERIFY(reports(u"Branch Pilot"_s));
 }
 
 void TestDesktop::dragsASlider()
@@ -282,10 +282,10 @@ void TestDesktop::resizesTheWindow()
     QVERIFY(window.moveTo(QPoint(40, 60)));
     QTRY_COMPARE(probe.rect(), window.geometry());
     QVERIFY(Mouse::click(probe.find(Role::Table).cell(2)));
-    QVERIFY(tells(u"Row 2"_s));
+    QVERIFY(reports(u"Row 2"_s));
 }
 
-void TestDesktop::tellsTwoProgramsApart()
+void TestDesktop::distinguishesTwoPrograms()
 {
     RunningApp other(QStringLiteral(DESKTOP_PROBE));
     QVERIFY(other.start(u"Probe"_s));
