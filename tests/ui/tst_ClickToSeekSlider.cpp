@@ -4,7 +4,6 @@
 #include <QMouseEvent>
 #include <QProxyStyle>
 #include <QSignalSpy>
-#include <QStyle>
 #include <QStyleFactory>
 #include <QStyleOptionSlider>
 
@@ -12,32 +11,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A slider that shows its style option, to ask the style where groove and handle are.
-class MeasuredSlider : public QSlider
-{
-public:
-    QRect part(QStyle::SubControl control) const
-    {
-        QStyleOptionSlider option;
-        initStyleOption(&option);
-        return style()->subControlRect(QStyle::CC_Slider, &option, control, this);
-    }
-};
-
-/// Fusion, but for a groove that does not begin at the slider's edge.
+/// Fusion, but for a groove that can begin and end away from the slider's edges.
 class InsetGrooveStyle : public QProxyStyle
 {
 public:
-    InsetGrooveStyle()
+    explicit InsetGrooveStyle(int grooveInset)
         : QProxyStyle(u"Fusion"_s)
+        , inset(grooveInset)
     {}
 
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
                          const QWidget *widget) const override
     {
         const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
-        return part == SC_SliderGroove ? rect.adjusted(30, 0, -50, 0) : rect;
+        return part == SC_SliderGroove ? rect.adjusted(inset, 0, -2 * inset, 0) : rect;
     }
+
+private:
+    int inset;
 };
 
 struct Shape
@@ -49,48 +40,74 @@ struct Shape
     bool upsideDown = false;
 };
 
-void shapeSlider(QSlider &slider, const Shape &shape)
+/// An ordinary slider, which can be asked where its parts are.
+class MeasuredSlider final : public QSlider
 {
-    slider.setOrientation(shape.orientation);
-    slider.setInvertedAppearance(shape.inverted);
-    slider.setLayoutDirection(shape.direction);
-    slider.setRange(0, 100000);
-    const QSize size(400, 40);
-    slider.resize(shape.orientation == Qt::Horizontal ? size : size.transposed());
-    slider.show();
-}
-
-/// Where the handle's leading edge can be, along the slider.
-struct Travel
-{
-    int first = 0;
-    int last = 0;
+public:
+    QRect part(QStyle::SubControl control) const
+    {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        return style()->subControlRect(QStyle::CC_Slider, &option, control, this);
+    }
 };
 
-Travel travelOf(const QSlider &slider, const Shape &shape)
+/// A slider of 400 x 40 pixels (or upright) from 0 to 100,000, and an ordinary one like it.
+class Sliders final
 {
-    MeasuredSlider measured;
-    shapeSlider(measured, shape);
-    measured.setValue(slider.value());
-    const QRect groove = measured.part(QStyle::SC_SliderGroove);
-    const QRect handle = measured.part(QStyle::SC_SliderHandle);
-    return shape.orientation == Qt::Horizontal
-               ? Travel{groove.left(), groove.right() - handle.width() + 1}
-               : Travel{groove.top(), groove.bottom() - handle.height() + 1};
-}
+public:
+    explicit Sliders(const Shape &shape = {}, int grooveInset = 0)
+        : style(grooveInset)
+        , horizontal(shape.orientation == Qt::Horizontal)
+    {
+        for (QSlider *each : {static_cast<QSlider *>(&slider), static_cast<QSlider *>(&ordinary)}) {
+            each->setStyle(&style);
+            each->setOrientation(shape.orientation);
+            each->setInvertedAppearance(shape.inverted);
+            each->setLayoutDirection(shape.direction);
+            each->setRange(0, 100000);
+            each->resize(horizontal ? QSize(400, 40) : QSize(40, 400));
+            each->show();
+        }
+    }
 
-QPoint pointAt(const Shape &shape, int along)
-{
-    return shape.orientation == Qt::Horizontal ? QPoint(along, 20) : QPoint(20, along);
-}
+    QPoint pointAt(int along) const { return horizontal ? QPoint(along, 20) : QPoint(20, along); }
+    int grooveStart() const { return start(ordinary.part(QStyle::SC_SliderGroove)); }
+    int handleStart() { return start(handle()); }
+    /// Where the handle begins when it is at the groove's end.
+    int lastStart()
+    {
+        const QRect groove = ordinary.part(QStyle::SC_SliderGroove);
+        return horizontal ? groove.right() - handle().width() + 1
+                          : groove.bottom() - handle().height() + 1;
+    }
 
-void sendMouse(QWidget &widget, QEvent::Type type, const QPointF &position, Qt::MouseButton button,
-               Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, position, widget.mapToGlobal(position), button, buttons,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(&widget, &event);
-}
+    void send(QEvent::Type type, const QPointF &position, Qt::MouseButton button,
+              Qt::MouseButtons buttons)
+    {
+        QMouseEvent event(type, position, slider.mapToGlobal(position), button, buttons,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&slider, &event);
+    }
+    void drag(const QPointF &position)
+    {
+        send(QEvent::MouseMove, position, Qt::NoButton, Qt::LeftButton);
+    }
+
+private:
+    InsetGrooveStyle style;
+    bool horizontal;
+    int start(const QRect &rect) const { return horizontal ? rect.left() : rect.top(); }
+    QRect handle()
+    {
+        ordinary.setValue(slider.value());
+        return ordinary.part(QStyle::SC_SliderHandle);
+    }
+
+public:
+    ClickToSeekSlider slider;
+    MeasuredSlider ordinary;
+};
 
 } // namespace
 
@@ -101,189 +118,124 @@ class tst_ClickToSeekSlider : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void valueIsWhereTheHandleWouldBegin_data() { shapes(); }
+    void valueIsWhereTheHandleWouldBegin_data();
     void valueIsWhereTheHandleWouldBegin();
-    void theGrooveBeginsWhereTheStyleSays();
-    void aClickPutsTheHandleUnderThePointer_data() { shapes(); }
-    void aClickPutsTheHandleUnderThePointer();
-    void aClickPressesAndReleasesOnce();
-    void theValueIsSetBeforeTheRelease();
     void aDragFollowsAndReleasesOnce();
-    void aReleaseElsewhereTakesThatPlace();
     void beyondTheEndsAreTheEnds();
     void positionsAreRounded();
     void movingWithoutAPressDoesNothing();
     void anEmptyRangeStaysAtItsValue();
-    void otherButtonsAreThoseOfAPlainSlider_data();
-    void otherButtonsAreThoseOfAPlainSlider();
+    void otherButtonsAreThoseOfAnOrdinarySlider_data();
+    void otherButtonsAreThoseOfAnOrdinarySlider();
     void anotherButtonsReleaseDoesNotEndTheDrag();
     void lettingGoEndsTheDragSilently();
-
-private:
-    static void shapes();
 };
 
-void tst_ClickToSeekSlider::initTestCase()
-{
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-}
-
-void tst_ClickToSeekSlider::shapes()
+void tst_ClickToSeekSlider::valueIsWhereTheHandleWouldBegin_data()
 {
     QTest::addColumn<Shape>("shape");
+    QTest::addColumn<int>("inset");
+    const auto row = [](const char *name, const Shape &shape, int inset = 0) {
+        QTest::newRow(name) << shape << inset;
+    };
     const auto rtl = Qt::RightToLeft;
     const auto ltr = Qt::LeftToRight;
-    QTest::newRow("horizontal") << Shape{Qt::Horizontal, false, ltr, false};
-    QTest::newRow("horizontal, inverted") << Shape{Qt::Horizontal, true, ltr, true};
-    QTest::newRow("horizontal, right to left") << Shape{Qt::Horizontal, false, rtl, true};
-    QTest::newRow("horizontal, inverted, right to left") << Shape{Qt::Horizontal, true, rtl, false};
-    QTest::newRow("vertical") << Shape{Qt::Vertical, false, ltr, true};
-    QTest::newRow("vertical, inverted") << Shape{Qt::Vertical, true, ltr, false};
-    QTest::newRow("vertical, right to left") << Shape{Qt::Vertical, false, rtl, true};
+    row("horizontal", {Qt::Horizontal, false, ltr, false});
+    row("horizontal, a groove that begins later", {Qt::Horizontal, false, ltr, false}, 30);
+    row("horizontal, inverted", {Qt::Horizontal, true, ltr, true});
+    row("horizontal, right to left", {Qt::Horizontal, false, rtl, true});
+    row("horizontal, inverted, right to left", {Qt::Horizontal, true, rtl, false});
+    row("vertical", {Qt::Vertical, false, ltr, true});
+    row("vertical, inverted", {Qt::Vertical, true, ltr, false});
+    row("vertical, right to left", {Qt::Vertical, false, rtl, true});
 }
 
 void tst_ClickToSeekSlider::valueIsWhereTheHandleWouldBegin()
 {
     QFETCH(Shape, shape);
-    ClickToSeekSlider slider;
-    shapeSlider(slider, shape);
-    const auto [first, last] = travelOf(slider, shape);
-    QVERIFY(last - first > 300);
-
-    QCOMPARE(slider.valueFromPos(pointAt(shape, first)), shape.upsideDown ? 100000 : 0);
-    QCOMPARE(slider.valueFromPos(pointAt(shape, last)), shape.upsideDown ? 0 : 100000);
+    QFETCH(int, inset);
+    Sliders sliders(shape, inset);
+    ClickToSeekSlider &slider = sliders.slider;
+    const int first = sliders.grooveStart();
+    const int last = sliders.lastStart();
+    QVERIFY(last - first > 280);
+    QVERIFY(inset == 0 || first == inset);
+    QCOMPARE(slider.valueFromPos(sliders.pointAt(first)), shape.upsideDown ? 100000 : 0);
+    QCOMPARE(slider.valueFromPos(sliders.pointAt(last)), shape.upsideDown ? 0 : 100000);
     for (int along = first - 5; along <= last + 5; ++along) {
-        QCOMPARE(slider.valueFromPos(pointAt(shape, along)),
+        QCOMPARE(slider.valueFromPos(sliders.pointAt(along)),
                  QStyle::sliderValueFromPosition(0, 100000, along - first, last - first,
                                                  shape.upsideDown));
     }
-}
-
-void tst_ClickToSeekSlider::theGrooveBeginsWhereTheStyleSays()
-{
-    InsetGrooveStyle style;
-    ClickToSeekSlider slider(Qt::Horizontal);
-    MeasuredSlider measured;
-    for (QSlider *each : {static_cast<QSlider *>(&slider), static_cast<QSlider *>(&measured)}) {
-        each->setStyle(&style);
-        shapeSlider(*each, {});
+    if (inset > 0) {
+        return; // Fusion draws its handle as if the groove began at the edge
     }
-    const QRect groove = measured.part(QStyle::SC_SliderGroove);
-    const int last = groove.right() - measured.part(QStyle::SC_SliderHandle).width() + 1;
-    QCOMPARE(groove.left(), 30);
-    QCOMPARE(slider.valueFromPos(QPoint(groove.left(), 20)), 0);
-    QVERIFY(slider.valueFromPos(QPoint(groove.left() + 5, 20)) > 0);
-    QVERIFY(slider.valueFromPos(QPoint(last - 5, 20)) < 100000);
-    QCOMPARE(slider.valueFromPos(QPoint(last, 20)), 100000);
-}
-
-void tst_ClickToSeekSlider::aClickPutsTheHandleUnderThePointer()
-{
-    QFETCH(Shape, shape);
-    ClickToSeekSlider slider;
-    shapeSlider(slider, shape);
-    const auto [first, last] = travelOf(slider, shape);
     for (int along = first; along <= last; along += 7) {
-        QTest::mouseClick(&slider, Qt::LeftButton, {}, pointAt(shape, along));
-        MeasuredSlider shown;
-        shapeSlider(shown, shape);
-        shown.setValue(slider.value());
-        const QRect handle = shown.part(QStyle::SC_SliderHandle);
-        QCOMPARE(shape.orientation == Qt::Horizontal ? handle.left() : handle.top(), along);
+        QTest::mouseClick(&slider, Qt::LeftButton, {}, sliders.pointAt(along));
+        QCOMPARE(sliders.handleStart(), along);
     }
-}
-
-void tst_ClickToSeekSlider::aClickPressesAndReleasesOnce()
-{
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
-    const QSignalSpy pressed(&slider, &QSlider::sliderPressed);
-    const QSignalSpy released(&slider, &QSlider::sliderReleased);
-    const QSignalSpy changed(&slider, &QSlider::valueChanged);
-
-    QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(200, 20));
-    QVERIFY(slider.isSliderDown());
-    QCOMPARE(pressed.count(), 1);
-    QCOMPARE(released.count(), 0);
-    QCOMPARE(slider.value(), slider.valueFromPos(QPoint(200, 20)));
-
-    QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(200, 20));
-    QVERIFY(!slider.isSliderDown());
-    QCOMPARE(pressed.count(), 1);
-    QCOMPARE(released.count(), 1);
-    QCOMPARE(changed.count(), 1);
-}
-
-void tst_ClickToSeekSlider::theValueIsSetBeforeTheRelease()
-{
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
-    int valueAtRelease = -1;
-    connect(&slider, &QSlider::sliderReleased, this, [&] { valueAtRelease = slider.value(); });
-    QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(100, 20));
-    QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(300, 20));
-    QCOMPARE(valueAtRelease, slider.valueFromPos(QPoint(300, 20)));
 }
 
 void tst_ClickToSeekSlider::aDragFollowsAndReleasesOnce()
 {
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
+    Sliders sliders;
+    ClickToSeekSlider &slider = sliders.slider;
     const QSignalSpy pressed(&slider, &QSlider::sliderPressed);
     const QSignalSpy released(&slider, &QSlider::sliderReleased);
+    int valueAtRelease = -1;
+    connect(&slider, &QSlider::sliderReleased, this, [&] { valueAtRelease = slider.value(); });
 
     QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(50, 20));
+    QCOMPARE(slider.value(), slider.valueFromPos(QPoint(50, 20)));
     for (const int x : {80, 250, 120}) {
-        sendMouse(slider, QEvent::MouseMove, QPointF(x, 20), Qt::NoButton, Qt::LeftButton);
+        sliders.drag(QPointF(x, 20));
         QCOMPARE(slider.value(), slider.valueFromPos(QPoint(x, 20)));
         QVERIFY(slider.isSliderDown());
     }
-    QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(120, 20));
+    QCOMPARE(released.count(), 0);
+    // A release elsewhere counts, and its value is there before the signal.
+    QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(310, 20));
+    QCOMPARE(valueAtRelease, slider.valueFromPos(QPoint(310, 20)));
+    QVERIFY(!slider.isSliderDown());
     QCOMPARE(pressed.count(), 1);
     QCOMPARE(released.count(), 1);
-}
 
-void tst_ClickToSeekSlider::aReleaseElsewhereTakesThatPlace()
-{
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
-    QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(50, 20));
-    QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(310, 20));
-    QCOMPARE(slider.value(), slider.valueFromPos(QPoint(310, 20)));
+    const QSignalSpy changed(&slider, &QSlider::valueChanged);
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, QPoint(200, 20));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(released.count(), 2);
 }
 
 void tst_ClickToSeekSlider::beyondTheEndsAreTheEnds()
 {
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
+    Sliders sliders;
+    ClickToSeekSlider &slider = sliders.slider;
     slider.setRange(-500, 500);
     QCOMPARE(slider.valueFromPos(QPoint(-1000, 20)), -500);
     QCOMPARE(slider.valueFromPos(QPoint(5000, 20)), 500);
-    // Across the slider a position does not matter.
+    // A position across the slider does not matter.
     QCOMPARE(slider.valueFromPos(QPoint(200, -300)), slider.valueFromPos(QPoint(200, 20)));
 }
 
 void tst_ClickToSeekSlider::positionsAreRounded()
 {
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
-    sendMouse(slider, QEvent::MouseButtonPress, QPointF(100.4, 20), Qt::LeftButton, Qt::LeftButton);
+    Sliders sliders;
+    ClickToSeekSlider &slider = sliders.slider;
+    sliders.send(QEvent::MouseButtonPress, QPointF(100.4, 20), Qt::LeftButton, Qt::LeftButton);
     QCOMPARE(slider.value(), slider.valueFromPos(QPoint(100, 20)));
-    sendMouse(slider, QEvent::MouseMove, QPointF(100.6, 20), Qt::NoButton, Qt::LeftButton);
+    sliders.drag(QPointF(100.6, 20));
     QCOMPARE(slider.value(), slider.valueFromPos(QPoint(101, 20)));
-    sendMouse(slider, QEvent::MouseButtonRelease, QPointF(102.5, 20), Qt::LeftButton, Qt::NoButton);
+    sliders.send(QEvent::MouseButtonRelease, QPointF(102.5, 20), Qt::LeftButton, Qt::NoButton);
     QCOMPARE(slider.value(), slider.valueFromPos(QPoint(103, 20)));
 }
 
 void tst_ClickToSeekSlider::movingWithoutAPressDoesNothing()
 {
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
+    Sliders sliders;
+    ClickToSeekSlider &slider = sliders.slider;
     slider.setValue(1234);
-    sendMouse(slider, QEvent::MouseMove, QPointF(300, 20), Qt::NoButton, Qt::NoButton);
-    QCOMPARE(slider.value(), 1234);
     const QSignalSpy released(&slider, &QSlider::sliderReleased);
+    sliders.send(QEvent::MouseMove, QPointF(300, 20), Qt::NoButton, Qt::NoButton);
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(300, 20));
     QCOMPARE(slider.value(), 1234);
     QCOMPARE(released.count(), 0);
@@ -291,8 +243,8 @@ void tst_ClickToSeekSlider::movingWithoutAPressDoesNothing()
 
 void tst_ClickToSeekSlider::anEmptyRangeStaysAtItsValue()
 {
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
+    Sliders sliders;
+    ClickToSeekSlider &slider = sliders.slider;
     slider.setRange(0, 0);
     const QSignalSpy released(&slider, &QSlider::sliderReleased);
     QTest::mouseClick(&slider, Qt::LeftButton, {}, QPoint(300, 20));
@@ -300,7 +252,7 @@ void tst_ClickToSeekSlider::anEmptyRangeStaysAtItsValue()
     QCOMPARE(released.count(), 1);
 }
 
-void tst_ClickToSeekSlider::otherButtonsAreThoseOfAPlainSlider_data()
+void tst_ClickToSeekSlider::otherButtonsAreThoseOfAnOrdinarySlider_data()
 {
     QTest::addColumn<Qt::MouseButton>("button");
     QTest::newRow("right") << Qt::RightButton;
@@ -308,32 +260,28 @@ void tst_ClickToSeekSlider::otherButtonsAreThoseOfAPlainSlider_data()
     QTest::newRow("back") << Qt::BackButton;
 }
 
-void tst_ClickToSeekSlider::otherButtonsAreThoseOfAPlainSlider()
+void tst_ClickToSeekSlider::otherButtonsAreThoseOfAnOrdinarySlider()
 {
     QFETCH(Qt::MouseButton, button);
-    ClickToSeekSlider slider(Qt::Horizontal);
-    QSlider plain(Qt::Horizontal);
-    for (QSlider *each : {static_cast<QSlider *>(&slider), &plain}) {
-        shapeSlider(*each, {});
-        QTest::mousePress(each, button, {}, QPoint(300, 20));
+    Sliders sliders;
+    ClickToSeekSlider &slider = sliders.slider;
+    QSlider &ordinary = sliders.ordinary;
+    for (const auto act : {QTest::MousePress, QTest::MouseRelease}) {
+        for (QSlider *each : {static_cast<QSlider *>(&slider), &ordinary}) {
+            QTest::mouseEvent(act, each, button, {}, QPoint(300, 20));
+        }
+        QCOMPARE(slider.isSliderDown(), ordinary.isSliderDown());
+        QCOMPARE(slider.value(), ordinary.value());
     }
-    QCOMPARE(slider.isSliderDown(), plain.isSliderDown());
-    QCOMPARE(slider.value(), plain.value());
-    for (QSlider *each : {static_cast<QSlider *>(&slider), &plain}) {
-        QTest::mouseRelease(each, button, {}, QPoint(300, 20));
-    }
-    QCOMPARE(slider.isSliderDown(), plain.isSliderDown());
-    QCOMPARE(slider.value(), plain.value());
 }
 
 void tst_ClickToSeekSlider::anotherButtonsReleaseDoesNotEndTheDrag()
 {
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
+    Sliders sliders;
+    ClickToSeekSlider &slider = sliders.slider;
     const QSignalSpy released(&slider, &QSlider::sliderReleased);
     QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(100, 20));
-    sendMouse(slider, QEvent::MouseButtonRelease, QPointF(300, 20), Qt::RightButton,
-              Qt::LeftButton);
+    sliders.send(QEvent::MouseButtonRelease, QPointF(300, 20), Qt::RightButton, Qt::LeftButton);
     QVERIFY(slider.isSliderDown());
     QCOMPARE(slider.value(), slider.valueFromPos(QPoint(100, 20)));
     QCOMPARE(released.count(), 0);
@@ -341,8 +289,8 @@ void tst_ClickToSeekSlider::anotherButtonsReleaseDoesNotEndTheDrag()
 
 void tst_ClickToSeekSlider::lettingGoEndsTheDragSilently()
 {
-    ClickToSeekSlider slider(Qt::Horizontal);
-    shapeSlider(slider, {});
+    Sliders sliders;
+    ClickToSeekSlider &slider = sliders.slider;
     QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(100, 20));
     const int value = slider.value();
     const QSignalSpy pressed(&slider, &QSlider::sliderPressed);
@@ -350,7 +298,7 @@ void tst_ClickToSeekSlider::lettingGoEndsTheDragSilently()
     slider.letGo();
     QVERIFY(!slider.isSliderDown());
     // The rest of the drag.
-    sendMouse(slider, QEvent::MouseMove, QPointF(250, 20), Qt::NoButton, Qt::LeftButton);
+    sliders.drag(QPointF(250, 20));
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(300, 20));
     QCOMPARE(slider.value(), value);
     QCOMPARE(released.count(), 0);
