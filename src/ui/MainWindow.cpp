@@ -9,8 +9,10 @@
 #include "ui/BrowseTab.h"
 #include "ui/ElidedComboBox.h"
 #include "ui/EpisodePage.h"
+#include "ui/FullscreenChrome.h"
 #include "ui/LoadingOverlay.h"
 #include "ui/PlaybackSession.h"
+#include "ui/PlayerPanel.h"
 #include "ui/Thumbnails.h"
 
 #include <QApplication>
@@ -20,7 +22,6 @@
 #include <QLabel>
 #include <QNetworkAccessManager>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QTabWidget>
@@ -33,7 +34,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int autoRefreshIntervalMs = 1800000;
-constexpr int controlsHideDelayMs = 3000;
 /// A third of the window's width at the start.
 constexpr int sourceComboMaxWidth = 400;
 
@@ -55,7 +55,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
 
     auto *central = new QWidget;
     centralLayout = new QVBoxLayout(central);
-    centralLayout->setContentsMargins(6, 6, 6, 6);
+    centralLayout->setContentsMargins(centralMargin, centralMargin, centralMargin, centralMargin);
     setCentralWidget(central);
     centralLayout->addWidget(buildSourceBar());
 
@@ -65,21 +65,6 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     connect(autoRefreshTimer, &QTimer::timeout, this, &MainWindow::checkAutoRefresh);
     autoRefreshTimer->start();
 
-    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    escape->setContext(Qt::WindowShortcut);
-    escape->setAutoRepeat(false);
-    connect(escape, &QShortcut::activated, this, [this] {
-        if (fullscreen) {
-            toggleFullscreen();
-        }
-    });
-
-    controlsHideTimer = new QTimer(this);
-    controlsHideTimer->setObjectName(u"controlsHideTimer"_s);
-    controlsHideTimer->setSingleShot(true);
-    controlsHideTimer->setInterval(controlsHideDelayMs);
-    connect(controlsHideTimer, &QTimer::timeout, this, &MainWindow::hideFullscreenControls);
-
     setMouseTracking(true);
     qApp->installEventFilter(this);
 
@@ -87,7 +72,8 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     auto *splitter = new QSplitter(Qt::Horizontal);
     splitter->setObjectName(u"splitter"_s);
     splitter->addWidget(tabs);
-    splitter->addWidget(buildPlayerPanel());
+    playerPanel = new PlayerPanel;
+    splitter->addWidget(playerPanel);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 2);
     // The factors only share out what a resize adds. The start is shared out alike, and in pixels:
@@ -95,11 +81,10 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     splitter->setSizes({width() / 3, width() - width() / 3});
     centralLayout->addWidget(splitter, 1);
 
-    buildFullscreenChrome();
+    fullscreenChrome = new FullscreenChrome(playerPanel);
     loadingOverlay = new LoadingOverlay(tabs);
     createCatalogLoader(subscriptionBaseUrl);
     createPlayer();
-    addPlayerShortcuts();
     restoreSources();
 }
 
@@ -154,29 +139,6 @@ QWidget *MainWindow::buildSourceBar()
     connect(refresh, &QPushButton::clicked, this, &MainWindow::refreshActiveSource);
     connect(sourceCombo, &QComboBox::currentIndexChanged, this, &MainWindow::onSourceSelected);
     return sourceBar;
-}
-
-void MainWindow::buildFullscreenChrome()
-{
-    fullscreenChrome = new QWidget(playerPanel);
-    fullscreenChrome->setObjectName(u"fullscreenChrome"_s);
-    fullscreenChrome->hide();
-    fullscreenChrome->setAttribute(Qt::WA_DontCreateNativeAncestors);
-    fullscreenChrome->setAttribute(Qt::WA_NativeWindow);
-    // Asked for now, so that the window exists when it must stack above the picture.
-    fullscreenChrome->winId();
-    fullscreenChromeLayout = new QVBoxLayout(fullscreenChrome);
-    fullscreenChromeLayout->setContentsMargins(0, 0, 0, 0);
-}
-
-void MainWindow::createPlayer()
-{
-    player = new VlcPlayer(videoSurface, this);
-    session = new PlaybackSession(player, this);
-    followSession();
-    connect(player, &VlcPlayer::positionChanged, this, &MainWindow::onPositionChanged);
-    connect(player, &VlcPlayer::pausedChanged, this,
-            [this](bool paused) { playPauseButton->setText(paused ? tr("Play") : tr("Pause")); });
 }
 
 void MainWindow::restoreSources()

@@ -5,6 +5,7 @@
 #include "model/SourceConfig.h"
 #include "providers/XtreamAccount.h"
 #include "ui/EpisodeQueue.h"
+#include "ui/PlaybackErrorBox.h"
 #include "ui/Thumbnails.h"
 
 #include <QHash>
@@ -17,10 +18,11 @@
 
 class BrowseTab;
 class CatalogLoader;
-class ClickToSeekSlider;
 class EpisodePage;
+class FullscreenChrome;
 class LoadingOverlay;
 class PlaybackSession;
+class PlayerPanel;
 class SourceManager;
 class VlcPlayer;
 struct LoadFailure;
@@ -30,10 +32,7 @@ class QComboBox;
 class QLabel;
 class QListWidget;
 class QListWidgetItem;
-class QMenu;
 class QNetworkAccessManager;
-class QPushButton;
-class QSlider;
 class QTimer;
 class QVBoxLayout;
 
@@ -69,16 +68,7 @@ public:
     void playNextEpisode();
     void updateNextEpisodeButton();
 
-    // ---- MainWindowPlayer.cpp: the player panel ----
-
-    /// Shows and hides the panel's rows as media and fullscreen ask.
-    void updatePlayerChrome();
-    /// In fullscreen, shows the chrome and the cursor for the next three seconds.
-    void showFullscreenControls();
-    /// In fullscreen, puts the chrome along the panel's bottom edge.
-    void repositionFullscreenChrome();
-
-    // ---- MainWindowPlayback.cpp: playing entries ----
+    // ---- MainWindowPlayer.cpp: the player ----
 
     /// Plays an entry. A show, and an entry without a URL, change nothing.
     void playMediaItem(const MediaItem &item);
@@ -114,7 +104,7 @@ public Q_SLOTS:
     void openSeriesRow(int row, int column);
     void playChannelRow(int row, int column);
 
-    // ---- MainWindowPlayer.cpp, MainWindowPlayback.cpp ----
+    // ---- MainWindowPlayer.cpp ----
     void togglePlayPause();
     void toggleFullscreen();
     void onVolumeChanged(int value);
@@ -123,8 +113,6 @@ public Q_SLOTS:
     void onPositionChanged(qint64 currentMs, qint64 totalMs);
     void onSeekSliderPressed();
     void onSeekSliderReleased();
-
-    // ---- MainWindowTracks.cpp: tracks, subtitles and what is known of the stream ----
     void showStreamInfo();
     void loadSubtitleFile();
     void showSubtitleMenu();
@@ -132,14 +120,13 @@ public Q_SLOTS:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     // ---- MainWindow.cpp ----
     QWidget *buildSourceBar();
-    void buildFullscreenChrome();
     void createPlayer();
-    void addPlayerShortcuts();
     void restoreSources();
     void showTabsFor(qint32 sourceType);
     void resetBrowseTabs();
@@ -172,25 +159,7 @@ private:
     void playEpisode(int index);
 
     // ---- MainWindowPlayer.cpp ----
-    QWidget *buildPlayerPanel();
-    QWidget *buildSeekRow();
-    QWidget *buildControlsRow();
-    void changeVolumeBy(int delta);
-    void toggleMute();
-    void seekByKey(qint64 deltaMs);
-    void endSeekHold();
-    void setRowVisible(QWidget *row, bool visible);
-    void moveChromeInto(QVBoxLayout *layout);
-    void enterFullscreen();
-    void leaveFullscreen();
-    void hideFullscreenControls();
-
-    // ---- MainWindowTracks.cpp ----
-    void execMenuAbove(QMenu &menu, const QPushButton *button);
-
-    // ---- MainWindowPlayback.cpp ----
-    void followSession();
-    void resetPosition();
+    void setBrowsingVisible(bool visible);
 
     // ---- MainWindowPosters.cpp ----
     void downloadThumbnail(QListWidget *list, const QString &url);
@@ -221,30 +190,10 @@ private:
     // ---- MainWindowPlayer.cpp ----
     VlcPlayer *player = nullptr;
     PlaybackSession *session = nullptr;
-    QWidget *playerPanel = nullptr;
-    QVBoxLayout *playerLayout = nullptr;
-    QWidget *videoSurface = nullptr;
-    QLabel *nowPlayingLabel = nullptr;
-    QWidget *seekRow = nullptr;
-    ClickToSeekSlider *seekSlider = nullptr;
-    QLabel *timeLabel = nullptr;
-    QWidget *controlsRow = nullptr;
-    QPushButton *playPauseButton = nullptr;
-    QPushButton *nextEpisodeButton = nullptr;
-    QPushButton *audioButton = nullptr;
-    QPushButton *subtitlesButton = nullptr;
-    QSlider *volumeSlider = nullptr;
-    QTimer *controlsHideTimer = nullptr;
-    QWidget *fullscreenChrome = nullptr;
-    QVBoxLayout *fullscreenChromeLayout = nullptr;
-    int fullscreenChromeHeight = 0;
-    /// The user holds the seek slider.
-    bool seeking = false;
-    bool fullscreen = false;
-    bool fullscreenControlsVisible = false;
-
-    // ---- MainWindowPlayback.cpp ----
-    bool errorDialogOpen = false;
+    static constexpr int centralMargin = 6;
+    PlayerPanel *playerPanel = nullptr;
+    FullscreenChrome *fullscreenChrome = nullptr;
+    PlaybackErrorBox errorBox;
 
     // ---- MainWindowPosters.cpp ----
     QNetworkAccessManager *thumbnailNetwork = nullptr;

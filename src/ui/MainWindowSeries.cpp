@@ -6,6 +6,7 @@
 #include "ui/BrowseTab.h"
 #include "ui/EpisodePage.h"
 #include "ui/PlaybackSession.h"
+#include "ui/PlayerPanel.h"
 
 #include <QPushButton>
 
@@ -52,6 +53,5 @@ void MainWindow::playNextEpisode()
 void MainWindow::updateNextEpisodeButton()
 {
     const bool episodePlays = session->kind() == StreamKind::Episode;
-    nextEpisodeButton->setVisible(episodePlays);
-    nextEpisodeButton->setEnabled(episodePlays && episodeQueue.hasNext());
+    playerPanel->showNextEpisodeButton(episodePlays, episodePlays && episodeQueue.hasNext());
 }

@@ -8,9 +8,9 @@
 
 using namespace Qt::StringLiterals;
 
-PlaybackSession::PlaybackSession(VlcPlayer *player, QObject *parent)
+PlaybackSession::PlaybackSession(VlcPlayer *vlcPlayer, QObject *parent)
     : QObject(parent)
-    , player(player)
+    , player(vlcPlayer)
     , reconnectTimer(new QTimer(this))
 {
     reconnectTimer->setObjectName(u"reconnectTimer"_s);

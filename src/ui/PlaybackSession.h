@@ -28,8 +28,8 @@ public:
     };
     Q_ENUM(State)
 
-    /// Plays on `player` and listens to it; it is not owned and must outlive the session.
-    PlaybackSession(VlcPlayer *player, QObject *parent);
+    /// Plays on `vlcPlayer` and listens to it; it is not owned and must outlive the session.
+    PlaybackSession(VlcPlayer *vlcPlayer, QObject *parent);
 
     /// Plays a stream of that kind in place of what plays now. `url` is not empty.
     void play(qint32 kind, const QString &url, const QString &title);

@@ -1,6 +1,7 @@
 #include "fakeprovider/HttpServer.h"
 #include "fakeprovider/Streams.h"
 #include "player/VlcPlayer.h"
+#include "support/HttpReplies.h"
 #include "support/TestMain.h"
 #include "ui/PlaybackSession.h"
 
@@ -14,19 +15,13 @@ using State = PlaybackSession::State;
 
 namespace {
 
-HttpReply heldReply()
-{
-    HttpReply reply;
-    reply.held = true;
-    return reply;
-}
-
 /// A session on a real player without a picture, what it reports, and a server. Streams never
 /// answer unless a test lets them.
 class Probe final : public QObject
 {
 public:
-    Probe()
+    explicit Probe(VlcPlayer &vlcPlayer)
+        : player(vlcPlayer)
     {
         server.onPrefix(u"/"_s, [](const HttpRequest &) { return heldReply(); });
         server.onPrefix(u"/sound"_s, [](const HttpRequest &) {
@@ -43,6 +38,9 @@ public:
         connect(&session, &PlaybackSession::failed, this,
                 [this](const QString &message) { log << message; });
     }
+
+    ~Probe() override { player.stop(); }
+    Q_DISABLE_COPY_MOVE(Probe)
 
     /// Plays "/<name>" as an entry of that kind.
     void play(qint32 kind, const QString &name)
@@ -81,7 +79,7 @@ public:
     }
 
     HttpServer server;
-    VlcPlayer player{nullptr, nullptr};
+    VlcPlayer &player;
     PlaybackSession session{&player, nullptr};
     QTimer &timer = *session.findChild<QTimer *>(u"reconnectTimer"_s);
     QStringList log; ///< the signals since the last event
@@ -94,6 +92,8 @@ class tst_PlaybackSession : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { player = std::make_unique<VlcPlayer>(nullptr, nullptr); }
+    void cleanupTestCase() { player.reset(); }
     void states_data();
     void states();
     void aStartIsToldBeforeAndAfter();
@@ -103,6 +103,9 @@ private Q_SLOTS:
     void anInterruptionFromAnotherThreadComesQueued();
     void onlyAChannelHasNoEndOfItsOwn_data();
     void onlyAChannelHasNoEndOfItsOwn();
+
+private:
+    std::unique_ptr<VlcPlayer> player;
 };
 
 void tst_PlaybackSession::states_data()
@@ -164,7 +167,7 @@ void tst_PlaybackSession::states()
 {
     QFETCH(State, state);
     QFETCH(QString, report);
-    Probe probe;
+    Probe probe(*player);
     for (const QString &event : QString::fromLatin1(QTest::currentDataTag()).split(u", "_s)) {
         probe.happen(event);
     }
@@ -177,7 +180,7 @@ void tst_PlaybackSession::states()
 
 void tst_PlaybackSession::aStartIsToldBeforeAndAfter()
 {
-    Probe probe;
+    Probe probe(*player);
     connect(&probe.player, &VlcPlayer::playing, &probe, [&probe] {
         QCOMPARE(probe.session.kind(), StreamKind::Movie);
         QCOMPARE(probe.session.title(), u"film"_s);
@@ -189,7 +192,7 @@ void tst_PlaybackSession::aStartIsToldBeforeAndAfter()
 
 void tst_PlaybackSession::delaysGrowAndStay()
 {
-    Probe probe;
+    Probe probe(*player);
     QVERIFY(probe.timer.isSingleShot());
     probe.happen(u"channel"_s);
     for (const int delay : {1000, 2000, 4000, 8000, 15000, 15000, 15000}) {
@@ -204,7 +207,7 @@ void tst_PlaybackSession::delaysGrowAndStay()
 
 void tst_PlaybackSession::theTimerAlonePlaysTheSameStreamAgain()
 {
-    Probe probe;
+    Probe probe(*player);
     probe.play(StreamKind::Live, u"news"_s);
     QTRY_COMPARE(probe.server.requestCount(u"/news"_s), 1);
     const QSignalSpy playing(&probe.player, &VlcPlayer::playing);
@@ -216,7 +219,7 @@ void tst_PlaybackSession::theTimerAlonePlaysTheSameStreamAgain()
 
 void tst_PlaybackSession::anotherEntryReplacesTheStream()
 {
-    Probe probe;
+    Probe probe(*player);
     probe.play(StreamKind::Live, u"one"_s);
     QTRY_COMPARE(probe.server.openConnections(u"/one"_s), 1);
     probe.play(StreamKind::Live, u"two"_s);
@@ -228,7 +231,7 @@ void tst_PlaybackSession::anotherEntryReplacesTheStream()
 
 void tst_PlaybackSession::anInterruptionFromAnotherThreadComesQueued()
 {
-    Probe probe;
+    Probe probe(*player);
     probe.happen(u"channel"_s);
     const std::unique_ptr<QThread> thread(
         QThread::create([&probe] { Q_EMIT probe.player.playbackInterrupted(u"it broke"_s); }));
@@ -250,7 +253,7 @@ void tst_PlaybackSession::onlyAChannelHasNoEndOfItsOwn_data()
 void tst_PlaybackSession::onlyAChannelHasNoEndOfItsOwn()
 {
     QFETCH(qint32, kind);
-    Probe probe;
+    Probe probe(*player);
     probe.play(kind, u"sound"_s);
     QTRY_VERIFY(probe.player.isPlaying() && probe.player.lengthMs() > 9000);
     probe.player.seek(9500);
