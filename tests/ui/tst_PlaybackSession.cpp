@@ -180,7 +180,9 @@ void tst_PlaybackSession::states()
 
 void tst_PlaybackSession::aStartIsToldBeforeAndAfter()
 {
-    Probe probe(*player);
+    // One without a stream, whose stop it would wait for.
+    VlcPlayer fresh(nullptr, nullptr);
+    Probe probe(fresh);
     connect(&probe.player, &VlcPlayer::playing, &probe, [&probe] {
         QCOMPARE(probe.session.kind(), StreamKind::Movie);
         QCOMPARE(probe.session.title(), u"film"_s);
