@@ -43,7 +43,6 @@ private Q_SLOTS:
     void theRowsOfAFailedFilmLeaveTheFocusToThePanel_data();
     void theRowsOfAFailedFilmLeaveTheFocusToThePanel();
     void hiddenRowsStayHidden();
-    void aLongTitleNeedsNoWidth();
     void theNextEpisodeButton();
     void positionsMoveTheSlider();
     void positionsThatSayNothingAreIgnored_data();
@@ -180,17 +179,6 @@ void tst_PlayerPanel::hiddenRowsStayHidden()
     fixture.panel.setRowsHidden(false);
     QCOMPARE(fixture.shownRows().join(u' '), allRows);
     QCOMPARE(updated.last().at(0).toBool(), true);
-}
-
-void tst_PlayerPanel::aLongTitleNeedsNoWidth()
-{
-    PanelFixture fixture;
-    fixture.play(StreamKind::Live);
-    const QSize least = fixture.panel.minimumSizeHint();
-    fixture.play(StreamKind::Live, u"A name that goes on "_s.repeated(100));
-    QCOMPARE(fixture.panel.minimumSizeHint(), least);
-    fixture.interrupt();
-    QCOMPARE(fixture.panel.minimumSizeHint(), least);
 }
 
 void tst_PlayerPanel::theNextEpisodeButton()

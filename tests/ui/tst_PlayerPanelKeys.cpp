@@ -1,7 +1,6 @@
 #include "PanelFixture.h"
 #include "support/TestMain.h"
 
-#include <QLineEdit>
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QSlider>
@@ -38,7 +37,6 @@ private Q_SLOTS:
     void anotherPanelRemembersTheSameVolume();
     void keysActOnThePanelsChildren_data();
     void keysActOnThePanelsChildren();
-    void keysAreForOthersElsewhere();
     void leftAndRightSeekInAFilm_data();
     void leftAndRightSeekInAFilm();
     void leftAndRightDoNothingOnALiveChannel();
@@ -122,22 +120,6 @@ void tst_PlayerPanelKeys::keysActOnThePanelsChildren()
     const QSignalSpy toggled(&fixture.panel, &PlayerPanel::fullscreenToggled);
     fixture.pressKey(Qt::Key_F);
     QCOMPARE(toggled.count(), 1);
-}
-
-void tst_PlayerPanelKeys::keysAreForOthersElsewhere()
-{
-    PanelFixture fixture;
-    auto &edit = *fixture.window.findChild<QLineEdit *>();
-    edit.setFocus();
-    QVERIFY(edit.hasFocus());
-    const QSignalSpy paused(&fixture.player, &VlcPlayer::pausedChanged);
-    const QSignalSpy toggled(&fixture.panel, &PlayerPanel::fullscreenToggled);
-    for (const Qt::Key key : {Qt::Key_F, Qt::Key_M, Qt::Key_Down, Qt::Key_Space}) {
-        fixture.pressKey(key);
-    }
-    QCOMPARE(paused.count(), 0);
-    QCOMPARE(toggled.count(), 0);
-    QCOMPARE(volumeOf(fixture).value(), 100);
 }
 
 void tst_PlayerPanelKeys::leftAndRightSeekInAFilm_data()
