@@ -8,6 +8,11 @@
 #include <string.h>
 #include <windows.h>
 
+enum
+{
+    asciiPage = 20127
+};
+
 enum Kind
 {
     CodePage,
@@ -48,8 +53,8 @@ static const struct
     {"UCS4", {Utf32, true, 0}},
     {"UCS4LE", {Utf32, false, 0}},
     {"UCS4BE", {Utf32, true, 0}},
-    {"ASCII", {CodePage, false, 20127}},
-    {"USASCII", {CodePage, false, 20127}},
+    {"ASCII", {CodePage, false, asciiPage}},
+    {"USASCII", {CodePage, false, asciiPage}},
     {"LATIN1", {CodePage, false, 28591}},
     {"ISO885911", {CodePage, false, 874}},
     {"TIS620", {CodePage, false, 874}},
@@ -193,6 +198,9 @@ static int decodeUtf16(const unsigned char *in, size_t left, bool bigEndian, uin
 
 static int decodePage(const unsigned char *in, size_t left, UINT page, uint32_t *c)
 {
+    // Windows would ignore the highest bit.
+    if (page == asciiPage && in[0] >= 0x80)
+        return -1;
     CPINFO info;
     const int longest = GetCPInfo(page, &info) ? (int)info.MaxCharSize : 1;
     for (int size = 1; size <= longest; ++size) {
