@@ -1,6 +1,7 @@
 #include "fakeprovider/PosterArt.h"
 
 #include <QBuffer>
+#include <QFontMetrics>
 #include <QImage>
 #include <QLinearGradient>
 #include <QPainter>
@@ -55,10 +56,16 @@ void paintText(QPainter &painter, const QString &title, const QString &line)
     QFont font(u"DejaVu Sans"_s);
     font.setWeight(QFont::Bold);
     font.setPixelSize(34);
+    const QRect box(18, 40, size.width() - 36, 130);
+    constexpr int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+    const QString text = title.toUpper();
+    // A long word is wider than the box.
+    while (font.pixelSize() > 16 &&
+           QFontMetrics(font).boundingRect(box, flags, text).width() > box.width())
+        font.setPixelSize(font.pixelSize() - 2);
     painter.setFont(font);
     painter.setPen(QColor(255, 255, 255, 240));
-    const QRect box(18, 40, size.width() - 36, 130);
-    painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, title.toUpper());
+    painter.drawText(box, flags, text);
     font.setPixelSize(15);
     font.setWeight(QFont::Normal);
     painter.setFont(font);
