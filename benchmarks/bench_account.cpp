@@ -7,11 +7,10 @@
 #include "providers/XtreamCatalog.h"
 #include "support/PrivateProfile.h"
 #include "ui/BrowseTab.h"
-#include "ui/Thumbnails.h"
+#include "ui/PosterStore.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QIcon>
 
 #include <algorithm>
 #include <cstdio>
@@ -71,11 +70,11 @@ private:
     double longest = 0;
 };
 
-void showTab(Kind &kind)
+void showTab(Kind &kind, PosterStore &posters)
 {
     const auto section = kind.section == "live"_L1 ? CatalogSection::Live : CatalogSection::Movie;
-    kind.tab = std::make_unique<BrowseTab>(browseTabSpecs()[static_cast<size_t>(section)],
-                                           QIcon(makePlaceholderPoster()));
+    kind.tab =
+        std::make_unique<BrowseTab>(browseTabSpecs()[static_cast<size_t>(section)], &posters);
     kind.tab->showPage(BrowsePage::Items);
     kind.tab->resize(400, 680);
     kind.tab->show();
@@ -119,6 +118,7 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
 
+    PosterStore posters;
     CatalogGenerator generator;
     generator.setIconBase(u"http://127.0.0.1/posters/"_s);
     std::vector<Kind> kinds;
@@ -132,7 +132,7 @@ int main(int argc, char **argv)
     for (Kind &kind : kinds) {
         CatalogCache::save(source, kind.section,
                            {parseCategories(kind.categoriesReply), kind.parse(kind.itemsReply)});
-        showTab(kind);
+        showTab(kind, posters);
     }
 
     StepTable steps;

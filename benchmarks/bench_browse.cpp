@@ -5,10 +5,9 @@
 #include "model/ItemFilter.h"
 #include "model/ItemIndex.h"
 #include "ui/BrowseTab.h"
-#include "ui/Thumbnails.h"
+#include "ui/PosterStore.h"
 
 #include <QCoreApplication>
-#include <QIcon>
 #include <QLineEdit>
 
 #include <benchmark/benchmark.h>
@@ -29,8 +28,9 @@ QList<MediaItem> movies(const benchmark::State &state)
 /// The items page of a tab on screen, with so many entries.
 std::unique_ptr<BrowseTab> openTab(const benchmark::State &state, CatalogSection section)
 {
-    auto tab = std::make_unique<BrowseTab>(browseTabSpecs()[static_cast<size_t>(section)],
-                                           QIcon(makePlaceholderPoster()));
+    auto *posters = new PosterStore;
+    auto tab = std::make_unique<BrowseTab>(browseTabSpecs()[static_cast<size_t>(section)], posters);
+    posters->setParent(tab.get());
     tab->setItems(movies(state));
     tab->showPage(BrowsePage::Items);
     tab->resize(420, 700);

@@ -1,12 +1,10 @@
 // What finding the posters near the view costs on a scroll step: it must not grow with the grid.
 
 #include "fakeprovider/CatalogGenerator.h"
-#include "model/CatalogSection.h"
-#include "ui/BrowseTab.h"
-#include "ui/Thumbnails.h"
+#include "ui/PosterGrid.h"
+#include "ui/PosterStore.h"
 
 #include <QCoreApplication>
-#include <QIcon>
 #include <QListWidget>
 #include <QScrollBar>
 
@@ -18,20 +16,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A tab of posters on screen with so many entries, its grid scrolled to the middle.
-std::unique_ptr<BrowseTab> openTab(int count)
+/// A poster grid on screen with so many entries, scrolled to its middle.
+std::unique_ptr<QListWidget> openGrid(int count)
 {
-    auto tab =
-        std::make_unique<BrowseTab>(browseTabSpecs()[static_cast<size_t>(CatalogSection::Movie)],
-                                    QIcon(makePlaceholderPoster()));
-    tab->setItems(CatalogGenerator().movies(count, 200));
-    tab->showPage(BrowsePage::Items);
-    tab->resize(420, 700);
-    tab->show();
+    auto grid = std::make_unique<QListWidget>();
+    auto *posters = new PosterStore(grid.get());
+    auto *controller = new PosterGrid(grid.get(), posters);
+    grid->resize(420, 600);
+    grid->show();
+    controller->fill(CatalogGenerator().movies(count, 200));
     QCoreApplication::processEvents();
-    QScrollBar &bar = *tab->posterGrid()->verticalScrollBar();
-    bar.setValue(bar.maximum() / 2);
-    return tab;
+    grid->verticalScrollBar()->setValue(grid->verticalScrollBar()->maximum() / 2);
+    return grid;
 }
 
 /// Looks at the rows from `first` to `last` as a pass does when all near ones were asked for.
@@ -51,8 +47,7 @@ QRect bandOf(const QListWidget &grid)
 
 void posterPass(benchmark::State &state)
 {
-    const auto tab = openTab(static_cast<int>(state.range(0)));
-    const QListWidget *grid = tab->posterGrid();
+    const auto grid = openGrid(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         const QRect band = bandOf(*grid);
         const RowRange rows = rowsInBand(*grid, band);
@@ -64,8 +59,7 @@ BENCHMARK(posterPass)->Arg(1000)->Arg(10000)->Arg(150000)->Unit(benchmark::kMicr
 /// The plain walk over every item, to compare with.
 void posterPassPlain(benchmark::State &state)
 {
-    const auto tab = openTab(static_cast<int>(state.range(0)));
-    const QListWidget *grid = tab->posterGrid();
+    const auto grid = openGrid(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         benchmark::DoNotOptimize(countNear(*grid, bandOf(*grid), 0, grid->count() - 1));
     }

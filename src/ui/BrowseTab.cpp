@@ -3,7 +3,7 @@
 #include "model/ItemFilter.h"
 #include "ui/ActivateKeys.h"
 #include "ui/ElidedLabel.h"
-#include "ui/Thumbnails.h"
+#include "ui/PosterGrid.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -13,7 +13,6 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStackedWidget>
-#include <QStyledItemDelegate>
 #include <QTableWidget>
 
 using namespace Qt::StringLiterals;
@@ -46,30 +45,10 @@ std::span<const BrowseTabSpec> browseTabSpecs()
     return specs;
 }
 
-namespace {
-
-/// Reserves the space of a whole poster for each entry, whatever the size of its picture. The grid
-/// takes the size of one item for all.
-class PosterDelegate final : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->decorationSize = posterSize;
-    }
-};
-
-} // namespace
-
-BrowseTab::BrowseTab(const BrowseTabSpec &spec, const QIcon &placeholder, QWidget *parent)
+BrowseTab::BrowseTab(const BrowseTabSpec &spec, PosterStore *posterStore, QWidget *parent)
     : QWidget(parent)
     , tabTitle(tr(spec.title))
     , forAccounts(spec.forAccounts)
-    , placeholderPoster(placeholder)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -79,7 +58,7 @@ BrowseTab::BrowseTab(const BrowseTabSpec &spec, const QIcon &placeholder, QWidge
     QWidget *itemsPage = buildItemsPage(spec);
     stack->addWidget(categoryPage);
     stack->addWidget(itemsPage);
-    buildView(spec);
+    buildView(spec, posterStore);
     moveViewTo(itemsPage);
     nameWidgets(QString::fromLatin1(spec.prefix));
     connectSearches();
@@ -140,13 +119,14 @@ QBoxLayout *BrowseTab::buildTitleRow()
     return row;
 }
 
-void BrowseTab::buildView(const BrowseTabSpec &spec)
+void BrowseTab::buildView(const BrowseTabSpec &spec, PosterStore *posterStore)
 {
     if (spec.heading != nullptr) {
         buildTable(spec);
         view = table;
     } else {
-        buildPosterGrid();
+        posterList = new QListWidget;
+        posterGrid = new PosterGrid(posterList, posterStore);
         view = posterList;
     }
     view->setAccessibleName(tr(spec.viewName));
@@ -163,24 +143,6 @@ void BrowseTab::buildTable(const BrowseTabSpec &spec)
     table->verticalHeader()->hide();
     // Tab leaves the table instead of moving from cell to cell.
     table->setTabKeyNavigation(false);
-}
-
-void BrowseTab::buildPosterGrid()
-{
-    posterList = new QListWidget;
-    posterList->setViewMode(QListView::IconMode);
-    posterList->setResizeMode(QListView::Adjust);
-    posterList->setMovement(QListView::Static);
-    posterList->setWrapping(true);
-    posterList->setUniformItemSizes(true);
-    posterList->setIconSize(posterSize);
-    posterList->setItemDelegate(new PosterDelegate(posterList));
-    posterList->setSpacing(10);
-    posterList->setSelectionMode(QAbstractItemView::SingleSelection);
-    posterList->setFrameShape(QFrame::NoFrame);
-    posterList->setWordWrap(true);
-    posterList->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    posterList->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
 }
 
 void BrowseTab::nameWidgets(const QString &prefix)
@@ -298,7 +260,7 @@ void BrowseTab::refilter()
     } else {
         filtered =
             index.select(allItems, categoryId, search->text(), sortCombo->currentData().toString());
-        populatePosterGrid();
+        posterGrid->fill(filtered);
     }
 }
 
@@ -363,17 +325,4 @@ void BrowseTab::populateTable()
         }
     }
     table->viewport()->update();
-}
-
-void BrowseTab::populatePosterGrid()
-{
-    posterList->clear();
-    for (const MediaItem &entry : std::as_const(filtered)) {
-        // Added only when complete: changing an item of a list is costly.
-        auto *item = new QListWidgetItem(placeholderPoster, entry.name);
-        item->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
-        item->setData(PosterRole::IconUrl, entry.iconUrl);
-        posterList->addItem(item);
-    }
-    Q_EMIT posterGridFilled();
 }

@@ -3,12 +3,14 @@
 #include "model/CatalogRecords.h"
 #include "model/ItemIndex.h"
 
-#include <QIcon>
 #include <QList>
 #include <QString>
 #include <QWidget>
 
 #include <span>
+
+class PosterGrid;
+class PosterStore;
 
 class QAbstractItemView;
 class QBoxLayout;
@@ -19,13 +21,6 @@ class QListWidget;
 class QListWidgetItem;
 class QStackedWidget;
 class QTableWidget;
-
-/// Item data roles of the poster grid.
-namespace PosterRole {
-inline constexpr int IconUrl = 0x0100 + 1; ///< Qt::UserRole + 1: the poster's URL
-inline constexpr int Requested =
-    0x0100 + 2; ///< Qt::UserRole + 2: true once the poster was requested
-} // namespace PosterRole
 
 /// The pages of a tab's stack.
 namespace BrowsePage {
@@ -57,14 +52,12 @@ class BrowseTab final : public QWidget
     Q_OBJECT
 
 public:
-    /// `placeholder` stands in for the posters of a grid.
-    BrowseTab(const BrowseTabSpec &spec, const QIcon &placeholder, QWidget *parent = nullptr);
+    /// The store gives a grid its posters, and must outlive the tab.
+    BrowseTab(const BrowseTabSpec &spec, PosterStore *posterStore, QWidget *parent = nullptr);
 
     QString title() const { return tabTitle; }
     /// True when the tab is for accounts, false when it is for playlists.
     bool isForAccounts() const { return forAccounts; }
-    /// Null on a tab with a table.
-    QListWidget *posterGrid() const { return posterList; }
 
     /// Replaces the categories. The entries stay as they are.
     void setCategories(const QList<Category> &categories);
@@ -92,16 +85,13 @@ public:
 Q_SIGNALS:
     /// The user chose an entry.
     void activated(const MediaItem &item);
-    /// The poster grid has new items. They are laid out when control returns to the event loop.
-    void posterGridFilled();
 
 private:
     QWidget *buildCategoryPage(const BrowseTabSpec &spec);
     QWidget *buildItemsPage(const BrowseTabSpec &spec);
     QBoxLayout *buildTitleRow();
-    void buildView(const BrowseTabSpec &spec);
+    void buildView(const BrowseTabSpec &spec, PosterStore *posterStore);
     void buildTable(const BrowseTabSpec &spec);
-    void buildPosterGrid();
     void nameWidgets(const QString &prefix);
     void connectSearches();
     void connectLists();
@@ -111,11 +101,9 @@ private:
     void placeViewOn(int page);
     void moveViewTo(QWidget *page);
     void populateTable();
-    void populatePosterGrid();
 
     QString tabTitle;
     bool forAccounts;
-    QIcon placeholderPoster;
 
     QStackedWidget *stack = nullptr;
     QLineEdit *allSearch = nullptr;
@@ -126,6 +114,7 @@ private:
     QComboBox *sortCombo = nullptr;    ///< with posters only
     QTableWidget *table = nullptr;     ///< null with posters
     QListWidget *posterList = nullptr; ///< null with a table
+    PosterGrid *posterGrid = nullptr;  ///< of posterList
     QAbstractItemView *view = nullptr; ///< whichever of the two there is
 
     QString categoryId; ///< of the chosen category; empty for all

@@ -4,7 +4,6 @@
 #include "model/SourceManager.h"
 #include "player/VlcPlayer.h"
 #include "providers/CatalogLoader.h"
-#include "providers/ReplyTimeout.h"
 #include "providers/SubscriptionAddress.h"
 #include "ui/BrowseTab.h"
 #include "ui/ElidedComboBox.h"
@@ -13,14 +12,12 @@
 #include "ui/LoadingOverlay.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlayerPanel.h"
-#include "ui/Thumbnails.h"
 
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
-#include <QNetworkAccessManager>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -45,11 +42,7 @@ MainWindow::MainWindow()
 
 MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     : sourceManager(new SourceManager(this))
-    , thumbnailNetwork(new QNetworkAccessManager(this))
-    , placeholderPoster(makePlaceholderPoster())
 {
-    thumbnailNetwork->setObjectName(u"thumbnailNetwork"_s);
-    thumbnailNetwork->setTransferTimeout(posterTimeoutMs);
     setWindowTitle(tr("Vantiro Player"));
     resize(1200, 750);
 
@@ -66,7 +59,6 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     autoRefreshTimer->start();
 
     setMouseTracking(true);
-    qApp->installEventFilter(this);
 
     buildTabs();
     auto *splitter = new QSplitter(Qt::Horizontal);

@@ -6,12 +6,9 @@
 #include "providers/XtreamAccount.h"
 #include "ui/EpisodeQueue.h"
 #include "ui/PlaybackErrorBox.h"
-#include "ui/Thumbnails.h"
 
 #include <QHash>
-#include <QIcon>
 #include <QMainWindow>
-#include <QPixmap>
 
 #include <functional>
 #include <optional>
@@ -73,15 +70,6 @@ public:
     /// Plays an entry. A show, and an entry without a URL, change nothing.
     void playMediaItem(const MediaItem &item);
 
-    // ---- MainWindowPosters.cpp: thumbnails ----
-
-    /// Asks for the posters of the items in and near the visible part of the grid.
-    void loadVisibleThumbnails(QListWidget *list);
-    /// Does so now and once more when a resized grid has laid out its items anew.
-    void loadThumbnailsAfterResize(QListWidget *list);
-    /// Gives `item` its poster from memory, disk or network.
-    void requestThumbnail(QListWidget *list, QListWidgetItem *item, const QString &url);
-
 public Q_SLOTS:
     // ---- MainWindowEditing.cpp, MainWindow.cpp ----
     void addSource();
@@ -121,7 +109,6 @@ public Q_SLOTS:
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     // ---- MainWindow.cpp ----
@@ -149,7 +136,6 @@ private:
     // ---- MainWindowBrowse.cpp ----
     void buildTabs();
     void addEpisodePage();
-    void connectPosters(const BrowseTab &tab);
     BrowseTab &browseTab(CatalogSection section) const;
     void playEntry(const MediaItem &item);
     void openShow(const MediaItem &show);
@@ -160,11 +146,6 @@ private:
 
     // ---- MainWindowPlayer.cpp ----
     void setBrowsingVisible(bool visible);
-
-    // ---- MainWindowPosters.cpp ----
-    void downloadThumbnail(QListWidget *list, const QString &url);
-    void takeThumbnail(QListWidget *list, const QString &url, const QByteArray &body);
-    void askAgainForThumbnail(QListWidget *list, const QString &url);
 
     // Members, grouped by the same files.
 
@@ -194,12 +175,4 @@ private:
     PlayerPanel *playerPanel = nullptr;
     FullscreenChrome *fullscreenChrome = nullptr;
     PlaybackErrorBox errorBox;
-
-    // ---- MainWindowPosters.cpp ----
-    QNetworkAccessManager *thumbnailNetwork = nullptr;
-    QPixmap placeholderPoster;
-    /// One icon for each poster, shared by all items that show it.
-    QHash<QString, QIcon> thumbnailCache;
-    /// Which rows of each grid wait for which poster.
-    QHash<const QListWidget *, PosterRows> posterRows;
 };

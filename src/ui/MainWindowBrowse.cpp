@@ -2,12 +2,10 @@
 
 #include "ui/BrowseTab.h"
 #include "ui/EpisodePage.h"
+#include "ui/PosterStore.h"
 
-#include <QIcon>
 #include <QListWidget>
-#include <QScrollBar>
 #include <QTabWidget>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -15,11 +13,10 @@ void MainWindow::buildTabs()
 {
     tabs = new QTabWidget;
     tabs->setObjectName(u"tabs"_s);
-    const QIcon placeholder(placeholderPoster);
+    auto *posterStore = new PosterStore(this);
     for (const BrowseTabSpec &spec : browseTabSpecs()) {
-        auto *tab = new BrowseTab(spec, placeholder);
+        auto *tab = new BrowseTab(spec, posterStore);
         browseTabs.append(tab);
-        connectPosters(*tab);
     }
     for (const CatalogSection section :
          {CatalogSection::Live, CatalogSection::Movie, CatalogSection::Channel}) {
@@ -41,21 +38,6 @@ void MainWindow::addEpisodePage()
     connect(episodePage, &EpisodePage::backRequested, &shows,
             [&shows] { shows.showPage(BrowsePage::Items); });
     connect(episodePage, &EpisodePage::episodeChosen, this, &MainWindow::playEpisode);
-}
-
-void MainWindow::connectPosters(const BrowseTab &tab)
-{
-    QListWidget *grid = tab.posterGrid();
-    if (grid == nullptr) {
-        return;
-    }
-    connect(&tab, &BrowseTab::posterGridFilled, this, [this, grid] {
-        posterRows[grid].forget();
-        // Deferred until the grid has laid out its items.
-        QTimer::singleShot(0, this, [this, grid] { loadVisibleThumbnails(grid); });
-    });
-    connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, this,
-            [this, grid] { loadVisibleThumbnails(grid); });
 }
 
 BrowseTab &MainWindow::browseTab(CatalogSection section) const

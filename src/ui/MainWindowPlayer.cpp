@@ -2,7 +2,6 @@
 
 #include "player/VlcPlayer.h"
 #include "providers/CatalogLoader.h"
-#include "ui/BrowseTab.h"
 #include "ui/EntryUrl.h"
 #include "ui/FullscreenChrome.h"
 #include "ui/PlaybackSession.h"
@@ -10,7 +9,6 @@
 
 #include <QBoxLayout>
 #include <QEvent>
-#include <QListWidget>
 #include <QShortcut>
 #include <QTabWidget>
 
@@ -119,16 +117,4 @@ bool MainWindow::event(QEvent *event)
         playerPanel->endSeekHold();
     }
     return QMainWindow::event(event);
-}
-
-bool MainWindow::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() == QEvent::Resize) {
-        for (const BrowseTab *tab : std::as_const(browseTabs)) {
-            if (tab->posterGrid() != nullptr && watched == tab->posterGrid()->viewport()) {
-                loadThumbnailsAfterResize(tab->posterGrid());
-            }
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
 }

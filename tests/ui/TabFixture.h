@@ -3,7 +3,7 @@
 #include "model/CatalogSection.h"
 #include "support/TestMain.h"
 #include "ui/BrowseTab.h"
-#include "ui/Thumbnails.h"
+#include "ui/PosterStore.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -79,8 +79,8 @@ struct Tab
     }
 
     const BrowseTabSpec &spec;
-    const QIcon placeholder{makePlaceholderPoster()};
-    BrowseTab tab{spec, placeholder};
+    PosterStore posters;
+    BrowseTab tab{spec, &posters};
     QStackedWidget &stack = part<QStackedWidget>(u"Stack"_s);
     QListWidget &categories = part<QListWidget>(u"CategoryList"_s);
     QLabel &title = part<QLabel>(u"TitleLabel"_s);
@@ -88,6 +88,6 @@ struct Tab
     QLineEdit &search = part<QLineEdit>(u"Search"_s);
     QAbstractItemView &view =
         part<QAbstractItemView>(spec.heading != nullptr ? u"Table"_s : u"PosterList"_s);
-    QSignalSpy refills{&tab, &BrowseTab::posterGridFilled};
+    QSignalSpy refills{view.model(), &QAbstractItemModel::modelReset}; ///< of a grid
     QSignalSpy activations{&tab, &BrowseTab::activated};
 };

@@ -100,7 +100,7 @@ void tst_BrowseTab::widgets()
     auto &back = *qobject_cast<QPushButton *>(titleRow.itemAt(0)->widget());
     QCOMPARE(back.text(), u"< Back to Categories"_s);
     QWidgetList expected{&back, &tab->title, &tab->search};
-    if (tab->tab.posterGrid() != nullptr) {
+    if (tab->spec.heading == nullptr) {
         expected << &tab->part<QComboBox>(u"SortCombo"_s);
     }
     QCOMPARE(widgetsIn(itemsPage), expected << &tab->view);
@@ -138,7 +138,7 @@ void tst_BrowseTab::categoriesFillTheList()
 
 void tst_BrowseTab::entriesFillTheView()
 {
-    if (tab->tab.posterGrid() == nullptr) {
+    if (tab->spec.heading != nullptr) {
         const auto &table = tab->part<QTableWidget>(u"Table"_s);
         QCOMPARE(table.columnCount(), 1);
         QCOMPARE(table.horizontalHeaderItem(0)->text(), u"Channel"_s);
@@ -275,7 +275,7 @@ void tst_BrowseTab::resetReturnsToTheStart()
     QCOMPARE(tab->allSearch.text() + tab->search.text(), QString());
     QTEST(tab->title.text(), "title");
     QCOMPARE(tab->names(), refills == 0 ? shown : QStringList());
-    QCOMPARE(tab->refills.count(), tab->tab.posterGrid() != nullptr ? refills : 0);
+    QCOMPARE(tab->refills.count(), tab->spec.heading == nullptr ? refills : 0);
     // The entries are gone, and no category is chosen any more.
     tab->tab.refilter();
     QCOMPARE(tab->names(), QStringList());

@@ -1,0 +1,261 @@
+#include "support/TestMain.h"
+#include "ui/PosterIcon.h"
+#include "ui/PosterImage.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QImageWriter>
+#include <QPainter>
+#include <QRandomGenerator>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray encoded(const QImage &image, const char *format = "png")
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImageWriter(&buffer, format).write(image);
+    return bytes;
+}
+
+QByteArray blank(const QSize &size, const char *format = "png",
+                 QImage::Format pixels = QImage::Format_Mono)
+{
+    QImage image(size, pixels);
+    image.fill(1);
+    return encoded(image, format);
+}
+
+QImage noise(const QSize &size, QImage::Format format)
+{
+    QRandomGenerator random(4711);
+    QImage image(size, QImage::Format_ARGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            image.setPixel(x, y, random.generate());
+        }
+    }
+    return image.convertToFormat(format);
+}
+
+/// What an icon paints in the place of a poster on a screen of that pixel ratio.
+QImage painted(const QIcon &icon, qreal pixelRatio, QIcon::Mode mode)
+{
+    QImage screen(QSize(160, 230) * pixelRatio, QImage::Format_ARGB32_Premultiplied);
+    screen.setDevicePixelRatio(pixelRatio);
+    screen.fill(Qt::yellow);
+    QPainter painter(&screen);
+    icon.paint(&painter, QRect(QPoint(7, 11), posterSize), Qt::AlignCenter, mode);
+    return screen;
+}
+
+} // namespace
+
+class tst_PosterImage : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cachePath_data();
+    void cachePath();
+    void placeholder();
+    void posterUrl_data();
+    void posterUrl();
+    void dataUrl_data();
+    void dataUrl();
+    void dataUrlsAreLimited();
+    void decodesRasterPictures_data();
+    void decodesRasterPictures();
+    void refuses_data();
+    void refuses();
+    void paintsWhatTheOriginalPaints_data();
+    void paintsWhatTheOriginalPaints();
+};
+
+void tst_PosterImage::cachePath_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<QString>("digest");
+    QTest::newRow("with letters beyond ASCII")
+        << u"http://a/Überraschung/東京.png"_s
+        << u"db8ecff635c4d5e73cf34e5b714904fbe4d931f12a8c2f078002508e3a07c10e"_s;
+    QTest::newRow("with a query")
+        << u"http://a/b.png?w=140&h=210"_s
+        << u"642de56e3f0618930d62baf6655f030cc6df1baf37a3d37ddb3ab39dbda0ea00"_s;
+    QTest::newRow("very long")
+        << u"http://a/"_s + QString(3000, u'x')
+        << u"91dbea7406420978525657b2666d88e170443af65acbf22560f77b410ccaed13"_s;
+}
+
+void tst_PosterImage::cachePath()
+{
+    QFETCH(QString, url);
+    QFETCH(QString, digest);
+    QCOMPARE(posterCachePath(url),
+             PrivateProfile::current().appDataDir() + u"/thumb_cache/"_s + digest + u".img"_s);
+}
+
+void tst_PosterImage::placeholder()
+{
+    const QImage image = makePlaceholderPoster().pixmap(QSize(1000, 1000)).toImage();
+    QCOMPARE(image.size(), QSize(140, 210));
+    QImage expected(140, 210, image.format());
+    expected.fill(QColor(45, 45, 48));
+    QCOMPARE(image, expected);
+}
+
+void tst_PosterImage::posterUrl_data()
+{
+    QTest::addColumn<bool>("allowed");
+    for (const char *url : {"http://a/b.png", "https://a/b.png", "HTTP://a/b.png"}) {
+        QTest::newRow(url) << true;
+    }
+    for (const char *url : {"file:///etc/passwd", "FILE:///etc/passwd", "/etc/passwd",
+                            "ftp://a/b.png", "data:image/png;base64,AAAA", "qrc:/a.png",
+                            "httpx://a/b.png", "//a/b.png", "b.png", ""}) {
+        QTest::newRow(url) << false;
+    }
+}
+
+void tst_PosterImage::posterUrl()
+{
+    QFETCH(bool, allowed);
+    QCOMPARE(isPosterUrl(QUrl(QString::fromLatin1(QTest::currentDataTag()))), allowed);
+}
+
+void tst_PosterImage::dataUrl_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<QByteArray>("bytes");
+    const auto row = [](const char *name, const QString &url, const QByteArray &bytes = {}) {
+        QTest::newRow(name) << url << bytes;
+    };
+    row("Base64", u"data:image/png;base64,AAEC/f7/"_s, "\x00\x01\x02\xfd\xfe\xff"_ba);
+    row("Base64 without padding", u"data:image/png;base64,YWI"_s, "ab"_ba);
+    row("percent-encoded Base64", u"data:image/png;base64,YWI%3D"_s, "ab"_ba);
+    row("with a parameter", u"data:image/png;name=a.png;base64,YWI="_s, "ab"_ba);
+    row("in capitals", u"DATA:IMAGE/PNG;BASE64,YWI="_s, "ab"_ba);
+    row("percent-encoded", u"data:image/gif,GIF89a%00%ff,%2C"_s, "GIF89a\0\xff,,"_ba);
+    row("no bytes", u"data:image/png;base64,"_s);
+    row("no comma", u"data:image/png;base64"_s);
+    row("no type", u"data:;base64,YWI="_s);
+    row("no image", u"data:text/html;base64,YWI="_s);
+    row("another scheme", u"http://a/image/png;base64,YWI="_s);
+    row("nothing", {});
+}
+
+void tst_PosterImage::dataUrl()
+{
+    QFETCH(QString, url);
+    QFETCH(QByteArray, bytes);
+    QCOMPARE(dataUrlBytes(url), bytes);
+    QCOMPARE(isDataUrl(url), url.startsWith("data:"_L1, Qt::CaseInsensitive));
+}
+
+void tst_PosterImage::dataUrlsAreLimited()
+{
+    const QString head = u"data:image/png,"_s;
+    QCOMPARE(dataUrlBytes(head + QString(maxPosterBytes, u'x')).size(), maxPosterBytes);
+    QVERIFY(dataUrlBytes(head + QString(maxPosterBytes + 1, u'x')).isEmpty());
+    QVERIFY(dataUrlBytes(head + QString(4 * maxPosterBytes, u'x')).isEmpty());
+    const QByteArray tooLong(maxPosterBytes + 1, 'x');
+    QVERIFY(dataUrlBytes(u"data:image/png;base64,"_s + QString::fromLatin1(tooLong.toBase64()))
+                .isEmpty());
+}
+
+void tst_PosterImage::decodesRasterPictures_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QSize>("size");
+    const QSize size(20, 30);
+    for (const char *format : {"png", "jpg", "bmp", "ppm", "xpm"}) {
+        QTest::newRow(format) << blank(size, format, QImage::Format_RGB32) << size;
+    }
+    if (QImageReader::supportedImageFormats().contains("webp")) { // a plugin, not always installed
+        QTest::newRow("webp") << QByteArray::fromBase64(
+                                     "UklGRhwAAABXRUJQVlA4TA8AAAAvCMACAAcQRY7+ByKi/wEA"_ba)
+                              << QSize(9, 12);
+    }
+    QTest::newRow("with bytes behind it") << blank(size) + "trailing"_ba << size;
+    QTest::newRow("sixteen million pixels") << blank({4000, 4000}) << QSize(4000, 4000);
+}
+
+void tst_PosterImage::decodesRasterPictures()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QSize, size);
+    QVERIFY(!bytes.isEmpty());
+    QCOMPARE(decodePoster(bytes).size(), size);
+}
+
+void tst_PosterImage::refuses_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    const QByteArray png = blank({200, 300});
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("text") << "<!DOCTYPE html><html></html>"_ba;
+    QTest::newRow("zeros") << QByteArray(10000, '\0');
+    QTest::newRow("half a PNG") << png.first(png.size() / 2);
+    QTest::newRow("the head of a PNG") << png.first(33);
+    QTest::newRow("more than sixteen million pixels") << blank({4000, 4001});
+    QTest::newRow("very wide") << blank({32000, 600});
+    QTest::newRow("SVG")
+        << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"></svg>"_ba;
+    QTest::newRow("SVG with an XML head")
+        << "<?xml version=\"1.0\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" "
+           "height=\"9\"><image href=\"file:///etc/passwd\"/></svg>"_ba;
+    QTest::newRow("PDF") << "%PDF-1.4\n1 0 obj<</Type/Catalog>>endobj\n"_ba;
+}
+
+void tst_PosterImage::refuses()
+{
+    QFETCH(QByteArray, bytes);
+    QVERIFY(decodePoster(bytes).isNull());
+}
+
+void tst_PosterImage::paintsWhatTheOriginalPaints_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    const auto row = [](const QSize &size, QImage::Format format, const char *formatName) {
+        QTest::addRow("%dx%d %s", size.width(), size.height(), formatName)
+            << encoded(noise(size, format));
+    };
+    // Among them ratios that the painter rounds twice, and pictures that need no reduction.
+    for (const QSize &size :
+         {QSize(600, 900), QSize(1000, 1426), QSize(185, 278), QSize(500, 301), QSize(141, 210),
+          QSize(140, 210), QSize(200, 300), QSize(2, 3), QSize(2000, 20), QSize(20, 2000)}) {
+        row(size, QImage::Format_RGB32, "opaque");
+    }
+    row({600, 850}, QImage::Format_ARGB32, "translucent");
+    row({600, 850}, QImage::Format_Grayscale8, "grey");
+    row({600, 850}, QImage::Format_Indexed8, "indexed");
+    row({600, 850}, QImage::Format_Mono, "mono");
+    const QImage opaque = noise({600, 850}, QImage::Format_RGB32);
+    QTest::newRow("opaque with an alpha channel")
+        << encoded(opaque.convertToFormat(QImage::Format_ARGB32));
+}
+
+void tst_PosterImage::paintsWhatTheOriginalPaints()
+{
+    QFETCH(QByteArray, bytes);
+    QPixmap original;
+    QVERIFY(original.loadFromData(bytes));
+    const QIcon expected(original);
+    for (const qreal pixelRatio : {1.0, 1.25, 1.5, 2.0}) {
+        const QImage reduced = scaledPoster(decodePoster(bytes), pixelRatio);
+        QVERIFY(reduced.width() <= 140 * pixelRatio);
+        QVERIFY(reduced.height() <= 211 * pixelRatio);
+        const QIcon icon = makePosterIcon(QPixmap::fromImage(reduced), original.size());
+        QCOMPARE(icon.availableSizes(), expected.availableSizes());
+        QCOMPARE(icon.actualSize({9999, 9999}), original.size());
+        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected, QIcon::Disabled}) {
+            QCOMPARE(painted(icon, pixelRatio, mode), painted(expected, pixelRatio, mode));
+        }
+    }
+}
+
+VANTIRO_TEST_MAIN(tst_PosterImage)
+#include "tst_PosterImage.moc"
