@@ -5,8 +5,8 @@
 
 #include <optional>
 
-/// A window of another process as Windows itself knows it, and the input that a person gives it.
-/// Rectangles are in pixels of the screen.
+/// A window of any process, found through Windows itself, and a user's input to it. Rectangles are
+/// in pixels of the screen.
 class NativeWindow
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     /// The window without its frame.
     QRect clientRect() const;
-    /// The deepest visible native child of at least that size; empty if there is none.
+    /// The last visible native child of at least that size; empty if there is none.
     QRect childRect(const QSize &minimum) const;
     bool isVisible() const;
     [[nodiscard]] bool waitUntilGone(int timeoutMs = 30000) const;
@@ -34,7 +34,7 @@ private:
     quintptr handle;
 };
 
-/// The keyboard of this desktop; what it types goes to the window that has the focus.
+/// The keyboard of this desktop. Its input goes to the focused window.
 namespace NativeKeyboard {
 
 enum class Key

@@ -1,5 +1,5 @@
-// The player's window on Windows itself: the picture in fullscreen, the menus and the keys. The
-// window is this process's own, so that its controls can be found; input comes through Windows.
+// The player's window on Windows: the picture in fullscreen, the menus and the keys. The window
+// belongs to this process, so that its controls can be found; input is given through Windows.
 
 #include "WindowFixture.h"
 #include "fakeprovider/Streams.h"
@@ -27,7 +27,7 @@ QRect onScreen(const QWidget &widget)
     return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
 }
 
-/// Whether the screen shows the widget there, and not what lies behind it.
+/// Whether the screen shows the widget at its place, and not something that covers it.
 bool isOnTop(QWidget &widget)
 {
     return Screen::difference(Screen::grab(onScreen(widget)), widget.grab().toImage()) < 0.1;
@@ -50,7 +50,8 @@ private Q_SLOTS:
     void keysOfASearchStayThere();
 
 private:
-    /// Opens the window and plays that file as an entry of that kind, until its picture moves.
+    /// Opens the window, plays the stream as an entry of that kind, and waits until its picture
+    /// moves.
     void watch(qint32 kind, const QString &extension, const QString &stream);
     void click(const QWidget &widget) const;
     QWidget &surface() const { return fixture->find<QWidget>(u"videoSurface"_s); }

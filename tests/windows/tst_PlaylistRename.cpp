@@ -21,16 +21,16 @@ QByteArray contentOf(const QString &path)
 
 } // namespace
 
-/// The stored copy of a local playlist where file names do not tell the case of letters.
+/// The stored copy of a local playlist in a file system that ignores case.
 class tst_PlaylistRename : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aNameInOtherLettersCaseKeepsTheCopy();
+    void aNameInAnotherCaseKeepsTheCopy();
 };
 
-void tst_PlaylistRename::aNameInOtherLettersCaseKeepsTheCopy()
+void tst_PlaylistRename::aNameInAnotherCaseKeepsTheCopy()
 {
     const QTemporaryDir directory;
     const QString chosen = directory.filePath(u"chosen.m3u"_s);
@@ -49,7 +49,7 @@ void tst_PlaylistRename::aNameInOtherLettersCaseKeepsTheCopy()
     fixture.open();
     QTRY_COMPARE(WindowFixture::storedNames(), QStringList{u"List"_s});
     QVERIFY(WindowFixture::stored(u"List"_s).url != chosen);
-    // The copy is all that is left.
+    // Only the copy remains.
     QVERIFY(QFile::remove(chosen));
 
     fixture.dialogs.next([](QDialog &dialog) {

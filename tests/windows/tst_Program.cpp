@@ -1,7 +1,7 @@
-// The program on Windows, driven as a person does: its windows are found and its input is given
-// through Windows itself, its pixels are read from the screen. The layout is the window's own, at
-// the size with which it opens. The program is as the packages install it: it finds no other
-// plugins of Qt than theirs.
+// The program on Windows, driven as a user does: windows are found and input is given through
+// Windows itself, and pixels are read from the screen. The program is as the packages install it
+// and finds no plugins of Qt but theirs, and the one that finds its controls for this test
+// (ControlFinder.cpp).
 
 #include "e2e/StoredSources.h"
 #include "fakeprovider/PosterArt.h"
@@ -15,6 +15,7 @@
 #include <QBuffer>
 #include <QDir>
 #include <QDirIterator>
+#include <QLocalSocket>
 #include <QProcess>
 #include <QSettings>
 #include <QStandardPaths>
@@ -30,13 +31,6 @@ constexpr int startMs = 60000;
 
 const QString mainTitle = u"Vantiro Player"_s;
 constexpr QSize minimumPicture(400, 200);
-
-// Where the window has what is clicked, from its top left corner.
-constexpr QPoint moviesTab(133, 64);
-constexpr QPoint searchAll(180, 109);
-constexpr QPoint firstCategory(73, 176);
-constexpr QPoint firstResult(73, 176);
-constexpr QPoint firstPoster(100, 250);
 
 QByteArray playlist(const HttpServer &server)
 {
@@ -106,9 +100,13 @@ private:
     bool start();
     bool closeWindow();
     void checkStoredPlaylist(const QString &url);
-    bool clickUntil(const QList<QPoint> &places, const std::function<bool()> &happened);
+    QRect find(const QString &control, const QString &entry);
+    bool click(const QString &control, const QString &entry = {});
 
     QProcess player;
+    QLocalSocket controls;
+    QString controlsName;
+    int runs = 0;
     std::optional<NativeWindow> window;
 };
 
@@ -118,6 +116,9 @@ void tst_Program::init()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"VANTIRO_NET_DEBUG"_s, u"1"_s);
     environment.remove(u"QT_PLUGIN_PATH"_s);
+    environment.insert(u"QT_QPA_GENERIC_PLUGINS"_s, u"controlfinder"_s);
+    controlsName = u"vantiro-%1-%2"_s.arg(QCoreApplication::applicationPid()).arg(++runs);
+    environment.insert(u"VANTIRO_TEST_CONTROLS"_s, controlsName);
     player.setProcessEnvironment(environment);
     player.setProcessChannelMode(QProcess::ForwardedChannels);
 }
@@ -126,6 +127,7 @@ void tst_Program::cleanup()
 {
     if (QTest::currentTestFailed())
         keepScreenshot(u"failed-"_s + QString::fromLatin1(QTest::currentTestFunction()));
+    controls.abort();
     if (player.state() != QProcess::NotRunning) {
         player.kill();
         player.waitForFinished();
@@ -138,7 +140,8 @@ bool tst_Program::start()
     if (!player.waitForStarted())
         return false;
     window = NativeWindow::waitFor(player.processId(), mainTitle, startMs);
-    return window.has_value();
+    controls.connectToServer(controlsName);
+    return window.has_value() && controls.waitForConnected();
 }
 
 bool tst_Program::closeWindow()
@@ -167,20 +170,30 @@ void tst_Program::checkStoredPlaylist(const QString &url)
     QCOMPARE(section.items.size(), 3);
 }
 
-/// A click may come before what it is meant for is on the screen, so all are repeated until they
-/// show an effect.
-bool tst_Program::clickUntil(const QList<QPoint> &places, const std::function<bool()> &happened)
+/// The place of a control, or of an entry in it, on the screen; empty while it is not visible.
+QRect tst_Program::find(const QString &control, const QString &entry)
 {
-    constexpr int attempts = 20;
-    constexpr int patienceMs = 1000;
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        for (const QPoint &place : places) {
-            window->click(place);
-            if (QTest::qWaitFor(happened, patienceMs))
-                return true;
-        }
-    }
-    return false;
+    controls.write((control + u'\t' + entry + u'\n').toUtf8());
+    const bool answered = QTest::qWaitFor([this] { return controls.canReadLine(); }, startMs);
+    const QList<QByteArray> numbers =
+        answered ? controls.readLine().trimmed().split(' ') : QList<QByteArray>();
+    return numbers.size() == 4 ? QRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(),
+                                       numbers[3].toInt())
+                               : QRect();
+}
+
+/// Clicks into the control, or on an entry of it, as soon as it is visible.
+bool tst_Program::click(const QString &control, const QString &entry)
+{
+    QRect place;
+    const auto isVisible = [&] {
+        place = find(control, entry);
+        return !place.isEmpty();
+    };
+    if (!QTest::qWaitFor(isVisible, startMs))
+        return false;
+    window->click(place.center() - window->clientRect().topLeft());
+    return true;
 }
 
 void tst_Program::asksForASourceOnAnEmptyProfile()
@@ -216,11 +229,11 @@ void tst_Program::addsAPlaylistAndPlaysFromIt()
 
     checkStoredPlaylist(server.url(u"/list.m3u"_s));
 
-    window->click(searchAll);
+    QVERIFY(click(u"channelAllSearch"_s));
     NativeKeyboard::type(u"beta"_s);
     keepScreenshot(u"search"_s);
-    QVERIFY(
-        clickUntil({firstResult}, [&server] { return server.requestCount(u"/beta.ts"_s) > 0; }));
+    QVERIFY(click(u"channelTable"_s, u"Beta"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(server.requestCount(u"/beta.ts"_s) > 0, startMs);
     QCOMPARE(server.requestCount(u"/alpha.ts"_s), 0);
     QVERIFY(desktop::Screen::waitUntilMoving(window->childRect(minimumPicture)));
     keepScreenshot(u"channel"_s);
@@ -247,9 +260,12 @@ void tst_Program::showsPostersAndPlaysAFilm()
     QVERIFY(start());
     QTRY_VERIFY_WITH_TIMEOUT(filesWith(poster) == 1, startMs);
     QVERIFY(!screenShows(accent));
-    QVERIFY(clickUntil({moviesTab, firstCategory}, [&] { return screenShows(accent); }));
+    QVERIFY(click(u"tabs"_s, u"Movies"_s));
+    QVERIFY(click(u"movieCategoryList"_s, u"All Categories"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(screenShows(accent), startMs);
     keepScreenshot(u"posters"_s);
-    QVERIFY(clickUntil({firstPoster}, [&] { return provider.http().requestCount(film) > 0; }));
+    QVERIFY(click(u"moviePosterList"_s, u"Orbit"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(provider.http().requestCount(film) > 0, startMs);
     QVERIFY(desktop::Screen::waitUntilMoving(window->childRect(minimumPicture)));
     keepScreenshot(u"film"_s);
     QVERIFY(closeWindow());
