@@ -144,7 +144,7 @@ void NativeWindow::close() const
 void NativeWindow::moveMouse(const QPoint &place) const
 {
     const QPoint target = clientRect().topLeft() + place;
-    // Absolute places are told in 65,536ths of the screen.
+    // Absolute places are in 65,536ths of the screen.
     const LONG x = MulDiv(target.x(), 65536, GetSystemMetrics(SM_CXSCREEN)) + 1;
     const LONG y = MulDiv(target.y(), 65536, GetSystemMetrics(SM_CYSCREEN)) + 1;
     sendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, x, y);
@@ -159,32 +159,14 @@ void NativeWindow::click(const QPoint &place) const
 
 void NativeKeyboard::press(Key key)
 {
-    switch (key) {
-    case Key::Tab:
-        return pressKey(VK_TAB);
-    case Key::Return:
-        return pressKey(VK_RETURN);
-    case Key::Escape:
-        return pressKey(VK_ESCAPE);
-    case Key::Space:
-        return pressKey(VK_SPACE);
-    case Key::Left:
-        return pressKey(VK_LEFT);
-    case Key::Up:
-        return pressKey(VK_UP);
-    case Key::Right:
-        return pressKey(VK_RIGHT);
-    case Key::Down:
-        return pressKey(VK_DOWN);
-    case Key::F:
-        return pressKey('F');
-    case Key::M:
-        return pressKey('M');
-    case Key::SelectAll:
-        sendKey(VK_CONTROL, 0, 0);
-        pressKey('A');
-        sendKey(VK_CONTROL, 0, KEYEVENTF_KEYUP);
-    }
+    pressKey(static_cast<WORD>(key));
+}
+
+void NativeKeyboard::selectAll()
+{
+    sendKey(VK_CONTROL, 0, 0);
+    pressKey('A');
+    sendKey(VK_CONTROL, 0, KEYEVENTF_KEYUP);
 }
 
 void NativeKeyboard::type(const QString &text)

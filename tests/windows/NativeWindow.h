@@ -37,21 +37,23 @@ private:
 /// The keyboard of this desktop. Its input goes to the focused window.
 namespace NativeKeyboard {
 
-enum class Key
+/// Windows' virtual key codes.
+enum class Key : quint16
 {
-    Tab,
-    Return,
-    Escape,
-    Space,
-    Left,
-    Up,
-    Right,
-    Down,
-    F,
-    M,
-    SelectAll
+    Tab = 0x09,
+    Return = 0x0D,
+    Escape = 0x1B,
+    Space = 0x20,
+    Left = 0x25,
+    Up = 0x26,
+    Right = 0x27,
+    Down = 0x28,
+    F = 'F',
+    M = 'M'
 };
 void press(Key key);
+/// Presses Ctrl+A.
+void selectAll();
 void type(const QString &text);
 
 } // namespace NativeKeyboard

@@ -151,7 +151,7 @@ bool tst_Program::closeWindow()
            player.exitCode() == 0;
 }
 
-/// The registry and the cache file are where a Windows user's lie.
+/// The registry key and the cache file are in the usual places of Windows.
 void tst_Program::checkStoredPlaylist(const QString &url)
 {
     const auto sources = [] { return SourceManager(nullptr).sources(); };
@@ -218,9 +218,9 @@ void tst_Program::addsAPlaylistAndPlaysFromIt()
     QVERIFY(start());
     const auto dialog = NativeWindow::waitFor(player.processId(), u"Add Source"_s);
     QVERIFY(dialog);
-    NativeKeyboard::type(u"M"_s); // chooses the type, which has the focus
+    NativeKeyboard::type(u"M"_s); // selects the type in the focused combo box
     NativeKeyboard::press(Key::Tab);
-    NativeKeyboard::press(Key::SelectAll);
+    NativeKeyboard::selectAll();
     NativeKeyboard::type(u"Home"_s);
     NativeKeyboard::press(Key::Tab);
     NativeKeyboard::type(server.url(u"/list.m3u"_s));
