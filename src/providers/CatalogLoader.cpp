@@ -238,7 +238,7 @@ void CatalogLoader::fetchSection(const AccountSection &part, const Fetch &fetch)
 void CatalogLoader::finishRequest(CatalogSection section, const CatalogCache::Section &halves,
                                   const Fetch &fetch)
 {
-    // Each of the two replies saves both halves as they stand: the later one completes the section.
+    // Each of the two replies saves both halves, so that the later one completes the section.
     if (isCurrent(fetch)) {
         CatalogCache::save(fetch.sourceName, cacheName(section),
                            {lastCategories.value(section), halves.items});

@@ -29,7 +29,7 @@ struct LoadFailure
     };
 
     Step step = Step::KeyExchange;
-    /// What the step was to bring; nothing for a key exchange.
+    /// The section that is missing now; without meaning for a key exchange.
     CatalogSection section = CatalogSection::Live;
     /// For the user: the path of a file, the reason of a download or a key exchange.
     QString detail;
@@ -38,10 +38,11 @@ struct LoadFailure
 /// Loads the catalog of a source and caches it: from the cache while that is fresh and complete,
 /// from the network or a file otherwise. A subscription exchanges its key first, on every load.
 ///
-/// One load is current at a time; the next one leaves it. Replies to a load that was left are still
-/// cached, under the name of their source, unless that source was fetched again or forgotten since.
-/// They are not reported, except that a late playlist is while an account is loaded, whose tabs
-/// hide it, and so is the failure of a late download. GUI thread only.
+/// One load is current at a time; the next load replaces it. Replies to a replaced load are late:
+/// they are still cached under the name of their source, unless that source was fetched again or
+/// forgotten since, but not reported. There are two exceptions: a late playlist is reported while
+/// an account is loaded, because its tab is hidden then, and a late download that fails reports
+/// failed(). GUI thread only.
 class CatalogLoader final : public QObject
 {
     Q_OBJECT
@@ -54,24 +55,25 @@ public:
 
     /// Loads `source`; `force` skips the cache. What needs no network is reported within this call.
     void load(const SourceConfig &source, bool force);
-    /// Leaves the current load and starts from what a new loader knows: no catalog was reported.
+    /// Abandons the current load and forgets the catalog that was reported.
     void reset();
-    /// Drops the replies that are still to come for the source of that name.
+    /// Ignores pending replies for the source of that name.
     void forget(const QString &sourceName);
 
-    /// The client of the account that was loaded last; null before the first one.
+    /// The client of the account that was loaded last; null before the first account.
     XtreamClient *accountClient() const { return xtream; }
 
 Q_SIGNALS:
-    /// The service exchanged the key of the current source. `source` has the account in it.
+    /// The key of the current source was exchanged. `source` contains the account.
     void resolved(const SourceConfig &source);
-    /// A fetch of `source` begins now: `lastUpdated` is the current time. The record is to be
-    /// stored before anything is read.
+    /// A fetch of `source` begins: `lastUpdated` is the current time. Nothing was read yet; the
+    /// receiver stores the record.
     void stamped(const SourceConfig &source);
-    /// More steps are outstanding. Each is followed by one stepDone(), also when its load is left.
+    /// More steps are outstanding. Each is followed by exactly one stepDone(), also when its load
+    /// is replaced.
     void stepsBegun(int steps);
     void stepDone();
-    /// Categories and items of a section arrive in any order; each replaces what was there. A
+    /// Categories and items of a section arrive in any order; each list replaces the former one. A
     /// request that failed reports failed() and then an empty list.
     void categoriesLoaded(CatalogSection section, const QList<Category> &categories);
     void itemsLoaded(CatalogSection section, const QList<MediaItem> &items);
@@ -93,7 +95,7 @@ private:
     void finishStep(quint64 load);
     Fetch beginFetch(const SourceConfig &source, int steps);
     bool isCurrent(const Fetch &fetch) const { return fetch.load == currentLoad; }
-    /// False once the source was fetched again or forgotten; the reply is then of no use.
+    /// False once the source was fetched again or forgotten: the reply is then ignored.
     bool isNewest(const Fetch &fetch) const;
 
     void loadM3uSource(const SourceConfig &source, bool force);
@@ -117,11 +119,11 @@ private:
     /// The number of the current load.
     quint64 currentLoad = 0;
     bool accountIsCurrent = false;
-    /// The steps that the current load still owes.
+    /// Outstanding steps of the current load.
     int owedSteps = 0;
     /// Which load fetched a source last, by the source's name.
     QHash<QString, quint64> newestFetch;
     /// The categories that were reported last. Items that arrive before their categories are cached
-    /// with these.
+    /// together with these.
     QHash<CatalogSection, QList<Category>> lastCategories;
 };

@@ -2,14 +2,14 @@
 
 #include <QList>
 
-/// What came of a catalog request. A failed one has no records; a server that has none to offer
-/// has not failed.
+/// The result of a catalog request. A failed request has no records; a request that returned no
+/// records has not necessarily failed.
 template <typename Record>
 struct CatalogReply
 {
     QList<Record> records;
     bool failed = false;
 
-    /// For callers to whom failed and empty are one.
+    /// For callers that treat failed and empty alike.
     operator const QList<Record> &() const { return records; }
 };

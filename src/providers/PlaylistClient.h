@@ -8,7 +8,7 @@
 
 class QNetworkAccessManager;
 
-/// What came of reading a playlist.
+/// The result of reading a playlist.
 struct PlaylistReply
 {
     enum class Outcome
@@ -23,8 +23,7 @@ struct PlaylistReply
     QString error;   ///< of the network layer, when the download failed
 };
 
-/// Reads playlists, from the network or from disk. GUI thread only. Several reads may run side by
-/// side.
+/// Reads playlists from the network or from disk. GUI thread only. Several reads may run at once.
 class PlaylistClient final : public QObject
 {
     Q_OBJECT

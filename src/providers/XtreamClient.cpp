@@ -26,9 +26,9 @@ void addExtraItem(QUrlQuery &query, const QString &extra)
     }
 }
 
-/// A text as the value of a query item. Servers take a plus sign for a blank, and QUrlQuery leaves
-/// one as it is; and it writes "key" for a null value instead of "key=". What is percent-encoded
-/// already stays so: accounts are pasted in that form.
+/// A text as the value of a query item. Servers read a plus sign as a space, but QUrlQuery does not
+/// encode it; and it writes "key" for a null value instead of "key=". Text that is percent-encoded
+/// stays as it is: accounts are pasted in that form.
 QString queryValue(const QString &text)
 {
     QString value = text.isNull() ? u""_s : text;
@@ -40,8 +40,8 @@ QString categoryItem(const QString &categoryId)
     return categoryId.isEmpty() ? QString() : "category_id="_L1 + categoryId;
 }
 
-/// A callback for request() that hands what `parse` makes of the body to `callback`. `isExpected`
-/// decides about a document without records: nothing to offer, or another document than asked for.
+/// A callback for request() that parses the body and calls `callback`. A reply without records has
+/// failed unless `isExpected` holds for its JSON document.
 template <typename Record>
 auto parsedBy(QList<Record> (*parse)(const QByteArray &), bool (QJsonDocument::*isExpected)() const,
               std::function<void(CatalogReply<Record>)> callback)
@@ -110,7 +110,8 @@ void XtreamClient::request(const QString &action, const QString &extra,
     QNetworkReply *reply = network->get(networkRequest);
     new RedirectFollower(reply);
     keepTimeoutBehindRedirects(reply);
-    // Keeps the password redacted until the reply is traced, whatever account is set meanwhile.
+    // The captured scope redacts the password until the reply is traced, even if another account is
+    // configured before that.
     connect(reply, &QNetworkReply::finished, this,
             [reply, sent = redaction, callback = std::move(callback)] {
                 reply->deleteLater();

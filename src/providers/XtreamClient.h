@@ -17,14 +17,14 @@ class QNetworkAccessManager;
 /// catalog, and the URLs of its streams.
 ///
 /// GUI thread only. Each callback is called exactly once, later, on the GUI thread, unless the
-/// client is destroyed first. Requests are independent and may run side by side; one that
-/// makes no progress for replyTimeoutMs fails, and none is repeated.
+/// client is destroyed first. Requests are independent and may run concurrently; one that makes no
+/// progress for replyTimeoutMs fails. Nothing is retried.
 class XtreamClient final : public QObject
 {
     Q_OBJECT
 
 public:
-    // Callables that take a QList do as well: a reply converts to its records.
+    // A callable that takes a QList works as well: a reply converts to its records.
     using CategoriesCallback = std::function<void(CatalogReply<Category>)>;
     using ItemsCallback = std::function<void(CatalogReply<MediaItem>)>;
     using EpisodesCallback = std::function<void(CatalogReply<Episode>)>;
@@ -59,12 +59,12 @@ public:
     /// @}
 
     /// @name Stream URLs
-    /// The values are put in as they are, without URL encoding.
+    /// The values are inserted without URL encoding.
     /// @{
     QString liveStreamUrl(const QString &streamId, const QString &extension) const;
     QString movieStreamUrl(const QString &streamId, const QString &extension) const;
     QString episodeStreamUrl(const QString &streamId, const QString &extension) const;
-    /// The same for another account than the one that is set.
+    /// The same for the given account.
     static QString episodeStreamUrl(const XtreamAccount &account, const QString &streamId,
                                     const QString &extension);
     /// @}

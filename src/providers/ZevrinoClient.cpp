@@ -85,7 +85,7 @@ void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
                 reply->deleteLater();
                 if (reply->error() != QNetworkReply::NoError) {
                     traceFailedReply("[Zevrino]", *reply);
-                    callback(false, {}, tr("Could not reach server: ") + reply->errorString());
+                    callback(false, {}, tr("Could not reach server: %1").arg(reply->errorString()));
                     return;
                 }
                 const QByteArray replyBody = reply->readAll();

@@ -79,7 +79,7 @@ SourceDialog::SourceDialog(QWidget *parent, const SourceConfig *existing)
     layout->addLayout(typeRow);
     layout->addWidget(pages);
     layout->addWidget(buttons);
-    // Told here, or the first button of the pages would be it.
+    // Set explicitly: otherwise the first button of the pages becomes the default.
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
 
     if (existing != nullptr) {
@@ -220,7 +220,7 @@ void SourceDialog::testConnection()
     testClient->configure(serverEdit->text().trimmed(), usernameEdit->text().trimmed(),
                           passwordEdit->text());
     testClient->testLogin([this](bool ok, const QString &message) {
-        statusLabel->setText(ok ? tr("Connection OK") : tr("Failed: ") + message);
+        statusLabel->setText(ok ? tr("Connection OK") : tr("Failed: %1").arg(message));
     });
 }
 

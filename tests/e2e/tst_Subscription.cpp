@@ -1,8 +1,8 @@
 // A user enters a subscription key, watches a channel, and after a restart the tabs are
 // there again. The service is a TLS server whose certificate the player checks.
 
-#include "SubscriptionEndpoint.h"
 #include "e2e/PlayerSession.h"
+#include "providers/SubscriptionEndpoint.h"
 #include "support/TestMain.h"
 
 #include <QTest>

@@ -6,7 +6,8 @@
 #include "ui/LoadingOverlay.h"
 #include "ui/MainWindow.h"
 
-#include <QDateTime>
+#include <QComboBox>
+#include <QListWidget>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QTableWidget>
@@ -142,73 +143,6 @@ void WindowFixture::setReplyTimeout(int milliseconds) const
     }
 }
 
-namespace {
-
-SourceConfig source(qint32 type, const QString &name, const QString &url, qint64 ageSeconds)
-{
-    SourceConfig config = defaultSourceConfig();
-    config.type = type;
-    config.name = name;
-    config.url = url;
-    config.lastUpdated =
-        ageSeconds == neverLoaded ? 0 : QDateTime::currentSecsSinceEpoch() - ageSeconds;
-    return config;
-}
-
-} // namespace
-
-SourceConfig playlistSource(const QString &name, const QString &url, qint64 ageSeconds)
-{
-    return source(SourceType::Playlist, name, url, ageSeconds);
-}
-
-SourceConfig accountSource(const QString &name, const QString &url, qint64 ageSeconds)
-{
-    SourceConfig config = source(SourceType::Xtream, name, url, ageSeconds);
-    config.username = u"u"_s;
-    config.password = u"p"_s;
-    return config;
-}
-
-MediaItem entry(qint32 type, const QString &name, const QString &categoryId)
-{
-    MediaItem item;
-    item.type = type;
-    item.id = name;
-    item.name = name;
-    item.categoryId = categoryId;
-    return item;
-}
-
-MediaItem channel(const QString &name, const QString &url, const QString &group)
-{
-    MediaItem item = entry(StreamKind::Live, name, group);
-    item.id = url;
-    item.streamUrl = url;
-    return item;
-}
-
-HttpReply bodyReply(const QByteArray &body)
-{
-    HttpReply reply;
-    reply.body = body;
-    return reply;
-}
-
-HttpReply statusReply(int status)
-{
-    HttpReply reply;
-    reply.status = status;
-    return reply;
-}
-
-HttpReply heldReply(const QByteArray &body)
-{
-    HttpReply reply = bodyReply(body);
-    reply.held = true;
-    return reply;
-}
-
 QStringList rowTexts(const QTableWidget &table)
 {
     QStringList texts;
@@ -216,4 +150,43 @@ QStringList rowTexts(const QTableWidget &table)
         texts << table.item(row, 0)->text();
     }
     return texts;
+}
+
+QStringList rowTexts(const QListWidget &list)
+{
+    QStringList texts;
+    for (int row = 0; row < list.count(); ++row) {
+        texts << list.item(row)->text();
+    }
+    if (!texts.isEmpty() && texts.first() == "All Categories"_L1) {
+        texts.removeFirst();
+    }
+    return texts;
+}
+
+AccountCatalog shownCatalog(const WindowFixture &fixture)
+{
+    return {rowTexts(fixture.find<QListWidget>(u"liveCategoryList"_s)),
+            rowTexts(fixture.find<QTableWidget>(u"liveTable"_s)),
+            rowTexts(fixture.find<QListWidget>(u"movieCategoryList"_s)),
+            rowTexts(fixture.find<QListWidget>(u"moviePosterList"_s)),
+            rowTexts(fixture.find<QListWidget>(u"seriesCategoryList"_s)),
+            rowTexts(fixture.find<QListWidget>(u"seriesPosterList"_s))};
+}
+
+QStringList shownChannels(const WindowFixture &fixture)
+{
+    return rowTexts(fixture.find<QTableWidget>(u"channelTable"_s));
+}
+
+QStringList sourceNames(const WindowFixture &fixture)
+{
+    const auto &combo = fixture.find<QComboBox>(u"sourceCombo"_s);
+    QStringList names;
+    for (int index = 0; index < combo.count(); ++index) {
+        // Text and data are both the name.
+        const QString data = combo.itemData(index).toString();
+        names << (combo.itemText(index) == data ? data : u"text and data differ"_s);
+    }
+    return names;
 }

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "DialogAnswers.h"
-#include "fakeprovider/HttpServer.h"
-#include "model/CatalogCache.h"
-#include "model/SourceConfig.h"
+#include "providers/SampleCatalogs.h"
+#include "support/HttpReplies.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -15,6 +14,7 @@
 
 class LoadingOverlay;
 class MainWindow;
+class QListWidget;
 class QNetworkReply;
 class QTableWidget;
 class QTimer;
@@ -72,21 +72,14 @@ private:
     std::unique_ptr<MainWindow> mainWindow;
 };
 
-/// A playlist source that was loaded `ageSeconds` ago.
-SourceConfig playlistSource(const QString &name, const QString &url, qint64 ageSeconds = 0);
-/// An account source (user "u", password "p") that was loaded `ageSeconds` ago.
-SourceConfig accountSource(const QString &name, const QString &url, qint64 ageSeconds = 0);
-/// The age of a source that was never loaded.
-inline constexpr qint64 neverLoaded = -1;
-
-MediaItem entry(qint32 type, const QString &name, const QString &categoryId = {});
-/// A live channel of a playlist.
-MediaItem channel(const QString &name, const QString &url, const QString &group);
-
-HttpReply bodyReply(const QByteArray &body);
-HttpReply statusReply(int status);
-/// Waits for HttpServer::release().
-HttpReply heldReply(const QByteArray &body = {});
-
 /// The texts of a table's first column, from top to bottom.
 QStringList rowTexts(const QTableWidget &table);
+/// The names in a category list, without "All Categories", or in a poster grid.
+QStringList rowTexts(const QListWidget &list);
+
+/// What the three tabs of an account show now.
+AccountCatalog shownCatalog(const WindowFixture &fixture);
+/// What the Channels tab shows now.
+QStringList shownChannels(const WindowFixture &fixture);
+/// The texts of the source selector.
+QStringList sourceNames(const WindowFixture &fixture);

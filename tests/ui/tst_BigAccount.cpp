@@ -1,4 +1,4 @@
-#include "AccountFixture.h"
+#include "WindowFixture.h"
 #include "providers/XtreamCatalog.h"
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
@@ -28,22 +28,6 @@ QList<int> shownCounts(const WindowFixture &fixture)
 const QList<int> wholeCounts{size.categories, size.channels,   size.categories,
                              size.films,      size.categories, size.shows};
 
-QStringList names(const QList<MediaItem> &items)
-{
-    QStringList result;
-    result.reserve(items.size());
-    for (const MediaItem &item : items) {
-        result << item.name;
-    }
-    return result;
-}
-
-QStringList sorted(QStringList list)
-{
-    list.sort();
-    return list;
-}
-
 } // namespace
 
 /// An account as large as the largest that people have.
@@ -66,10 +50,10 @@ void tst_BigAccount::compareWithTheServer(const WindowFixture &fixture) const
     QCOMPARE(shownCounts(fixture), wholeCounts);
     const AccountCatalog shown = shownCatalog(fixture);
     // Channels come as the provider sends them, the grids in the order of their sort box.
-    QVERIFY(shown[1] == names(parseLiveStreams(provider.reply(XtreamAction::liveStreams))));
+    QVERIFY(shown[1] == namesOf(parseLiveStreams(provider.reply(XtreamAction::liveStreams))));
     QVERIFY(sorted(shown[3]) ==
-            sorted(names(parseVodStreams(provider.reply(XtreamAction::vodStreams)))));
-    QVERIFY(sorted(shown[5]) == sorted(names(parseSeries(provider.reply(XtreamAction::series)))));
+            sorted(namesOf(parseVodStreams(provider.reply(XtreamAction::vodStreams)))));
+    QVERIFY(sorted(shown[5]) == sorted(namesOf(parseSeries(provider.reply(XtreamAction::series)))));
     for (const int grid : {3, 5}) {
         QVERIFY(std::is_sorted(shown[grid].begin(), shown[grid].end(),
                                [](const QString &a, const QString &b) {

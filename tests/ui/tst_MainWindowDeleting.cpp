@@ -1,4 +1,4 @@
-#include "AccountFixture.h"
+#include "WindowFixture.h"
 #include "support/TestMain.h"
 #include "ui/MainWindow.h"
 
@@ -15,26 +15,6 @@ using namespace Qt::StringLiterals;
 using Manner = XtreamProvider::Manner;
 
 namespace {
-
-HttpReply playlistReply(const QString &channelName)
-{
-    return bodyReply("#EXTINF:-1,"_ba + channelName.toUtf8() + "\nhttp://127.0.0.1:9/1\n");
-}
-
-QStringList shownChannels(const WindowFixture &fixture)
-{
-    return rowTexts(fixture.find<QTableWidget>(u"channelTable"_s));
-}
-
-QStringList comboItems(const WindowFixture &fixture)
-{
-    const auto &combo = fixture.find<QComboBox>(u"sourceCombo"_s);
-    QStringList items;
-    for (int index = 0; index < combo.count(); ++index) {
-        items << combo.itemText(index);
-    }
-    return items;
-}
 
 void deleteCurrent(WindowFixture &fixture)
 {
@@ -67,8 +47,7 @@ private Q_SLOTS:
     void twinGoesWhenOneIsRenamed();
     void deletingTheLastRowLoadsTheOneAbove();
     void renamingRemovesTheOldRecordFirst();
-    void latePlaylistIsNotStoredAgain();
-    void lateAccountIsNotStoredAgain();
+    void lateRepliesAreNotStoredAgain();
     void deletingTheLastEmptiesTheTabs();
 
 private:
@@ -79,7 +58,7 @@ void tst_MainWindowDeleting::init()
 {
     server = std::make_unique<HttpServer>();
     for (const QString &name : {u"a"_s, u"b"_s, u"c"_s}) {
-        server->on(u'/' + name, playlistReply(name));
+        server->on(u'/' + name, bodyReply(oneChannel(name)));
     }
 }
 
@@ -98,10 +77,10 @@ void tst_MainWindowDeleting::twinGoesAsWell()
     });
     fixture.window().addSource();
     QTRY_COMPARE(shownChannels(fixture), QStringList{u"b"_s});
-    QCOMPARE(comboItems(fixture), (QStringList{u"A"_s, u"C"_s, u"A"_s}));
+    QCOMPARE(sourceNames(fixture), (QStringList{u"A"_s, u"C"_s, u"A"_s}));
 
     deleteCurrent(fixture);
-    QCOMPARE(comboItems(fixture), QStringList{u"C"_s});
+    QCOMPARE(sourceNames(fixture), QStringList{u"C"_s});
     QCOMPARE(WindowFixture::storedNames(), QStringList{u"C"_s});
     QTRY_COMPARE(shownChannels(fixture), QStringList{u"c"_s});
     QCOMPARE(server->requestCount(u"/c"_s), 1);
@@ -117,7 +96,7 @@ void tst_MainWindowDeleting::twinGoesWhenOneIsRenamed()
     combo.addItem(u"A"_s, u"A"_s);
     combo.setCurrentIndex(2);
     renameCurrent(fixture, u"New"_s, server->url(u"/b"_s));
-    QCOMPARE(comboItems(fixture), (QStringList{u"C"_s, u"New"_s}));
+    QCOMPARE(sourceNames(fixture), (QStringList{u"C"_s, u"New"_s}));
     QCOMPARE(combo.currentText(), u"New"_s);
     QTRY_COMPARE(shownChannels(fixture), QStringList{u"b"_s});
     QCOMPARE(server->requestCount(u"/c"_s), 0);
@@ -134,7 +113,7 @@ void tst_MainWindowDeleting::deletingTheLastRowLoadsTheOneAbove()
     QTRY_COMPARE(shownChannels(fixture), QStringList{u"c"_s});
     deleteCurrent(fixture);
     QTRY_COMPARE(shownChannels(fixture), QStringList{u"b"_s});
-    QCOMPARE(comboItems(fixture), (QStringList{u"a"_s, u"b"_s}));
+    QCOMPARE(sourceNames(fixture), (QStringList{u"a"_s, u"b"_s}));
     QCOMPARE(fixture.find<QComboBox>(u"sourceCombo"_s).currentIndex(), 1);
     QCOMPARE(WindowFixture::storedLastActive(), u"b"_s);
     QCOMPARE(server->requestCount(u"/b"_s), 1);
@@ -159,27 +138,7 @@ void tst_MainWindowDeleting::renamingRemovesTheOldRecordFirst()
     QCOMPARE(WindowFixture::stored(u"C"_s).url, server->url(u"/b"_s));
 }
 
-void tst_MainWindowDeleting::latePlaylistIsNotStoredAgain()
-{
-    WindowFixture fixture;
-    server->on(u"/held"_s, heldReply("#EXTINF:-1,Late\nhttp://127.0.0.1:9/1\n"_ba));
-    WindowFixture::store(playlistSource(u"A"_s, server->url(u"/held"_s), neverLoaded));
-    WindowFixture::store(accountSource(u"Account"_s, u"http://127.0.0.1:9"_s));
-    cacheCatalog(u"Account"_s, madeUpCatalog(u"Old"_s));
-    fixture.open();
-    QTRY_COMPARE(server->openConnections(), 1);
-    deleteCurrent(fixture);
-    QVERIFY(!fixture.overlayShown());
-    server->release(u"/held"_s);
-    QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
-    QCOMPARE(WindowFixture::storedNames(), QStringList{u"Account"_s});
-    CatalogCache::Section section;
-    QVERIFY(!CatalogCache::load(u"A"_s, u"channel"_s, section));
-    QCOMPARE(shownChannels(fixture), QStringList());
-    QCOMPARE(shownCatalog(fixture), madeUpCatalog(u"Old"_s));
-}
-
-void tst_MainWindowDeleting::lateAccountIsNotStoredAgain()
+void tst_MainWindowDeleting::lateRepliesAreNotStoredAgain()
 {
     XtreamProvider provider;
     serve(provider, madeUpCatalog(u"New"_s));
@@ -191,13 +150,11 @@ void tst_MainWindowDeleting::lateAccountIsNotStoredAgain()
     // The only one: nothing takes its place.
     deleteCurrent(fixture);
     QVERIFY(!fixture.overlayShown());
-    for (const QString &action : XtreamAction::catalog()) {
-        provider.release(action);
-    }
+    releaseCatalog(provider);
     QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
     QCOMPARE(WindowFixture::storedNames(), QStringList());
-    QCOMPARE(cachedCatalog(u"A"_s), AccountCatalog(accountParts, notCached));
-    QCOMPARE(shownCatalog(fixture), AccountCatalog(accountParts));
+    QCOMPARE(cachedCatalog(u"A"_s), nothingCached);
+    QCOMPARE(shownCatalog(fixture), emptyCatalog);
     fixture.window().checkAutoRefresh();
     fixture.window().refreshActiveSource();
     QCOMPARE(WindowFixture::storedNames(), QStringList());
@@ -223,8 +180,8 @@ void tst_MainWindowDeleting::deletingTheLastEmptiesTheTabs()
 
     deleteCurrent(fixture);
     deleteCurrent(fixture);
-    QCOMPARE(comboItems(fixture), QStringList());
-    QCOMPARE(shownCatalog(fixture), AccountCatalog(accountParts));
+    QCOMPARE(sourceNames(fixture), QStringList());
+    QCOMPARE(shownCatalog(fixture), emptyCatalog);
     QCOMPARE(shownChannels(fixture), QStringList());
     QCOMPARE(episodes.topLevelItemCount(), 0);
     for (const QString &tab : {u"live"_s, u"movie"_s, u"series"_s, u"channel"_s}) {

@@ -36,11 +36,6 @@ void storeCachedAccount(const QString &name)
     CatalogCache::save(name, u"series"_s, {{{u"1"_s, u"S"_s}}, {entry(2, name, u"1"_s)}});
 }
 
-QStringList shownChannels(const WindowFixture &fixture)
-{
-    return rowTexts(fixture.find<QTableWidget>(u"channelTable"_s));
-}
-
 QString visibleTabs(const WindowFixture &fixture)
 {
     const auto &tabs = fixture.find<QTabWidget>(u"tabs"_s);
@@ -137,7 +132,7 @@ void tst_MainWindowSources::oneSourceIsLoadedAlthoughItIsCurrent()
 {
     WindowFixture fixture;
     HttpServer server;
-    server.on(u"/list.m3u"_s, bodyReply("#EXTINF:-1,One\nhttp://127.0.0.1:9/1\n"_ba));
+    server.on(u"/list.m3u"_s, bodyReply(oneChannel(u"One"_s)));
     WindowFixture::store(playlistSource(u"Only"_s, server.url(u"/list.m3u"_s), neverLoaded));
     WindowFixture::storeLastActive(u"Only"_s);
     fixture.open();
@@ -300,7 +295,7 @@ void tst_MainWindowSources::refreshFetchesAlthoughTheCacheIsFresh()
 {
     WindowFixture fixture;
     HttpServer server;
-    server.on(u"/list.m3u"_s, bodyReply("#EXTINF:-1,New\nhttp://127.0.0.1:9/1\n"_ba));
+    server.on(u"/list.m3u"_s, bodyReply(oneChannel(u"New"_s)));
     storeCachedPlaylist(u"A"_s, hour, server.url(u"/list.m3u"_s));
     fixture.open();
     QCOMPARE(shownChannels(fixture), QStringList{u"A"_s});
@@ -338,7 +333,7 @@ void tst_MainWindowSources::autoRefreshFetchesAfterADay()
 {
     WindowFixture fixture;
     HttpServer server;
-    server.on(u"/list.m3u"_s, bodyReply("#EXTINF:-1,New\nhttp://127.0.0.1:9/1\n"_ba));
+    server.on(u"/list.m3u"_s, bodyReply(oneChannel(u"New"_s)));
     storeCachedPlaylist(u"A"_s, 0, server.url(u"/list.m3u"_s));
     MainWindow &window = fixture.open();
     // Young enough for now, a day old two seconds later.

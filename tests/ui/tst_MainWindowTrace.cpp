@@ -4,7 +4,6 @@
 #include "support/TraceCapture.h"
 #include "ui/MainWindow.h"
 
-#include <QFile>
 #include <QTableWidget>
 #include <QUrl>
 
@@ -49,11 +48,7 @@ class tst_MainWindowTrace : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init() { server = std::make_unique<HttpServer>(); }
-    void aDownload();
-    void aFailedDownload();
-    void aFileAndTheCacheWriteNothing();
     void playingAndReconnecting();
-    void aRedirectToACredential();
     void innocentFoldersAreTraced();
     void noLineShowsThePassword_data();
     void noLineShowsThePassword();
@@ -65,51 +60,6 @@ private:
 void tst_MainWindowTrace::initTestCase()
 {
     QVERIFY2(netDebugEnabled(), "run with VANTIRO_NET_DEBUG=1");
-}
-
-void tst_MainWindowTrace::aDownload()
-{
-    WindowFixture fixture;
-    server->on(u"/list.m3u"_s, bodyReply("#EXTINF:-1,One\nhttp://127.0.0.1:9/1\n"_ba));
-    WindowFixture::store(playlistSource(u"A"_s, server->url(u"/list.m3u"_s), neverLoaded));
-    TraceCapture capture;
-    fixture.open();
-    QTRY_VERIFY(!fixture.overlayShown());
-    QCOMPARE(traceLines(capture.take()),
-             (QStringList{u"[M3U] -> "_s + server->url(u"/list.m3u"_s) + u' ',
-                          u"[M3U] <- 36 bytes "_s}));
-}
-
-void tst_MainWindowTrace::aFailedDownload()
-{
-    WindowFixture fixture;
-    WindowFixture::store(playlistSource(u"A"_s, server->url(u"/missing"_s), neverLoaded));
-    TraceCapture capture;
-    fixture.open();
-    QTRY_COMPARE(fixture.dialogs.seen().size(), 1);
-    const QStringList lines = traceLines(capture.take());
-    QCOMPARE(lines.size(), 2);
-    QCOMPARE(lines.at(0), u"[M3U] -> "_s + server->url(u"/missing"_s) + u' ');
-    QString error = fixture.dialogs.seen().at(0).text;
-    error.remove(u"Failed to download playlist: "_s);
-    QCOMPARE(lines.at(1), u"[M3U] <- error: "_s + error + u' ');
-}
-
-void tst_MainWindowTrace::aFileAndTheCacheWriteNothing()
-{
-    const QTemporaryDir directory;
-    const QString path = directory.filePath(u"list.m3u"_s);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("#EXTINF:-1,One\nhttp://127.0.0.1:9/1\n"_ba);
-    file.close();
-    WindowFixture fixture;
-    WindowFixture::store(playlistSource(u"A"_s, path, neverLoaded));
-    TraceCapture capture;
-    MainWindow &window = fixture.open();
-    QCOMPARE(fixture.find<QTableWidget>(u"channelTable"_s).rowCount(), 1);
-    window.onSourceSelected(0);
-    QCOMPARE(traceLines(capture.take()), QStringList());
 }
 
 void tst_MainWindowTrace::playingAndReconnecting()
@@ -127,21 +77,6 @@ void tst_MainWindowTrace::playingAndReconnecting()
              (QStringList{u"[VLC] play -> "_s + server->url(u"/stream"_s) + u' ',
                           u"[VLC] live reconnect attempt 1 - it \"broke\" \\ twice "_s,
                           u"[VLC] live reconnect attempt 2 - again "_s}));
-}
-
-void tst_MainWindowTrace::aRedirectToACredential()
-{
-    WindowFixture fixture;
-    server->on(u"/list.m3u"_s, HttpReply::redirect(u"/cdn/list?token=Hop%20Token&x=Hop%20Token"_s));
-    WindowFixture::store(playlistSource(u"A"_s, server->url(u"/list.m3u"_s), neverLoaded));
-    TraceCapture capture;
-    fixture.open();
-    QTRY_COMPARE(fixture.dialogs.seen().size(), 1);
-    const QStringList lines = traceLines(capture.take());
-    QCOMPARE(lines.size(), 2);
-    QCOMPARE(lines.at(1), u"[M3U] <- error: Error transferring "_s +
-                              server->url(u"/cdn/list?token=***&x=***"_s) +
-                              u" - server replied: Not Found "_s);
 }
 
 void tst_MainWindowTrace::innocentFoldersAreTraced()

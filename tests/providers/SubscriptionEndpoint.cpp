@@ -1,4 +1,4 @@
-#include "SubscriptionEndpoint.h"
+#include "providers/SubscriptionEndpoint.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

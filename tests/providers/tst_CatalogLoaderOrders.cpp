@@ -1,9 +1,6 @@
-#include "AccountFixture.h"
+#include "providers/LoadRecorder.h"
 #include "support/TestMain.h"
-#include "ui/MainWindow.h"
 
-#include <QComboBox>
-#include <QFile>
 #include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -16,9 +13,6 @@ using namespace Qt::StringLiterals;
 using Manner = XtreamProvider::Manner;
 
 namespace {
-
-const AccountCatalog emptyCatalog(accountParts);
-const AccountCatalog nothingCached(accountParts, notCached);
 
 /// One reply that is still out.
 struct Reply
@@ -39,16 +33,17 @@ QList<Reply> repliesOf(XtreamProvider &provider, const AccountCatalog &catalog,
     return replies;
 }
 
-/// What window and cache must hold, worked out step by step from the replies in their order.
+/// What is reported and what the cache must hold, worked out step by step from the replies in their
+/// order.
 struct Expectation
 {
     QString active = u"A"_s;
-    AccountCatalog held = emptyCatalog;  ///< by the window
-    AccountCatalog shown = emptyCatalog; ///< by the lists
+    AccountCatalog held = emptyCatalog;  ///< for the current load
+    AccountCatalog shown = emptyCatalog; ///< what was reported last
     QHash<QString, AccountCatalog> arrived;
     QHash<QString, AccountCatalog> cached;
 
-    /// A load empties the entries that the window holds; categories and lists stay as they are.
+    /// A load begins without entries; the categories stay until new ones come.
     void loadBegins(const QString &source)
     {
         active = source;
@@ -96,15 +91,6 @@ List shuffled(List list, quint32 seed)
     return list;
 }
 
-QJsonObject cacheFile(const QString &source)
-{
-    QFile file(PrivateProfile::current().appDataDir() + "/catalog_cache/"_L1 + source + ".json"_L1);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    return QJsonDocument::fromJson(file.readAll()).object();
-}
-
 void addSeeds(int count)
 {
     QTest::addColumn<quint32>("seed");
@@ -116,7 +102,7 @@ void addSeeds(int count)
 } // namespace
 
 /// The six replies of an account may come in any order, and those of two accounts in any mixture.
-class tst_MainWindowAccountOrders : public QObject
+class tst_CatalogLoaderOrders : public QObject
 {
     Q_OBJECT
 
@@ -133,7 +119,7 @@ private Q_SLOTS:
 
 private:
     /// Lets the replies come in one by one and compares after each of them.
-    void takeOneByOne(const WindowFixture &fixture, const QList<Reply> &replies,
+    void takeOneByOne(const LoadRecorder &recorder, const QList<Reply> &replies,
                       Expectation &expectation);
 
     std::unique_ptr<XtreamProvider> provider;
@@ -141,50 +127,48 @@ private:
     QJsonObject fileOfFirstOrder;
 };
 
-void tst_MainWindowAccountOrders::init()
+void tst_CatalogLoaderOrders::init()
 {
     provider = std::make_unique<XtreamProvider>();
     serve(*provider, catalog);
     provider->setMannerOfCatalog(Manner::Held);
 }
 
-void tst_MainWindowAccountOrders::takeOneByOne(const WindowFixture &fixture,
-                                               const QList<Reply> &replies,
-                                               Expectation &expectation)
+void tst_CatalogLoaderOrders::takeOneByOne(const LoadRecorder &recorder,
+                                           const QList<Reply> &replies, Expectation &expectation)
 {
     qsizetype owed = std::count_if(replies.begin(), replies.end(), [&](const Reply &reply) {
         return reply.source == expectation.active;
     });
     for (const Reply &reply : replies) {
         // What was left owes nothing.
-        QCOMPARE(fixture.overlayShown(), owed > 0);
-        QCOMPARE(shownCatalog(fixture), expectation.shown);
+        QCOMPARE(recorder.isLoading(), owed > 0);
+        QCOMPARE(recorder.shown(), expectation.shown);
         expectation.takes(reply);
         reply.provider->release(XtreamAction::catalog().at(reply.part));
         if (!QTest::qWaitFor([&] { return expectation.isCached(); })) {
             QCOMPARE(cachedCatalog(reply.source), expectation.cached.value(reply.source));
         }
-        QCOMPARE(shownCatalog(fixture), expectation.shown);
+        QCOMPARE(recorder.shown(), expectation.shown);
         owed -= reply.source == expectation.active ? 1 : 0;
     }
-    QVERIFY(!fixture.overlayShown());
-    QVERIFY(fixture.dialogs.seen().isEmpty());
+    QVERIFY(!recorder.isLoading());
+    QVERIFY(recorder.failures.isEmpty());
 }
 
-void tst_MainWindowAccountOrders::firstLoad()
+void tst_CatalogLoaderOrders::firstLoad()
 {
     QFETCH(quint32, seed);
-    WindowFixture fixture;
-    WindowFixture::store(sourceFor(*provider, u"A"_s));
-    fixture.open();
+    LoadRecorder recorder;
+    recorder.load(sourceFor(*provider, u"A"_s));
     Expectation expectation;
-    takeOneByOne(fixture, shuffled(repliesOf(*provider, catalog, u"A"_s), seed), expectation);
+    takeOneByOne(recorder, shuffled(repliesOf(*provider, catalog, u"A"_s), seed), expectation);
     if (QTest::currentTestFailed()) {
         return;
     }
-    QCOMPARE(shownCatalog(fixture), catalog);
+    QCOMPARE(recorder.shown(), catalog);
     QCOMPARE(cachedCatalog(u"A"_s), catalog);
-    const QJsonObject file = cacheFile(u"A"_s);
+    const QJsonObject file = QJsonDocument::fromJson(readCacheFile(u"A"_s)).object();
     QVERIFY(!file.isEmpty());
     if (fileOfFirstOrder.isEmpty()) {
         fileOfFirstOrder = file;
@@ -192,32 +176,29 @@ void tst_MainWindowAccountOrders::firstLoad()
     QCOMPARE(file, fileOfFirstOrder);
 }
 
-void tst_MainWindowAccountOrders::refresh()
+void tst_CatalogLoaderOrders::refresh()
 {
     QFETCH(quint32, seed);
-    WindowFixture fixture;
+    LoadRecorder recorder;
     Expectation expectation;
     expectation.held = madeUpCatalog(u"Old"_s);
     expectation.shown = expectation.held;
     expectation.cached[u"A"_s] = expectation.held;
     cacheCatalog(u"A"_s, expectation.held);
-    WindowFixture::store(sourceFor(*provider, u"A"_s, 0));
-    MainWindow &window = fixture.open();
-
-    window.refreshActiveSource();
+    recorder.load(sourceFor(*provider, u"A"_s, 0));
+    recorder.load(sourceFor(*provider, u"A"_s), true);
     expectation.loadBegins(u"A"_s);
-    takeOneByOne(fixture, shuffled(repliesOf(*provider, catalog, u"A"_s), seed), expectation);
+    takeOneByOne(recorder, shuffled(repliesOf(*provider, catalog, u"A"_s), seed), expectation);
     if (!QTest::currentTestFailed()) {
         QCOMPARE(cachedCatalog(u"A"_s), catalog);
     }
 }
 
-void tst_MainWindowAccountOrders::allAtOnceAndSomeFail()
+void tst_CatalogLoaderOrders::allAtOnceAndSomeFail()
 {
     QFETCH(quint32, seed);
-    WindowFixture fixture;
+    LoadRecorder recorder;
     cacheCatalog(u"A"_s, madeUpCatalog(u"Old"_s));
-    WindowFixture::store(sourceFor(*provider, u"A"_s));
     AccountCatalog expected = catalog;
     for (int part = 0; part < accountParts; ++part) {
         if (((seed >> part) & 1U) != 0) { // over all rows every subset of the six
@@ -225,18 +206,18 @@ void tst_MainWindowAccountOrders::allAtOnceAndSomeFail()
             expected[part].clear();
         }
     }
-    fixture.open();
+    recorder.load(sourceFor(*provider, u"A"_s));
     for (const QString &action : shuffled(XtreamAction::catalog(), seed)) {
         provider->release(action);
     }
-    QTRY_VERIFY(!fixture.overlayShown());
-    QCOMPARE(shownCatalog(fixture), expected);
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.shown(), expected);
     QCOMPARE(cachedCatalog(u"A"_s), expected);
     QCOMPARE(provider->actions().size(), 6);
-    QVERIFY(fixture.dialogs.seen().isEmpty());
+    QCOMPARE(recorder.failures.size(), expected.count(QStringList()));
 }
 
-void tst_MainWindowAccountOrders::switchedBetweenTwoAccounts()
+void tst_CatalogLoaderOrders::switchedBetweenTwoAccounts()
 {
     QFETCH(quint32, seed);
     XtreamProvider otherProvider(u"other"_s, u"other secret"_s);
@@ -244,10 +225,8 @@ void tst_MainWindowAccountOrders::switchedBetweenTwoAccounts()
     serve(otherProvider, otherCatalog);
     otherProvider.setMannerOfCatalog(Manner::Held);
 
-    WindowFixture fixture;
-    WindowFixture::store(sourceFor(*provider, u"A"_s));
-    WindowFixture::store(sourceFor(otherProvider, u"B"_s));
-    fixture.open();
+    LoadRecorder recorder;
+    recorder.load(sourceFor(*provider, u"A"_s));
     Expectation expectation;
     // Some replies of the first account come before the switch, the others after it.
     QList<Reply> first = shuffled(repliesOf(*provider, catalog, u"A"_s), seed);
@@ -255,18 +234,18 @@ void tst_MainWindowAccountOrders::switchedBetweenTwoAccounts()
     for (const Reply &reply : first.first(early)) {
         expectation.takes(reply);
         provider->release(XtreamAction::catalog().at(reply.part));
-        QVERIFY(waitUntilShown(fixture, expectation.shown));
+        QVERIFY(QTest::qWaitFor([&] { return recorder.shown() == expectation.shown; }));
     }
-    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
+    recorder.load(sourceFor(otherProvider, u"B"_s));
     expectation.loadBegins(u"B"_s);
     const QList<Reply> late = first.sliced(early) + repliesOf(otherProvider, otherCatalog, u"B"_s);
-    takeOneByOne(fixture, shuffled(late, seed), expectation);
+    takeOneByOne(recorder, shuffled(late, seed), expectation);
     if (!QTest::currentTestFailed()) {
-        QCOMPARE(shownCatalog(fixture), otherCatalog);
+        QCOMPARE(recorder.shown(), otherCatalog);
         QCOMPARE(cachedCatalog(u"A"_s), catalog);
         QCOMPARE(cachedCatalog(u"B"_s), otherCatalog);
     }
 }
 
-VANTIRO_TEST_MAIN(tst_MainWindowAccountOrders)
-#include "tst_MainWindowAccountOrders.moc"
+VANTIRO_TEST_GUILESS_MAIN(tst_CatalogLoaderOrders)
+#include "tst_CatalogLoaderOrders.moc"

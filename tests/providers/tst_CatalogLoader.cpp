@@ -1,0 +1,373 @@
+#include "app/NetLog.h"
+#include "providers/LoadRecorder.h"
+#include "providers/XtreamClient.h"
+#include "support/HttpReplies.h"
+#include "support/TestMain.h"
+#include "support/TraceCapture.h"
+
+#include <QDateTime>
+#include <QUrlQuery>
+
+using namespace Qt::StringLiterals;
+
+using Manner = XtreamProvider::Manner;
+using Step = LoadFailure::Step;
+Q_DECLARE_METATYPE(Manner)
+
+/// Loading accounts, and what accounts and playlists share. Runs with VANTIRO_NET_DEBUG=1.
+class tst_CatalogLoader : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void sixRequestsInOrder();
+    void stampedBeforeAnyReply();
+    void cacheOrNetwork_data();
+    void cacheOrNetwork();
+    void anUnusableCacheIsReplaced_data();
+    void anUnusableCacheIsReplaced();
+    void eachAccountGetsItsOwnRequests();
+    void aFailureEmptiesItsHalf_data();
+    void aFailureEmptiesItsHalf();
+    void aServerThatRefuses_data();
+    void aServerThatRefuses();
+    void everyWayToSendIt_data();
+    void everyWayToSendIt();
+    void aServerThatNeverAnswers();
+    void twoLoadsAtOnce();
+    void forgottenSource();
+    void lateRepliesOfAnAccount();
+    void mayBeDestroyedWhileLoading();
+
+private:
+    std::unique_ptr<XtreamProvider> provider;
+    std::unique_ptr<HttpServer> server;
+    const AccountCatalog catalog = madeUpCatalog(u"New"_s);
+    const AccountCatalog older = madeUpCatalog(u"Old"_s);
+};
+
+void tst_CatalogLoader::init()
+{
+    provider = std::make_unique<XtreamProvider>();
+    serve(*provider, catalog);
+    server = std::make_unique<HttpServer>();
+    server->on(u"/list.m3u"_s, bodyReply(twoChannels));
+}
+
+void tst_CatalogLoader::sixRequestsInOrder()
+{
+    QVERIFY2(netDebugEnabled(), "run with VANTIRO_NET_DEBUG=1");
+    LoadRecorder recorder;
+    QVERIFY(recorder.loader.accountClient() == nullptr);
+    TraceCapture capture;
+    recorder.load(sourceFor(*provider, u"A"_s));
+    QStringList sent;
+    for (const QString &line : capture.take().split(u'\n', Qt::SkipEmptyParts)) {
+        const QUrl url(line.section(u' ', 2, 2));
+        sent << QUrlQuery(url).queryItemValue(u"action"_s);
+    }
+    QCOMPARE(sent, XtreamAction::catalog());
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.shown(), catalog);
+    QCOMPARE(cachedCatalog(u"A"_s), catalog);
+    QVERIFY(recorder.failures.isEmpty());
+    QCOMPARE(provider->http().requestCount(), 6);
+    QCOMPARE(sorted(provider->actions()), sorted(XtreamAction::catalog()));
+    QCOMPARE(recorder.loader.accountClient()->account().server, provider->url());
+}
+
+void tst_CatalogLoader::stampedBeforeAnyReply()
+{
+    LoadRecorder recorder;
+    provider->setMannerOfCatalog(Manner::Held);
+    SourceConfig source = sourceFor(*provider, u"A"_s);
+    source.liveExtension = u"ts"_s;
+    const qint64 before = QDateTime::currentSecsSinceEpoch();
+    recorder.load(source);
+    QCOMPARE(recorder.events, (QStringList{u"stamped"_s, u"steps 6"_s}));
+    const SourceConfig stamped = recorder.stamped.first();
+    QVERIFY(stamped.lastUpdated >= before);
+    QVERIFY(stamped.lastUpdated <= QDateTime::currentSecsSinceEpoch());
+    QCOMPARE((QStringList{stamped.name, stamped.url, stamped.liveExtension}),
+             (QStringList{source.name, source.url, source.liveExtension}));
+    QCOMPARE(cachedCatalog(u"A"_s), nothingCached);
+
+    recorder.events.clear();
+    provider->release(XtreamAction::vodStreams);
+    QTRY_COMPARE(recorder.events, (QStringList{u"items"_s, u"done"_s}));
+    provider->release(XtreamAction::liveCategories);
+    QTRY_COMPARE(recorder.events.sliced(2), (QStringList{u"categories"_s, u"done"_s}));
+    QCOMPARE(recorder.owedSteps, 4);
+}
+
+void tst_CatalogLoader::cacheOrNetwork_data()
+{
+    QTest::addColumn<qint64>("age");
+    QTest::addColumn<bool>("cached");
+    QTest::addColumn<bool>("force");
+    QTest::addColumn<bool>("expectFetch");
+    QTest::newRow("just loaded") << qint64(0) << true << false << false;
+    QTest::newRow("loaded 23 hours ago") << qint64(82800) << true << false << false;
+    QTest::newRow("loaded 24 hours ago") << qint64(86400) << true << false << true;
+    QTest::newRow("never loaded") << neverLoaded << true << false << true;
+    QTest::newRow("loaded in the future") << qint64(-7200) << true << false << false;
+    QTest::newRow("no cache") << qint64(0) << false << false << true;
+    QTest::newRow("forced") << qint64(0) << true << true << true;
+}
+
+void tst_CatalogLoader::cacheOrNetwork()
+{
+    QFETCH(const qint64, age);
+    QFETCH(const bool, cached);
+    QFETCH(const bool, force);
+    QFETCH(const bool, expectFetch);
+    LoadRecorder recorder;
+    if (cached) {
+        cacheCatalog(u"A"_s, older);
+        cacheOneChannel(u"List"_s, u"Old"_s);
+    }
+    recorder.load(sourceFor(*provider, u"A"_s, age), force);
+    QCOMPARE(recorder.isLoading(), expectFetch);
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.shown(), expectFetch ? catalog : older);
+    QCOMPARE(cachedCatalog(u"A"_s), expectFetch ? catalog : older);
+    QCOMPARE(provider->http().requestCount(), expectFetch ? 6 : 0);
+
+    recorder.load(playlistSource(u"List"_s, server->url(u"/list.m3u"_s), age), force);
+    QCOMPARE(recorder.isLoading(), expectFetch);
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.channels(),
+             expectFetch ? (QStringList{u"One"_s, u"Two"_s}) : QStringList{u"Old"_s});
+    QCOMPARE(recorder.groups(),
+             expectFetch ? (QStringList{u"News"_s, u"Sport"_s}) : QStringList{u"Cached"_s});
+    QCOMPARE(server->requestCount(), expectFetch ? 1 : 0);
+    QCOMPARE(recorder.stamped.size(), expectFetch ? 2 : 0);
+}
+
+void tst_CatalogLoader::anUnusableCacheIsReplaced_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    const QByteArray one = R"({"categories":[{"id":"1","name":"Old"}],"items":[]})"_ba;
+    QTest::newRow("no shows") << "{\"live\":" + one + ",\"movie\":" + one + '}';
+    QTest::newRow("no movies") << "{\"live\":" + one + ",\"series\":" + one + '}';
+    QTest::newRow("no channels") << "{\"movie\":" + one + ",\"series\":" + one + '}';
+    QTest::newRow("cut short") << "{\"live\":" + one + ",\"movie\":" + one + ",\"channel\":{";
+    QTest::newRow("an array") << "[]"_ba;
+    QTest::newRow("empty") << ""_ba;
+}
+
+void tst_CatalogLoader::anUnusableCacheIsReplaced()
+{
+    QFETCH(const QByteArray, content);
+    LoadRecorder recorder;
+    writeCacheFile(u"A"_s, content);
+    recorder.load(sourceFor(*provider, u"A"_s, 3600));
+    QCOMPARE(recorder.shown(), emptyCatalog); // nothing of the cache
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.shown(), catalog);
+    QCOMPARE(cachedCatalog(u"A"_s), catalog);
+
+    writeCacheFile(u"List"_s, content);
+    recorder.load(playlistSource(u"List"_s, server->url(u"/list.m3u"_s)));
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.channels(), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(cachedChannels(u"List"_s), (QStringList{u"One"_s, u"Two"_s}));
+}
+
+void tst_CatalogLoader::eachAccountGetsItsOwnRequests()
+{
+    LoadRecorder recorder;
+    XtreamProvider other(u"someone else"_s, u"p&?=#"_s);
+    serve(other, older);
+    recorder.load(sourceFor(*provider, u"A"_s));
+    SourceConfig second = sourceFor(other, u"B"_s);
+    second.url += u'/';
+    recorder.load(second);
+    QTRY_VERIFY(!recorder.isLoading());
+    QTRY_COMPARE(sorted(provider->actions()), sorted(XtreamAction::catalog()));
+    QCOMPARE(sorted(other.actions()), sorted(XtreamAction::catalog()));
+    QCOMPARE(recorder.shown(), older);
+}
+
+void tst_CatalogLoader::aFailureEmptiesItsHalf_data()
+{
+    QTest::addColumn<int>("part");
+    QTest::addColumn<Manner>("manner");
+    const QStringList actions = XtreamAction::catalog();
+    for (int part = 0; part < accountParts; ++part) {
+        const QByteArray action = actions.at(part).toLatin1();
+        QTest::addRow("%s: a page", action.constData()) << part << Manner::HtmlPage;
+        QTest::addRow("%s: 503", action.constData()) << part << Manner::Unavailable;
+        QTest::addRow("%s: cut", action.constData()) << part << Manner::CutReply;
+        QTest::addRow("%s: empty", action.constData()) << part << Manner::Plain;
+    }
+}
+
+void tst_CatalogLoader::aFailureEmptiesItsHalf()
+{
+    QFETCH(const int, part);
+    QFETCH(const Manner, manner);
+    LoadRecorder recorder;
+    cacheCatalog(u"A"_s, older);
+    recorder.load(sourceFor(*provider, u"A"_s, 0));
+    QCOMPARE(recorder.shown(), older);
+
+    if (manner == Manner::Plain) {
+        provider->setReply(XtreamAction::catalog().at(part), "[]"_ba);
+    } else {
+        provider->setManner(XtreamAction::catalog().at(part), manner);
+    }
+    recorder.load(sourceFor(*provider, u"A"_s), true);
+    QTRY_VERIFY(!recorder.isLoading());
+    AccountCatalog expected = catalog;
+    expected[part].clear();
+    QCOMPARE(recorder.shown(), expected);
+    QCOMPARE(cachedCatalog(u"A"_s), expected);
+    // A section without entries has not failed.
+    QCOMPARE(recorder.failures.size(), manner == Manner::Plain ? 0 : 1);
+    for (const LoadFailure &failure : recorder.failures) {
+        QCOMPARE(failure.step, isCategoriesPart(part) ? Step::Categories : Step::Items);
+        QCOMPARE(LoadRecorder::partOf(failure.section), part & ~1);
+        QCOMPARE(failure.detail, QString());
+    }
+}
+
+void tst_CatalogLoader::aServerThatRefuses_data()
+{
+    QTest::addColumn<Manner>("manner");
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<bool>("listening");
+    QTest::newRow("connections") << Manner::Plain << u"secret"_s << false;
+    QTest::newRow("this account") << Manner::Plain << u"wrong"_s << true;
+    QTest::newRow("everything, 503") << Manner::Unavailable << u"secret"_s << true;
+    QTest::newRow("everything, with a page") << Manner::HtmlPage << u"secret"_s << true;
+}
+
+void tst_CatalogLoader::aServerThatRefuses()
+{
+    QFETCH(const Manner, manner);
+    QFETCH(const QString, password);
+    QFETCH(const bool, listening);
+    LoadRecorder recorder;
+    cacheCatalog(u"A"_s, older);
+    SourceConfig source = sourceFor(*provider, u"A"_s, 86400);
+    source.password = password;
+    provider->setMannerOfCatalog(manner);
+    if (!listening) {
+        provider->http().refuse();
+    }
+    recorder.load(source);
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(cachedCatalog(u"A"_s), emptyCatalog);
+    QCOMPARE(recorder.failures.size(), 6);
+    // The attempt counts, although it brought nothing.
+    QCOMPARE(recorder.stamped.size(), 1);
+}
+
+void tst_CatalogLoader::everyWayToSendIt_data()
+{
+    QTest::addColumn<Manner>("manner");
+    QTest::newRow("compressed") << Manner::Gzip;
+    QTest::newRow("in chunks") << Manner::Chunked;
+    QTest::newRow("after a redirect") << Manner::Redirect;
+}
+
+void tst_CatalogLoader::everyWayToSendIt()
+{
+    QFETCH(const Manner, manner);
+    LoadRecorder recorder;
+    provider->setMannerOfCatalog(manner);
+    recorder.load(sourceFor(*provider, u"A"_s));
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.shown(), catalog);
+    QCOMPARE(provider->actions().size(), 6);
+}
+
+void tst_CatalogLoader::aServerThatNeverAnswers()
+{
+    LoadRecorder recorder;
+    cacheCatalog(u"A"_s, older);
+    recorder.load(sourceFor(*provider, u"A"_s, 0));
+    recorder.setReplyTimeout(300);
+    provider->http().on(u"/player_api.php"_s, neverAnswers());
+    // Twice: nothing is left of the first attempt.
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        recorder.load(sourceFor(*provider, u"A"_s), true);
+        QTRY_VERIFY(!recorder.isLoading());
+        QCOMPARE(recorder.shown(), emptyCatalog);
+        QCOMPARE(recorder.failures.size(), 6 * attempt);
+    }
+}
+
+void tst_CatalogLoader::twoLoadsAtOnce()
+{
+    LoadRecorder recorder;
+    provider->setMannerOfCatalog(Manner::Held);
+    recorder.load(sourceFor(*provider, u"A"_s), true);
+    recorder.events.clear();
+    recorder.load(sourceFor(*provider, u"A"_s), true);
+    // The steps of the first one are released before the second one begins.
+    QCOMPARE(recorder.events,
+             (QStringList(6, u"done"_s) + QStringList{u"stamped"_s, u"steps 6"_s}));
+    releaseCatalog(*provider);
+    QTRY_COMPARE(recorder.requestsUnderWay(), 0);
+    QCOMPARE(recorder.owedSteps, 0);
+    QCOMPARE(provider->actions().size(), 12);
+    QCOMPARE(recorder.shown(), catalog);
+    QCOMPARE(cachedCatalog(u"A"_s), catalog);
+}
+
+void tst_CatalogLoader::forgottenSource()
+{
+    LoadRecorder recorder;
+    provider->setMannerOfCatalog(Manner::Held);
+    server->on(u"/held.m3u"_s, heldReply(twoChannels));
+    recorder.load(sourceFor(*provider, u"A"_s));
+    recorder.load(playlistSource(u"List"_s, server->url(u"/held.m3u"_s), neverLoaded));
+    recorder.loader.forget(u"A"_s);
+    recorder.loader.forget(u"List"_s);
+    recorder.loader.reset();
+    QVERIFY(!recorder.isLoading());
+    releaseCatalog(*provider);
+    server->release(u"/held.m3u"_s);
+    QTRY_COMPARE(recorder.requestsUnderWay(), 0);
+    QCOMPARE(cachedCatalog(u"A"_s), nothingCached);
+    QCOMPARE(cachedChannels(u"List"_s), notCached);
+    QCOMPARE(recorder.shown(), emptyCatalog);
+    QCOMPARE(recorder.channels(), QStringList());
+    QCOMPARE(recorder.owedSteps, 0);
+}
+
+void tst_CatalogLoader::lateRepliesOfAnAccount()
+{
+    LoadRecorder recorder;
+    provider->setMannerOfCatalog(Manner::Held);
+    cacheOneChannel(u"List"_s, u"Cached"_s);
+    recorder.load(sourceFor(*provider, u"A"_s));
+    recorder.load(playlistSource(u"List"_s, u"/nowhere"_s));
+    QVERIFY(!recorder.isLoading());
+    releaseCatalog(*provider);
+    QTRY_COMPARE(cachedCatalog(u"A"_s), catalog);
+    QCOMPARE(recorder.shown(), emptyCatalog);
+    QCOMPARE(recorder.channels(), QStringList{u"Cached"_s});
+    QCOMPARE(cachedCatalog(u"List"_s), nothingCached);
+}
+
+void tst_CatalogLoader::mayBeDestroyedWhileLoading()
+{
+    provider->setMannerOfCatalog(Manner::Held);
+    server->on(u"/held.m3u"_s, heldReply(twoChannels));
+    {
+        LoadRecorder recorder;
+        recorder.load(playlistSource(u"List"_s, server->url(u"/held.m3u"_s), neverLoaded));
+        recorder.load(sourceFor(*provider, u"A"_s));
+        QTRY_COMPARE(provider->http().openConnections(), 6);
+        QTRY_COMPARE(server->openConnections(), 1);
+    }
+    QTRY_COMPARE(provider->http().openConnections() + server->openConnections(), 0);
+    QCOMPARE(cachedCatalog(u"A"_s), nothingCached);
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_CatalogLoader)
+#include "tst_CatalogLoader.moc"

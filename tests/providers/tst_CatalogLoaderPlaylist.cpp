@@ -1,0 +1,170 @@
+#include "providers/LoadRecorder.h"
+#include "support/HttpReplies.h"
+#include "support/TestFiles.h"
+#include "support/TestMain.h"
+
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+using Step = LoadFailure::Step;
+
+/// Loading playlists, from a real server and from files.
+class tst_CatalogLoaderPlaylist : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void playlist_data();
+    void playlist();
+    void textOfAPlaylist_data();
+    void textOfAPlaylist();
+    void failedPlaylist();
+    void latePlaylist_data();
+    void latePlaylist();
+    void latePlaylistFailure();
+    void twoDownloadsOfOneSource();
+
+private:
+    std::unique_ptr<HttpServer> server;
+};
+
+void tst_CatalogLoaderPlaylist::init()
+{
+    server = std::make_unique<HttpServer>();
+    server->on(u"/list.m3u"_s, bodyReply(twoChannels));
+}
+
+void tst_CatalogLoaderPlaylist::playlist_data()
+{
+    QTest::addColumn<bool>("isFile");
+    QTest::newRow("from a server") << false;
+    QTest::newRow("from a file") << true;
+}
+
+void tst_CatalogLoaderPlaylist::playlist()
+{
+    QFETCH(const bool, isFile);
+    LoadRecorder recorder;
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"list.m3u"_s);
+    writeFile(path, twoChannels);
+    recorder.load(
+        playlistSource(u"List"_s, isFile ? path : server->url(u"/list.m3u"_s), neverLoaded));
+    QCOMPARE(recorder.isLoading(), !isFile); // a file is read within the call
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.events,
+             (QStringList{u"stamped"_s, u"steps 1"_s, u"categories"_s, u"items"_s, u"done"_s}));
+    QCOMPARE(recorder.channels(), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(recorder.groups(), (QStringList{u"News"_s, u"Sport"_s}));
+    QCOMPARE(cachedChannels(u"List"_s), (QStringList{u"One"_s, u"Two"_s}));
+    QVERIFY(recorder.stamped.first().lastUpdated > 0);
+}
+
+void tst_CatalogLoaderPlaylist::textOfAPlaylist_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QStringList>("channels");
+    const QByteArray head = "\xef\xbb\xbf#EXTM3U\r\n#EXTINF:-1,"_ba;
+    const QByteArray tail = "\r\nhttp://x/1\r\n"_ba;
+    QTest::newRow("nothing") << QByteArray() << QStringList();
+    QTest::newRow("UTF-8") << head + "Fußball 日本 😀" + tail << QStringList{u"Fußball 日本 😀"_s};
+    QTest::newRow("Latin-1 is not UTF-8")
+        << head + "Caf\xe9 1" + tail << QStringList{u"Caf\ufffd 1"_s};
+    QTest::newRow("a zero byte") << head + QByteArray("A\0B", 3) + tail
+                                 << QStringList{QString::fromUtf16(u"A\0B", 3)};
+    QTest::newRow("half a UTF-8 sequence") << head + "A\xc3" + tail << QStringList{u"A\ufffd"_s};
+}
+
+void tst_CatalogLoaderPlaylist::textOfAPlaylist()
+{
+    QFETCH(const QByteArray, body);
+    QFETCH(const QStringList, channels);
+    LoadRecorder recorder;
+    cacheOneChannel(u"List"_s, u"Cached"_s);
+    server->on(u"/list.m3u"_s, bodyReply(body));
+    recorder.load(playlistSource(u"List"_s, server->url(u"/list.m3u"_s), neverLoaded));
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.channels(), channels);
+    QCOMPARE(cachedChannels(u"List"_s), channels);
+    QVERIFY(recorder.failures.isEmpty());
+}
+
+void tst_CatalogLoaderPlaylist::failedPlaylist()
+{
+    LoadRecorder recorder;
+    cacheOneChannel(u"List"_s, u"Cached"_s);
+    recorder.load(playlistSource(u"List"_s, u"/nowhere/<b>list</b>.m3u"_s), true);
+    const QStringList events{u"stamped"_s, u"steps 1"_s, u"done"_s, u"failed"_s};
+    QCOMPARE(recorder.events, events);
+    QCOMPARE(recorder.failures.last().step, Step::PlaylistFile);
+    QCOMPARE(recorder.failures.last().detail, u"/nowhere/<b>list</b>.m3u"_s);
+
+    recorder.load(playlistSource(u"List"_s, server->url(u"/missing"_s)), true);
+    QTRY_COMPARE(recorder.events, events + events);
+    QCOMPARE(recorder.failures.last().step, Step::PlaylistDownload);
+    QVERIFY(recorder.failures.last().detail.contains("Not Found"_L1));
+    QCOMPARE(cachedChannels(u"List"_s), QStringList{u"Cached"_s});
+}
+
+void tst_CatalogLoaderPlaylist::latePlaylist_data()
+{
+    QTest::addColumn<bool>("account");
+    QTest::addColumn<QStringList>("channels");
+    QTest::newRow("another playlist keeps its channels") << false << QStringList{u"Other"_s};
+    QTest::newRow("behind an account the channels come in")
+        << true << QStringList{u"One"_s, u"Two"_s};
+}
+
+void tst_CatalogLoaderPlaylist::latePlaylist()
+{
+    QFETCH(const bool, account);
+    QFETCH(const QStringList, channels);
+    LoadRecorder recorder;
+    server->on(u"/late.m3u"_s, heldReply(twoChannels));
+    cacheOneChannel(u"Other"_s, u"Other"_s);
+    cacheCatalog(u"Other"_s, madeUpCatalog(u"Old"_s));
+    recorder.load(playlistSource(u"Late"_s, server->url(u"/late.m3u"_s), neverLoaded));
+    recorder.load(account ? accountSource(u"Other"_s, u"http://127.0.0.1:9"_s)
+                          : playlistSource(u"Other"_s, u"/nowhere"_s));
+    QVERIFY(!recorder.isLoading());
+    server->release(u"/late.m3u"_s);
+    // Under the name of the source that it came from.
+    QTRY_COMPARE(cachedChannels(u"Late"_s), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(recorder.channels(), channels);
+    QCOMPARE(cachedChannels(u"Other"_s), QStringList{u"Other"_s});
+    QCOMPARE(recorder.owedSteps, 0);
+}
+
+void tst_CatalogLoaderPlaylist::latePlaylistFailure()
+{
+    LoadRecorder recorder;
+    HttpReply missing = heldReply();
+    missing.status = 404;
+    server->on(u"/late.m3u"_s, missing);
+    cacheCatalog(u"A"_s, madeUpCatalog(u"Old"_s));
+    recorder.load(playlistSource(u"Late"_s, server->url(u"/late.m3u"_s), neverLoaded));
+    recorder.load(accountSource(u"A"_s, u"http://127.0.0.1:9"_s));
+    server->release(u"/late.m3u"_s);
+    QTRY_COMPARE(recorder.failures.size(), 1);
+    QCOMPARE(recorder.owedSteps, 0);
+}
+
+void tst_CatalogLoaderPlaylist::twoDownloadsOfOneSource()
+{
+    LoadRecorder recorder;
+    // The first one is answered last.
+    server->on(u"/first.m3u"_s, heldReply(oneChannel(u"Old"_s)));
+    recorder.load(playlistSource(u"A"_s, server->url(u"/first.m3u"_s)), true);
+    recorder.load(playlistSource(u"A"_s, server->url(u"/list.m3u"_s)), true);
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.requestsUnderWay(), 1);
+    server->release(u"/first.m3u"_s);
+    QTRY_COMPARE(recorder.requestsUnderWay(), 0);
+    QCOMPARE(recorder.channels(), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(cachedChannels(u"A"_s), (QStringList{u"One"_s, u"Two"_s}));
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_CatalogLoaderPlaylist)
+#include "tst_CatalogLoaderPlaylist.moc"

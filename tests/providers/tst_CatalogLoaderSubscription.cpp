@@ -1,0 +1,280 @@
+#include "providers/LoadRecorder.h"
+#include "providers/SubscriptionEndpoint.h"
+#include "providers/XtreamClient.h"
+#include "support/HttpReplies.h"
+#include "support/TestMain.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString key = u"KEY-1"_s;
+
+/// All fields but the time stamp.
+QStringList fields(const SourceConfig &source)
+{
+    return {QString::number(source.type),
+            source.name,
+            source.url,
+            source.username,
+            source.password,
+            source.liveExtension,
+            source.subscriptionKey};
+}
+
+} // namespace
+
+/// Loading a subscription: the key is exchanged first, then it is an account like any other.
+class tst_CatalogLoaderSubscription : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void keyThenSixRequests();
+    void aFreshCacheStillNeedsTheKey();
+    void streamType_data();
+    void streamType();
+    void theNewestCredentialsWin();
+    void failures_data();
+    void failures();
+    void aServiceThatCannotBeReached_data();
+    void aServiceThatCannotBeReached();
+    void leftForAnotherSource_data();
+    void leftForAnotherSource();
+    void fromOneSubscriptionToTheOther();
+    void leavingAndComingBack();
+    void mayBeDestroyedDuringTheExchange();
+
+private:
+    std::unique_ptr<SubscriptionEndpoint> endpoint;
+    std::unique_ptr<XtreamProvider> provider;
+    const AccountCatalog catalog = madeUpCatalog(u"New"_s);
+    const AccountCatalog older = madeUpCatalog(u"Old"_s);
+};
+
+void tst_CatalogLoaderSubscription::init()
+{
+    endpoint = std::make_unique<SubscriptionEndpoint>();
+    provider = std::make_unique<XtreamProvider>(u"resolved"_s, u"resolved-secret"_s);
+    serve(*provider, catalog);
+    endpoint->accept(key, *provider);
+}
+
+void tst_CatalogLoaderSubscription::keyThenSixRequests()
+{
+    LoadRecorder recorder(endpoint->url());
+    endpoint->hold();
+    recorder.load(subscriptionSource(u"Zevrino"_s, key, 86400));
+    QCOMPARE(recorder.events, QStringList{u"steps 1"_s});
+    QTRY_COMPARE(endpoint->keys(), QStringList{key});
+    QCOMPARE(provider->actions(), QStringList());
+    endpoint->release();
+    QTRY_VERIFY(recorder.events.size() > 1 && !recorder.isLoading());
+    QCOMPARE(recorder.events.first(5),
+             (QStringList{u"steps 1"_s, u"resolved"_s, u"done"_s, u"stamped"_s, u"steps 6"_s}));
+    QCOMPARE(sorted(provider->actions()), sorted(XtreamAction::catalog()));
+    QCOMPARE(recorder.shown(), catalog);
+    QCOMPARE(cachedCatalog(u"Zevrino"_s), catalog);
+    // The record carries the account beside the key.
+    const QStringList record{
+        u"2"_s, u"Zevrino"_s, provider->url(), u"resolved"_s, u"resolved-secret"_s, u"m3u8"_s, key};
+    QCOMPARE(fields(recorder.resolved.first()), record);
+    QCOMPARE(fields(recorder.stamped.first()), record);
+}
+
+void tst_CatalogLoaderSubscription::aFreshCacheStillNeedsTheKey()
+{
+    LoadRecorder recorder(endpoint->url());
+    cacheCatalog(u"Zevrino"_s, older);
+    recorder.load(subscriptionSource(u"Zevrino"_s, key, 3600));
+    QCOMPARE(recorder.shown(), emptyCatalog);
+    QTRY_COMPARE(recorder.shown(), older);
+    QVERIFY(!recorder.isLoading());
+    QCOMPARE(endpoint->keys(), QStringList{key});
+    QCOMPARE(provider->http().requestCount(), 0);
+    QVERIFY(recorder.stamped.isEmpty());
+    QCOMPARE(recorder.loader.accountClient()->account().password, u"resolved-secret"_s);
+
+    recorder.load(subscriptionSource(u"Zevrino"_s, key, 0), true);
+    QTRY_COMPARE(recorder.shown(), catalog);
+    QCOMPARE(endpoint->keys().size(), 2);
+}
+
+void tst_CatalogLoaderSubscription::streamType_data()
+{
+    QTest::addColumn<QString>("own");
+    QTest::addColumn<QString>("resolved");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("none keeps the default") << u"m3u8"_s << QString() << u"m3u8"_s;
+    QTest::newRow("none keeps the source's own") << u"ts"_s << QString() << u"ts"_s;
+    QTest::newRow("one replaces it") << u"m3u8"_s << u"ts"_s << u"ts"_s;
+    QTest::newRow("any text replaces it") << u"ts"_s << u"mpegts"_s << u"mpegts"_s;
+}
+
+void tst_CatalogLoaderSubscription::streamType()
+{
+    QFETCH(const QString, own);
+    QFETCH(const QString, resolved);
+    QFETCH(const QString, expected);
+    LoadRecorder recorder(endpoint->url());
+    endpoint->accept(key, *provider, resolved);
+    SourceConfig source = subscriptionSource(u"Zevrino"_s, key);
+    source.liveExtension = own;
+    recorder.load(source);
+    QTRY_COMPARE(recorder.stamped.size(), 1);
+    QCOMPARE(recorder.resolved.first().liveExtension, expected);
+    QCOMPARE(recorder.stamped.first().liveExtension, expected);
+}
+
+void tst_CatalogLoaderSubscription::theNewestCredentialsWin()
+{
+    LoadRecorder recorder(endpoint->url());
+    recorder.load(subscriptionSource(u"Zevrino"_s, key));
+    QTRY_COMPARE(recorder.shown(), catalog);
+    XtreamProvider moved(u"moved"_s, u"moved secret"_s);
+    serve(moved, older);
+    endpoint->accept(key, moved, u"ts"_s);
+    provider->http().clearRequests();
+    recorder.load(recorder.stamped.first(), true);
+    QTRY_COMPARE(recorder.shown(), older);
+    QCOMPARE(provider->http().requestCount(), 0);
+    QCOMPARE(fields(recorder.stamped.last()),
+             (QStringList{u"2"_s, u"Zevrino"_s, moved.url(), u"moved"_s, u"moved secret"_s, u"ts"_s,
+                          key}));
+}
+
+void tst_CatalogLoaderSubscription::failures_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("the service's own words")
+        << R"({"status":"error","message":"This key has <b>expired</b>."})"_ba
+        << u"This key has <b>expired</b>."_s;
+    QTest::newRow("no password")
+        << R"({"status":"success","data":{"server_url":"http://h","username":"u"}})"_ba
+        << u"Server response was missing credentials"_s;
+}
+
+void tst_CatalogLoaderSubscription::failures()
+{
+    QFETCH(const QByteArray, answer);
+    QFETCH(const QString, reason);
+    LoadRecorder recorder(endpoint->url());
+    endpoint->answer(key, answer);
+    // Fresh in the cache, which a refused key does not open.
+    cacheCatalog(u"Zevrino"_s, older);
+    recorder.load(subscriptionSource(u"Zevrino"_s, key, 3600));
+    QTRY_COMPARE(recorder.events, (QStringList{u"steps 1"_s, u"done"_s, u"failed"_s}));
+    QCOMPARE(recorder.failures.first().step, LoadFailure::Step::KeyExchange);
+    QCOMPARE(recorder.failures.first().detail, reason);
+    QCOMPARE(provider->http().requestCount(), 0);
+    QCOMPARE(cachedCatalog(u"Zevrino"_s), older);
+}
+
+void tst_CatalogLoaderSubscription::aServiceThatCannotBeReached_data()
+{
+    QTest::addColumn<bool>("listening");
+    QTest::newRow("down") << false;
+    QTest::newRow("503") << true;
+}
+
+void tst_CatalogLoaderSubscription::aServiceThatCannotBeReached()
+{
+    QFETCH(const bool, listening);
+    if (listening) {
+        endpoint->http().on(SubscriptionEndpoint::path(), statusReply(503));
+    } else {
+        endpoint->http().refuse();
+    }
+    LoadRecorder recorder(endpoint->url());
+    recorder.load(subscriptionSource(u"Zevrino"_s, key));
+    QTRY_COMPARE(recorder.failures.size(), 1);
+    const QString detail = recorder.failures.first().detail;
+    QVERIFY2(detail.startsWith("Could not reach server: "_L1), qUtf8Printable(detail));
+    QVERIFY(!detail.contains(key));
+    QVERIFY(recorder.stamped.isEmpty());
+}
+
+void tst_CatalogLoaderSubscription::leftForAnotherSource_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<SourceConfig>("next");
+    const QByteArray refused = R"({"status":"error","message":"No"})"_ba;
+    const QString here = u"http://127.0.0.1:9"_s;
+    QTest::newRow("an account") << QByteArray() << accountSource(u"Other"_s, here);
+    QTest::newRow("a playlist") << QByteArray() << playlistSource(u"Other"_s, here);
+    QTest::newRow("an account, with a refusal") << refused << accountSource(u"Other"_s, here);
+    QTest::newRow("a playlist, with a refusal") << refused << playlistSource(u"Other"_s, here);
+    QTest::newRow("an account of the same name")
+        << QByteArray() << accountSource(u"Zevrino"_s, here);
+}
+
+void tst_CatalogLoaderSubscription::leftForAnotherSource()
+{
+    QFETCH(const QByteArray, answer);
+    QFETCH(const SourceConfig, next);
+    LoadRecorder recorder(endpoint->url());
+    if (!answer.isEmpty()) {
+        endpoint->answer(key, answer);
+    }
+    cacheCatalog(next.name, older);
+    cacheOneChannel(next.name, u"Cached"_s);
+    endpoint->hold();
+    recorder.load(subscriptionSource(u"Zevrino"_s, key));
+    QTRY_COMPARE(endpoint->keys().size(), 1);
+    recorder.load(next);
+    const QStringList events = recorder.events;
+    QVERIFY(!recorder.isLoading());
+    endpoint->release();
+    QTRY_COMPARE(recorder.requestsUnderWay(), 0);
+    QCOMPARE(recorder.events, events);
+    QCOMPARE(provider->http().requestCount(), 0);
+}
+
+void tst_CatalogLoaderSubscription::fromOneSubscriptionToTheOther()
+{
+    LoadRecorder recorder(endpoint->url());
+    XtreamProvider otherProvider(u"other"_s, u"other secret"_s);
+    serve(otherProvider, older);
+    endpoint->accept(u"KEY-2"_s, otherProvider);
+    endpoint->hold();
+    recorder.load(subscriptionSource(u"One"_s, key));
+    recorder.load(subscriptionSource(u"Two"_s, u"KEY-2"_s));
+    QTRY_COMPARE(sorted(endpoint->keys()), (QStringList{key, u"KEY-2"_s}));
+    endpoint->release();
+    QTRY_COMPARE(recorder.shown(), older);
+    QCOMPARE(provider->http().requestCount(), 0);
+    QCOMPARE(otherProvider.actions().size(), 6);
+}
+
+void tst_CatalogLoaderSubscription::leavingAndComingBack()
+{
+    LoadRecorder recorder(endpoint->url());
+    cacheCatalog(u"Zevrino"_s, older);
+    cacheOneChannel(u"List"_s, u"Cached"_s);
+    endpoint->hold();
+    recorder.load(subscriptionSource(u"Zevrino"_s, key, 0));
+    recorder.load(playlistSource(u"List"_s, u"/nowhere"_s));
+    recorder.load(subscriptionSource(u"Zevrino"_s, key, 0));
+    QTRY_COMPARE(endpoint->keys(), (QStringList{key, key}));
+    endpoint->release();
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.resolved.size(), 1);
+    QCOMPARE(recorder.shown(), older);
+}
+
+void tst_CatalogLoaderSubscription::mayBeDestroyedDuringTheExchange()
+{
+    endpoint->hold();
+    {
+        LoadRecorder recorder(endpoint->url());
+        recorder.load(subscriptionSource(u"Zevrino"_s, key));
+        QTRY_COMPARE(endpoint->http().openConnections(), 1);
+    }
+    QTRY_COMPARE(endpoint->http().openConnections(), 0);
+    QCOMPARE(provider->http().requestCount(), 0);
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_CatalogLoaderSubscription)
+#include "tst_CatalogLoaderSubscription.moc"

@@ -1,0 +1,222 @@
+#include "fakeprovider/HttpServer.h"
+#include "providers/NetworkTrace.h"
+#include "providers/PlaylistClient.h"
+#include "providers/SampleCatalogs.h"
+#include "support/HttpReplies.h"
+#include "support/TestFiles.h"
+#include "support/TestMain.h"
+#include "support/TraceCapture.h"
+
+#include <QNetworkAccessManager>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+using Outcome = PlaylistReply::Outcome;
+
+// Runs with VANTIRO_NET_DEBUG=1 in its environment.
+class tst_PlaylistClient : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void downloads_data();
+    void downloads();
+    void downloadFails_data();
+    void downloadFails();
+    void noServer_data();
+    void noServer();
+    void replyTimeout();
+    void readsAFileAtOnce();
+    void anythingElseIsAFile_data();
+    void anythingElseIsAFile();
+    void traces_data();
+    void traces();
+    void destroyedClientNeverCallsBack();
+
+private:
+    /// Reads and waits for the answer; `calls` counts the callbacks.
+    PlaylistReply read(const QString &address);
+
+    std::unique_ptr<HttpServer> server;
+    std::unique_ptr<PlaylistClient> client;
+    int calls = 0;
+};
+
+void tst_PlaylistClient::init()
+{
+    server = std::make_unique<HttpServer>();
+    client = std::make_unique<PlaylistClient>(nullptr);
+}
+
+PlaylistReply tst_PlaylistClient::read(const QString &address)
+{
+    calls = 0;
+    PlaylistReply result;
+    client->read(address, [&](const PlaylistReply &reply) {
+        ++calls;
+        result = reply;
+    });
+    (void)QTest::qWaitFor([this] { return calls > 0; }, 20'000);
+    QCoreApplication::processEvents();
+    return result;
+}
+
+void tst_PlaylistClient::downloads_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::newRow("a playlist") << twoChannels;
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("any bytes") << QByteArray("\xef\xbb\xbf\xe9\0\r\n\xc3", 8);
+    QTest::newRow("10 MiB") << QByteArray(10 * 1024 * 1024, 'a');
+}
+
+void tst_PlaylistClient::downloads()
+{
+    QFETCH(const QByteArray, body);
+    const QString target = u"/get.php?username=u&password=p%26q&type=m3u_plus"_s;
+    server->on(u"/get.php"_s, HttpReply::redirect(server->url(u"/list.m3u"_s)));
+    server->on(u"/list.m3u"_s, bodyReply(body));
+    const PlaylistReply reply = read(server->url(target));
+    QCOMPARE(calls, 1);
+    QCOMPARE(reply.outcome, Outcome::Read);
+    QVERIFY(reply.body == body);
+    QCOMPARE(reply.error, QString());
+    QCOMPARE(server->requestCount(), 2);
+    QCOMPARE(server->requests().first().method, "GET"_ba);
+    QCOMPARE(server->requests().first().target, target);
+}
+
+void tst_PlaylistClient::downloadFails_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("not found") << u"/missing"_s;
+    QTest::newRow("forbidden") << u"/forbidden"_s;
+    QTest::newRow("server error") << u"/broken"_s;
+    QTest::newRow("half a body") << u"/half"_s;
+    QTest::newRow("a circle of redirects") << u"/circle"_s;
+    QTest::newRow("a redirect to nothing") << u"/astray"_s;
+    QTest::newRow("no answer") << u"/silent"_s;
+    QTest::newRow("an answer that stalls") << u"/stalled"_s;
+    QTest::newRow("no answer behind a redirect") << u"/astray-silent"_s;
+}
+
+void tst_PlaylistClient::downloadFails()
+{
+    QFETCH(const QString, path);
+    server->on(u"/forbidden"_s, statusReply(403));
+    server->on(u"/broken"_s, statusReply(503));
+    server->on(u"/half"_s, cutShort(bodyReply(twoChannels), 60));
+    server->on(u"/circle"_s, HttpReply::redirect(server->url(u"/circle2"_s)));
+    server->on(u"/circle2"_s, HttpReply::redirect(server->url(u"/circle"_s)));
+    server->on(u"/astray"_s, HttpReply::redirect(server->url(u"/missing"_s)));
+    server->on(u"/silent"_s, neverAnswers());
+    server->on(u"/stalled"_s, stalling(bodyReply(twoChannels), 10));
+    server->on(u"/astray-silent"_s, HttpReply::redirect(server->url(u"/silent"_s)));
+    client->findChild<QNetworkAccessManager *>()->setTransferTimeout(1000);
+    const PlaylistReply reply = read(server->url(path));
+    QCOMPARE(calls, 1);
+    QCOMPARE(reply.outcome, Outcome::DownloadFailed);
+    QCOMPARE(reply.body, QByteArray());
+    QVERIFY(!reply.error.isEmpty());
+}
+
+void tst_PlaylistClient::noServer_data()
+{
+    QTest::addColumn<QString>("scheme");
+    QTest::newRow("plain") << u"http"_s;
+    QTest::newRow("secure") << u"https"_s;
+}
+
+void tst_PlaylistClient::noServer()
+{
+    QFETCH(const QString, scheme);
+    const QString address = server->url(u"/list.m3u"_s).replace("http"_L1, scheme);
+    server->refuse();
+    const PlaylistReply reply = read(address);
+    QCOMPARE(reply.outcome, Outcome::DownloadFailed);
+    QCOMPARE(reply.error, u"Connection refused"_s);
+}
+
+void tst_PlaylistClient::replyTimeout()
+{
+    QCOMPARE(client->findChild<QNetworkAccessManager *>()->transferTimeout(), 60'000);
+}
+
+void tst_PlaylistClient::readsAFileAtOnce()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"my lïst.m3u"_s);
+    writeFile(path, "#EXTINF:-1,Ünï\r\nhttp://x/1\r\n"_ba);
+    PlaylistReply result;
+    client->read(path, [&](const PlaylistReply &reply) { result = reply; });
+    QCOMPARE(result.outcome, Outcome::Read);
+    QCOMPARE(result.body, "#EXTINF:-1,Ünï\nhttp://x/1\n"_ba); // read as text
+}
+
+void tst_PlaylistClient::anythingElseIsAFile_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::newRow("a path to nothing") << u"/nowhere/list.m3u"_s;
+    QTest::newRow("a drive letter") << u"C:\\lists\\list.m3u"_s;
+    QTest::newRow("a scheme in capitals") << u"HTTP://127.0.0.1:9/list.m3u"_s;
+    QTest::newRow("a scheme with one capital letter") << u"Https://127.0.0.1:9/list.m3u"_s;
+    QTest::newRow("another scheme") << u"ftp://127.0.0.1:9/list.m3u"_s;
+    QTest::newRow("a leading space") << u" http://127.0.0.1:9/list.m3u"_s;
+    QTest::newRow("a folder") << QDir::tempPath();
+}
+
+void tst_PlaylistClient::anythingElseIsAFile()
+{
+    QFETCH(const QString, address);
+    const PlaylistReply reply = read(address);
+    QCOMPARE(calls, 1);
+    QCOMPARE(reply.outcome, Outcome::FileNotOpened);
+    QCOMPARE(reply.body, QByteArray());
+}
+
+void tst_PlaylistClient::traces_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("received");
+    QTest::newRow("a download") << u"/list.m3u"_s << u"/list.m3u"_s << u"36 bytes "_s;
+    QTest::newRow("a password") << u"/list.m3u?password=secret"_s << u"/list.m3u?password=***"_s
+                                << u"36 bytes "_s;
+    QTest::newRow("a failure") << u"/missing"_s << u"/missing"_s
+                               << u"error: Error transferring %1/missing - server replied: "
+                                  "Not Found "_s;
+    QTest::newRow("a failure behind a redirect with a credential")
+        << u"/moved"_s << u"/moved"_s
+        << u"error: Error transferring %1/cdn?token=***&x=*** - server replied: Not Found "_s;
+}
+
+void tst_PlaylistClient::traces()
+{
+    QFETCH(const QString, path);
+    QFETCH(const QString, sent);
+    QFETCH(QString, received);
+    server->on(u"/list.m3u"_s, bodyReply(oneChannel(u"One"_s)));
+    server->on(u"/moved"_s, HttpReply::redirect(u"/cdn?token=Hop%20Token&x=Hop%20Token"_s));
+    TraceCapture capture;
+    (void)read(server->url(path));
+    (void)read(u"/nowhere"_s); // files are not traced
+    QCOMPARE(capture.take(), u"[M3U] -> "_s + server->url(sent) + u" \n[M3U] <- "_s +
+                                 received.replace("%1"_L1, server->url()) + u'\n');
+}
+
+void tst_PlaylistClient::destroyedClientNeverCallsBack()
+{
+    server->on(u"/list.m3u"_s, heldReply(twoChannels));
+    calls = 0;
+    client->read(server->url(u"/list.m3u"_s), [this](const PlaylistReply &) { ++calls; });
+    QTRY_COMPARE(server->openConnections(), 1);
+    client.reset();
+    QTRY_COMPARE(server->openConnections(), 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(calls, 0);
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_PlaylistClient)
+#include "tst_PlaylistClient.moc"
