@@ -41,7 +41,7 @@ int RedirectFollower::foreignConnections() const
 void RedirectFollower::dropConnections()
 {
     if (isDuplicated) {
-        // The hop is allowed. What is connected still would allow it again; Qt connects anew.
+        // The hop is allowed. What is connected still would allow it again; Qt connects it again.
         disconnect(reply, &QNetworkReply::redirectAllowed, nullptr, nullptr);
         behindFirst = {};
     }

@@ -9,7 +9,7 @@ class QNetworkReply;
 /// (QNetworkRequest::UserVerifiedRedirectPolicy), each hop exactly once. A child of the reply.
 ///
 /// Qt follows a redirect when its own slot hears QNetworkReply::redirectAllowed(). Some versions
-/// connect that slot anew for every hop, which would follow the second one twice; others may
+/// connect that slot again for every hop, which would follow the second one twice; others may
 /// connect it once.
 class RedirectFollower final : public QObject
 {

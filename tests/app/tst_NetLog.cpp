@@ -66,8 +66,8 @@ void tst_NetLog::switchIsOnForEverythingButZero_data()
     QTest::newRow("yes") << u"yes"_s << true;
     QTest::newRow("false") << u"false"_s << true;
     QTest::newRow("00") << u"00"_s << true;
-    QTest::newRow("blank before 0") << u" 0"_s << true;
-    QTest::newRow("blank after 0") << u"0 "_s << true;
+    QTest::newRow("space before 0") << u" 0"_s << true;
+    QTest::newRow("space after 0") << u"0 "_s << true;
     QTest::newRow("minus 0") << u"-0"_s << true;
     QTest::newRow("letter O") << u"O"_s << true;
     QTest::newRow("not ASCII") << u"\u0660"_s << true;

@@ -85,7 +85,7 @@ void tst_ItemFilter::matches_data()
     row("not when longer than the name", u"New"_s, u"News"_s, false);
     row("not trimmed in front", u"News"_s, u" News"_s, false);
     row("not trimmed behind", u"News"_s, u"News "_s, false);
-    row("a blank is searched for", u"Sky News"_s, u" "_s, true);
+    row("a space is searched for", u"Sky News"_s, u" "_s, true);
     row("two words as typed", u"Sky News HD"_s, u"sky news"_s, true);
     row("two words in the other order do not match", u"Sky News"_s, u"news sky"_s, false);
     row("two words with other spacing do not match", u"Sky  News"_s, u"sky news"_s, false);
@@ -165,7 +165,7 @@ void tst_ItemFilter::relevanceOrder_data()
         {u"xnews news"_s, u"xnews"_s});
     row("pattern characters are themselves at a word", u"a+ (b"_s,
         {u"xa+ (b)"_s, u"x a+ (b)"_s, u"A+ (B"_s}, {u"A+ (B"_s, u"x a+ (b)"_s, u"xa+ (b)"_s});
-    row("a query that begins with a sign has no word start after a blank", u"+1"_s,
+    row("a query that begins with a sign has no word start after a space", u"+1"_s,
         {u"TV +1"_s, u"TV+1"_s, u"+1 TV"_s}, {u"+1 TV"_s, u"TV+1"_s, u"TV +1"_s});
     row("a letter beyond ASCII is no word character", u"bc"_s, {u"abc"_s, u"ébc"_s},
         {u"ébc"_s, u"abc"_s});

@@ -84,7 +84,7 @@ http://h/1.ts
     QTest::newRow("a nameless #EXTINF drops the one before")
         << u"#EXTINF:-1,B\n#EXTINF:-1,\nhttp://h/1\n"_s << Channels();
     QTest::newRow("#EXTINF at the end") << u"#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,B"_s << a;
-    QTest::newRow("blank lines in between")
+    QTest::newRow("empty lines in between")
         << u"#EXTINF:-1,A\n\n \t \n\u00a0\u3000\nhttp://h/1"_s << a;
     QTest::newRow("directives and comments in between")
         << u"#EXTINF:-1,A\n#EXTVLCOPT:http-user-agent=x\n#EXTGRP:G\n# note\n#\nhttp://h/1"_s << a;
@@ -136,7 +136,7 @@ void tst_M3uParser::nameRows()
     row("tag without a colon", u"#EXTINF,A"_s, u"A"_s);
     row("longer tag", u"#EXTINFO:-1,A"_s, u"A"_s);
     row("indented tag", u" \t\u00a0#EXTINF:-1,A"_s, u"A"_s);
-    row("blank in the tag", u"# EXTINF:-1,A"_s, {});
+    row("space in the tag", u"# EXTINF:-1,A"_s, {});
     row("shorter tag", u"#EXTIN:-1,A"_s, {});
     row("dotless and dotted letters are no I", u"#EXT\u0131NF:-1,A"_s, {});
 }
@@ -151,12 +151,12 @@ void tst_M3uParser::attributeRows()
     row("no attributes", u""_s, uncategorized, {});
     row("empty values", u"group-title=\"\" tvg-logo=\"\""_s, uncategorized, {});
     row("values are not trimmed", u"group-title=\" G \" tvg-logo=\" L \""_s, u" G "_s, u" L "_s);
-    row("a blank group is a group", u"group-title=\" \""_s, u" "_s, {});
+    row("a group of one space is a group", u"group-title=\" \""_s, u" "_s, {});
     row("single quotes", u"group-title='G' tvg-logo='L'"_s, uncategorized, {});
     row("no quotes", u"group-title=G tvg-logo=L"_s, uncategorized, {});
     row("curly quotes", u"group-title=\u201cG\u201d"_s, uncategorized, {});
-    row("blank before the equals sign", u"group-title =\"G\""_s, uncategorized, {});
-    row("blank behind the equals sign", u"group-title= \"G\""_s, uncategorized, {});
+    row("space before the equals sign", u"group-title =\"G\""_s, uncategorized, {});
+    row("space behind the equals sign", u"group-title= \"G\""_s, uncategorized, {});
     row("capitals", u"Group-Title=\"G\" TVG-LOGO=\"L\""_s, uncategorized, {});
     row("no closing quote", u"group-title=\"G"_s, uncategorized, {});
     row("the first occurrence wins", u"group-title=\"G\" group-title=\"H\""_s, u"G"_s, {});

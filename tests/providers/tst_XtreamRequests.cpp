@@ -139,7 +139,7 @@ void tst_XtreamRequests::serverAddress_data()
     QTest::newRow("below the root") << u"/panel/tv"_s << u"/panel/tv/player_api.php"_s;
     QTest::newRow("below the root, slash") << u"/panel/tv/"_s << u"/panel/tv/player_api.php"_s;
     QTest::newRow("not cleaned") << u"/get.php"_s << u"/get.php/player_api.php"_s;
-    QTest::newRow("blank in the path") << u"/a b"_s << u"/a b/player_api.php"_s;
+    QTest::newRow("space in the path") << u"/a b"_s << u"/a b/player_api.php"_s;
 }
 
 void tst_XtreamRequests::serverAddress()

@@ -3,7 +3,7 @@
     check_texts.py LUPDATE SOURCES [--update]
 
 texts.txt lists them, one per line, with line breaks as "\\n". A text that lupdate no longer finds cannot
-be translated. --update writes the list anew, for a text that was added or reworded on purpose.
+be translated. --update writes the list again, for a text that was added or reworded on purpose.
 """
 
 import pathlib

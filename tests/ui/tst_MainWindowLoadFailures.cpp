@@ -50,7 +50,7 @@ void tst_MainWindowLoadFailures::boxAfterTheOverlay_data()
     QTest::addColumn<SourceConfig>("source");
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("text");
-    // The server is made anew for each row: its address goes in later.
+    // The server is created again for each row: its address goes in later.
     QTest::newRow("a file") << playlistSource(u"A"_s, missingFile, neverLoaded) << downloadTitle
                             << u"Failed to open file: "_s + missingFile;
     QTest::newRow("a download") << playlistSource(u"A"_s, u"/missing"_s, neverLoaded)

@@ -50,7 +50,7 @@ QString visibleTabs(const WindowFixture &fixture)
 
 } // namespace
 
-/// Which source is active, what switching does to the tabs, and when a source is fetched anew.
+/// Which source is active, what switching does to the tabs, and when a source is fetched again.
 class tst_MainWindowSources : public QObject
 {
     Q_OBJECT

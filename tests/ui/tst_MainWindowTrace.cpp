@@ -24,7 +24,7 @@ QStringList traceLines(const QString &written)
 }
 
 /// The ways in which a URL, or a URL within a URL, can spell a password.
-QStringList spellings(const QString &password)
+QStringList encodings(const QString &password)
 {
     const QByteArray encoded = QUrl::toPercentEncoding(password);
     QStringList result{password,
@@ -105,17 +105,17 @@ void tst_MainWindowTrace::noLineShowsThePassword_data()
     QTest::addColumn<QString>("source");
     QTest::addColumn<int>("status");
     const QString plain = u"s3cr3tW0rd"_s;
-    const QString odd = u"Geh/eim +&ä%"_s;
+    const QString special = u"Geh/eim +&ä%"_s;
     const QString query = u"/get.php?username=u&password=%1&type=m3u_plus"_s;
     QTest::newRow("plain") << plain << query << 200;
-    QTest::newRow("with characters that need encoding") << odd << query << 200;
+    QTest::newRow("with characters that need encoding") << special << query << 200;
     QTest::newRow("plain, not found") << plain << query << 404;
-    QTest::newRow("encoded, not found") << odd << query << 404;
-    QTest::newRow("in a path") << odd << u"/live/u/%1/list.m3u"_s << 404;
-    QTest::newRow("under another name") << odd << u"/list.m3u?user=u&pass=%1"_s << 404;
-    QTest::newRow("as a token") << odd << u"/list.m3u?Token=%1"_s << 404;
-    QTest::newRow("in a playlist's path") << odd << u"/playlist/u/%1/m3u_plus"_s << 404;
-    QTest::newRow("in a playlist's path, found") << odd << u"/playlist/u/%1/list.m3u"_s << 200;
+    QTest::newRow("encoded, not found") << special << query << 404;
+    QTest::newRow("in a path") << special << u"/live/u/%1/list.m3u"_s << 404;
+    QTest::newRow("under another name") << special << u"/list.m3u?user=u&pass=%1"_s << 404;
+    QTest::newRow("as a token") << special << u"/list.m3u?Token=%1"_s << 404;
+    QTest::newRow("in a playlist's path") << special << u"/playlist/u/%1/m3u_plus"_s << 404;
+    QTest::newRow("in a playlist's path, found") << special << u"/playlist/u/%1/list.m3u"_s << 200;
 }
 
 void tst_MainWindowTrace::noLineShowsThePassword()
@@ -154,8 +154,8 @@ void tst_MainWindowTrace::noLineShowsThePassword()
     QCOMPARE(lines.size(), 2 + channels * 2);
     QVERIFY(lines.at(0).contains("***"_L1));
     for (const QString &line : lines) {
-        for (const QString &spelling : spellings(password)) {
-            QVERIFY2(!line.contains(spelling), qUtf8Printable(line));
+        for (const QString &encoded : encodings(password)) {
+            QVERIFY2(!line.contains(encoded), qUtf8Printable(line));
         }
     }
 }

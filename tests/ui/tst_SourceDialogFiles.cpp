@@ -99,7 +99,7 @@ void tst_SourceDialogFiles::copyIsNamedAfterTheSource_data()
     row("one underscore per character", u"a../b"_s, u"a.m3u"_s, u"a___b.m3u"_s);
     row("beyond ASCII", u"Füße"_s, u"a.m3u"_s, u"F__e.m3u"_s);
     row("beyond the first plane, still one", u"TV😀"_s, u"a.m3u"_s, u"TV_.m3u"_s);
-    row("only odd characters", u"日本"_s, u"a.m3u"_s, u"__.m3u"_s);
+    row("only characters that are replaced", u"日本"_s, u"a.m3u"_s, u"__.m3u"_s);
     row("an empty name is the default name", {}, u"a.m3u"_s, u"M3U_Playlist.m3u"_s);
     row("no suffix", u"List"_s, u"channels"_s, u"List"_s);
     row("a dot at the end is no suffix", u"List"_s, u"channels."_s, u"List"_s);
