@@ -3,14 +3,12 @@
 #include "model/CatalogRecords.h"
 #include "model/CatalogSection.h"
 #include "model/SourceConfig.h"
-#include "providers/XtreamAccount.h"
 #include "ui/EpisodeQueue.h"
 #include "ui/PlaybackErrorBox.h"
 
-#include <QHash>
+#include <QList>
 #include <QMainWindow>
 
-#include <functional>
 #include <optional>
 
 class BrowseTab;
@@ -24,12 +22,9 @@ class SourceManager;
 class VlcPlayer;
 struct LoadFailure;
 
-class QBoxLayout;
 class QComboBox;
-class QLabel;
-class QListWidget;
 class QListWidgetItem;
-class QNetworkAccessManager;
+class QTabWidget;
 class QTimer;
 class QVBoxLayout;
 
@@ -161,7 +156,7 @@ private:
     LoadingOverlay *loadingOverlay = nullptr;
 
     // ---- MainWindowBrowse.cpp ----
-    class QTabWidget *tabs = nullptr;
+    QTabWidget *tabs = nullptr;
     QList<BrowseTab *> browseTabs; ///< in the order of CatalogSection
 
     // ---- MainWindowSeries.cpp ----

@@ -8,7 +8,6 @@
 #include "ui/SourceDialog.h"
 
 #include <QComboBox>
-#include <QLabel>
 #include <QSignalBlocker>
 
 bool MainWindow::storeCopy(SourceConfig &config, const QString &title)
