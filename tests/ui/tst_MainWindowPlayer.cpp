@@ -257,7 +257,7 @@ void tst_MainWindowPlayer::onlyThePanelIsLeftInFullscreen()
 void tst_MainWindowPlayer::escapeLeavesFullscreenOnly()
 {
     MainWindow &window = openAndPlay(StreamKind::Live);
-    const auto pressEscape = [&window](bool repeat) {
+    const auto pressEscape = [](bool repeat) {
         QTest::simulateEvent(QApplication::focusWidget(), true, Qt::Key_Escape, Qt::NoModifier, {},
                              repeat);
     };

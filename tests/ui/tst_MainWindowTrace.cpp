@@ -154,8 +154,8 @@ void tst_MainWindowTrace::noLineShowsThePassword()
     QCOMPARE(lines.size(), 2 + channels * 2);
     QVERIFY(lines.at(0).contains("***"_L1));
     for (const QString &line : lines) {
-        for (const QString &encoded : encodings(password)) {
-            QVERIFY2(!line.contains(encoded), qUtf8Printable(line));
+        for (const QString &encoding : encodings(password)) {
+            QVERIFY2(!line.contains(encoding), qUtf8Printable(line));
         }
     }
 }
