@@ -102,7 +102,7 @@ class ControlFinderPlugin final : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "controlfinder.json")
 
 public:
-    QObject *create(const QString & /*key*/, const QString & /*specification*/) override
+    QObject *create(const QString & /*key*/, const QString & /*arguments*/) override
     {
         return new ControlFinder;
     }
