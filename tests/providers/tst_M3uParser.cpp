@@ -298,7 +298,7 @@ void tst_M3uParser::hundredMegabytes()
     constexpr int entries = 50'000;
     const QString url = u"http://h/"_s + QString(1950, u'x');
     QString text;
-    text.reserve(entries * 2100);
+    text.reserve(static_cast<qsizetype>(entries) * 2100);
     for (int index = 0; index < entries; ++index) {
         text += u"#EXTINF:-1 group-title=\"G%1\",N%2\r\n"_s.arg(index % 10).arg(index) + url +
                 u"\r\n"_s;
