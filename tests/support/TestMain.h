@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/RegexpJit.h"
 #include "support/PrivateProfile.h"
 
 #include <QApplication>
@@ -10,6 +11,7 @@
 template <typename Application, typename TestClass>
 int runTestProgram(int argc, char **argv)
 {
+    disableRegexpJit();
     PrivateProfile profile;
     Application application(argc, argv);
     TestClass test;
