@@ -6,20 +6,16 @@
 #include "providers/CatalogLoader.h"
 #include "providers/SubscriptionAddress.h"
 #include "ui/BrowseTab.h"
-#include "ui/ElidedComboBox.h"
 #include "ui/EpisodePage.h"
 #include "ui/FullscreenChrome.h"
 #include "ui/LoadingOverlay.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlayerPanel.h"
+#include "ui/SourceBar.h"
 
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QSignalBlocker>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTimer>
@@ -31,8 +27,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int autoRefreshIntervalMs = 1800000;
-/// A third of the window's width at the start.
-constexpr int sourceComboMaxWidth = 400;
 
 } // namespace
 
@@ -50,7 +44,8 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     centralLayout = new QVBoxLayout(central);
     centralLayout->setContentsMargins(centralMargin, centralMargin, centralMargin, centralMargin);
     setCentralWidget(central);
-    centralLayout->addWidget(buildSourceBar());
+    createSourceBar();
+    centralLayout->addWidget(sourceBar);
 
     autoRefreshTimer = new QTimer(this);
     autoRefreshTimer->setObjectName(u"autoRefreshTimer"_s);
@@ -103,60 +98,36 @@ void MainWindow::closeEvent(QCloseEvent *event)
     QCoreApplication::exit();
 }
 
-QWidget *MainWindow::buildSourceBar()
+void MainWindow::createSourceBar()
 {
-    sourceBar = new QWidget;
+    sourceBar = new SourceBar;
     sourceBar->setObjectName(u"sourceBar"_s);
-    sourceBar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    sourceCombo = new ElidedComboBox;
-    sourceCombo->setObjectName(u"sourceCombo"_s);
-    sourceCombo->setAccessibleName(tr("Source"));
-    sourceCombo->setMinimumWidth(220);
-    sourceCombo->setMaximumWidth(sourceComboMaxWidth);
-    auto *add = new QPushButton(tr("Add Source..."));
-    auto *edit = new QPushButton(tr("Edit Source..."));
-    auto *refresh = new QPushButton(tr("Refresh Playlist"));
-
-    auto *layout = new QHBoxLayout(sourceBar);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new QLabel(tr("Source:")));
-    layout->addWidget(sourceCombo);
-    layout->addWidget(add);
-    layout->addWidget(edit);
-    layout->addWidget(refresh);
-    layout->addStretch();
-
-    connect(add, &QPushButton::clicked, this, &MainWindow::addSource);
-    connect(edit, &QPushButton::clicked, this, &MainWindow::editSource);
-    connect(refresh, &QPushButton::clicked, this, &MainWindow::refreshActiveSource);
-    connect(sourceCombo, &QComboBox::currentIndexChanged, this, &MainWindow::onSourceSelected);
-    return sourceBar;
+    connect(sourceBar, &SourceBar::addRequested, this, &MainWindow::addSource);
+    connect(sourceBar, &SourceBar::editRequested, this, &MainWindow::editSource);
+    connect(sourceBar, &SourceBar::refreshRequested, this, &MainWindow::refreshActiveSource);
+    connect(sourceBar, &SourceBar::currentChanged, this, &MainWindow::onSourceSelected);
 }
 
 void MainWindow::restoreSources()
 {
-    const QList<SourceConfig> sources = sourceManager->sources();
-    {
-        const QSignalBlocker blocker(sourceCombo);
-        for (const SourceConfig &source : sources) {
-            sourceCombo->addItem(source.name, source.name);
-        }
+    QStringList names;
+    for (const SourceConfig &source : sourceManager->sources()) {
+        names << source.name;
     }
-    if (sources.isEmpty()) {
+    sourceBar->setNames(names);
+    if (names.isEmpty()) {
         // Through the event queue: the dialog must not open before the window is on screen.
         QMetaObject::invokeMethod(this, &MainWindow::addSource, Qt::QueuedConnection);
         return;
     }
-    const int lastActive =
-        sourceCombo->findData(sourceManager->lastActiveSourceName(), Qt::UserRole,
-                              Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const int lastActive = sourceBar->indexOf(sourceManager->lastActiveSourceName());
     // The first load begins before the window has its layout.
     QMetaObject::invokeMethod(loadingOverlay, &LoadingOverlay::fit, Qt::QueuedConnection);
     const int index = std::max(lastActive, 0);
-    if (index == sourceCombo->currentIndex()) {
+    if (index == sourceBar->currentIndex()) {
         onSourceSelected(index);
     } else {
-        sourceCombo->setCurrentIndex(index);
+        sourceBar->setCurrentIndex(index);
     }
 }
 
@@ -165,7 +136,7 @@ void MainWindow::onSourceSelected(int index)
     if (index < 0) {
         return;
     }
-    if (const auto source = storedSource(sourceCombo->itemData(index).toString())) {
+    if (const auto source = storedSource(sourceBar->nameAt(index))) {
         loadSource(*source, false);
     }
 }

@@ -18,11 +18,11 @@ class FullscreenChrome;
 class LoadingOverlay;
 class PlaybackSession;
 class PlayerPanel;
+class SourceBar;
 class SourceManager;
 class VlcPlayer;
 struct LoadFailure;
 
-class QComboBox;
 class QListWidgetItem;
 class QTabWidget;
 class QTimer;
@@ -107,7 +107,7 @@ protected:
 
 private:
     // ---- MainWindow.cpp ----
-    QWidget *buildSourceBar();
+    void createSourceBar();
     void createPlayer();
     void restoreSources();
     void showTabsFor(qint32 sourceType);
@@ -120,7 +120,6 @@ private:
     bool checkDialogResult(const SourceConfig &config, const QString &title);
     bool storeCopy(SourceConfig &config, const QString &title);
     void deleteSource(const QString &name);
-    void removeRowsOf(const QString &name);
     void replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited);
     void forgetLastSource();
 
@@ -150,8 +149,7 @@ private:
     /// The active source; an empty name means none.
     SourceConfig currentSource = defaultSourceConfig();
     QTimer *autoRefreshTimer = nullptr;
-    QWidget *sourceBar = nullptr;
-    QComboBox *sourceCombo = nullptr;
+    SourceBar *sourceBar = nullptr;
     QVBoxLayout *centralLayout = nullptr;
     LoadingOverlay *loadingOverlay = nullptr;
 

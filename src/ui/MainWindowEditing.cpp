@@ -5,10 +5,8 @@
 #include "ui/PlainMessageBox.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlaylistCopy.h"
+#include "ui/SourceBar.h"
 #include "ui/SourceDialog.h"
-
-#include <QComboBox>
-#include <QSignalBlocker>
 
 bool MainWindow::storeCopy(SourceConfig &config, const QString &title)
 {
@@ -45,17 +43,16 @@ void MainWindow::addSource()
     }
     catalogLoader->forget(config.name);
     sourceManager->saveSource(config);
-    sourceCombo->addItem(config.name, config.name);
-    sourceCombo->setCurrentIndex(sourceCombo->count() - 1);
+    sourceBar->append(config.name);
 }
 
 void MainWindow::editSource()
 {
-    const int index = sourceCombo->currentIndex();
+    const int index = sourceBar->currentIndex();
     if (index < 0) {
         return;
     }
-    const auto existing = storedSource(sourceCombo->itemData(index).toString());
+    const auto existing = storedSource(sourceBar->nameAt(index));
     if (!existing) {
         return;
     }
@@ -80,23 +77,12 @@ void MainWindow::deleteSource(const QString &name)
     }
     // What is still under way for it must not store it again.
     catalogLoader->forget(name);
-    removeRowsOf(name);
-    if (sourceCombo->count() > 0) {
-        onSourceSelected(sourceCombo->currentIndex());
+    sourceBar->remove(name);
+    if (!sourceBar->isEmpty()) {
+        onSourceSelected(sourceBar->currentIndex());
     } else {
         forgetLastSource();
         QMetaObject::invokeMethod(this, &MainWindow::addSource, Qt::QueuedConnection);
-    }
-}
-
-void MainWindow::removeRowsOf(const QString &name)
-{
-    // The removal alone would select the next source, and loading it is the caller's.
-    const QSignalBlocker blocker(sourceCombo);
-    for (int index = sourceCombo->count() - 1; index >= 0; --index) {
-        if (sourceCombo->itemData(index).toString() == name) {
-            sourceCombo->removeItem(index);
-        }
     }
 }
 
@@ -116,11 +102,10 @@ void MainWindow::replaceSourceAt(int index, const QString &oldName, const Source
         sourceManager->removeSource(oldName);
     }
     sourceManager->saveSource(edited);
-    const bool current = index == sourceCombo->currentIndex();
-    sourceCombo->setItemText(index, edited.name);
-    sourceCombo->setItemData(index, edited.name);
+    const bool current = index == sourceBar->currentIndex();
+    sourceBar->rename(index, edited.name);
     if (edited.name != oldName) {
-        removeRowsOf(oldName);
+        sourceBar->remove(oldName);
     }
     if (current) {
         loadSource(edited, true);

@@ -6,6 +6,7 @@
 #include "ui/FullscreenChrome.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlayerPanel.h"
+#include "ui/SourceBar.h"
 
 #include <QBoxLayout>
 #include <QEvent>
