@@ -1,6 +1,7 @@
 // What finding the posters near the view costs on a scroll step: it must not grow with the grid.
 
 #include "fakeprovider/CatalogGenerator.h"
+#include "model/ItemFilter.h"
 #include "ui/PosterGrid.h"
 #include "ui/PosterStore.h"
 
@@ -24,7 +25,8 @@ std::unique_ptr<QListWidget> openGrid(int count)
     auto *controller = new PosterGrid(grid.get(), posters);
     grid->resize(420, 600);
     grid->show();
-    controller->fill(CatalogGenerator().movies(count, 200));
+    const QList<MediaItem> films = CatalogGenerator().movies(count, 200);
+    controller->fill({films, filteredRows(films, {}, {})});
     QCoreApplication::processEvents();
     grid->verticalScrollBar()->setValue(grid->verticalScrollBar()->maximum() / 2);
     return grid;

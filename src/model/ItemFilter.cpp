@@ -4,6 +4,7 @@
 #include "model/NameOrder.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numeric>
 #include <tuple>
@@ -119,22 +120,41 @@ QList<MediaItem> applyFilter(const QList<MediaItem> &items, const QString &categ
         return items;
     }
     QList<MediaItem> matches;
-    QList<int> scores;
+    for (const int row : filteredRows(items, categoryId, query)) {
+        matches.append(items.at(row));
+    }
+    return matches;
+}
+
+QList<int> filteredRows(const QList<MediaItem> &items, const QString &categoryId,
+                        const QString &query)
+{
+    QList<int> order(items.size());
+    std::iota(order.begin(), order.end(), 0);
+    return filteredRows(items, order, categoryId, query);
+}
+
+QList<int> filteredRows(const QList<MediaItem> &items, const QList<int> &order,
+                        const QString &categoryId, const QString &query)
+{
+    // Entries of one score keep their order, so one pass sorts them all.
+    std::array<QList<int>, NameMatcher::NoMatch> rowsByScore;
     NameMatcher matcher(query);
-    for (const MediaItem &item : items) {
+    for (const int row : order) {
+        const MediaItem &item = items.at(row);
         if (!categoryId.isEmpty() && item.categoryId != categoryId) {
             continue;
         }
         const NameMatcher::Score score = matcher.score(item.name);
         if (score != NameMatcher::NoMatch) {
-            matches.append(item);
-            scores.append(score);
+            rowsByScore.at(static_cast<size_t>(score)).append(row);
         }
     }
-    if (!query.isEmpty()) {
-        reorder(matches, orderByScore(scores, [](int, int) { return false; }));
+    QList<int> rows;
+    for (const QList<int> &scored : rowsByScore) {
+        rows.append(scored);
     }
-    return matches;
+    return rows;
 }
 
 void sortByRelevance(QList<MediaItem> &items, const QString &query,

@@ -13,6 +13,13 @@
 QList<MediaItem> applyFilter(const QList<MediaItem> &items, const QString &categoryId,
                              const QString &query);
 
+/// The same entries as indices into `items`.
+QList<int> filteredRows(const QList<MediaItem> &items, const QString &categoryId,
+                        const QString &query);
+/// The same for entries that are taken in this order.
+QList<int> filteredRows(const QList<MediaItem> &items, const QList<int> &order,
+                        const QString &categoryId, const QString &query);
+
 /// Stably sorts `items` by how well their names match `query`: equal, prefix, start of a word,
 /// anything else. Among equal scores, `tieBreak(a, b, scores)` decides whether the entry at index
 /// `a` of the old order comes before the one at `b`. With an empty query all scores are equal.

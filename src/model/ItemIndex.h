@@ -11,10 +11,11 @@
 class ItemIndex final
 {
 public:
-    /// The result of applyFilter() followed by sortItems() for these entries. A list other than in
-    /// the last call, identified by its data pointer, discards the orders.
-    QList<MediaItem> select(const QList<MediaItem> &items, const QString &categoryId,
-                            const QString &query, const QString &sortKey);
+    /// The result of applyFilter() followed by sortItems() for these entries, as indices into
+    /// `items`. A list other than in the last call, identified by its data pointer, discards the
+    /// orders.
+    QList<int> select(const QList<MediaItem> &items, const QString &categoryId,
+                      const QString &query, const QString &sortKey);
 
 private:
     /// The indices of all entries, sorted by a key.

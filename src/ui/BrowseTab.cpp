@@ -17,6 +17,28 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A cell that shows the name of an entry, which must outlive it.
+class NameCell final : public QTableWidgetItem
+{
+public:
+    explicit NameCell(const MediaItem &shownEntry)
+        : entry(&shownEntry)
+    {}
+
+    void show(const MediaItem &shownEntry) { entry = &shownEntry; }
+    QVariant data(int role) const override
+    {
+        return role == Qt::DisplayRole ? entry->name : QTableWidgetItem::data(role);
+    }
+
+private:
+    const MediaItem *entry;
+};
+
+} // namespace
+
 std::span<const BrowseTabSpec> browseTabSpecs()
 {
     static constexpr BrowseTabSpec specs[] = {
@@ -254,23 +276,26 @@ void BrowseTab::selectCategory(const QListWidgetItem *item)
 
 void BrowseTab::refilter()
 {
+    // The view's items show these until they are filled again.
+    const ShownEntries previous = shown;
     if (table != nullptr) {
-        filtered = applyFilter(allItems, categoryId, search->text());
+        shown = {allItems, filteredRows(allItems, categoryId, search->text())};
         populateTable();
     } else {
-        filtered =
-            index.select(allItems, categoryId, search->text(), sortCombo->currentData().toString());
-        posterGrid->fill(filtered);
+        const QString sortKey = sortCombo->currentData().toString();
+        shown = {allItems, index.select(allItems, categoryId, search->text(), sortKey)};
+        posterGrid->fill(shown);
     }
+    Q_EMIT refilled();
 }
 
 void BrowseTab::activateRow(int row)
 {
-    if (row < 0 || row >= filtered.size()) {
+    if (row < 0 || row >= shown.count()) {
         return;
     }
     // A copy: a dialog that playing may open runs the event loop, in which the list can change.
-    const MediaItem item = filtered.at(row);
+    const MediaItem item = shown.at(row);
     Q_EMIT activated(item);
 }
 
@@ -316,12 +341,16 @@ void BrowseTab::moveViewTo(QWidget *page)
 
 void BrowseTab::populateTable()
 {
-    table->setRowCount(static_cast<int>(filtered.size()));
+    table->setRowCount(shown.count());
     {
         // One update of the view for all rows instead of one for each.
         const QSignalBlocker blocker(table->model());
-        for (int row = 0; row < table->rowCount(); ++row) {
-            table->setItem(row, 0, new QTableWidgetItem(filtered.at(row).name));
+        for (int row = 0; row < shown.count(); ++row) {
+            if (auto *cell = static_cast<NameCell *>(table->item(row, 0)); cell != nullptr) {
+                cell->show(shown.at(row));
+            } else {
+                table->setItem(row, 0, new NameCell(shown.at(row)));
+            }
         }
     }
     table->viewport()->update();

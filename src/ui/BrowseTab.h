@@ -2,6 +2,7 @@
 
 #include "model/CatalogRecords.h"
 #include "model/ItemIndex.h"
+#include "ui/ShownEntries.h"
 
 #include <QList>
 #include <QString>
@@ -85,6 +86,8 @@ public:
 Q_SIGNALS:
     /// The user chose an entry.
     void activated(const MediaItem &item);
+    /// The view shows the entries that pass the category and the search now.
+    void refilled();
 
 private:
     QWidget *buildCategoryPage(const BrowseTabSpec &spec);
@@ -119,7 +122,6 @@ private:
 
     QString categoryId; ///< of the chosen category; empty for all
     QList<MediaItem> allItems;
-    ItemIndex index; ///< the orders of the sort box
-    /// The entries shown, in display order: row r of the view is element r.
-    QList<MediaItem> filtered;
+    ItemIndex index;    ///< the orders of the sort box
+    ShownEntries shown; ///< by the view
 };

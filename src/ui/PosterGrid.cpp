@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QListWidget>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QTimer>
 
@@ -49,15 +50,51 @@ void setUpList(QListWidget *list)
     list->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
 }
 
-/// A change of an item repaints it, so the same icon is not set again.
-void setIcon(QListWidgetItem *item, const QIcon &icon)
-{
-    if (item->icon().cacheKey() != icon.cacheKey()) {
-        item->setIcon(icon);
-    }
-}
-
 } // namespace
+
+/// Shows an entry, which must outlive it, with the icon of its URL.
+class PosterItem final : public QListWidgetItem
+{
+public:
+    PosterItem(const MediaItem &shownEntry, const QHash<QString, QIcon> &iconOfUrl,
+               const QIcon &placeholderIcon)
+        : entry(&shownEntry)
+        , icons(&iconOfUrl)
+        , placeholder(&placeholderIcon)
+    {}
+
+    void show(const MediaItem &shownEntry)
+    {
+        entry = &shownEntry;
+        isRequested = false;
+    }
+    const QString &url() const { return entry->iconUrl; }
+
+    QVariant data(int role) const override
+    {
+        switch (role) {
+        case Qt::DisplayRole:
+            return entry->name;
+        case Qt::DecorationRole:
+            return icons->value(entry->iconUrl, *placeholder);
+        case Qt::TextAlignmentRole:
+            return QVariant::fromValue(Qt::AlignHCenter | Qt::AlignTop);
+        case PosterRole::IconUrl:
+            return entry->iconUrl;
+        case PosterRole::Requested:
+            return isRequested ? QVariant(true) : QVariant();
+        default:
+            return QListWidgetItem::data(role);
+        }
+    }
+
+    bool isRequested = false;
+
+private:
+    const MediaItem *entry;
+    const QHash<QString, QIcon> *icons;
+    const QIcon *placeholder;
+};
 
 RowRange rowsInBand(const QListWidget &grid, const QRect &band)
 {
@@ -97,22 +134,28 @@ PosterGrid::PosterGrid(QListWidget *widget, PosterStore *store)
     connect(posters, &PosterStore::idle, this, &PosterGrid::requestLost);
 }
 
-void PosterGrid::fill(const QList<MediaItem> &entries)
+void PosterGrid::fill(const ShownEntries &newEntries)
 {
-    list->clear();
-    rowsOfUrl.clear();
-    shown.clear();
+    {
+        // One reset of the view instead of an update for each item.
+        const QSignalBlocker blocker(list->model());
+        for (int row = list->count(); row > newEntries.count(); --row) {
+            delete list->takeItem(row - 1);
+        }
+        for (int row = 0; row < list->count(); ++row) {
+            itemAt(row)->show(newEntries.at(row));
+        }
+        for (int row = list->count(); row < newEntries.count(); ++row) {
+            list->addItem(new PosterItem(newEntries.at(row), icons, posters->placeholder()));
+        }
+    }
+    entries = newEntries;
+    icons.clear();
     lost.clear();
     if (!posters->isBusy()) {
         awaited.clear(); // those failed
     }
-    for (const MediaItem &entry : entries) {
-        // Given to the list only when complete: a change of an item in a list is costly.
-        auto *item = new QListWidgetItem(posters->placeholder(), entry.name);
-        item->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
-        item->setData(PosterRole::IconUrl, entry.iconUrl);
-        list->addItem(item);
-    }
+    list->reset();
     QTimer::singleShot(0, this, &PosterGrid::requestVisible);
 }
 
@@ -121,9 +164,9 @@ QRect PosterGrid::nearBand() const
     return list->viewport()->rect().adjusted(0, -prefetchMargin, 0, prefetchMargin);
 }
 
-QString PosterGrid::urlOf(int row) const
+PosterItem *PosterGrid::itemAt(int row) const
 {
-    return list->item(row)->data(PosterRole::IconUrl).toString();
+    return static_cast<PosterItem *>(list->item(row));
 }
 
 void PosterGrid::requestVisible()
@@ -131,27 +174,23 @@ void PosterGrid::requestVisible()
     const QRect band = nearBand();
     const RowRange rows = rowsInBand(*list, band);
     for (int row = rows.first; row <= rows.last; ++row) {
-        QListWidgetItem *item = list->item(row);
-        const bool requested = item->data(PosterRole::Requested).toBool();
-        if ((requested && lost.isEmpty()) || !list->visualItemRect(item).intersects(band)) {
+        PosterItem *item = itemAt(row);
+        if ((item->isRequested && lost.isEmpty()) || !list->visualItemRect(item).intersects(band)) {
             continue;
         }
-        const QString url = urlOf(row);
-        if (!requested) {
-            item->setData(PosterRole::Requested, true);
-            requestPoster(item, url);
-        } else if (lost.contains(url)) {
-            requestPoster(item, url);
+        if (!item->isRequested || lost.contains(item->url())) {
+            item->isRequested = true;
+            requestPoster(item->url());
         }
     }
 }
 
-void PosterGrid::requestPoster(QListWidgetItem *item, const QString &url)
+void PosterGrid::requestPoster(const QString &url)
 {
     lost.remove(url);
     if (const QIcon known = posters->find(url); !known.isNull()) {
-        shown.insert(url);
-        setIcon(item, known);
+        icons.insert(url, known);
+        repaint(url);
     } else if (posters->request(url)) {
         awaited.insert(url);
     } else {
@@ -161,18 +200,19 @@ void PosterGrid::requestPoster(QListWidgetItem *item, const QString &url)
 
 void PosterGrid::showPoster(const QString &url, const QIcon &poster)
 {
-    if (awaited.remove(url) && setIcons(url, poster)) {
+    if (awaited.remove(url)) {
         lost.remove(url);
-        shown.insert(url);
+        icons.insert(url, poster);
+        repaint(url);
     }
     keepVisible();
 }
 
 void PosterGrid::dropPoster(const QString &url)
 {
-    if (shown.remove(url)) {
-        setIcons(url, posters->placeholder());
+    if (icons.remove(url)) {
         lost.insert(url);
+        repaint(url);
     }
 }
 
@@ -196,23 +236,19 @@ void PosterGrid::keepVisible()
 {
     const RowRange rows = rowsInBand(*list, nearBand());
     for (int row = rows.first; row <= rows.last; ++row) {
-        posters->find(urlOf(row));
+        posters->find(itemAt(row)->url());
     }
 }
 
-bool PosterGrid::setIcons(const QString &url, const QIcon &icon)
+/// Paints the items of that URL that are on screen.
+void PosterGrid::repaint(const QString &url)
 {
-    if (rowsOfUrl.isEmpty()) {
-        rowsOfUrl.reserve(list->count());
-        for (int row = 0; row < list->count(); ++row) {
-            rowsOfUrl.insert(urlOf(row), row);
+    const RowRange rows = rowsInBand(*list, list->viewport()->rect());
+    for (int row = rows.first; row <= rows.last; ++row) {
+        if (const PosterItem *item = itemAt(row); item->url() == url) {
+            list->viewport()->update(list->visualItemRect(item));
         }
     }
-    const auto [first, last] = std::as_const(rowsOfUrl).equal_range(url);
-    for (auto row = first; row != last; ++row) {
-        setIcon(list->item(row.value()), icon);
-    }
-    return first != last;
 }
 
 bool PosterGrid::eventFilter(QObject *watched, QEvent *event)

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "model/CatalogRecords.h"
+#include "ui/ShownEntries.h"
 
+#include <QHash>
 #include <QIcon>
-#include <QList>
-#include <QMultiHash>
 #include <QObject>
 #include <QSet>
 #include <QString>
 
+class PosterItem;
 class PosterStore;
 class QListWidget;
 class QListWidgetItem;
@@ -45,9 +45,9 @@ public:
     /// Sets up the widget, which becomes the parent. The store must outlive both.
     PosterGrid(QListWidget *widget, PosterStore *store);
 
-    /// Replaces the items: row r shows entry r. Requests follow from the event loop, when the items
-    /// are laid out.
-    void fill(const QList<MediaItem> &entries);
+    /// Replaces the items: row r shows entry r, whatever the event loop has painted. Requests
+    /// follow from the event loop, when the items are laid out.
+    void fill(const ShownEntries &entries);
     /// Requests the posters of the items in and near the visible part.
     void requestVisible();
 
@@ -56,22 +56,20 @@ protected:
 
 private:
     void requestAfterResize();
-    void requestPoster(QListWidgetItem *item, const QString &url);
+    void requestPoster(const QString &url);
     void showPoster(const QString &url, const QIcon &poster);
     void dropPoster(const QString &url);
     void retry(const QString &url);
     void requestLost();
     void keepVisible();
-    /// Gives an icon to the rows of that URL and returns whether there are any.
-    bool setIcons(const QString &url, const QIcon &icon);
+    void repaint(const QString &url);
     QRect nearBand() const;
-    QString urlOf(int row) const;
+    PosterItem *itemAt(int row) const;
 
     QListWidget *list;
     PosterStore *posters;
     QSet<QString> awaited; ///< requested and not arrived
-    QSet<QString> shown;   ///< shown by some item
     QSet<QString> lost;    ///< to be requested again when an item of theirs comes near
-    /// The rows of each URL; read from the items on first use after a fill.
-    QMultiHash<QString, int> rowsOfUrl;
+    ShownEntries entries;
+    QHash<QString, QIcon> icons; ///< what the items of a URL show in place of the placeholder
 };

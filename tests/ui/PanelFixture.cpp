@@ -1,12 +1,16 @@
 #include "PanelFixture.h"
 
 #include "fakeprovider/Streams.h"
+
 #include "support/HttpReplies.h"
 
 #include <QBoxLayout>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QTest>
 #include <QWindow>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -51,13 +55,6 @@ void PanelFixture::playSound(qint32 kind)
     QTRY_VERIFY(player.lengthMs() > 9000);
 }
 
-void PanelFixture::playSoundFromItsMiddle(qint32 kind)
-{
-    playSound(kind);
-    player.seek(5000);
-    QTRY_VERIFY(player.timeMs() > 4000);
-}
-
 bool PanelFixture::playsOnFrom(qint64 ms) const
 {
     constexpr qint64 mostMs = 4000;
@@ -76,7 +73,7 @@ QPushButton &PanelFixture::button(const QString &text) const
     qFatal("PanelFixture: no button \"%s\"", qUtf8Printable(text));
 }
 
-QString PanelFixture::shownRows() const
+QStringList PanelFixture::shownRows() const
 {
     QStringList shown;
     for (const QWidget *row : panel.rows()) {
@@ -84,7 +81,7 @@ QString PanelFixture::shownRows() const
             shown << row->objectName();
         }
     }
-    return shown.join(u' ');
+    return shown;
 }
 
 void PanelFixture::pressKey(Qt::Key key) const

@@ -88,6 +88,6 @@ struct Tab
     QLineEdit &search = part<QLineEdit>(u"Search"_s);
     QAbstractItemView &view =
         part<QAbstractItemView>(spec.heading != nullptr ? u"Table"_s : u"PosterList"_s);
-    QSignalSpy refills{view.model(), &QAbstractItemModel::modelReset}; ///< of a grid
+    QSignalSpy refills{&tab, &BrowseTab::refilled};
     QSignalSpy activations{&tab, &BrowseTab::activated};
 };

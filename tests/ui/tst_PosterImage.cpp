@@ -85,6 +85,9 @@ void tst_PosterImage::cachePath_data()
     QTest::newRow("with a query")
         << u"http://a/b.png?w=140&h=210"_s
         << u"642de56e3f0618930d62baf6655f030cc6df1baf37a3d37ddb3ab39dbda0ea00"_s;
+    QTest::newRow("very long")
+        << u"http://a/"_s + QString(3000, u'x')
+        << u"91dbea7406420978525657b2666d88e170443af65acbf22560f77b410ccaed13"_s;
 }
 
 void tst_PosterImage::cachePath()
@@ -110,8 +113,9 @@ void tst_PosterImage::posterUrl_data()
     for (const char *url : {"http://a/b.png", "https://a/b.png", "HTTP://a/b.png"}) {
         QTest::newRow(url) << true;
     }
-    for (const char *url : {"FILE:///etc/passwd", "/etc/passwd", "ftp://a/b.png", "qrc:/a.png",
-                            "httpx://a/b.png", "//a/b.png", ""}) {
+    for (const char *url : {"file:///etc/passwd", "FILE:///etc/passwd", "/etc/passwd",
+                            "ftp://a/b.png", "data:image/png;base64,AAAA", "qrc:/a.png",
+                            "httpx://a/b.png", "//a/b.png", "b.png", ""}) {
         QTest::newRow(url) << false;
     }
 }
@@ -193,8 +197,13 @@ void tst_PosterImage::refuses_data()
     const QByteArray png = blank({200, 300});
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("text") << "<!DOCTYPE html><html></html>"_ba;
+    QTest::newRow("zeros") << QByteArray(10000, '\0');
     QTest::newRow("half a PNG") << png.first(png.size() / 2);
+    QTest::newRow("the head of a PNG") << png.first(33);
     QTest::newRow("more than sixteen million pixels") << blank({4000, 4001});
+    QTest::newRow("very wide") << blank({32000, 600});
+    QTest::newRow("SVG")
+        << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"></svg>"_ba;
     QTest::newRow("SVG with an XML head")
         << "<?xml version=\"1.0\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" "
            "height=\"9\"><image href=\"file:///etc/passwd\"/></svg>"_ba;

@@ -1,11 +1,12 @@
 #include "PanelFixture.h"
+#include "support/TestMain.h"
 
 #include <QBoxLayout>
 #include <QFileDialog>
 #include <QMenu>
 #include <QPlainTextEdit>
 
-#include <optional>
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,16 +30,12 @@ class tst_TrackMenus : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { fixture.emplace(); }
     void withoutTracks_data();
     void withoutTracks();
     void aMenuOpensAboveItsButton();
     void theCurrentAudioTrackIsMarked();
     void subtitleFileIsAskedFor();
     void streamInfo();
-
-private:
-    std::optional<PanelFixture> fixture;
 };
 
 void tst_TrackMenus::withoutTracks_data()
@@ -57,25 +54,27 @@ void tst_TrackMenus::withoutTracks()
     QFETCH(QString, button);
     QFETCH(QStringList, expected);
     QFETCH(bool, enabled);
-    fixture->play(StreamKind::Movie);
-    fixture->dialogs.nextMenu([&](QMenu &menu) {
+    PanelFixture fixture;
+    fixture.play(StreamKind::Movie);
+    fixture.dialogs.nextMenu([&](QMenu &menu) {
         QCOMPARE(actionsOf(menu), expected);
         QCOMPARE(menu.actions().constFirst()->isEnabled(), enabled);
-        QCOMPARE(menu.parentWidget(), &fixture->window);
+        QCOMPARE(menu.parentWidget(), &fixture.window);
     });
-    fixture->button(button).click();
-    QCOMPARE(fixture->dialogs.waiting(), 0);
+    fixture.button(button).click();
+    QCOMPARE(fixture.dialogs.waiting(), 0);
 }
 
 void tst_TrackMenus::aMenuOpensAboveItsButton()
 {
-    fixture->play(StreamKind::Movie);
-    auto &button = fixture->button(u"Subtitles"_s);
+    PanelFixture fixture;
+    fixture.play(StreamKind::Movie);
+    auto &button = fixture.button(u"Subtitles"_s);
     // To a place where the whole menu fits on the screen.
-    fixture->window.move(fixture->window.pos() + QPoint(100, 400) - button.mapToGlobal(QPoint()));
+    fixture.window.move(fixture.window.pos() + QPoint(100, 400) - button.mapToGlobal(QPoint()));
     QTRY_VERIFY(button.mapToGlobal(QPoint()).x() < 200);
     QRect place;
-    fixture->dialogs.nextMenu([&](QMenu &menu) { place = menu.geometry(); });
+    fixture.dialogs.nextMenu([&](QMenu &menu) { place = menu.geometry(); });
     button.click();
     const QPoint corner = button.mapToGlobal(QPoint());
     QCOMPARE(place.left(), corner.x());
@@ -84,51 +83,54 @@ void tst_TrackMenus::aMenuOpensAboveItsButton()
 
 void tst_TrackMenus::theCurrentAudioTrackIsMarked()
 {
-    fixture->playSound();
-    QTRY_COMPARE(fixture->player.audioTracks().size(), 1);
-    const QString name = fixture->player.audioTracks().constFirst().second;
-    fixture->dialogs.nextMenu(
+    PanelFixture fixture;
+    fixture.playSound();
+    QTRY_COMPARE(fixture.player.audioTracks().size(), 1);
+    const QString name = fixture.player.audioTracks().constFirst().second;
+    fixture.dialogs.nextMenu(
         [&](QMenu &menu) { QCOMPARE(actionsOf(menu), QStringList{name + u'*'}); });
-    fixture->button(u"Audio"_s).click();
-    QCOMPARE(fixture->dialogs.waiting(), 0);
+    fixture.button(u"Audio"_s).click();
+    QCOMPARE(fixture.dialogs.waiting(), 0);
 }
 
 void tst_TrackMenus::subtitleFileIsAskedFor()
 {
-    fixture->play(StreamKind::Movie);
-    fixture->dialogs.nextMenu([](QMenu &menu) { menu.actions().constLast()->trigger(); });
-    fixture->dialogs.next([&](QDialog &dialog) {
+    PanelFixture fixture;
+    fixture.play(StreamKind::Movie);
+    fixture.dialogs.nextMenu([](QMenu &menu) { menu.actions().constLast()->trigger(); });
+    fixture.dialogs.next([&](QDialog &dialog) {
         QCOMPARE(dynamic_cast<QFileDialog &>(dialog).nameFilters(),
                  (QStringList{u"Subtitles (*.srt *.ass *.ssa *.sub *.vtt)"_s, u"All Files (*)"_s}));
-        QCOMPARE(dialog.parentWidget(), &fixture->window);
+        QCOMPARE(dialog.parentWidget(), &fixture.window);
         dialog.reject();
     });
-    fixture->button(u"Subtitles"_s).click();
-    QCOMPARE(fixture->dialogs.seen().size(), 1);
-    QCOMPARE(fixture->dialogs.seen().constFirst().title, u"Load Subtitle File"_s);
+    fixture.button(u"Subtitles"_s).click();
+    QCOMPARE(fixture.dialogs.seen().size(), 1);
+    QCOMPARE(fixture.dialogs.seen().constFirst().title, u"Load Subtitle File"_s);
 }
 
 void tst_TrackMenus::streamInfo()
 {
-    fixture->play(StreamKind::Movie);
+    PanelFixture fixture;
+    fixture.play(StreamKind::Movie);
     for (int click = 1; click <= 2; ++click) {
-        fixture->button(u"Info"_s).click();
-        QCOMPARE(fixture->window.findChildren<QDialog *>().size(), click);
+        fixture.button(u"Info"_s).click();
+        QCOMPARE(fixture.window.findChildren<QDialog *>().size(), click);
     }
-    QDialog *dialog = fixture->window.findChild<QDialog *>();
+    QDialog *dialog = fixture.window.findChild<QDialog *>();
     QCOMPARE(dialog->windowTitle(), u"Stream Info"_s);
     QVERIFY(!dialog->isModal());
     QCOMPARE(dialog->minimumSize(), QSize(440, 340));
     QCOMPARE(qobject_cast<QVBoxLayout *>(dialog->layout())->stretch(0), 1);
     const auto *text = dialog->findChild<QPlainTextEdit *>();
     QVERIFY(text->isReadOnly());
-    QCOMPARE(text->toPlainText(), fixture->player.mediaInfoText());
+    QCOMPARE(text->toPlainText(), fixture.player.mediaInfoText());
 
-    fixture->playSound();
+    fixture.playSound();
     QTRY_VERIFY((DialogAnswers::click(*dialog, u"Refresh"_s),
                  text->toPlainText().contains("mp"_L1, Qt::CaseInsensitive)));
     dialog->close();
-    QTRY_COMPARE(fixture->window.findChildren<QDialog *>().size(), 1);
+    QTRY_COMPARE(fixture.window.findChildren<QDialog *>().size(), 1);
 }
 
 VANTIRO_TEST_MAIN(tst_TrackMenus)
