@@ -14,8 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
-// The cache's files: their names, content and permissions, and damaged ones. What values of the
-// wrong type give is compared with a reference implementation in tst_CatalogCacheReference.
+// The cache's files: their names, content and permissions, and damaged ones. Which texts are valid
+// JSON is shown by tst_JsonReader.
 
 namespace {
 
@@ -58,16 +58,26 @@ qint64 now()
     return QDateTime::currentSecsSinceEpoch();
 }
 
-/// A file with one show's episodes, saved at the given JSON value.
-void writeShowSavedAt(const QByteArray &savedAt)
+/// The member of the file that holds one show's episodes, saved at the given JSON value.
+QByteArray showSavedAt(const QByteArray &savedAt)
 {
-    writeFile(cacheFile(), R"({"episodes":{"9":{"savedAt":)" + savedAt +
-                               R"(,"list":[{"id":"e1",)"
-                               R"("seriesName":"sn1","season":3,"episodeNumber":4,"title":"t1",)"
-                               R"("containerExtension":"mp4"}]}}})");
+    return R"("episodes":{"9":{"savedAt":)" + savedAt +
+           R"(,"list":[{"id":"e1","seriesName":"sn1","season":3,"episodeNumber":4,"title":"t1",)"
+           R"("containerExtension":"mp4"}]}})";
 }
 
+/// The episodes of show "9" in the file; one without any values if they are not loaded.
+QList<Episode> loadedEpisodes(qint64 maxAge = day)
+{
+    QList<Episode> episodes{Episode()};
+    const bool found = CatalogCache::loadEpisodes(sourceName, u"9"_s, maxAge, episodes);
+    return found || episodes == QList<Episode>{Episode()} ? episodes : QList<Episode>(2);
+}
+const QList<Episode> noEpisodes{Episode()};
+
 } // namespace
+
+Q_DECLARE_METATYPE(CatalogCache::Section)
 
 class tst_CatalogCacheFiles : public QObject
 {
@@ -78,26 +88,22 @@ private Q_SLOTS:
 
     void fileNames_data();
     void fileNames();
-    void similarNamesShareAFile();
-    void aNameTooLongForAFileIsIgnored();
-    void episodesAreStampedWithTheTime();
     void wholeFile();
-    void onlyTheOwnerMayRead_data();
     void onlyTheOwnerMayRead();
-    void loadingWritesNothing();
 
     void savingKeepsEverythingElse_data();
     void savingKeepsEverythingElse();
     void damagedFile_data();
     void damagedFile();
-    void malformedEpisodeStoreIsReplaced_data();
-    void malformedEpisodeStoreIsReplaced();
+    void valuesOfOtherTypes_data();
+    void valuesOfOtherTypes();
+    void malformedEpisodeStores_data();
+    void malformedEpisodeStores();
 
     void age_data();
     void age();
     void malformedSavedAt_data();
     void malformedSavedAt();
-    void staleEpisodesStayInTheFile();
 
     void unusablePath_data();
     void unusablePath();
@@ -106,10 +112,7 @@ private Q_SLOTS:
 void tst_CatalogCacheFiles::init()
 {
     PrivateProfile::current().clear();
-    const QFileInfo blocker(cacheDir());
-    if (blocker.isFile()) {
-        QVERIFY(QFile::remove(cacheDir()));
-    }
+    QFile::remove(cacheDir()); // where a test has put a file in its place
 }
 
 void tst_CatalogCacheFiles::fileNames_data()
@@ -120,10 +123,7 @@ void tst_CatalogCacheFiles::fileNames_data()
     QTest::newRow("letters, digits, underscore, hyphen") << u"aZ09_-"_s << u"aZ09_-.json"_s;
     QTest::newRow("empty") << u""_s << u".json"_s;
     QTest::newRow("dots and backslash") << uR"(..\..\x)"_s << u"______x.json"_s;
-    QTest::newRow("path upwards") << u"../../etc/passwd"_s << u"______etc_passwd.json"_s;
-    QTest::newRow("accents, one each") << u"\u00e9\u4e2d"_s << u"__.json"_s;
     QTest::newRow("digits of other scripts") << u"\u0661\uff11"_s << u"__.json"_s;
-    QTest::newRow("line end at the end") << u"A\n"_s << u"A_.json"_s;
     QTest::newRow("NUL") << u"A"_s + QChar(0) + u"B"_s << u"A_B.json"_s;
     QTest::newRow("quotes and stars") << u"a\"b*c?d:e|f<g>h'i"_s << u"a_b_c_d_e_f_g_h_i.json"_s;
     QTest::newRow("ends in .json") << u"x.json"_s << u"x_json.json"_s;
@@ -143,31 +143,6 @@ void tst_CatalogCacheFiles::fileNames()
     QCOMPARE(loaded, sampleSection());
 }
 
-void tst_CatalogCacheFiles::similarNamesShareAFile()
-{
-    CatalogCache::save(u"My TV"_s, u"live"_s, sampleSection());
-    CatalogCache::Section loaded;
-    QVERIFY(CatalogCache::load(u"My_TV"_s, u"live"_s, loaded));
-    QCOMPARE(loaded, sampleSection());
-}
-
-void tst_CatalogCacheFiles::aNameTooLongForAFileIsIgnored()
-{
-    const QString name(5000, u'x');
-    CatalogCache::save(name, u"live"_s, sampleSection());
-    CatalogCache::Section loaded = sampleSection();
-    QVERIFY(!CatalogCache::load(name, u"live"_s, loaded));
-    QCOMPARE(loaded, sampleSection());
-}
-
-void tst_CatalogCacheFiles::episodesAreStampedWithTheTime()
-{
-    const qint64 before = now();
-    CatalogCache::saveEpisodes(sourceName, u"9"_s, {sampleEpisode()});
-    const qint64 savedAt = readRoot()[u"episodes"_s][u"9"_s][u"savedAt"_s].toInteger();
-    QVERIFY(before <= savedAt && savedAt <= now());
-}
-
 void tst_CatalogCacheFiles::wholeFile()
 {
     const QByteArray movies =
@@ -178,28 +153,15 @@ void tst_CatalogCacheFiles::wholeFile()
     QCOMPARE(readFile(cacheFile()), '{' + movies + '}');
 
     // Further sections follow in the order in which they were saved first.
-    CatalogCache::save(sourceName, u"live"_s,
-                       {{{u"1"_s, {}}, {u"2"_s, u"\u00e9\U0001F600"_s}}, {}});
+    const QByteArray live = R"("live":{"categories":[{"id":"2","name":""}],"items":[]})"_ba;
+    CatalogCache::save(sourceName, u"live"_s, {{{u"2"_s, {}}}, {}});
     CatalogCache::save(sourceName, u"movie"_s, sampleSection());
-    const QByteArray live =
-        "\"live\":{\"categories\":[{\"id\":\"1\",\"name\":\"\"},"
-        "{\"id\":\"2\",\"name\":\"\xc3\xa9\xf0\x9f\x98\x80\"}],\"items\":[]}"_ba;
-    QCOMPARE(readFile(cacheFile()), '{' + movies + ',' + live + '}');
-
+    const qint64 before = now();
     CatalogCache::saveEpisodes(sourceName, u"9"_s, {sampleEpisode()});
-    const QByteArray savedAt =
-        QByteArray::number(readRoot()[u"episodes"_s][u"9"_s][u"savedAt"_s].toInteger());
+    const qint64 savedAt = readRoot()[u"episodes"_s][u"9"_s][u"savedAt"_s].toInteger();
+    QVERIFY(before <= savedAt && savedAt <= now());
     QCOMPARE(readFile(cacheFile()),
-             '{' + movies + ',' + live + R"(,"episodes":{"9":{"savedAt":)" + savedAt +
-                 R"(,"list":[{"id":"e1","seriesName":"sn1","season":3,)"
-                 R"("episodeNumber":4,"title":"t1","containerExtension":"mp4"}]}}})");
-}
-
-void tst_CatalogCacheFiles::onlyTheOwnerMayRead_data()
-{
-    QTest::addColumn<bool>("exists");
-    QTest::newRow("a new file") << false;
-    QTest::newRow("a file that all may read") << true;
+             '{' + movies + ',' + live + ',' + showSavedAt(QByteArray::number(savedAt)) + '}');
 }
 
 void tst_CatalogCacheFiles::onlyTheOwnerMayRead()
@@ -208,56 +170,27 @@ void tst_CatalogCacheFiles::onlyTheOwnerMayRead()
 #ifdef Q_OS_WIN
     QSKIP("Windows' permissions come from the folder");
 #endif
-    QFETCH(const bool, exists);
     constexpr auto owner = QFileDevice::ReadOwner | QFileDevice::WriteOwner |
                            QFileDevice::ReadUser | QFileDevice::WriteUser;
-    const auto prepare = [exists, owner] {
-        QFile::remove(cacheFile());
-        if (exists) {
-            writeFile(cacheFile(), "{}"_ba);
-            QVERIFY(QFile::setPermissions(cacheFile(),
-                                          owner | QFileDevice::ReadGroup | QFileDevice::ReadOther));
-        }
-    };
-    prepare();
-    CatalogCache::save(sourceName, u"live"_s, sampleSection());
+    CatalogCache::save(sourceName, u"live"_s, {});
     QCOMPARE(QFile::permissions(cacheFile()), owner);
-    prepare();
-    CatalogCache::saveEpisodes(sourceName, u"9"_s, {sampleEpisode()});
+    // Also when it exists and all may read it.
+    QVERIFY(QFile::setPermissions(cacheFile(), owner | QFileDevice::ReadOther));
+    CatalogCache::saveEpisodes(sourceName, u"9"_s, {});
     QCOMPARE(QFile::permissions(cacheFile()), owner);
-}
-
-void tst_CatalogCacheFiles::loadingWritesNothing()
-{
-    CatalogCache::Section section;
-    QList<Episode> episodes;
-    QVERIFY(!CatalogCache::load(sourceName, u"live"_s, section));
-    QVERIFY(!CatalogCache::loadEpisodes(sourceName, u"9"_s, day, episodes));
-    QVERIFY(!QFileInfo::exists(cacheDir()));
-    const QByteArray content = "{ \"live\" : { } , \"x\" : 1 }\n"_ba;
-    writeFile(cacheFile(), content);
-    QVERIFY(CatalogCache::load(sourceName, u"live"_s, section));
-    QCOMPARE(readFile(cacheFile()), content);
 }
 
 void tst_CatalogCacheFiles::savingKeepsEverythingElse_data()
 {
     QTest::addColumn<QByteArray>("members");
-    QTest::newRow("a section") << R"("movie":{"categories":[{"id":"1","name":"a"}],"items":[]})"_ba;
     QTest::newRow("a section with more than is known")
         << R"("movie":{"items":[{"id":7,"extra":{"a":[1,2,{}]}}],"version":2})"_ba;
     QTest::newRow("an episode store with more than is known")
         << R"("episodes":{"1":{"savedAt":5,"list":[{"id":"1","x":null}],"y":true},"2":[]})"_ba;
     QTest::newRow("values of every kind")
         << R"("a":null,"b":true,"c":false,"d":"x","e":[],"f":{},"g":-1.5e-7,"h":[[[{"i":[]}]]])"_ba;
-    QTest::newRow("large numbers")
-        << R"("a":9007199254740993,"b":9223372036854775807,"c":-9223372036854775808,"d":1e300)"_ba;
-    QTest::newRow("escapes") << R"("a\n\"\\\/\u00e9\ud83d\ude00":"\b\f\t\r\u0000\u001f\u2028")"_ba;
-    QTest::newRow("not ASCII") << "\"\xc3\xa9\":\"\xf0\x9f\x98\x80\""_ba;
-    QTest::newRow("braces in texts") << R"("a":"}]","b\"{":"\\","c":"\\\"{[,:")"_ba;
     QTest::newRow("the same name twice, the last counts") << R"("a":1,"a":2)"_ba;
     QTest::newRow("white space everywhere") << "\n\t \"a\" \r\n:\t[ 1 , 2 ,\n{ } ] \n"_ba;
-    QTest::newRow("nested deeply") << "\"a\":" + QByteArray(900, '[') + QByteArray(900, ']');
 }
 
 void tst_CatalogCacheFiles::savingKeepsEverythingElse()
@@ -289,29 +222,12 @@ void tst_CatalogCacheFiles::damagedFile_data()
     const QByteArray whole =
         R"({"episodes":{"9":{"savedAt":99999999999,"list":[]}},"live":{"categories":[],"items":[]}})"_ba;
     QTest::newRow("empty") << QByteArray();
-    QTest::newRow("white space") << " \n"_ba;
-    QTest::newRow("cut at the end") << whole.chopped(1);
     QTest::newRow("cut in the middle") << whole.left(40);
-    QTest::newRow("cut in a text") << whole.left(8);
-    QTest::newRow("cut after a name") << R"({"live")"_ba;
-    QTest::newRow("cut after a colon") << R"({"live":)"_ba;
     QTest::newRow("number beyond a double") << R"({"a":[12e308],)"_ba + whole.mid(1);
-    QTest::newRow("number too close to 0") << R"({"a":1e-400,)"_ba + whole.mid(1);
     QTest::newRow("garbage after it") << whole + "x";
-    QTest::newRow("two objects") << whole + whole;
     QTest::newRow("array") << '[' + whole + ']';
-    QTest::newRow("number") << "5"_ba;
     QTest::newRow("text") << "\"live\""_ba;
-    QTest::newRow("null") << "null"_ba;
     QTest::newRow("binary") << QByteArray::fromHex("89504e470d0a1a0a0000000d49484452ff00");
-    QTest::newRow("zeros") << QByteArray(4096, '\0');
-    QTest::newRow("invalid UTF-8 in a text") << R"({"a":")"_ba + '\xff' + R"(",)"_ba + whole.mid(1);
-    QTest::newRow("extra comma") << whole.chopped(1) + ",}";
-    QTest::newRow("single quotes") << QByteArray(whole).replace('"', '\'');
-    QTest::newRow("bad number") << R"({"a":01x,)"_ba + whole.mid(1);
-    QTest::newRow("10,000 levels deep")
-        << R"({"a":)"_ba + QByteArray(10'000, '[') + QByteArray(10'000, ']') + ',' + whole.mid(1);
-    QTest::newRow("UTF-16") << QByteArray("{\0\"\0l\0i\0v\0e\0\"\0:\0{\0}\0}\0", 22);
 }
 
 void tst_CatalogCacheFiles::damagedFile()
@@ -321,42 +237,73 @@ void tst_CatalogCacheFiles::damagedFile()
     CatalogCache::Section section = sampleSection();
     QVERIFY(!CatalogCache::load(sourceName, u"live"_s, section));
     QCOMPARE(section, sampleSection());
-    QList<Episode> episodes{sampleEpisode()};
-    QVERIFY(!CatalogCache::loadEpisodes(sourceName, u"9"_s, day, episodes));
-    QCOMPARE(episodes, QList<Episode>{sampleEpisode()});
+    QCOMPARE(loadedEpisodes(), noEpisodes);
     QCOMPARE(readFile(cacheFile()), content);
 
-    CatalogCache::save(sourceName, u"movie"_s, sampleSection());
-    QCOMPARE(readRoot().keys(), QStringList{u"movie"_s});
-    CatalogCache::Section loaded;
-    QVERIFY(CatalogCache::load(sourceName, u"movie"_s, loaded));
-    QCOMPARE(loaded, sampleSection());
-
+    CatalogCache::save(sourceName, u"movie"_s, {});
+    QCOMPARE(readFile(cacheFile()), R"({"movie":{"categories":[],"items":[]}})"_ba);
     writeFile(cacheFile(), content);
-    CatalogCache::saveEpisodes(sourceName, u"8"_s, {sampleEpisode()});
+    CatalogCache::saveEpisodes(sourceName, u"9"_s, {sampleEpisode()});
     QCOMPARE(readRoot().keys(), QStringList{u"episodes"_s});
-    QVERIFY(CatalogCache::loadEpisodes(sourceName, u"8"_s, day, episodes));
-    QCOMPARE(episodes, QList<Episode>{sampleEpisode()});
+    QCOMPARE(loadedEpisodes(), QList<Episode>{sampleEpisode()});
 }
 
-void tst_CatalogCacheFiles::malformedEpisodeStoreIsReplaced_data()
+void tst_CatalogCacheFiles::valuesOfOtherTypes_data()
+{
+    QTest::addColumn<QByteArray>("live");
+    QTest::addColumn<CatalogCache::Section>("section");
+    using Section = CatalogCache::Section;
+    const Section defaults{{Category()}, {MediaItem()}};
+    MediaItem added;
+    QTest::newRow("no object") << "[]"_ba << Section();
+    QTest::newRow("no arrays") << R"({"categories":{"a":{}},"items":"x"})"_ba << Section();
+    QTest::newRow("no objects in the arrays")
+        << R"({"categories":[5],"items":[null]})"_ba << defaults;
+    QTest::newRow("numbers for texts")
+        << R"({"categories":[{"id":5,"name":6}],"items":[{"id":5,"name":true}]})"_ba << defaults;
+    added.addedAt = 5;
+    QTest::newRow("texts for numbers")
+        << R"({"items":[{"type":"1","rating":"7.5","addedAt":"5"}]})"_ba << Section{{}, {added}};
+    added.addedAt = 1;
+    QTest::newRow("true for numbers")
+        << R"({"items":[{"type":true,"rating":true,"addedAt":true}]})"_ba << Section{{}, {added}};
+}
+
+void tst_CatalogCacheFiles::valuesOfOtherTypes()
+{
+    QFETCH(const QByteArray, live);
+    QFETCH(const CatalogCache::Section, section);
+    writeFile(cacheFile(), R"({"live":)" + live + '}');
+    CatalogCache::Section loaded = sampleSection();
+    QVERIFY(CatalogCache::load(sourceName, u"live"_s, loaded));
+    QCOMPARE(loaded, section);
+}
+
+void tst_CatalogCacheFiles::malformedEpisodeStores_data()
 {
     QTest::addColumn<QByteArray>("store");
-    QTest::newRow("null") << "null"_ba;
-    QTest::newRow("array") << R"([{"9":{}}])"_ba;
-    QTest::newRow("text") << R"("9")"_ba;
+    QTest::addColumn<QList<Episode>>("episodes");
+    const QByteArray head = R"({"9":{"savedAt":99999999999,"list":)"_ba;
+    const QList<Episode> none;
+    QTest::newRow("null") << "null"_ba << noEpisodes;
+    QTest::newRow("array") << R"([{"9":{}}])"_ba << noEpisodes;
+    QTest::newRow("a show that is an array") << R"({"9":[]})"_ba << noEpisodes;
+    QTest::newRow("no list") << head + "{}}}" << none;
+    QTest::newRow("numbers for texts")
+        << head + R"([{"id":1,"seriesName":2,"title":3,"containerExtension":4}]}})" << noEpisodes;
+    QTest::newRow("texts for numbers")
+        << head + R"([{"season":"1","episodeNumber":"2"}]}})" << noEpisodes;
 }
 
-void tst_CatalogCacheFiles::malformedEpisodeStoreIsReplaced()
+void tst_CatalogCacheFiles::malformedEpisodeStores()
 {
     QFETCH(const QByteArray, store);
+    QFETCH(const QList<Episode>, episodes);
     writeFile(cacheFile(), R"({"live":{},"episodes":)" + store + '}');
-    QList<Episode> episodes{sampleEpisode()};
-    QVERIFY(!CatalogCache::loadEpisodes(sourceName, u"9"_s, day, episodes));
-    QCOMPARE(episodes, QList<Episode>{sampleEpisode()});
+    QCOMPARE(loadedEpisodes(), episodes);
     CatalogCache::saveEpisodes(sourceName, u"9"_s, {});
     QCOMPARE(readRoot().keys(), (QStringList{u"episodes"_s, u"live"_s}));
-    QCOMPARE(readRoot().value(u"episodes"_s).toObject().keys(), QStringList{u"9"_s});
+    QCOMPARE(loadedEpisodes(), QList<Episode>());
 }
 
 void tst_CatalogCacheFiles::age_data()
@@ -364,17 +311,15 @@ void tst_CatalogCacheFiles::age_data()
     QTest::addColumn<qint64>("age");
     QTest::addColumn<qint64>("maxAge");
     QTest::addColumn<bool>("fresh");
-    QTest::newRow("just saved") << qint64(0) << day << true;
     QTest::newRow("one second less than a day") << day - 1 << day << true;
     QTest::newRow("exactly a day") << day << day << false;
-    QTest::newRow("a second more than a day") << day + 1 << day << false;
     QTest::newRow("in the future") << qint64(-5000) << day << true;
     QTest::newRow("limit 0, now") << qint64(0) << qint64(0) << false;
-    QTest::newRow("limit 0, future") << qint64(-1) << qint64(0) << true;
     QTest::newRow("limit -10, 10 s ahead") << qint64(-10) << qint64(-10) << false;
     QTest::newRow("limit -10, 11 s ahead") << qint64(-11) << qint64(-10) << true;
-    QTest::newRow("largest limit")
-        << qint64(1'000'000) << std::numeric_limits<qint64>::max() << true;
+    using Limits = std::numeric_limits<qint64>;
+    QTest::newRow("largest limit") << qint64(1'000'000) << Limits::max() << true;
+    QTest::newRow("smallest limit") << qint64(0) << Limits::min() << false;
 }
 
 void tst_CatalogCacheFiles::age()
@@ -383,24 +328,19 @@ void tst_CatalogCacheFiles::age()
     QFETCH(const qint64, maxAge);
     QFETCH(const bool, fresh);
     qint64 before = 0;
-    bool found = false;
     QList<Episode> loaded;
     do { // again when the clock moved on in between
         before = now();
-        loaded = {Episode()};
-        writeShowSavedAt(QByteArray::number(before - age));
-        found = CatalogCache::loadEpisodes(sourceName, u"9"_s, maxAge, loaded);
+        writeFile(cacheFile(), '{' + showSavedAt(QByteArray::number(before - age)) + '}');
+        loaded = loadedEpisodes(maxAge);
     } while (now() != before);
-    QCOMPARE(found, fresh);
-    QCOMPARE(loaded, QList<Episode>{fresh ? sampleEpisode() : Episode()});
+    QCOMPARE(loaded, fresh ? QList<Episode>{sampleEpisode()} : noEpisodes);
 }
 
 void tst_CatalogCacheFiles::malformedSavedAt_data()
 {
     QTest::addColumn<QByteArray>("savedAt");
     QTest::addColumn<bool>("fresh");
-    QTest::newRow("zero") << "0"_ba << false;
-    QTest::newRow("negative") << "-1"_ba << false;
     QTest::newRow("true is one second after the epoch") << "true"_ba << false;
     QTest::newRow("null") << "null"_ba << false;
     QTest::newRow("word") << R"("now")"_ba << false;
@@ -415,23 +355,8 @@ void tst_CatalogCacheFiles::malformedSavedAt()
 {
     QFETCH(const QByteArray, savedAt);
     QFETCH(const bool, fresh);
-    writeShowSavedAt(savedAt);
-    QList<Episode> loaded{Episode()};
-    QCOMPARE(CatalogCache::loadEpisodes(sourceName, u"9"_s, day, loaded), fresh);
-    QCOMPARE(loaded, QList<Episode>{fresh ? sampleEpisode() : Episode()});
-}
-
-void tst_CatalogCacheFiles::staleEpisodesStayInTheFile()
-{
-    writeShowSavedAt("5"_ba);
-    const QJsonValue stale = readRoot().value(u"episodes"_s).toObject().value(u"9"_s);
-    CatalogCache::saveEpisodes(sourceName, u"8"_s, {});
-    CatalogCache::save(sourceName, u"live"_s, {});
-    QCOMPARE(readRoot().value(u"episodes"_s).toObject().value(u"9"_s), stale);
-    CatalogCache::saveEpisodes(sourceName, u"9"_s, {});
-    QList<Episode> loaded{sampleEpisode()};
-    QVERIFY(CatalogCache::loadEpisodes(sourceName, u"9"_s, day, loaded));
-    QVERIFY(loaded.isEmpty());
+    writeFile(cacheFile(), '{' + showSavedAt(savedAt) + '}');
+    QCOMPARE(loadedEpisodes(), fresh ? QList<Episode>{sampleEpisode()} : noEpisodes);
 }
 
 void tst_CatalogCacheFiles::unusablePath_data()
@@ -444,6 +369,9 @@ void tst_CatalogCacheFiles::unusablePath_data()
 void tst_CatalogCacheFiles::unusablePath()
 {
     QFETCH(const bool, isFolder);
+    CatalogCache::Section section = sampleSection();
+    QVERIFY(!CatalogCache::load(sourceName, u"live"_s, section));
+    QVERIFY(!QFileInfo::exists(cacheDir())); // loading writes nothing
     if (isFolder) {
         QVERIFY(QDir().mkpath(cacheFile()));
     } else {
@@ -451,11 +379,9 @@ void tst_CatalogCacheFiles::unusablePath()
     }
     CatalogCache::save(sourceName, u"live"_s, sampleSection());
     CatalogCache::saveEpisodes(sourceName, u"9"_s, {sampleEpisode()});
-    CatalogCache::Section section = sampleSection();
     QVERIFY(!CatalogCache::load(sourceName, u"live"_s, section));
     QCOMPARE(section, sampleSection());
-    QList<Episode> episodes;
-    QVERIFY(!CatalogCache::loadEpisodes(sourceName, u"9"_s, day, episodes));
+    QCOMPARE(loadedEpisodes(), noEpisodes);
     QCOMPARE(QFileInfo(cacheFile()).isDir(), isFolder);
     QCOMPARE(QFileInfo(cacheDir()).isFile(), !isFolder);
 }

@@ -61,7 +61,6 @@ private Q_SLOTS:
     void sorted_data();
     void sorted();
     void tieBreakGetsOldIndicesAndScores();
-    void tieBreakIsAskedOnlyAmongEqualScores();
     void namesWithoutTheQueryAreSortedLikeThoseAroundIt();
     void keepsEveryField();
 };
@@ -76,15 +75,11 @@ void tst_ItemFilter::matches_data()
         QTest::newRow(title) << name << query << found;
     };
     row("an empty query matches", u"News"_s, {}, true);
-    row("an empty query matches an empty name", {}, {}, true);
     row("a query does not match an empty name", {}, u"n"_s, false);
-    row("in the middle", u"News"_s, u"ew"_s, true);
     row("whatever the case", u"News"_s, u"nEWS"_s, true);
     row("the first and the last letter, whatever the case", u"Azaz"_s, u"ZA"_s, true);
-    row("the last letter in capitals", u"JAZZ"_s, u"zz"_s, true);
     row("not when longer than the name", u"New"_s, u"News"_s, false);
     row("not trimmed in front", u"News"_s, u" News"_s, false);
-    row("not trimmed behind", u"News"_s, u"News "_s, false);
     row("a space is searched for", u"Sky News"_s, u" "_s, true);
     row("two words as typed", u"Sky News HD"_s, u"sky news"_s, true);
     row("two words in the other order do not match", u"Sky News"_s, u"news sky"_s, false);
@@ -92,8 +87,6 @@ void tst_ItemFilter::matches_data()
     row("two words apart do not match", u"Sky Sports News"_s, u"sky news"_s, false);
     row("a plus sign is itself", u"Canal+ Sport"_s, u"canal+"_s, true);
     row("a plus sign is no repetition", u"Canall"_s, u"canal+"_s, false);
-    row("a dot is itself", u"Kanal 5"_s, u"kanal.5"_s, false);
-    row("parentheses are themselves", u"Film (2020)"_s, u"(2020)"_s, true);
     row("an open bracket is itself", u"[HD] Film"_s, u"[h"_s, true);
     row("a backslash is itself", u"a\\b"_s, u"\\B"_s, true);
     row("beyond ASCII, whatever the case", u"Über Österreich"_s, u"ÖSTER"_s, true);
@@ -196,7 +189,6 @@ void tst_ItemFilter::sorted_data()
         {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
     row("an unknown key sorts by name", {}, u"size"_s,
         {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
-    row("an empty key sorts by name", {}, {}, {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
     row("a key in capitals is unknown", {}, u"ADDED"_s,
         {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
     row("newest first, without a date last, equal dates in order", {}, u"added"_s,
@@ -251,18 +243,6 @@ void tst_ItemFilter::tieBreakGetsOldIndicesAndScores()
         return scores.at(a) == 0 && scores.at(b) == 0 && a > b;
     });
     QCOMPARE(ids(reversed), (QStringList{u"3"_s, u"2"_s, u"1"_s, u"0"_s}));
-}
-
-void tst_ItemFilter::tieBreakIsAskedOnlyAmongEqualScores()
-{
-    QList<MediaItem> items = namedAll({u"b news"_s, u"News"_s, u"a news"_s, u"xnews"_s});
-    bool onlyEquals = true;
-    sortByRelevance(items, u"news"_s, [&onlyEquals](int a, int b, const QList<int> &scores) {
-        onlyEquals = onlyEquals && scores.at(a) == scores.at(b);
-        return a > b;
-    });
-    QVERIFY(onlyEquals);
-    QCOMPARE(names(items), (QStringList{u"News"_s, u"a news"_s, u"b news"_s, u"xnews"_s}));
 }
 
 void tst_ItemFilter::namesWithoutTheQueryAreSortedLikeThoseAroundIt()

@@ -1,26 +1,87 @@
-#include "ReferenceItemFilter.h"
+// Searching and sorting random catalogs gives what the definition below gives, regardless of speed.
+
 #include "model/ItemFilter.h"
 #include "support/TestMain.h"
 
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList ids(const QList<MediaItem> &items)
+/// 0 equal, 1 at the start, 2 at the start of a word, 3 anything else; 0 for an empty query.
+int scoreOf(const QString &name, const QString &query)
 {
-    QStringList result;
+    if (query.isEmpty() || QString::compare(name, query, Qt::CaseInsensitive) == 0) {
+        return 0;
+    }
+    if (name.startsWith(query, Qt::CaseInsensitive)) {
+        return 1;
+    }
+    const QRegularExpression wordStart(u"\\b"_s + QRegularExpression::escape(query),
+                                       QRegularExpression::CaseInsensitiveOption);
+    return wordStart.match(name).hasMatch() ? 2 : 3;
+}
+
+QList<MediaItem> filtered(const QList<MediaItem> &items, const QString &categoryId,
+                          const QString &query)
+{
+    QList<MediaItem> result;
     for (const MediaItem &item : items) {
-        result << item.id;
+        const bool inCategory = categoryId.isEmpty() || item.categoryId == categoryId;
+        if (inCategory && item.name.contains(query, Qt::CaseInsensitive)) {
+            result.append(item);
+        }
     }
     return result;
 }
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+double orderedRating(const MediaItem &item)
+{
+    return std::isfinite(item.rating) ? item.rating : 0.0;
+}
+
+bool keyComesBefore(const MediaItem &a, const MediaItem &b, const QString &sortKey)
+{
+    if (sortKey == "added"_L1) {
+        return a.addedAt > b.addedAt;
+    }
+    if (sortKey == "rating"_L1) {
+        return orderedRating(a) > orderedRating(b);
+    }
+    return sortKey != "none"_L1 && QString::compare(a.name, b.name, Qt::CaseInsensitive) < 0;
+}
+
+/// The ids in their order by relevance and then by the key; "none" keeps the order.
+QStringList sortedIds(const QList<MediaItem> &items, const QString &query, const QString &sortKey)
+{
+    std::vector<std::pair<int, MediaItem>> scored;
+    for (const MediaItem &item : items) {
+        scored.emplace_back(scoreOf(item.name, query), item);
+    }
+    std::stable_sort(scored.begin(), scored.end(), [&sortKey](const auto &a, const auto &b) {
+        return a.first != b.first ? a.first < b.first : keyComesBefore(a.second, b.second, sortKey);
+    });
+    QStringList ids;
+    for (const auto &[score, item] : scored) {
+        ids << item.id;
+    }
+    return ids;
+}
+
+QStringList idsOf(const QList<MediaItem> &items)
+{
+    QStringList ids;
+    for (const MediaItem &item : items) {
+        ids << item.id;
+    }
+    return ids;
+}
 
 /// Creates names with many characters that are special for case, words and patterns.
 class RandomCatalog
@@ -67,12 +128,10 @@ public:
         return change == 0 ? piece : change == 1 ? piece.toUpper() : piece.toLower();
     }
 
-    QString categoryId() { return pick(QStringList{{}, u"0"_s, u"1"_s, u"9"_s}); }
-
-    QString sortKey()
+    template <typename T>
+    T pick(const QList<T> &list)
     {
-        return pick(
-            QStringList{u"name"_s, u"added"_s, u"rating"_s, u"Added"_s, u"RATING"_s, QString()});
+        return list.at(random.bounded(static_cast<int>(list.size())));
     }
 
 private:
@@ -86,123 +145,69 @@ private:
         return text;
     }
 
-    template <typename T>
-    T pick(const QList<T> &list)
-    {
-        return list.at(random.bounded(static_cast<int>(list.size())));
-    }
-
     QRandomGenerator random;
-    const QStringList allPieces{
+    const QStringList allPieces =
         // Plain letters, often: so that names repeat and share pieces.
-        u"a"_s, u"B"_s, u"a"_s, u"b"_s, u"news"_s, u"NEWS"_s, u"News"_s, u"s"_s, u"k"_s, u"1"_s,
-        u" "_s, u" "_s, u"-"_s, u"_"_s, u"  "_s, u"\t"_s, u"\u00a0"_s,
+        u"a B a b news NEWS News s k 1 - _ "
         // Letters whose other case is long, elsewhere or none.
-        u"ß"_s, u"ẞ"_s, u"ss"_s, u"SS"_s, u"i"_s, u"I"_s, u"İ"_s, u"ı"_s, u"ſ"_s, u"\u212a"_s,
-        u"Σ"_s, u"σ"_s, u"ς"_s, u"ǅ"_s, u"ﬁ"_s, u"é"_s, u"É"_s, u"e\u0301"_s, u"\u0301"_s, u"µ"_s,
-        u"Я"_s, u"я"_s, u"ö"_s, u"Ö"_s, u"日"_s, u"本"_s, u"\u0130\u0307"_s, u"Å"_s, u"\u212b"_s,
+        "ß ẞ ss SS i I İ ı ſ \u212a Σ σ ς ǅ ﬁ é É e\u0301 \u0301 µ Я я ö Ö 日 本 \u0130\u0307 Å "
+        "\u212b "
         // Outside the first plane: with and without a case.
-        u"😀"_s, u"𐐀"_s, u"𐐨"_s, u"𝐀"_s,
+        "😀 𐐀 𐐨 𝐀 "
         // The syntax of regular expressions.
-        u"+"_s, u"("_s, u")"_s, u"["_s, u"]"_s, u"{"_s, u"}"_s, u"."_s, u"*"_s, u"?"_s, u"\\"_s,
-        u"|"_s, u"^"_s, u"$"_s, u"\\E"_s, u"\\b"_s, u"#"_s, u"/"_s, u"\n"_s, u"\r"_s,
-        QString(QChar(0))};
+        "+ ( ) [ ] { } . * ? \\ | ^ $ \\E \\b # /"_s.split(u' ')
+        << u" "_s << u" "_s << u"  "_s << u"\t"_s << u"\u00a0"_s << u"\n"_s << u"\r"_s << QChar(0);
     QStringList pieces;
-    const QList<double> ratings{0,  0,      5,        7.5,       7.5,       9.9,
-                                -1, 1e-300, infinity, -infinity, notANumber};
-    const QList<qint64> dates{0,
-                              0,
-                              1,
-                              1700000000,
-                              1700000000,
-                              -5,
-                              4294967296,
-                              std::numeric_limits<qint64>::max(),
-                              std::numeric_limits<qint64>::min()};
+    using Reals = std::numeric_limits<double>;
+    using Times = std::numeric_limits<qint64>;
+    const QList<double> ratings{
+        0, 0, 5, 7.5, 7.5, 9.9, -1, Reals::infinity(), -Reals::infinity(), Reals::quiet_NaN()};
+    const QList<qint64> dates{0,           0, 1, 1'700'000'000, -5, 4'294'967'296, Times::max(),
+                              Times::min()};
 };
 
 } // namespace
 
-/// Searching and sorting random catalogs gives what the reference implementation gives.
 class tst_ItemFilterRandom : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void sameAsTheReference_data();
-    void sameAsTheReference();
-    void resultIsAStableReorderingOfTheMatches_data();
-    void resultIsAStableReorderingOfTheMatches();
+    void sameAsTheDefinition_data();
+    void sameAsTheDefinition();
 };
 
-void tst_ItemFilterRandom::sameAsTheReference_data()
+void tst_ItemFilterRandom::sameAsTheDefinition_data()
 {
     QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 40; ++seed) {
+    for (quint32 seed = 1; seed <= 60; ++seed) {
         QTest::addRow("seed %u", seed) << seed;
     }
 }
 
-void tst_ItemFilterRandom::sameAsTheReference()
+void tst_ItemFilterRandom::sameAsTheDefinition()
 {
-    QFETCH(quint32, seed);
+    QFETCH(const quint32, seed);
     RandomCatalog catalog(seed);
     const QList<MediaItem> items = catalog.items(120);
     qsizetype matches = 0;
     for (int round = 0; round < 25; ++round) {
         const QString query = round % 5 == 0 ? QString() : catalog.query(items);
-        const QString categoryId = catalog.categoryId();
-        const QString key = catalog.sortKey();
+        const QString categoryId = catalog.pick(QStringList{{}, u"0"_s, u"1"_s, u"9"_s});
+        const QString key = catalog.pick(
+            QStringList{u"name"_s, u"added"_s, u"rating"_s, u"Added"_s, u"RATING"_s, {}});
 
-        QList<MediaItem> expected = ReferenceItemFilter::applyFilter(items, categoryId, query);
+        const QList<MediaItem> expected = filtered(items, categoryId, query);
         QList<MediaItem> actual = applyFilter(items, categoryId, query);
-        QVERIFY2(ids(actual) == ids(expected), qUtf8Printable(u"query "_s + query));
-        ReferenceItemFilter::sortItems(expected, query, key);
+        QVERIFY2(idsOf(actual) == sortedIds(expected, query, u"none"_s), qUtf8Printable(query));
+        const QStringList order = sortedIds(actual, query, key);
         sortItems(actual, query, key);
-        QVERIFY2(ids(actual) == ids(expected),
-                 qUtf8Printable(u"query "_s + query + u" by "_s + key));
+        const QString what = u"query "_s + query + u" by "_s + key;
+        QVERIFY2(idsOf(actual) == order, qUtf8Printable(what));
         matches += query.isEmpty() ? 0 : actual.size();
     }
     // Queries without a match would prove nothing.
     QVERIFY(matches > 40);
-}
-
-void tst_ItemFilterRandom::resultIsAStableReorderingOfTheMatches_data()
-{
-    sameAsTheReference_data();
-}
-
-void tst_ItemFilterRandom::resultIsAStableReorderingOfTheMatches()
-{
-    QFETCH(quint32, seed);
-    RandomCatalog catalog(seed + 1000);
-    const QList<MediaItem> items = catalog.items(120);
-    for (int round = 0; round < 25; ++round) {
-        const QString query = catalog.query(items);
-        const QString categoryId = catalog.categoryId();
-        const QList<MediaItem> result = applyFilter(items, categoryId, query);
-
-        QList<int> positions;
-        for (const MediaItem &item : result) {
-            positions << item.id.toInt();
-            QCOMPARE(item.name, items.at(positions.last()).name);
-        }
-        for (qsizetype at = 1; at < result.size(); ++at) {
-            const int before = ReferenceItemFilter::score(result.at(at - 1).name, query);
-            const int after = ReferenceItemFilter::score(result.at(at).name, query);
-            QVERIFY(before < after || (before == after && positions.at(at - 1) < positions.at(at)));
-        }
-        std::sort(positions.begin(), positions.end());
-        QList<int> matching;
-        for (int index = 0; index < items.size(); ++index) {
-            const MediaItem &item = items.at(index);
-            if ((categoryId.isEmpty() || item.categoryId == categoryId) &&
-                item.name.contains(query, Qt::CaseInsensitive)) {
-                matching << index;
-            }
-        }
-        QCOMPARE(positions, matching);
-    }
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_ItemFilterRandom)
