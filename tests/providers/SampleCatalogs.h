@@ -74,6 +74,5 @@ QStringList cachedChannels(const QString &source);
 void cacheOneChannel(const QString &source, const QString &name);
 /// Replaces the source's cache file.
 void writeCacheFile(const QString &source, const QByteArray &content);
-QByteArray readCacheFile(const QString &source);
 
 QStringList sorted(QStringList list);

@@ -1,5 +1,4 @@
 #include "providers/M3uParser.h"
-#include "providers/ReferenceM3uParser.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -43,10 +42,8 @@ private Q_SLOTS:
     void parses_data();
     void parses();
     void categoriesInOrderOfFirstAppearance();
-    void thousandsOfGroups();
     void oneHugeLine_data();
     void oneHugeLine();
-    void hundredMegabytes();
     void theResultOutlivesTheText();
 
 private:
@@ -75,35 +72,22 @@ void tst_M3uParser::pairingRows()
 #EXTINF:-1 tvg-id="a.id" tvg-name="Other" tvg-logo="http://h/a.png" group-title="News",Channel A
 http://h/1.ts
 )"_s << Channels{{u"Channel A"_s, u"News"_s, u"http://h/1.ts"_s, u"http://h/a.png"_s}};
-    QTest::newRow("no header needed") << u"#EXTINF:-1,A\nhttp://h/1"_s << a;
-    QTest::newRow("only a header") << u"#EXTM3U\n"_s << Channels();
-    QTest::newRow("URLs without #EXTINF") << u"#EXTM3U\nhttp://h/1\nhttp://h/2\n"_s << Channels();
     QTest::newRow("two URLs after one #EXTINF") << u"#EXTINF:-1,A\nhttp://h/1\nhttp://h/2\n"_s << a;
     QTest::newRow("the next #EXTINF drops the one before")
         << u"#EXTINF:-1 group-title=\"G\" tvg-logo=\"L\",B\n#EXTINF:-1,A\nhttp://h/1\n"_s << a;
     QTest::newRow("a nameless #EXTINF drops the one before")
         << u"#EXTINF:-1,B\n#EXTINF:-1,\nhttp://h/1\n"_s << Channels();
-    QTest::newRow("#EXTINF at the end") << u"#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,B"_s << a;
     QTest::newRow("empty lines in between")
         << u"#EXTINF:-1,A\n\n \t \n\u00a0\u3000\nhttp://h/1"_s << a;
     QTest::newRow("directives and comments in between")
         << u"#EXTINF:-1,A\n#EXTVLCOPT:http-user-agent=x\n#EXTGRP:G\n# note\n#\nhttp://h/1"_s << a;
-    QTest::newRow("#EXTGRP names no group") << u"#EXTGRP:G\n#EXTINF:-1,A\nhttp://h/1"_s << a;
     QTest::newRow("group and logo do not carry over")
         << u"#EXTINF:-1 group-title=\"G\" tvg-logo=\"L\",B\nhttp://h/0\n#EXTINF:-1,A\nhttp://h/1"_s
         << Channels{{u"B"_s, u"G"_s, u"http://h/0"_s, u"L"_s}, a.first()};
-    QTest::newRow("the same URL twice") << u"#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,A\nhttp://h/1\n"_s
-                                        << Channels{a.first(), a.first()};
-    QTest::newRow("anything is a URL")
-        << u"#EXTINF:-1,A\nC:\\tv\\a b.ts , \"x\"\n"_s
-        << Channels{{u"A"_s, uncategorized, u"C:\\tv\\a b.ts , \"x\""_s, {}}};
     QTest::newRow("a URL with #EXTINF inside")
         << u"#EXTINF:-1,A\nhttp://h/#EXTINF:-1,B\n"_s
         << Channels{{u"A"_s, uncategorized, u"http://h/#EXTINF:-1,B"_s, {}}};
     QTest::newRow("the URL is trimmed") << u"#EXTINF:-1,A\n \t http://h/1 \u2003\n"_s << a;
-    QTest::newRow("a URL beyond 2,084 characters")
-        << u"#EXTINF:-1,A\nhttp://h/"_s + QString(5000, u'x')
-        << Channels{{u"A"_s, uncategorized, u"http://h/"_s + QString(5000, u'x'), {}}};
 }
 
 void tst_M3uParser::nameRows()
@@ -116,28 +100,15 @@ void tst_M3uParser::nameRows()
         QTest::newRow(name) << line + u"\nhttp://h/1\n"_s << channels;
     };
     row("no comma", u"#EXTINF:-1"_s, u"Unnamed"_s);
-    row("no comma but attributes", u"#EXTINF:-1 tvg-id=\"x\" Name"_s, u"Unnamed"_s);
     row("ends in a comma", u"#EXTINF:-1,"_s, {});
     row("only blanks after the comma", u"#EXTINF:-1, \t\u00a0 "_s, {});
-    row("two commas at the end", u"#EXTINF:-1,A,,"_s, {});
     row("the name is trimmed", u"#EXTINF:-1,\u2003 A B \t"_s, u"A B"_s);
     row("a comma in the name", u"#EXTINF:-1,Sports, HD"_s, u"HD"_s);
-    row("a comma in an attribute", u"#EXTINF:-1 tvg-name=\"a, b\",A"_s, u"A"_s);
     row("a comma only in an attribute", u"#EXTINF:-1 tvg-name=\"a, b\""_s, u"b\""_s);
-    row("quotes in the name", u"#EXTINF:-1,A \"B\" 'C'"_s, u"A \"B\" 'C'"_s);
-    row("other scripts", u"#EXTINF:-1,\u00c9\u4e2d\U0001F600\u0627"_s,
-        u"\u00c9\u4e2d\U0001F600\u0627"_s);
-    row("another comma sign is no comma", u"#EXTINF:-1,A\uff0cB\u060cC"_s, u"A\uff0cB\u060cC"_s);
-    row("NUL in the name", u"#EXTINF:-1,A"_s + QChar(0) + u"B"_s, u"A"_s + QChar(0) + u"B"_s);
-    row("a name that is a number sign", u"#EXTINF:-1,#A"_s, u"#A"_s);
     row("lower case tag", u"#extinf:-1,A"_s, u"A"_s);
-    row("mixed case tag", u"#ExtInf:-1,A"_s, u"A"_s);
     row("nothing but the tag", u"#EXTINF"_s, u"Unnamed"_s);
-    row("tag without a colon", u"#EXTINF,A"_s, u"A"_s);
-    row("longer tag", u"#EXTINFO:-1,A"_s, u"A"_s);
     row("indented tag", u" \t\u00a0#EXTINF:-1,A"_s, u"A"_s);
     row("space in the tag", u"# EXTINF:-1,A"_s, {});
-    row("shorter tag", u"#EXTIN:-1,A"_s, {});
     row("dotless and dotted letters are no I", u"#EXT\u0131NF:-1,A"_s, {});
 }
 
@@ -148,15 +119,11 @@ void tst_M3uParser::attributeRows()
         QTest::newRow(name) << u"#EXTINF:-1 "_s + attributes + u",A\nhttp://h/1\n"_s
                             << QList<Channel>{{u"A"_s, group, u"http://h/1"_s, logo}};
     };
-    row("no attributes", u""_s, uncategorized, {});
     row("empty values", u"group-title=\"\" tvg-logo=\"\""_s, uncategorized, {});
     row("values are not trimmed", u"group-title=\" G \" tvg-logo=\" L \""_s, u" G "_s, u" L "_s);
-    row("a group of one space is a group", u"group-title=\" \""_s, u" "_s, {});
     row("single quotes", u"group-title='G' tvg-logo='L'"_s, uncategorized, {});
     row("no quotes", u"group-title=G tvg-logo=L"_s, uncategorized, {});
-    row("curly quotes", u"group-title=\u201cG\u201d"_s, uncategorized, {});
     row("space before the equals sign", u"group-title =\"G\""_s, uncategorized, {});
-    row("space behind the equals sign", u"group-title= \"G\""_s, uncategorized, {});
     row("capitals", u"Group-Title=\"G\" TVG-LOGO=\"L\""_s, uncategorized, {});
     row("no closing quote", u"group-title=\"G"_s, uncategorized, {});
     row("the first occurrence wins", u"group-title=\"G\" group-title=\"H\""_s, u"G"_s, {});
@@ -164,16 +131,9 @@ void tst_M3uParser::attributeRows()
         {});
     row("an unquoted occurrence does not count", u"group-title=G group-title=\"H\""_s, u"H"_s, {});
     row("end of a longer name", u"xgroup-title=\"G\" xtvg-logo=\"L\""_s, u"G"_s, u"L"_s);
-    row("no blanks in between", u"group-title=\"G\"tvg-logo=\"L\""_s, u"G"_s, u"L"_s);
     row("inside another value", u"tvg-name=\"tvg-logo=\"L\" x"_s, uncategorized, u"L"_s);
     row("the logo inside the group", u"group-title=\"tvg-logo=\" tvg-logo=\"L\""_s, u"tvg-logo="_s,
         u" tvg-logo="_s);
-    row("commas and apostrophes", u"group-title=\"A, B's; C\""_s, u"A, B's; C"_s, {});
-    row("other scripts", u"group-title=\"\u4e2d\U0001F600\""_s, u"\u4e2d\U0001F600"_s, {});
-    row("NUL", u"group-title=\"a"_s + QChar(0) + u"b\""_s, u"a"_s + QChar(0) + u"b"_s, {});
-    row("a vertical tab and a line separator", u"group-title=\"a\v\u2028b\""_s, u"a\v\u2028b"_s,
-        {});
-    row("the group is called Uncategorized", u"group-title=\"Uncategorized\""_s, uncategorized, {});
     QTest::newRow("attributes after the comma")
         << u"#EXTINF:-1,A group-title=\"G\" tvg-logo=\"L\"\nhttp://h/1"_s
         << QList<Channel>{
@@ -181,9 +141,6 @@ void tst_M3uParser::attributeRows()
     QTest::newRow("attributes of the next line do not count")
         << u"#EXTINF:-1 group-title=\"G,A\nhttp://h/1\"\n"_s
         << QList<Channel>{{u"A"_s, uncategorized, u"http://h/1\""_s, {}}};
-    QTest::newRow("attributes of the header do not count")
-        << u"#EXTM3U group-title=\"G\" tvg-logo=\"L\"\n#EXTINF:-1,A\nhttp://h/1\n"_s
-        << QList<Channel>{{u"A"_s, uncategorized, u"http://h/1"_s, {}}};
 }
 
 void tst_M3uParser::lineRows()
@@ -195,23 +152,13 @@ void tst_M3uParser::lineRows()
     QTest::newRow("LF") << text << two;
     QTest::newRow("CR LF") << QString(text).replace(u"\n"_s, u"\r\n"_s) << two;
     QTest::newRow("CR") << QString(text).replace(u"\n"_s, u"\r"_s) << two;
-    QTest::newRow("LF CR") << QString(text).replace(u"\n"_s, u"\n\r"_s) << two;
     QTest::newRow("CR CR LF") << QString(text).replace(u"\n"_s, u"\r\r\n"_s) << two;
-    QTest::newRow("mixed") << u"#EXTM3U\r#EXTINF:-1,A\r\nhttp://h/1\n#EXTINF:-1,B\rhttp://h/2"_s
-                           << two;
     QTest::newRow("no line end at the end") << text.chopped(1) << two;
     QTest::newRow("other separators end no line")
         << u"#EXTINF:-1,A\u2028http://h/1\n#EXTINF:-1,B\u0085http://h/2\n"_s << Channels();
-    QTest::newRow("only line ends") << u"\r\n\n\r\r\n"_s << Channels();
     // A byte-order mark is not white space; decoding the file removes it.
-    QTest::newRow("byte-order mark before the header")
-        << u"\ufeff#EXTM3U\n#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,B\nhttp://h/2\n"_s << two;
     QTest::newRow("byte-order mark before the first #EXTINF")
         << u"\ufeff#EXTINF:-1,A\nhttp://h/1\n#EXTINF:-1,B\nhttp://h/2\n"_s << two.mid(1);
-    QTest::newRow("Latin-1 bytes read as UTF-8")
-        << QString::fromUtf8("#EXTINF:-1 group-title=\"Caf\xe9\",Fran\xe7"
-                             "ais\nhttp://h/1\n")
-        << Channels{{u"Fran\ufffdais"_s, u"Caf\ufffd"_s, u"http://h/1"_s, {}}};
 }
 
 void tst_M3uParser::parses()
@@ -230,9 +177,6 @@ void tst_M3uParser::parses()
     const M3uParser::Result result = M3uParser::parse(text);
     QCOMPARE(result.items, items);
     QCOMPARE(result.categories, categories);
-    const M3uParser::Result reference = ReferenceM3uParser::parse(text);
-    QCOMPARE(reference.items, items);
-    QCOMPARE(reference.categories, categories);
 }
 
 void tst_M3uParser::categoriesInOrderOfFirstAppearance()
@@ -250,19 +194,6 @@ void tst_M3uParser::categoriesInOrderOfFirstAppearance()
         names << category.name;
     }
     QCOMPARE(names, (QStringList{u"z"_s, u"a"_s, uncategorized, u"Z"_s, u"a "_s}));
-}
-
-void tst_M3uParser::thousandsOfGroups()
-{
-    QString text;
-    for (int index = 0; index < 20'000; ++index) {
-        text += u"#EXTINF:-1 group-title=\"G%1\",N%1\nhttp://h/%1\n"_s.arg(index % 5000);
-    }
-    const M3uParser::Result result = M3uParser::parse(text);
-    QCOMPARE(result.items.size(), 20'000);
-    QCOMPARE(result.categories.size(), 5000);
-    QCOMPARE(result.categories.last().id, u"G4999"_s);
-    QCOMPARE(result.items.last().categoryId, u"G4999"_s);
 }
 
 void tst_M3uParser::oneHugeLine_data()
@@ -291,24 +222,6 @@ void tst_M3uParser::oneHugeLine()
     if (items == 1) {
         QVERIFY(result.items.first().streamUrl == line);
     }
-}
-
-void tst_M3uParser::hundredMegabytes()
-{
-    constexpr int entries = 50'000;
-    const QString url = u"http://h/"_s + QString(1950, u'x');
-    QString text;
-    text.reserve(static_cast<qsizetype>(entries) * 2100);
-    for (int index = 0; index < entries; ++index) {
-        text += u"#EXTINF:-1 group-title=\"G%1\",N%2\r\n"_s.arg(index % 10).arg(index) + url +
-                u"\r\n"_s;
-    }
-    QVERIFY(text.size() > 99'000'000);
-    const M3uParser::Result result = M3uParser::parse(text);
-    QCOMPARE(result.items.size(), entries);
-    QCOMPARE(result.categories.size(), 10);
-    QCOMPARE(result.items.last().name, u"N49999"_s);
-    QVERIFY(result.items.last().id == url);
 }
 
 void tst_M3uParser::theResultOutlivesTheText()

@@ -32,8 +32,6 @@ private Q_SLOTS:
     void roots_data();
     void roots();
     void elementsThatAreNoObjects();
-    void orderAndDuplicatesAreKept();
-    void wholeChannel();
     void wholeMovie();
     void wholeShow();
     void wholeEpisode();
@@ -124,13 +122,7 @@ void tst_XtreamCatalog::values()
 void tst_XtreamCatalog::roots_data()
 {
     QTest::addColumn<QByteArray>("body");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("HTML") << "<html></html>"_ba;
-    QTest::newRow("text") << R"("stream_id")"_ba;
-    QTest::newRow("number") << "5"_ba;
     QTest::newRow("null") << "null"_ba;
-    QTest::newRow("cut at the end") << R"([{"stream_id":1,"series_id":1,"category_id":"1"})"_ba;
-    QTest::newRow("empty array") << "[]"_ba;
     QTest::newRow("empty object") << "{}"_ba;
     QTest::newRow("object of entries")
         << R"({"0":{"stream_id":1,"series_id":1,"category_id":"1"}})"_ba;
@@ -160,33 +152,6 @@ void tst_XtreamCatalog::elementsThatAreNoObjects()
     QCOMPARE(parseLiveStreams(body), expected(0));
     QCOMPARE(parseVodStreams(body), expected(1));
     QCOMPARE(parseSeries(body), expected(2));
-}
-
-void tst_XtreamCatalog::orderAndDuplicatesAreKept()
-{
-    const QByteArray body(
-        R"([{"stream_id":9,"category_id":"9"},{"stream_id":1,"category_id":"1"},
-            {"stream_id":"9","category_id":"9"},{},{"stream_id":10,"category_id":"10"}])"_ba);
-    QStringList ids;
-    for (const MediaItem &item : parseLiveStreams(body)) {
-        ids << item.id;
-    }
-    QCOMPARE(ids, (QStringList{u"9"_s, u"1"_s, u"9"_s, u"0"_s, u"10"_s}));
-    QStringList categoryIds;
-    for (const Category &category : parseCategories(body)) {
-        categoryIds << category.id;
-    }
-    QCOMPARE(categoryIds, (QStringList{u"9"_s, u"1"_s, u"9"_s, QString(), u"10"_s}));
-}
-
-void tst_XtreamCatalog::wholeChannel()
-{
-    const QByteArray text = R"([{"num":1,"name":"News 24","stream_type":"live","stream_id":501,
-        "stream_icon":"http://h/l.png","epg_channel_id":null,"added":"1600000000",
-        "category_id":"12","rating":"9","container_extension":"ts","direct_source":"http://x"}])";
-    QCOMPARE(parseLiveStreams(text),
-             (QList<MediaItem>{
-                 {0, u"501"_s, u"News 24"_s, u"12"_s, u"http://h/l.png"_s, {}, {}, 0, 0}}));
 }
 
 void tst_XtreamCatalog::wholeMovie()
@@ -241,13 +206,9 @@ void tst_XtreamCatalog::seasonKeys_data()
     QTest::addColumn<qint32>("season");
     QTest::newRow("number") << "12"_ba << 12;
     QTest::newRow("zero") << "0"_ba << 0;
-    QTest::newRow("leading zero") << "010"_ba << 10;
     QTest::newRow("negative") << "-1"_ba << -1;
     QTest::newRow("empty") << ""_ba << 0;
     QTest::newRow("word") << "Specials"_ba << 0;
-    QTest::newRow("word and number") << "Season 3"_ba << 0;
-    QTest::newRow("fraction") << "1.5"_ba << 0;
-    QTest::newRow("hexadecimal") << "0x10"_ba << 0;
     QTest::newRow("beyond 32 bits") << "4294967297"_ba << 0;
 }
 
@@ -270,20 +231,11 @@ void tst_XtreamCatalog::malformedEpisodeReplies_data()
     QTest::newRow("episodes missing") << R"({"info":{"name":"S"}})"_ba << Episodes();
     QTest::newRow("episodes is an array")
         << R"({"info":{"name":"S"},"episodes":[[{"id":1}]]})"_ba << Episodes();
-    QTest::newRow("episodes is null") << R"({"episodes":null})"_ba << Episodes();
-    QTest::newRow("episodes is a text") << R"({"episodes":"1"})"_ba << Episodes();
-    QTest::newRow("episodes is empty") << R"({"episodes":{}})"_ba << Episodes();
     QTest::newRow("the root is an array") << R"([{"episodes":{"1":[{"id":1}]}}])"_ba << Episodes();
     QTest::newRow("a season is an object")
         << R"({"episodes":{"0":{"a":{"id":5}},"1":[{"id":1}]}})"_ba << one;
-    QTest::newRow("a season is null") << R"({"episodes":{"0":null,"1":[{"id":1}]}})"_ba << one;
-    QTest::newRow("a season is a text") << R"({"episodes":{"0":"x","1":[{"id":1}]}})"_ba << one;
-    QTest::newRow("a season is empty") << R"({"episodes":{"0":[],"1":[{"id":1}]}})"_ba << one;
     QTest::newRow("info missing") << R"({"episodes":{"1":[{"id":1}]}})"_ba << one;
     QTest::newRow("info is an array") << R"({"info":[],"episodes":{"1":[{"id":1}]}})"_ba << one;
-    QTest::newRow("info is null") << R"({"info":null,"episodes":{"1":[{"id":1}]}})"_ba << one;
-    QTest::newRow("the show's name is null")
-        << R"({"info":{"name":null},"episodes":{"1":[{"id":1}]}})"_ba << one;
     QTest::newRow("episodes that are no objects")
         << R"({"episodes":{"1":[null,5,"x",[],{}]}})"_ba << Episodes(5, none);
 }
