@@ -2,7 +2,6 @@
 
 #include "support/PrivateProfile.h"
 
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
 
 using namespace Qt::StringLiterals;
@@ -49,11 +48,4 @@ qsizetype LoadRecorder::requestsUnderWay() const
     const auto replies = loader.findChildren<QNetworkReply *>();
     return std::count_if(replies.begin(), replies.end(),
                          [](const QNetworkReply *reply) { return !reply->isFinished(); });
-}
-
-void LoadRecorder::setReplyTimeout(int milliseconds) const
-{
-    for (auto *network : loader.findChildren<QNetworkAccessManager *>()) {
-        network->setTransferTimeout(milliseconds);
-    }
 }

@@ -26,8 +26,6 @@ public:
     bool isLoading() const { return owedSteps > 0; }
     /// The requests of the loader that are not answered yet.
     qsizetype requestsUnderWay() const;
-    /// Lets requests that are sent from now on wait that long for progress.
-    void setReplyTimeout(int milliseconds) const;
 
     CatalogLoader loader;
     int owedSteps = 0;

@@ -37,7 +37,6 @@ class tst_ReplyTimeout : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void cleanup();
     void initialValue();
     void endsOnce_data();
     void endsOnce();
@@ -63,20 +62,14 @@ void tst_ReplyTimeout::initTestCase()
 
 void tst_ReplyTimeout::init()
 {
+    xtream.reset();
+    zevrino.reset();
     plain = std::make_unique<HttpServer>();
     secure = std::make_unique<HttpServer>(HttpServer::Tls{directory.filePath(u"certificate.pem"_s),
                                                           directory.filePath(u"key.pem"_s)});
     xtream = std::make_unique<XtreamClient>(nullptr);
     xtream->configure(plain->url(), u"joe"_s, u"secret"_s);
     zevrino = std::make_unique<ZevrinoClient>(secure->url(), nullptr);
-}
-
-void tst_ReplyTimeout::cleanup()
-{
-    zevrino.reset();
-    xtream.reset();
-    secure.reset();
-    plain.reset();
 }
 
 void tst_ReplyTimeout::initialValue()
@@ -90,12 +83,9 @@ void tst_ReplyTimeout::endsOnce_data()
     QTest::addColumn<HttpReply>("reply");
     QTest::addColumn<HttpReply>("target"); // of a redirect
     QTest::newRow("no answer") << neverAnswers() << HttpReply();
-    QTest::newRow("a head only") << stalling(bodyReply(success), 0) << HttpReply();
     QTest::newRow("a part of the body") << stalling(bodyReply(success), 10) << HttpReply();
     QTest::newRow("no answer after a redirect")
         << HttpReply::redirect(u"/hop"_s, 307) << neverAnswers();
-    QTest::newRow("a head only after a redirect")
-        << HttpReply::redirect(u"/hop"_s, 307) << stalling(bodyReply(success), 0);
     HttpReply stalledRedirect = HttpReply::redirect(u"/hop"_s, 307);
     stalledRedirect.body = "moved"_ba;
     QTest::newRow("a redirect whose body stalls") << stalling(stalledRedirect, 2) << neverAnswers();

@@ -75,6 +75,7 @@ void tst_XtreamRequests::accountIsEncoded_data()
     const auto kept = [&row](const char *name, const QString &text, const QString &sent) {
         row(name, text, sent, text);
     };
+    kept("null", {}, QString());
     kept("empty", u""_s, QString());
     kept("space", u"a b"_s, u"a%20b"_s);
     kept("delimiters", u"a&b=c#d"_s, u"a%26b%3Dc%23d"_s);

@@ -4,7 +4,6 @@
 #include "support/HttpReplies.h"
 #include "support/TestMain.h"
 
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QSslConfiguration>
 #include <QTemporaryDir>
@@ -59,22 +58,16 @@ class tst_ZevrinoClient : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void cleanup();
 
     void request_data();
     void request();
     void replies_data();
     void replies();
-    void httpErrors_data();
-    void httpErrors();
-    void unreachable();
+    void networkErrors();
     void untrustedCertificate();
     void redirects();
-    void severalAtOnce();
     void destroyedClientNeverCallsBack();
     void destroyedInItsOwnCallback();
-    void repliesAreDeleted();
-    void isAChildOfItsParent();
 
 private:
     QTemporaryDir directory;
@@ -94,15 +87,10 @@ void tst_ZevrinoClient::initTestCase()
 void tst_ZevrinoClient::init()
 {
     QSslConfiguration::setDefaultConfiguration(trusting);
+    client.reset();
     server = std::make_unique<HttpServer>(HttpServer::Tls{directory.filePath(u"certificate.pem"_s),
                                                           directory.filePath(u"key.pem"_s)});
     client = std::make_unique<ZevrinoClient>(server->url(), nullptr);
-}
-
-void tst_ZevrinoClient::cleanup()
-{
-    client.reset();
-    server.reset();
 }
 
 void tst_ZevrinoClient::request_data()
@@ -111,10 +99,8 @@ void tst_ZevrinoClient::request_data()
     QTest::addColumn<QByteArray>("body");
     QTest::newRow("plain") << u"ABC-123"_s << R"({"subscription_key":"ABC-123"})"_ba;
     QTest::newRow("empty") << QString() << R"({"subscription_key":""})"_ba;
-    QTest::newRow("blanks stay") << u" a b "_s << R"({"subscription_key":" a b "})"_ba;
     QTest::newRow("quotes and backslashes")
         << uR"(a"b\c/d)"_s << R"({"subscription_key":"a\"b\\c/d"})"_ba;
-    QTest::newRow("control characters") << u"a\nb\tc"_s << R"({"subscription_key":"a\nb\tc"})"_ba;
     QTest::newRow("not ASCII") << u"\u00e9\U0001F511"_s
                                << "{\"subscription_key\":\"\xc3\xa9\xf0\x9f\x94\x91\"}"_ba;
 }
@@ -131,14 +117,9 @@ void tst_ZevrinoClient::request()
     QCOMPARE(request.target, path);
     QCOMPARE(request.header("Content-Type"_ba), "application/json"_ba);
     QCOMPARE(request.body, body);
-    QList<QByteArray> names;
-    for (const auto &[name, value] : request.headers) {
-        names << name.toLower();
-    }
-    std::sort(names.begin(), names.end());
-    // Besides the content type only what Qt's network stack sends for any request.
-    QCOMPARE(names, (QList<QByteArray>{"accept-encoding", "accept-language", "connection",
-                                       "content-length", "content-type", "host", "user-agent"}));
+    // Besides the content only what Qt's network stack sends for any request.
+    QCOMPARE(headerNames(request), "accept-encoding accept-language connection content-length "
+                                   "content-type host user-agent"_ba);
     QCOMPARE(request.header("User-Agent"_ba), "Mozilla/5.0"_ba);
 }
 
@@ -157,20 +138,15 @@ void tst_ZevrinoClient::replies_data()
     QTest::newRow("values are not trimmed")
         << success(R"({"server_url":" s ","username":" ","password":"p\n"})"_ba)
         << u" s | |p\n||"_s;
-    QTest::newRow("a message beside the success")
-        << R"({"status":"success","message":"hello","data":)" + whole + '}' << wholeCredentials;
 
-    for (const QByteArray &body : {""_ba, "<html></html>"_ba, success().chopped(1),
-                                   '[' + success() + ']', R"("success")"_ba, "null"_ba}) {
+    for (const QByteArray &body : {""_ba, success().chopped(1), '[' + success() + ']', "null"_ba}) {
         QTest::addRow("body %s", body.constData()) << body << u"Invalid response from server"_s;
     }
 
     const QString unresolved = u"Subscription could not be resolved"_s;
-    QTest::newRow("empty object") << "{}"_ba << unresolved;
     QTest::newRow("status missing") << R"({"data":)"_ba + whole + '}' << unresolved;
     for (const QByteArray &status :
-         {"\"error\""_ba, "\"Success\""_ba, "\"success \""_ba, "\"\""_ba, "true"_ba, "1"_ba,
-          "null"_ba, "[\"success\"]"_ba, "{\"success\":1}"_ba}) {
+         {"\"error\""_ba, "\"Success\""_ba, "\"success \""_ba, "true"_ba, "[\"success\"]"_ba}) {
         const QByteArray head = R"({"status":)" + status + R"(,"data":)" + whole;
         QTest::newRow(("status " + status).constData()) << head + '}' << unresolved;
         QTest::newRow(("status " + status + " with a message").constData())
@@ -181,21 +157,15 @@ void tst_ZevrinoClient::replies_data()
         QTest::newRow(("message " + message).constData())
             << R"({"status":"error","message":)" + message + '}' << unresolved;
     }
-    QTest::newRow("message of a space") << R"({"status":"error","message":" "})"_ba << u" "_s;
     QTest::newRow("message in data")
         << R"({"status":"error","data":{"message":"x"}})"_ba << unresolved;
 
     const QString missing = u"Server response was missing credentials"_s;
-    QTest::newRow("data missing") << R"({"status":"success","message":"x"})"_ba << missing;
-    for (const QByteArray &data : {"null"_ba, '[' + whole + ']', "{}"_ba}) {
-        QTest::newRow(("data " + data).constData()) << success(data) << missing;
-    }
+    QTest::newRow("data is an array") << success('[' + whole + ']') << missing;
     QTest::newRow("credentials outside data")
-        << R"({"status":"success",)"_ba + whole.sliced(1) << missing;
+        << R"({"status":"success","message":"x",)"_ba + whole.sliced(1) << missing;
     for (const QByteArray &key : {"server_url"_ba, "username"_ba, "password"_ba}) {
-        QTest::newRow((key + " missing").constData())
-            << success(QByteArray(whole).replace('"' + key + '"', "\"other\"")) << missing;
-        for (const QByteArray &value : {"\"\""_ba, "null"_ba, "5"_ba, "{}"_ba}) {
+        for (const QByteArray &value : {"\"\""_ba, "5"_ba}) {
             const QByteArray data = whole.chopped(1) + ",\"" + key + "\":" + value + '}';
             QTest::newRow((key + ' ' + value).constData()) << success(data) << missing;
         }
@@ -209,39 +179,14 @@ void tst_ZevrinoClient::replies()
     server->on(path, bodyReply(body));
     QCOMPARE(resolve(*client), outcome);
     QCOMPARE(server->requestCount(), 1);
+    QTRY_VERIFY(client->findChildren<QNetworkReply *>().isEmpty());
 }
 
-void tst_ZevrinoClient::httpErrors_data()
+void tst_ZevrinoClient::networkErrors()
 {
-    QTest::addColumn<int>("status");
-    QTest::addColumn<int>("error");
-    QTest::newRow("401") << 401 << int(QNetworkReply::AuthenticationRequiredError);
-    QTest::newRow("403") << 403 << int(QNetworkReply::ContentAccessDenied);
-    QTest::newRow("404") << 404 << int(QNetworkReply::ContentNotFoundError);
-    QTest::newRow("500") << 500 << int(QNetworkReply::InternalServerError);
-    QTest::newRow("503") << 503 << int(QNetworkReply::ServiceUnavailableError);
-}
-
-void tst_ZevrinoClient::httpErrors()
-{
-    QFETCH(const int, status);
-    QFETCH(const int, error);
-    server->on(path, statusReply(status, R"({"status":"error","message":"from the body"})"_ba));
-    const QString outcome = resolve(*client);
-
-    // The same request without the client gives the message of the network layer.
-    QNetworkAccessManager network;
-    QNetworkRequest request{QUrl(server->url(path))};
-    request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
-    const std::unique_ptr<QNetworkReply> own(network.post(request, "{}"_ba));
-    QTRY_VERIFY(own->isFinished());
-    QCOMPARE(int(own->error()), error);
-    QVERIFY(!own->errorString().isEmpty());
-    QCOMPARE(outcome, u"Could not reach server: "_s + own->errorString());
-}
-
-void tst_ZevrinoClient::unreachable()
-{
+    server->on(path, statusReply(503, R"({"status":"error","message":"from the body"})"_ba));
+    QCOMPARE(resolve(*client), u"Could not reach server: Error transferring "_s +
+                                   server->url(path) + u" - server replied: Service Unavailable"_s);
     server->refuse();
     QCOMPARE(resolve(*client), u"Could not reach server: Connection refused"_s);
 }
@@ -272,28 +217,6 @@ void tst_ZevrinoClient::redirects()
     QCOMPARE(plain.requestCount(), 0);
 }
 
-void tst_ZevrinoClient::severalAtOnce()
-{
-    server->on(path, [](const HttpRequest &request) {
-        const bool good = request.body.contains("good");
-        return bodyReply(good ? success()
-                              : R"({"status":"error","message":)" +
-                                    request.body.mid(request.body.indexOf(':') + 1));
-    });
-    QStringList results;
-    for (const QString &key : {u"good"_s, u"bad1"_s, u"bad2"_s, u"good"_s}) {
-        client->resolve(key, [&results](bool ok, const ZevrinoClient::Credentials &credentials,
-                                        const QString &message) {
-            results << (ok ? credentials.serverUrl : message);
-        });
-    }
-    QVERIFY(results.isEmpty());
-    QTRY_COMPARE(results.size(), 4);
-    QCoreApplication::processEvents();
-    results.sort();
-    QCOMPARE(results, (QStringList{u"bad1"_s, u"bad2"_s, u"s"_s, u"s"_s}));
-}
-
 void tst_ZevrinoClient::destroyedClientNeverCallsBack()
 {
     server->on(path, heldReply("{}"_ba));
@@ -317,28 +240,6 @@ void tst_ZevrinoClient::destroyedInItsOwnCallback()
                         client.reset();
                     });
     QTRY_COMPARE(calls, 1);
-    QVERIFY(client == nullptr);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-    QCOMPARE(calls, 1);
-}
-
-void tst_ZevrinoClient::repliesAreDeleted()
-{
-    const auto *network = client->findChild<QNetworkAccessManager *>();
-    QVERIFY(network != nullptr);
-    server->on(path, bodyReply(success()));
-    QCOMPARE(resolve(*client), wholeCredentials);
-    server->refuse();
-    QVERIFY(resolve(*client) != wholeCredentials);
-    QTRY_VERIFY(network->findChildren<QNetworkReply *>().isEmpty());
-}
-
-void tst_ZevrinoClient::isAChildOfItsParent()
-{
-    QObject parent;
-    const auto *child = new ZevrinoClient(&parent);
-    QCOMPARE(child->parent(), &parent);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_ZevrinoClient)
