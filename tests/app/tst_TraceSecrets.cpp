@@ -11,31 +11,18 @@ class tst_TraceSecrets : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void redactsNothingAtFirst();
     void redactsEveryEncoding_data();
     void redactsEveryEncoding();
-    void keepsOtherText_data();
     void keepsOtherText();
-    void anEmptySecretRedactsNothing();
     void overlappingSecrets();
     void cutsTheBody_data();
     void cutsTheBody();
     void aShortSecretIsRedactedInItsPositionOnly();
     void aSecretIsForgottenWithItsLastScope();
     void aUrlIsForgottenWithItsLine();
-    void manySecrets();
-    void aVeryLongSecret();
-    void aLongSecretOfSurrogatePairs();
     void base64OfWhatHoldsTheSecret_data();
     void base64OfWhatHoldsTheSecret();
 };
-
-void tst_TraceSecrets::redactsNothingAtFirst()
-{
-    QCOMPARE(traceSafe(u"user:password \"x\" *** \u00e9"_s), u"user:password \"x\" *** \u00e9"_s);
-    QCOMPARE(traceSafe(QString()), QString());
-    QCOMPARE(traceSafeHead("0123456789"_ba, 4), u"0123"_s);
-}
 
 void tst_TraceSecrets::redactsEveryEncoding_data()
 {
@@ -45,27 +32,20 @@ void tst_TraceSecrets::redactsEveryEncoding_data()
 
     const QString plain = u"Raw-1zQ"_s;
     QTest::newRow("as it is") << plain << u"x Raw-1zQ y"_s << u"x *** y"_s;
-    QTest::newRow("alone") << plain << plain << u"***"_s;
     QTest::newRow("several times") << plain << u"Raw-1zQRaw-1zQ,Raw-1zQ"_s << u"******,***"_s;
-    QTest::newRow("inside a word") << plain << u"aRaw-1zQb"_s << u"a***b"_s;
 
     const QString url = u"k/1?A=b&c"_s;
     QTest::newRow("percent, upper case") << url << u"p=k%2F1%3FA%3Db%26c&x"_s << u"p=***&x"_s;
     QTest::newRow("percent, lower case") << url << u"p=k%2f1%3fA%3db%26c&x"_s << u"p=***&x"_s;
-    QTest::newRow("percent, some") << url << u"p=k/1?A%3Db&c;"_s << u"p=***;"_s;
     QTest::newRow("percent, every character")
         << url << u"%6B%2F%31%3f%41%3d%62%26%63"_s << u"***"_s;
-    QTest::newRow("percent, twice") << url << u"k%252F1%253fA%253Db%2526c"_s << u"***"_s;
     QTest::newRow("percent, three times")
         << url << u"k%25252F1%25253fA%25253Db%252526c"_s << u"***"_s;
     QTest::newRow("JSON slash") << url << uR"("k\/1?A=b&c")"_s << u"\"***\""_s;
-    QTest::newRow("JSON in JSON slash") << url << uR"("k\\\/1?A=b&c")"_s << u"\"***\""_s;
     QTest::newRow("JSON unicode, lower case")
         << url << uR"(k\u002f1\u003fA=b\u0026c)"_s << u"***"_s;
-    QTest::newRow("JSON unicode, upper case")
-        << url << uR"(k\u002F1\u003FA=b\u0026c)"_s << u"***"_s;
+    QTest::newRow("JSON in JSON slash") << url << uR"("k\\\/1?A=b&c")"_s << u"\"***\""_s;
     QTest::newRow("JSON in JSON unicode") << url << uR"(k\\u002F1?A=b\\u0026c)"_s << u"***"_s;
-    QTest::newRow("HTML name") << url << u"<p>k/1?A=b&amp;c</p>"_s << u"<p>***</p>"_s;
 
     const QString markup = u"q&r<s>t\"u'v"_s;
     QTest::newRow("HTML names") << markup << u"q&amp;r&lt;s&gt;t&quot;u&apos;v"_s << u"***"_s;
@@ -79,7 +59,6 @@ void tst_TraceSecrets::redactsEveryEncoding_data()
     QTest::newRow("JSON backslash") << backslash << uR"("m\\n\\w")"_s << u"\"***\""_s;
 
     const QString spaces = u"two words+plus"_s;
-    QTest::newRow("space") << spaces << u"x=two words+plus"_s << u"x=***"_s;
     QTest::newRow("space as %20") << spaces << u"x=two%20words%2Bplus"_s << u"x=***"_s;
     QTest::newRow("space as plus") << spaces << u"x=two+words%2bplus"_s << u"x=***"_s;
 
@@ -88,8 +67,6 @@ void tst_TraceSecrets::redactsEveryEncoding_data()
                                << u"\u00e4 *** \u20ac"_s;
     QTest::newRow("not ASCII, percent")
         << foreign << u"p%C3%A4ss%E2%82%AC%F0%9F%94%91"_s << u"***"_s;
-    QTest::newRow("not ASCII, percent, lower case")
-        << foreign << u"p%c3%a4ss%e2%82%ac%f0%9f%94%91"_s << u"***"_s;
     QTest::newRow("not ASCII, JSON") << foreign << uR"(p\u00e4ss\u20AC\ud83d\uDD11)"_s << u"***"_s;
     QTest::newRow("not ASCII, HTML") << foreign << u"p&#228;ss&#x20ac;&#128273;"_s << u"***"_s;
 
@@ -103,7 +80,6 @@ void tst_TraceSecrets::redactsEveryEncoding_data()
     const QString expression = uR"(^a.b*c(d)[e]{2}|f$?+\E%1)"_s;
     QTest::newRow("characters of expressions")
         << expression << u"x"_s + expression + u"y"_s << u"x***y"_s;
-    QTest::newRow("only signs") << u".*"_s + u".*"_s << u"a.*.*b"_s << u"a***b"_s;
 }
 
 void tst_TraceSecrets::redactsEveryEncoding()
@@ -116,33 +92,16 @@ void tst_TraceSecrets::redactsEveryEncoding()
     QCOMPARE(traceSafeHead(text.toUtf8(), 100'000), masked);
 }
 
-void tst_TraceSecrets::keepsOtherText_data()
-{
-    QTest::addColumn<QString>("secret");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("a dot is a dot") << u"g.h.i.j"_s << u"gxhxixj"_s;
-    QTest::newRow("case counts") << u"CaseCounts"_s << u"casecounts CASECOUNTS"_s;
-    QTest::newRow("only a part") << u"wholeSecret"_s << u"wholeSecre holeSecret"_s;
-    QTest::newRow("accents count") << u"\u00e9t\u00e9-ete"_s << u"ete-ete"_s;
-    QTest::newRow("other text") << u"unrelated-1"_s
-                                << u"\u4e2d \U0001F600 %00 \\u0041 &amp; \t\n"_s;
-}
-
 void tst_TraceSecrets::keepsOtherText()
 {
-    QFETCH(const QString, secret);
-    QFETCH(const QString, text);
-    const RedactionScope redaction(secret);
-    QCOMPARE(traceSafe(text), text);
-}
-
-void tst_TraceSecrets::anEmptySecretRedactsNothing()
-{
     const RedactionScope none;
-    const RedactionScope empty(u""_s);
-    QCOMPARE(traceSafe(u"password=&x"_s), u"password=&x"_s);
-    QCOMPARE(traceSafe(u""_s), u""_s);
-    QCOMPARE(traceSafeHead(QByteArray(), 2000), QString());
+    const RedactionScope redaction(u"g.Secret-\u00e9"_s);
+    for (const QString &text :
+         {u""_s, u"password=&x"_s, u"gxSecret-\u00e9"_s, u"G.SECRET-\u00e9"_s, u"g.Secret-e"_s,
+          u"g.Secret Secret-\u00e9"_s, u"\u4e2d \U0001F600 %00 \\u0041 &amp; \t\n"_s}) {
+        QCOMPARE(traceSafe(text), text);
+        QCOMPARE(traceSafeHead(text.toUtf8(), 2000), text);
+    }
 }
 
 void tst_TraceSecrets::overlappingSecrets()
@@ -167,12 +126,8 @@ void tst_TraceSecrets::cutsTheBody_data()
     const QByteArray x1990(1990, 'x');
     const QString shown1990 = QString::fromLatin1(x1990);
     const QByteArray tail(500, 't');
-    QTest::newRow("shorter") << "abc"_ba << 2000 << u"abc"_s;
     QTest::newRow("exactly as long") << QByteArray(2000, 'x') << 2000 << QString(2000, u'x');
     QTest::newRow("one byte too long") << QByteArray(2001, 'x') << 2000 << QString(2000, u'x');
-    QTest::newRow("nothing wanted") << "abc"_ba << 0 << QString();
-    QTest::newRow("secret ends at the cut")
-        << x1990 + "Cut-Secret" + tail << 2000 << shown1990 + u"***"_s;
     QTest::newRow("secret begins one byte before the cut")
         << x1990 + "yyyyyyyyyCut-Secret" + tail << 2000 << shown1990 + u"yyyyyyyyy***"_s;
     QTest::newRow("secret begins at the cut")
@@ -190,8 +145,6 @@ void tst_TraceSecrets::cutsTheBody_data()
         << "Cut-Secret" + x1990 + "zzzz" << 2000 << u"***"_s + shown1990;
     QTest::newRow("a character is cut")
         << x1990 + "yyyyyyyyy\xc3\xa9" + tail << 2000 << shown1990 + u"yyyyyyyyy\uFFFD"_s;
-    QTest::newRow("a character before the cut")
-        << x1990 + "yyyyyyyy\xc3\xa9" + tail << 2000 << shown1990 + u"yyyyyyyy\u00e9"_s;
 }
 
 void tst_TraceSecrets::cutsTheBody()
@@ -235,45 +188,6 @@ void tst_TraceSecrets::aUrlIsForgottenWithItsLine()
     QCOMPARE(traceSafeUrl(u"http://h/live/joe/football/7.ts?p=football&token=Abc-123&x=Abc-123"_s),
              u"http://h/live/joe/***/7.ts?p=***&token=***&x=***"_s);
     QCOMPARE(traceSafe(u"football Abc-123"_s), u"football Abc-123"_s);
-}
-
-void tst_TraceSecrets::manySecrets()
-{
-    // As many as a long list of accounts, or many streams with tokens.
-    QList<RedactionScope> redactions;
-    for (int index = 0; index < 300; ++index) {
-        redactions << RedactionScope(u"account-password-%1-end"_s.arg(index));
-    }
-    for (const int index : {0, 1, 150, 299}) {
-        const QString text = u"password=account-password-%1-end&x"_s.arg(index);
-        QCOMPARE(traceSafe(text), u"password=***&x"_s);
-    }
-}
-
-void tst_TraceSecrets::aVeryLongSecret()
-{
-    const QString secret = u"begin"_s + QString(3000, u'L') + u"end"_s;
-    const RedactionScope redaction(secret);
-    QCOMPARE(traceSafe(u"<"_s + secret + u">"_s), u"<***>"_s);
-}
-
-void tst_TraceSecrets::aLongSecretOfSurrogatePairs()
-{
-    // Wherever a secret was cut, the cut would fall inside a pair.
-    const QString key = u"k"_s + u"\U0001F511"_s.repeated(80);
-    const QString shifted = u"\U0001F512"_s.repeated(80);
-    const RedactionScope first(key);
-    const RedactionScope second(shifted);
-    for (const QString &secret : {key, shifted}) {
-        QCOMPARE(traceSafe(u"<"_s + secret + u">"_s), u"<***>"_s);
-        const QString percent = QString::fromLatin1(secret.toUtf8().toPercentEncoding());
-        QCOMPARE(traceSafe(u"<"_s + percent + u">"_s), u"<***>"_s);
-        QString escaped;
-        for (const QChar unit : secret) {
-            escaped += u"\\u%1"_s.arg(uint(unit.unicode()), 4, 16, QLatin1Char('0'));
-        }
-        QCOMPARE(traceSafe(u"<"_s + escaped + u">"_s), u"<***>"_s);
-    }
 }
 
 void tst_TraceSecrets::base64OfWhatHoldsTheSecret_data()
