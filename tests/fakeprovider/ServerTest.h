@@ -6,7 +6,7 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QObject>
-#include <QSignalSpy>
+#include <QTest>
 
 #include <memory>
 
@@ -23,10 +23,16 @@ protected:
             request.setRawHeader("Range", rangeHeader);
         return network->get(request);
     }
-    static bool finished(QNetworkReply *reply)
+    static bool finished(const QNetworkReply *reply)
     {
-        QSignalSpy spy(reply, &QNetworkReply::finished);
-        return reply->isFinished() || spy.wait(5000);
+        return QTest::qWaitFor([reply] { return reply->isFinished(); });
+    }
+    /// The reply to a request, once it is complete.
+    QNetworkReply *fetch(const QString &path, const QByteArray &rangeHeader = {})
+    {
+        QNetworkReply *reply = get(path, rangeHeader);
+        (void)finished(reply);
+        return reply;
     }
 
     std::unique_ptr<HttpServer> server;

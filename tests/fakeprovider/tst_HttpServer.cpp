@@ -22,12 +22,9 @@ private Q_SLOTS:
     void longestPrefixWins();
     void range_data();
     void range();
-    void rangeCanBeSwitchedOff();
     void servesADirectory();
-    void redirects();
     void sendsChunksAndGzip_data();
     void sendsChunksAndGzip();
-    void headHasNoBody();
     void tls_data();
     void tls();
 };
@@ -39,19 +36,15 @@ void tst_HttpServer::answersWithTheReplyOfThePath()
     server->on(u"/there"_s, bodyReply("yes"_ba));
     server->on(u"/forbidden"_s, forbidden);
 
-    QNetworkReply *there = get(u"/there?any=query"_s);
-    QVERIFY(finished(there));
+    QNetworkReply *there = fetch(u"/there?any=query"_s);
     QCOMPARE(there->readAll(), "yes"_ba);
     QCOMPARE(there->header(QNetworkRequest::ContentTypeHeader).toString(), u"text/plain"_s);
 
-    QNetworkReply *refused = get(u"/forbidden"_s);
-    QVERIFY(finished(refused));
+    QNetworkReply *refused = fetch(u"/forbidden"_s);
     QCOMPARE(refused->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), 403);
     QCOMPARE(refused->rawHeader("X-Reason"_ba), "agent"_ba);
 
-    QNetworkReply *missing = get(u"/missing"_s);
-    QVERIFY(finished(missing));
-    QCOMPARE(missing->error(), QNetworkReply::ContentNotFoundError);
+    QCOMPARE(fetch(u"/missing"_s)->error(), QNetworkReply::ContentNotFoundError);
 
     QCOMPARE(server->requestCount(), 3);
     QCOMPARE(server->requestCount(u"/there"_s), 1);
@@ -88,9 +81,12 @@ void tst_HttpServer::keepsTheConnection()
     QVERIFY(client.waitForConnected());
     client.write("GET /x HTTP/1.1\r\nHost: a\r\n\r\nGET /x HTTP/1.1\r\nHost: a\r\n\r\n");
     QTRY_COMPARE(server->requestCount(u"/x"_s), 2);
-    client.write("GET /x HTTP/1.1\r\nHost: a\r\nConnection: close\r\n\r\n");
+    client.write("HEAD /x HTTP/1.1\r\nHost: a\r\nConnection: close\r\n\r\n");
     QTRY_COMPARE(client.state(), QAbstractSocket::UnconnectedState);
-    QCOMPARE(client.readAll().count("\r\n\r\nbody"), 3);
+    const QByteArray answers = client.readAll();
+    QCOMPARE(answers.count("Content-Length: 4\r\n"), 3);
+    QCOMPARE(answers.count("\r\n\r\nbody"), 2);
+    QVERIFY(answers.endsWith("\r\n\r\n"));
 }
 
 void tst_HttpServer::longestPrefixWins()
@@ -102,9 +98,7 @@ void tst_HttpServer::longestPrefixWins()
                                                          {u"/live/user/2"_s, "long"_ba},
                                                          {u"/live/user/1"_s, "exact"_ba}};
     for (const auto &[path, body] : expected) {
-        QNetworkReply *reply = get(path);
-        QVERIFY(finished(reply));
-        QCOMPARE(reply->readAll(), body);
+        QCOMPARE(fetch(path)->readAll(), body);
     }
 }
 
@@ -114,39 +108,32 @@ void tst_HttpServer::range_data()
     QTest::addColumn<int>("status");
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<QByteArray>("contentRange");
-    QTest::newRow("from and to") << "bytes=2-4"_ba << 206 << "234"_ba
-                                 << "bytes 2-4/10"_ba;
-    QTest::newRow("open end") << "bytes=7-"_ba << 206 << "789"_ba
-                              << "bytes 7-9/10"_ba;
-    QTest::newRow("end beyond the body") << "bytes=8-99"_ba << 206 << "89"_ba
-                                         << "bytes 8-9/10"_ba;
-    QTest::newRow("the last bytes") << "bytes=-3"_ba << 206 << "789"_ba
-                                    << "bytes 7-9/10"_ba;
-    QTest::newRow("behind the end") << "bytes=10-"_ba << 416 << ""_ba
-                                    << "bytes */10"_ba;
+    const auto row = [](const QByteArray &header, int status, const QByteArray &body,
+                        const QByteArray &contentRange) {
+        QTest::newRow(header.constData()) << header << status << body << contentRange;
+    };
+    row("bytes=2-4"_ba, 206, "234"_ba, "bytes 2-4/10"_ba);
+    row("bytes=7-"_ba, 206, "789"_ba, "bytes 7-9/10"_ba);
+    row("bytes=8-99"_ba, 206, "89"_ba, "bytes 8-9/10"_ba);
+    row("bytes=-3"_ba, 206, "789"_ba, "bytes 7-9/10"_ba);
+    row("bytes=10-"_ba, 416, {}, "bytes */10"_ba);
 }
 
 void tst_HttpServer::range()
 {
     QFETCH(const QByteArray, header);
-    server->on(u"/x"_s, bodyReply("0123456789"_ba));
-    QNetworkReply *reply = get(u"/x"_s, header);
-    QVERIFY(finished(reply));
+    HttpReply sent = bodyReply("0123456789"_ba);
+    server->on(u"/x"_s, sent);
+    QNetworkReply *reply = fetch(u"/x"_s, header);
     QTEST(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), "status");
     QTEST(reply->readAll(), "body");
     QTEST(reply->rawHeader("Content-Range"_ba), "contentRange");
-}
 
-void tst_HttpServer::rangeCanBeSwitchedOff()
-{
-    HttpReply whole = bodyReply("0123456789"_ba);
-    whole.supportRange = false;
-    server->on(u"/x"_s, whole);
-    QNetworkReply *reply = get(u"/x"_s, "bytes=2-4"_ba);
-    QVERIFY(finished(reply));
-    QCOMPARE(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), 200);
-    QCOMPARE(reply->readAll(), "0123456789"_ba);
-    QVERIFY(!reply->hasRawHeader("Accept-Ranges"_ba));
+    sent.supportRange = false;
+    server->on(u"/x"_s, sent);
+    QNetworkReply *whole = fetch(u"/x"_s, header);
+    QCOMPARE(whole->readAll(), "0123456789"_ba);
+    QVERIFY(!whole->hasRawHeader("Accept-Ranges"_ba));
 }
 
 void tst_HttpServer::servesADirectory()
@@ -155,23 +142,10 @@ void tst_HttpServer::servesADirectory()
     writeFile(directory.filePath(u"film.mp4"_s), "0123456789"_ba);
     server->serveDirectory(u"/media/"_s, directory.path());
 
-    QNetworkReply *reply = get(u"/media/film.mp4"_s, "bytes=5-"_ba);
-    QVERIFY(finished(reply));
+    QNetworkReply *reply = fetch(u"/media/film.mp4"_s, "bytes=5-"_ba);
     QCOMPARE(reply->readAll(), "56789"_ba);
     QCOMPARE(reply->header(QNetworkRequest::ContentTypeHeader).toString(), u"video/mp4"_s);
-    QNetworkReply *missing = get(u"/media/none.mp4"_s);
-    QVERIFY(finished(missing));
-    QCOMPARE(missing->error(), QNetworkReply::ContentNotFoundError);
-}
-
-void tst_HttpServer::redirects()
-{
-    server->on(u"/old"_s, HttpReply::redirect(server->url(u"/new"_s)));
-    server->on(u"/new"_s, bodyReply("here"_ba));
-    QNetworkReply *reply = get(u"/old"_s);
-    QVERIFY(finished(reply));
-    QCOMPARE(reply->readAll(), "here"_ba);
-    QCOMPARE(reply->url().path(), u"/new"_s);
+    QCOMPARE(fetch(u"/media/none.mp4"_s)->error(), QNetworkReply::ContentNotFoundError);
 }
 
 void tst_HttpServer::sendsChunksAndGzip_data()
@@ -181,10 +155,8 @@ void tst_HttpServer::sendsChunksAndGzip_data()
     QTest::addColumn<QByteArray>("body");
     const QByteArray large = QByteArray("0123456789abcdef").repeated(100'000);
     QTest::newRow("plain, large") << false << false << large;
-    QTest::newRow("chunked, large") << true << false << large;
     QTest::newRow("chunked, empty") << true << false << ""_ba;
     QTest::newRow("gzip, large") << false << true << large;
-    QTest::newRow("gzip, empty") << false << true << ""_ba;
     QTest::newRow("chunked gzip") << true << true << large;
 }
 
@@ -197,24 +169,10 @@ void tst_HttpServer::sendsChunksAndGzip()
     sent.chunked = chunked;
     sent.gzip = gzip;
     server->on(u"/x"_s, sent);
-    QNetworkReply *reply = get(u"/x"_s);
-    QVERIFY(finished(reply));
+    QNetworkReply *reply = fetch(u"/x"_s);
     QCOMPARE(reply->error(), QNetworkReply::NoError);
     QVERIFY(reply->readAll() == body);
     QCOMPARE(reply->hasRawHeader("Transfer-Encoding"_ba), chunked);
-}
-
-void tst_HttpServer::headHasNoBody()
-{
-    server->on(u"/x"_s, bodyReply("body"_ba));
-    QTcpSocket client;
-    client.connectToHost(QHostAddress::LocalHost, server->port());
-    QVERIFY(client.waitForConnected());
-    client.write("HEAD /x HTTP/1.1\r\nHost: a\r\nConnection: close\r\n\r\n");
-    QTRY_COMPARE(client.state(), QAbstractSocket::UnconnectedState);
-    const QByteArray answer = client.readAll();
-    QVERIFY(answer.contains("Content-Length: 4\r\n"));
-    QVERIFY(answer.endsWith("\r\n\r\n"));
 }
 
 void tst_HttpServer::tls_data()
