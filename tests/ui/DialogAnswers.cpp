@@ -2,11 +2,15 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,20 +56,45 @@ void DialogAnswers::nextClicks(const QString &button)
     });
 }
 
+void DialogAnswers::nextForm(int type, const QList<std::pair<QString, QString>> &fields)
+{
+    next([type, fields](QDialog &dialog) {
+        dialog.findChild<QComboBox *>(u"typeCombo"_s)->setCurrentIndex(type);
+        for (const auto &[name, text] : fields) {
+            dialog.findChild<QLineEdit *>(name)->setText(text);
+        }
+        click(dialog, u"OK"_s);
+    });
+}
+
 void DialogAnswers::nextMenu(std::function<void(QMenu &)> answer)
 {
     menuAnswers.append(std::move(answer));
 }
 
-bool DialogAnswers::click(QDialog &dialog, const QString &button)
+void DialogAnswers::clear()
 {
-    for (QAbstractButton *candidate : dialog.findChildren<QAbstractButton *>()) {
-        if (textOf(*candidate) == button) {
-            candidate->click();
-            return true;
-        }
+    answers.clear();
+    menuAnswers.clear();
+    seenDialogs.clear();
+}
+
+QAbstractButton *buttonOf(const QWidget &window, const QString &text)
+{
+    const auto buttons = window.findChildren<QAbstractButton *>();
+    const auto found = std::find_if(buttons.begin(), buttons.end(), [&](QAbstractButton *button) {
+        return textOf(*button) == text;
+    });
+    return found != buttons.end() ? *found : nullptr;
+}
+
+bool DialogAnswers::click(const QDialog &dialog, const QString &button)
+{
+    QAbstractButton *found = buttonOf(dialog, button);
+    if (found != nullptr) {
+        found->click();
     }
-    return false;
+    return found != nullptr;
 }
 
 bool DialogAnswers::eventFilter(QObject *watched, QEvent *event)

@@ -7,8 +7,12 @@
 
 #include <functional>
 
+class QAbstractButton;
 class QDialog;
 class QMenu;
+
+/// The button of that text in a window, whatever its key mark; null when there is none.
+QAbstractButton *buttonOf(const QWidget &window, const QString &text);
 
 /// What a modal dialog showed at the moment when it was answered.
 struct SeenDialog
@@ -32,15 +36,19 @@ public:
     void next(std::function<void(QDialog &)> answer);
     /// Clicks the button of that text in the next dialog.
     void nextClicks(const QString &button);
+    /// Fills fields of the next source form, by their names, and clicks OK.
+    void nextForm(int type, const QList<std::pair<QString, QString>> &fields);
     /// Runs `answer` on the next menu, which is closed afterwards.
     void nextMenu(std::function<void(QMenu &)> answer);
 
     /// The modal dialogs so far, in the order of their opening.
     const QList<SeenDialog> &seen() const { return seenDialogs; }
     qsizetype waiting() const { return answers.size() + menuAnswers.size(); }
+    /// Forgets what was seen and the answers that still wait.
+    void clear();
 
-    /// Clicks the button of that text, whatever its key mark; false when there is none.
-    static bool click(QDialog &dialog, const QString &button);
+    /// Clicks the button of that text; false when there is none.
+    static bool click(const QDialog &dialog, const QString &button);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -1,4 +1,6 @@
 #include "DialogAnswers.h"
+#include "support/HttpReplies.h"
+#include "support/TestFiles.h"
 #include "support/TestMain.h"
 #include "ui/SourceDialog.h"
 
@@ -17,30 +19,56 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <typename Widget>
-Widget &part(const SourceDialog &dialog, const QString &name)
+const QString api = u"/player_api.php"_s;
+const QByteArray accepted = R"({"user_info":{"auth":1}})"_ba;
+const QStringList fieldNames{u"m3uNameEdit"_s, u"m3uUrlEdit"_s,   u"xtreamNameEdit"_s,
+                             u"serverEdit"_s,  u"usernameEdit"_s, u"passwordEdit"_s,
+                             u"keyEdit"_s};
+
+/// The form for a new source or an existing one, and its widgets.
+struct Form
 {
-    auto *widget = dialog.findChild<Widget *>(name);
-    if (widget == nullptr)
-        qFatal("no widget \"%s\" in the dialog", qUtf8Printable(name));
-    return *widget;
+    explicit Form(const SourceConfig *existing = nullptr)
+        : dialog(nullptr, existing)
+    {}
+    QLineEdit &field(const QString &name) const { return *dialog.findChild<QLineEdit *>(name); }
+    QStringList texts() const
+    {
+        QStringList result;
+        for (const QString &name : fieldNames) {
+            result << field(name).text();
+        }
+        return result;
+    }
+    void click(const QString &button) { QVERIFY(DialogAnswers::click(dialog, button)); }
+    void press(QWidget &widget, Qt::Key key)
+    {
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        widget.setFocus();
+        QTest::keyClick(&widget, key);
+    }
+
+    SourceDialog dialog;
+    QComboBox &types = *dialog.findChild<QComboBox *>(u"typeCombo"_s);
+    QComboBox &formats = *dialog.findChild<QComboBox *>(u"liveFormatCombo"_s);
+    QStackedWidget &pages = *dialog.findChild<QStackedWidget *>(u"pages"_s);
+    QCheckBox &showPassword = *dialog.findChild<QCheckBox *>(u"showPasswordCheck"_s);
+    QLabel &status = *dialog.findChild<QLabel *>(u"statusLabel"_s);
+};
+
+SourceConfig existingSource(qint32 type)
+{
+    return {type, u"Home"_s, u"http://h"_s, u"user"_s, u" secret "_s, u"ts"_s, u"ABC-123"_s, 7};
 }
 
-QLineEdit &field(const SourceDialog &dialog, const QString &name)
+QStringList entriesOf(const QComboBox &combo)
 {
-    return part<QLineEdit>(dialog, name);
-}
-
-SourceConfig account(const QString &liveExtension)
-{
-    SourceConfig source = defaultSourceConfig();
-    source.type = SourceType::Xtream;
-    source.name = u"Home"_s;
-    source.url = u"http://127.0.0.1:8080"_s;
-    source.username = u"user"_s;
-    source.password = u" secret "_s;
-    source.liveExtension = liveExtension;
-    return source;
+    QStringList entries;
+    for (int index = 0; index < combo.count(); ++index) {
+        entries << combo.itemText(index) + u'/' + combo.itemData(index).toString();
+    }
+    return entries;
 }
 
 /// The labels of a page's form, from top to bottom.
@@ -49,10 +77,8 @@ QStringList formLabels(const QWidget &page)
     QStringList labels;
     const auto *form = qobject_cast<QFormLayout *>(page.layout());
     for (int row = 0; form != nullptr && row < form->rowCount(); ++row) {
-        const QWidget *label = form->itemAt(row, QFormLayout::LabelRole)->widget();
-        const auto *text = qobject_cast<const QLabel *>(label);
-        const auto *button = qobject_cast<const QPushButton *>(label);
-        labels << (text != nullptr ? text->text() : button != nullptr ? button->text() : QString());
+        // A label or a button.
+        labels << form->itemAt(row, QFormLayout::LabelRole)->widget()->property("text").toString();
     }
     return labels;
 }
@@ -66,72 +92,66 @@ class tst_SourceDialog : public QObject
 private Q_SLOTS:
     void addingStartsOnTheAccountPage();
     void formsAndButtons();
-    void editingShowsThePlaylist();
-    void editingShowsTheAccount();
-    void editingShowsTheSubscription();
-    void liveFormatOfAnEditedAccount_data();
-    void liveFormatOfAnEditedAccount();
-    void typeChoosesThePage();
-    void passwordVisibility();
-    void configOfAnAccountTrimsAllButThePassword();
-    void configOfASubscriptionIsAlwaysZevrino();
-    void configOfAPlaylistTakesNothingElse();
-    void emptyNamesGetDefaults_data();
-    void emptyNamesGetDefaults();
+    void editingShowsWhatTheTypeHas_data();
+    void editingShowsWhatTheTypeHas();
+    void unknownLiveFormatsShowTheFirst();
+    void configTakesWhatTheTypeHas_data();
+    void configTakesWhatTheTypeHas();
     void uploadTakesTheChosenPath();
-    void uploadCancelledChangesNothing();
     void deletionIsAskedFor_data();
     void deletionIsAskedFor();
+    void connectionTest_data();
+    void connectionTest();
+    void secondClickStartsASecondTest();
+    void returnPressesTheFocusedButton();
+    void returnInAFieldAccepts();
+    void statusIsNeverCut();
 };
 
 void tst_SourceDialog::addingStartsOnTheAccountPage()
 {
-    const SourceDialog dialog(nullptr, nullptr);
-    QCOMPARE(dialog.windowTitle(), u"Add Source"_s);
-    QCOMPARE(dialog.minimumWidth(), 420);
-    const auto &types = part<QComboBox>(dialog, u"typeCombo"_s);
-    QStringList entries;
-    for (int index = 0; index < types.count(); ++index) {
-        entries << types.itemText(index) + u'/' + types.itemData(index).toString();
-    }
-    QCOMPARE(entries, (QStringList{u"M3U Playlist/0"_s, u"Xtream Codes/1"_s, u"Zevrino/2"_s}));
-    QCOMPARE(types.currentIndex(), 1);
-    QCOMPARE(part<QStackedWidget>(dialog, u"pages"_s).currentIndex(), 1);
+    const Form form;
+    QCOMPARE(form.dialog.windowTitle(), u"Add Source"_s);
+    QCOMPARE(form.dialog.minimumWidth(), 420);
+    QCOMPARE(entriesOf(form.types),
+             (QStringList{u"M3U Playlist/0"_s, u"Xtream Codes/1"_s, u"Zevrino/2"_s}));
+    QCOMPARE(form.types.currentIndex(), 1);
+    QCOMPARE(form.pages.currentIndex(), 1);
+    QCOMPARE(entriesOf(form.formats), (QStringList{u"m3u8/m3u8"_s, u"ts/ts"_s}));
+    QCOMPARE(form.formats.currentText(), u"ts"_s);
+    QVERIFY(!form.dialog.deleteRequested);
 
-    const auto &formats = part<QComboBox>(dialog, u"liveFormatCombo"_s);
-    QCOMPARE(formats.count(), 2);
-    QCOMPARE(formats.itemText(0) + u'/' + formats.itemData(0).toString(), u"m3u8/m3u8"_s);
-    QCOMPARE(formats.itemText(1) + u'/' + formats.itemData(1).toString(), u"ts/ts"_s);
-    QCOMPARE(formats.currentText(), u"ts"_s);
-    QVERIFY(part<QCheckBox>(dialog, u"showPasswordCheck"_s).isChecked());
-    QCOMPARE(field(dialog, u"passwordEdit"_s).echoMode(), QLineEdit::Normal);
-    QVERIFY(!dialog.deleteRequested);
+    const QLineEdit &password = form.field(u"passwordEdit"_s);
+    QVERIFY(form.showPassword.isChecked());
+    for (const auto mode : {QLineEdit::Normal, QLineEdit::Password, QLineEdit::Normal}) {
+        QCOMPARE(password.echoMode(), mode);
+        form.showPassword.click();
+    }
 }
 
 void tst_SourceDialog::formsAndButtons()
 {
-    const SourceConfig source = account(u"ts"_s);
-    const SourceDialog adding(nullptr, nullptr);
-    const SourceDialog editing(nullptr, &source);
-
-    const auto &pages = part<QStackedWidget>(adding, u"pages"_s);
-    QCOMPARE(pages.count(), 3);
-    QCOMPARE(formLabels(*pages.widget(0)), (QStringList{u"Name:"_s, u"Playlist URL/File:"_s}));
-    QCOMPARE(formLabels(*pages.widget(1)),
+    const SourceConfig source = existingSource(SourceType::Xtream);
+    const Form adding;
+    const Form editing(&source);
+    QCOMPARE(adding.pages.count(), 3);
+    QCOMPARE(formLabels(*adding.pages.widget(0)),
+             (QStringList{u"Name:"_s, u"Playlist URL/File:"_s}));
+    QCOMPARE(formLabels(*adding.pages.widget(1)),
              (QStringList{u"Name:"_s, u"Server URL:"_s, u"Username:"_s, u"Password:"_s,
                           u"Live Stream Format:"_s, u"Test Connection"_s}));
-    QCOMPARE(formLabels(*pages.widget(2)), QStringList{u"Subscription Key:"_s});
-    QVERIFY(field(adding, u"m3uUrlEdit"_s).placeholderText().startsWith("http"_L1));
-    QVERIFY(field(adding, u"serverEdit"_s).placeholderText().contains(":8080"_L1));
-    QCOMPARE(field(adding, u"keyEdit"_s).placeholderText(), u"Your Zevrino subscription key"_s);
-    QCOMPARE(part<QCheckBox>(adding, u"showPasswordCheck"_s).text(), u"Show"_s);
-    QCOMPARE(part<QLabel>(adding, u"statusLabel"_s).text(), QString());
+    QCOMPARE(formLabels(*adding.pages.widget(2)), QStringList{u"Subscription Key:"_s});
+    QVERIFY(adding.field(u"m3uUrlEdit"_s).placeholderText().startsWith("http"_L1));
+    QVERIFY(adding.field(u"serverEdit"_s).placeholderText().contains(":8080"_L1));
+    QCOMPARE(adding.field(u"keyEdit"_s).placeholderText(), u"Your Zevrino subscription key"_s);
+    QCOMPARE(adding.showPassword.text(), u"Show"_s);
+    QCOMPARE(adding.status.text(), QString());
 
-    for (const SourceDialog *dialog : {&adding, &editing}) {
-        auto *box = dialog->findChild<QDialogButtonBox *>();
+    for (const Form *form : {&adding, &editing}) {
+        const auto *box = form->dialog.findChild<QDialogButtonBox *>();
         QVERIFY(box->button(QDialogButtonBox::Ok) != nullptr);
         QVERIFY(box->button(QDialogButtonBox::Cancel) != nullptr);
-        QCOMPARE(box->buttons().size(), dialog == &adding ? 2 : 3);
+        QCOMPARE(box->buttons().size(), form == &adding ? 2 : 3);
         for (QAbstractButton *button : box->buttons()) {
             const bool destructive = box->buttonRole(button) == QDialogButtonBox::DestructiveRole;
             QCOMPARE(button->text() == "Delete Source"_L1, destructive);
@@ -139,177 +159,85 @@ void tst_SourceDialog::formsAndButtons()
     }
 }
 
-void tst_SourceDialog::editingShowsThePlaylist()
+void tst_SourceDialog::editingShowsWhatTheTypeHas_data()
 {
-    SourceConfig source = account(u"ts"_s);
-    source.type = SourceType::Playlist;
-    source.url = u"http://127.0.0.1/list.m3u"_s;
-    const SourceDialog dialog(nullptr, &source);
-    QCOMPARE(dialog.windowTitle(), u"Edit Source"_s);
-    QCOMPARE(part<QComboBox>(dialog, u"typeCombo"_s).currentIndex(), 0);
-    QCOMPARE(part<QStackedWidget>(dialog, u"pages"_s).currentIndex(), 0);
-    QCOMPARE(field(dialog, u"m3uNameEdit"_s).text(), u"Home"_s);
-    QCOMPARE(field(dialog, u"m3uUrlEdit"_s).text(), u"http://127.0.0.1/list.m3u"_s);
-    for (const QString &other : {u"xtreamNameEdit"_s, u"serverEdit"_s, u"usernameEdit"_s,
-                                 u"passwordEdit"_s, u"keyEdit"_s}) {
-        QCOMPARE(field(dialog, other).text(), QString());
-    }
-}
-
-void tst_SourceDialog::editingShowsTheAccount()
-{
-    const SourceConfig source = account(u"ts"_s);
-    const SourceDialog dialog(nullptr, &source);
-    QCOMPARE(part<QComboBox>(dialog, u"typeCombo"_s).currentIndex(), 1);
-    QCOMPARE(part<QStackedWidget>(dialog, u"pages"_s).currentIndex(), 1);
-    QCOMPARE(field(dialog, u"xtreamNameEdit"_s).text(), u"Home"_s);
-    QCOMPARE(field(dialog, u"serverEdit"_s).text(), u"http://127.0.0.1:8080"_s);
-    QCOMPARE(field(dialog, u"usernameEdit"_s).text(), u"user"_s);
-    QCOMPARE(field(dialog, u"passwordEdit"_s).text(), u" secret "_s);
-    QCOMPARE(field(dialog, u"passwordEdit"_s).echoMode(), QLineEdit::Normal);
-    QCOMPARE(field(dialog, u"m3uNameEdit"_s).text(), QString());
-    QCOMPARE(field(dialog, u"m3uUrlEdit"_s).text(), QString());
-    QCOMPARE(field(dialog, u"keyEdit"_s).text(), QString());
-}
-
-void tst_SourceDialog::editingShowsTheSubscription()
-{
-    SourceConfig source = account(u"ts"_s);
-    source.type = SourceType::Zevrino;
-    source.name = u"Zevrino"_s;
-    source.subscriptionKey = u"ABC-123"_s;
-    const SourceDialog dialog(nullptr, &source);
-    QCOMPARE(part<QComboBox>(dialog, u"typeCombo"_s).currentIndex(), 2);
-    QCOMPARE(part<QStackedWidget>(dialog, u"pages"_s).currentIndex(), 2);
-    QCOMPARE(field(dialog, u"keyEdit"_s).text(), u"ABC-123"_s);
+    QTest::addColumn<qint32>("type");
+    QTest::addColumn<QStringList>("texts");
+    QTest::newRow("playlist") << SourceType::Playlist
+                              << QStringList{u"Home"_s, u"http://h"_s, {}, {}, {}, {}, {}};
+    QTest::newRow("account") << SourceType::Xtream
+                             << QStringList{
+                                    {}, {}, u"Home"_s, u"http://h"_s, u"user"_s, u" secret "_s, {}};
     // What the service gave for the key is not the user's to edit.
-    for (const QString &other : {u"xtreamNameEdit"_s, u"serverEdit"_s, u"usernameEdit"_s,
-                                 u"passwordEdit"_s, u"m3uNameEdit"_s, u"m3uUrlEdit"_s}) {
-        QCOMPARE(field(dialog, other).text(), QString());
+    QTest::newRow("subscription") << SourceType::Zevrino
+                                  << QStringList{{}, {}, {}, {}, {}, {}, u"ABC-123"_s};
+}
+
+void tst_SourceDialog::editingShowsWhatTheTypeHas()
+{
+    QFETCH(qint32, type);
+    const SourceConfig source = existingSource(type);
+    const Form form(&source);
+    QCOMPARE(form.dialog.windowTitle(), u"Edit Source"_s);
+    QCOMPARE(form.types.currentIndex(), type);
+    QCOMPARE(form.pages.currentIndex(), type);
+    QTEST(form.texts(), "texts");
+}
+
+void tst_SourceDialog::unknownLiveFormatsShowTheFirst()
+{
+    SourceConfig source = existingSource(SourceType::Xtream);
+    for (const QString &format : {u"m3u8"_s, u"ts"_s, u"mkv"_s, u"TS"_s, QString()}) {
+        source.liveExtension = format;
+        const Form form(&source);
+        const QString shown = format == "ts"_L1 ? u"ts"_s : u"m3u8"_s;
+        QCOMPARE(form.formats.currentText(), shown);
+        QCOMPARE(form.dialog.config().liveExtension, shown);
     }
 }
 
-void tst_SourceDialog::liveFormatOfAnEditedAccount_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("m3u8") << u"m3u8"_s << u"m3u8"_s;
-    QTest::newRow("ts") << u"ts"_s << u"ts"_s;
-    QTest::newRow("an unknown format shows the first") << u"mkv"_s << u"m3u8"_s;
-    QTest::newRow("a format in capitals is unknown") << u"TS"_s << u"m3u8"_s;
-    QTest::newRow("no format") << QString() << u"m3u8"_s;
-}
-
-void tst_SourceDialog::liveFormatOfAnEditedAccount()
-{
-    QFETCH(QString, stored);
-    QFETCH(QString, shown);
-    const SourceConfig source = account(stored);
-    const SourceDialog dialog(nullptr, &source);
-    QCOMPARE(part<QComboBox>(dialog, u"liveFormatCombo"_s).currentText(), shown);
-    QCOMPARE(dialog.config().liveExtension, shown);
-}
-
-void tst_SourceDialog::typeChoosesThePage()
-{
-    const SourceDialog dialog(nullptr, nullptr);
-    for (const int type : {0, 2, 1}) {
-        part<QComboBox>(dialog, u"typeCombo"_s).setCurrentIndex(type);
-        QCOMPARE(part<QStackedWidget>(dialog, u"pages"_s).currentIndex(), type);
-        QCOMPARE(dialog.config().type, type);
-    }
-}
-
-void tst_SourceDialog::passwordVisibility()
-{
-    const SourceDialog dialog(nullptr, nullptr);
-    auto &check = part<QCheckBox>(dialog, u"showPasswordCheck"_s);
-    check.click();
-    QCOMPARE(field(dialog, u"passwordEdit"_s).echoMode(), QLineEdit::Password);
-    check.click();
-    QCOMPARE(field(dialog, u"passwordEdit"_s).echoMode(), QLineEdit::Normal);
-}
-
-void tst_SourceDialog::configOfAnAccountTrimsAllButThePassword()
-{
-    const SourceDialog dialog(nullptr, nullptr);
-    field(dialog, u"xtreamNameEdit"_s).setText(u"  My Account "_s);
-    field(dialog, u"serverEdit"_s).setText(u" http://127.0.0.1:8080 "_s);
-    field(dialog, u"usernameEdit"_s).setText(u"\tuser "_s);
-    field(dialog, u"passwordEdit"_s).setText(u" pass word "_s);
-    part<QComboBox>(dialog, u"liveFormatCombo"_s).setCurrentIndex(0);
-    const SourceConfig config = dialog.config();
-    QCOMPARE(config.type, SourceType::Xtream);
-    QCOMPARE(config.name, u"My Account"_s);
-    QCOMPARE(config.url, u"http://127.0.0.1:8080"_s);
-    QCOMPARE(config.username, u"user"_s);
-    QCOMPARE(config.password, u" pass word "_s);
-    QCOMPARE(config.liveExtension, u"m3u8"_s);
-    QCOMPARE(config.subscriptionKey, QString());
-    QCOMPARE(config.lastUpdated, 0);
-}
-
-void tst_SourceDialog::configOfASubscriptionIsAlwaysZevrino()
-{
-    const SourceDialog dialog(nullptr, nullptr);
-    field(dialog, u"xtreamNameEdit"_s).setText(u"My Account"_s);
-    field(dialog, u"serverEdit"_s).setText(u"http://127.0.0.1"_s);
-    part<QComboBox>(dialog, u"typeCombo"_s).setCurrentIndex(2);
-    field(dialog, u"keyEdit"_s).setText(u"  ABC 123 "_s);
-    const SourceConfig config = dialog.config();
-    QCOMPARE(config.type, SourceType::Zevrino);
-    QCOMPARE(config.name, u"Zevrino"_s);
-    QCOMPARE(config.subscriptionKey, u"ABC 123"_s);
-    QCOMPARE(config.liveExtension, u"m3u8"_s);
-    QCOMPARE(config.url + config.username + config.password, QString());
-}
-
-void tst_SourceDialog::configOfAPlaylistTakesNothingElse()
-{
-    const SourceDialog dialog(nullptr, nullptr);
-    field(dialog, u"passwordEdit"_s).setText(u"secret"_s);
-    part<QComboBox>(dialog, u"typeCombo"_s).setCurrentIndex(0);
-    field(dialog, u"m3uNameEdit"_s).setText(u" List "_s);
-    field(dialog, u"m3uUrlEdit"_s).setText(u" http://127.0.0.1/a.m3u "_s);
-    const SourceConfig config = dialog.config();
-    QCOMPARE(config.type, SourceType::Playlist);
-    QCOMPARE(config.name, u"List"_s);
-    QCOMPARE(config.url, u"http://127.0.0.1/a.m3u"_s);
-    QCOMPARE(config.liveExtension, u"m3u8"_s);
-    QCOMPARE(config.username + config.password + config.subscriptionKey, QString());
-}
-
-void tst_SourceDialog::emptyNamesGetDefaults_data()
+void tst_SourceDialog::configTakesWhatTheTypeHas_data()
 {
     QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("playlist") << 0 << u"M3U Playlist"_s;
-    QTest::newRow("account") << 1 << u"Xtream Account"_s;
-    QTest::newRow("subscription") << 2 << u"Zevrino"_s;
+    QTest::addColumn<QStringList>("taken"); ///< name, URL, user, password, format, key
+    QTest::addColumn<QString>("defaultName");
+    QTest::newRow("playlist") << 0 << QStringList{u"0"_s, u"1"_s, {}, {}, u"m3u8"_s, {}}
+                              << u"M3U Playlist"_s;
+    QTest::newRow("account") << 1 << QStringList{u"2"_s, u"3"_s, u"4"_s, u"\t5 "_s, u"ts"_s, {}}
+                             << u"Xtream Account"_s;
+    QTest::newRow("subscription") << 2 << QStringList{u"Zevrino"_s, {}, {}, {}, u"m3u8"_s, u"6"_s}
+                                  << u"Zevrino"_s;
 }
 
-void tst_SourceDialog::emptyNamesGetDefaults()
+void tst_SourceDialog::configTakesWhatTheTypeHas()
 {
     QFETCH(int, type);
-    QFETCH(QString, expected);
-    const SourceDialog dialog(nullptr, nullptr);
-    part<QComboBox>(dialog, u"typeCombo"_s).setCurrentIndex(type);
-    QCOMPARE(dialog.config().name, expected);
-    field(dialog, u"m3uNameEdit"_s).setText(u"  "_s);
-    field(dialog, u"xtreamNameEdit"_s).setText(u"  "_s);
-    QCOMPARE(dialog.config().name, expected);
+    const Form form;
+    form.types.setCurrentIndex(1 - type % 2);
+    form.types.setCurrentIndex(type);
+    QCOMPARE(form.pages.currentIndex(), type);
+    QTEST(form.dialog.config().name, "defaultName");
+    for (int number = 0; number < fieldNames.size(); ++number) {
+        form.field(fieldNames.at(number)).setText(u"\t%1 "_s.arg(number));
+    }
+    const SourceConfig config = form.dialog.config();
+    QCOMPARE(config.type, type);
+    QTEST((QStringList{config.name, config.url, config.username, config.password,
+                       config.liveExtension, config.subscriptionKey}),
+          "taken");
+    QCOMPARE(config.lastUpdated, 0);
+    form.field(u"m3uNameEdit"_s).setText(u"  "_s);
+    form.field(u"xtreamNameEdit"_s).setText(u"  "_s);
+    QTEST(form.dialog.config().name, "defaultName");
 }
 
 void tst_SourceDialog::uploadTakesTheChosenPath()
 {
     const QTemporaryDir directory;
     const QString path = directory.filePath(u"my list.m3u8"_s);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
-
+    writeFile(path, {});
     DialogAnswers answers;
-    SourceDialog dialog(nullptr, nullptr);
+    Form form;
     QStringList filters;
     answers.next([&](QDialog &opened) {
         auto &chooser = dynamic_cast<QFileDialog &>(opened);
@@ -317,21 +245,16 @@ void tst_SourceDialog::uploadTakesTheChosenPath()
         chooser.selectFile(path);
         opened.accept();
     });
-    QVERIFY(DialogAnswers::click(dialog, u"Upload File..."_s));
-    QCOMPARE(answers.seen().size(), 1);
+    form.click(u"Upload File..."_s);
     QCOMPARE(answers.seen().at(0).title, u"Upload M3U Playlist"_s);
     QCOMPARE(filters, (QStringList{u"Playlists (*.m3u *.m3u8)"_s, u"All Files (*)"_s}));
-    QCOMPARE(field(dialog, u"m3uUrlEdit"_s).text(), path);
-}
+    QCOMPARE(form.field(u"m3uUrlEdit"_s).text(), path);
 
-void tst_SourceDialog::uploadCancelledChangesNothing()
-{
-    DialogAnswers answers;
-    SourceDialog dialog(nullptr, nullptr);
-    field(dialog, u"m3uUrlEdit"_s).setText(u"before"_s);
-    QVERIFY(DialogAnswers::click(dialog, u"Upload File..."_s));
-    QCOMPARE(answers.seen().size(), 1);
-    QCOMPARE(field(dialog, u"m3uUrlEdit"_s).text(), u"before"_s);
+    // Cancelled, it changes nothing.
+    form.click(u"Upload File..."_s);
+    QCOMPARE(answers.seen().size(), 2);
+    form.types.setCurrentIndex(0);
+    QCOMPARE(form.dialog.config().url, path);
 }
 
 void tst_SourceDialog::deletionIsAskedFor_data()
@@ -346,10 +269,10 @@ void tst_SourceDialog::deletionIsAskedFor()
 {
     QFETCH(QString, answer);
     QFETCH(bool, deleted);
-    SourceConfig source = account(u"ts"_s);
+    SourceConfig source = existingSource(SourceType::Xtream);
     source.name = u"<i>Home</i> %1"_s;
     DialogAnswers answers;
-    SourceDialog dialog(nullptr, &source);
+    Form form(&source);
     QString defaultButton;
     answers.next([&](QDialog &opened) {
         auto &box = dynamic_cast<QMessageBox &>(opened);
@@ -359,19 +282,113 @@ void tst_SourceDialog::deletionIsAskedFor()
         QCOMPARE(box.textFormat(), Qt::PlainText);
         QVERIFY(DialogAnswers::click(box, answer));
     });
-    dialog.open();
+    form.dialog.open();
     // Another name in the field does not matter: the stored source would go.
-    field(dialog, u"xtreamNameEdit"_s).setText(u"Other"_s);
-    QVERIFY(DialogAnswers::click(dialog, u"Delete Source"_s));
+    form.field(u"xtreamNameEdit"_s).setText(u"Other"_s);
+    form.click(u"Delete Source"_s);
 
     const SeenDialog seen = answers.seen().last();
     QCOMPARE(seen.title, u"Delete Source"_s);
     QCOMPARE(seen.text, u"Delete source \"<i>Home</i> %1\"? This cannot be undone."_s);
     QCOMPARE(seen.buttons, (QStringList{u"No"_s, u"Yes"_s}));
     QCOMPARE(defaultButton, u"No"_s);
-    QCOMPARE(dialog.deleteRequested, deleted);
-    QCOMPARE(dialog.isVisible(), !deleted);
-    QCOMPARE(dialog.result(), int(QDialog::Rejected));
+    QCOMPARE(form.dialog.deleteRequested, deleted);
+    QCOMPARE(form.dialog.isVisible(), !deleted);
+    QCOMPARE(form.dialog.result(), int(QDialog::Rejected));
+}
+
+void tst_SourceDialog::connectionTest_data()
+{
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<QString>("status");
+    QTest::newRow("accepted") << accepted << u"Connection OK"_s;
+    QTest::newRow("refused")
+        << "{}"_ba << u"Failed: Authentication failed - check server URL, username, and password"_s;
+}
+
+void tst_SourceDialog::connectionTest()
+{
+    QFETCH(QByteArray, reply);
+    QFETCH(QString, status);
+    HttpServer server;
+    server.on(api, HttpReply::json(reply));
+    Form form;
+    form.field(u"serverEdit"_s).setText(u' ' + server.url() + u' ');
+    form.field(u"usernameEdit"_s).setText(u" user "_s);
+    form.field(u"passwordEdit"_s).setText(u" pass "_s);
+    form.click(u"Test Connection"_s);
+    QCOMPARE(form.status.text(), u"Testing..."_s);
+    QTRY_COMPARE(form.status.text(), status);
+    QCOMPARE(server.requestCount(), 1);
+    QCOMPARE(server.requests().at(0).queryValue(u"username"_s), u"user"_s);
+    QCOMPARE(server.requests().at(0).queryValue(u"password"_s), u" pass "_s);
+    QCOMPARE(form.status.textFormat(), Qt::PlainText);
+}
+
+void tst_SourceDialog::secondClickStartsASecondTest()
+{
+    HttpServer server;
+    server.on(api, held(HttpReply::json(accepted)));
+    Form form;
+    form.field(u"serverEdit"_s).setText(server.url());
+    form.click(u"Test Connection"_s);
+    QTRY_COMPARE(server.requestCount(), 1);
+    // Still usable meanwhile.
+    QVERIFY(form.field(u"serverEdit"_s).isEnabled());
+    form.click(u"Test Connection"_s);
+    QTRY_COMPARE(server.requestCount(), 2);
+    server.release(api);
+    QTRY_COMPARE(form.status.text(), u"Connection OK"_s);
+}
+
+void tst_SourceDialog::returnPressesTheFocusedButton()
+{
+    HttpServer server;
+    server.on(api, HttpReply::json(accepted));
+    DialogAnswers answers;
+    Form form;
+    form.field(u"serverEdit"_s).setText(server.url());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        server.clearRequests();
+        form.press(*buttonOf(form.dialog, u"Test Connection"_s), key);
+        QTRY_COMPARE(server.requestCount(), 1);
+        QTRY_COMPARE(form.status.text(), u"Connection OK"_s);
+        QVERIFY(form.dialog.isVisible());
+    }
+    form.types.setCurrentIndex(0);
+    form.press(*buttonOf(form.dialog, u"Upload File..."_s), Qt::Key_Return);
+    QCOMPARE(answers.seen().at(0).title, u"Upload M3U Playlist"_s);
+    QVERIFY(form.dialog.isVisible());
+}
+
+void tst_SourceDialog::returnInAFieldAccepts()
+{
+    const QStringList fields{u"m3uUrlEdit"_s, u"serverEdit"_s, u"keyEdit"_s};
+    for (int type = 0; type < fields.size(); ++type) {
+        Form form;
+        form.types.setCurrentIndex(type);
+        form.press(form.field(fields.at(type)), Qt::Key_Return);
+        QCOMPARE(form.dialog.result(), QDialog::Accepted);
+        QVERIFY(!form.dialog.isVisible());
+    }
+}
+
+void tst_SourceDialog::statusIsNeverCut()
+{
+    Form form;
+    form.dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&form.dialog));
+    const QLabel &label = form.status;
+    form.status.setText(QString(u"Failed: a reason "_s).repeated(20).trimmed());
+    const auto whole = [&label] {
+        return label.height() >= label.heightForWidth(label.width()) &&
+               label.parentWidget()->rect().contains(label.geometry());
+    };
+    QTRY_VERIFY(whole());
+    // Nor when the dialog is made as small as it goes.
+    form.dialog.resize(form.dialog.minimumSize());
+    QTRY_VERIFY(whole());
+    QVERIFY(form.dialog.rect().contains(QRect(label.mapTo(&form.dialog, QPoint()), label.size())));
 }
 
 VANTIRO_TEST_MAIN(tst_SourceDialog)
