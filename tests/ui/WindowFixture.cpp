@@ -2,26 +2,23 @@
 
 #include "model/SourceManager.h"
 #include "player/VlcPlayer.h"
-#include "support/PrivateProfile.h"
 #include "ui/LoadingOverlay.h"
-#include "ui/MainWindow.h"
 
-#include <QComboBox>
-#include <QListWidget>
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QTableWidget>
-#include <QTest>
-#include <QTimer>
-
-using namespace Qt::StringLiterals;
 
 WindowFixture::WindowFixture()
 {
-    PrivateProfile::current().clear();
+    reset();
 }
 
 WindowFixture::~WindowFixture() = default;
+
+void WindowFixture::reset()
+{
+    mainWindow.reset();
+    PrivateProfile::current().clear();
+    dialogs.clear();
+}
 
 void WindowFixture::store(const SourceConfig &source)
 {
@@ -59,28 +56,14 @@ QString WindowFixture::storedLastActive()
     return SourceManager(nullptr).lastActiveSourceName();
 }
 
-MainWindow &WindowFixture::open()
-{
-    return show(std::make_unique<MainWindow>());
-}
-
 MainWindow &WindowFixture::open(const QString &subscriptionUrl)
 {
-    return show(std::make_unique<MainWindow>(subscriptionUrl));
-}
-
-MainWindow &WindowFixture::show(std::unique_ptr<MainWindow> made)
-{
-    mainWindow = std::move(made);
+    mainWindow = subscriptionUrl.isEmpty() ? std::make_unique<MainWindow>()
+                                           : std::make_unique<MainWindow>(subscriptionUrl);
     mainWindow->show();
     if (!QTest::qWaitForWindowActive(mainWindow.get())) {
         qFatal("WindowFixture: the window does not become active");
     }
-    return *mainWindow;
-}
-
-QWidget &WindowFixture::asWidget() const
-{
     return *mainWindow;
 }
 
@@ -92,31 +75,14 @@ QObject *WindowFixture::require(QObject *found, const QString &name)
     return found;
 }
 
-QPushButton &WindowFixture::button(const QString &text) const
+QAbstractButton &WindowFixture::button(const QString &text) const
 {
-    const auto buttons = mainWindow->findChildren<QPushButton *>();
-    const auto found = std::find_if(buttons.begin(), buttons.end(), [&text](QPushButton *button) {
-        return button->text().remove(u'&') == text;
-    });
-    return *static_cast<QPushButton *>(require(found != buttons.end() ? *found : nullptr, text));
+    return *static_cast<QAbstractButton *>(require(buttonOf(*mainWindow, text), text));
 }
 
 VlcPlayer &WindowFixture::player() const
 {
-    auto *player = mainWindow->findChild<VlcPlayer *>();
-    require(player, u"VlcPlayer"_s);
-    return *player;
-}
-
-QTimer &WindowFixture::reconnectTimer() const
-{
-    return find<QTimer>(u"reconnectTimer"_s);
-}
-
-QTimer &WindowFixture::autoRefreshTimer() const
-{
-    return *static_cast<QTimer *>(
-        require(mainWindow->findChild<QTimer *>(u"autoRefreshTimer"_s), u"autoRefreshTimer"_s));
+    return *mainWindow->findChild<VlcPlayer *>();
 }
 
 LoadingOverlay &WindowFixture::overlay() const
@@ -129,6 +95,29 @@ bool WindowFixture::overlayShown() const
     return !overlay().isHidden();
 }
 
+QStringList WindowFixture::sourceNames() const
+{
+    QStringList names;
+    for (int index = 0; index < combo().count(); ++index) {
+        // Text and data are both the name.
+        const QString data = combo().itemData(index).toString();
+        names << (combo().itemText(index) == data ? data : u"text and data differ"_s);
+    }
+    return names;
+}
+
+QStringList WindowFixture::rows(const QString &view) const
+{
+    return rowTexts(find<QAbstractItemView>(view));
+}
+
+AccountCatalog WindowFixture::shownCatalog() const
+{
+    return {rows(u"liveCategoryList"_s),   rows(u"liveTable"_s),
+            rows(u"movieCategoryList"_s),  rows(u"moviePosterList"_s),
+            rows(u"seriesCategoryList"_s), rows(u"seriesPosterList"_s)};
+}
+
 QList<QNetworkReply *> WindowFixture::repliesUnderWay() const
 {
     QList<QNetworkReply *> replies = mainWindow->findChildren<QNetworkReply *>();
@@ -136,57 +125,15 @@ QList<QNetworkReply *> WindowFixture::repliesUnderWay() const
     return replies;
 }
 
-void WindowFixture::setReplyTimeout(int milliseconds) const
+QStringList rowTexts(const QAbstractItemView &view)
 {
-    for (auto *network : mainWindow->findChildren<QNetworkAccessManager *>()) {
-        network->setTransferTimeout(milliseconds);
-    }
-}
-
-QStringList rowTexts(const QTableWidget &table)
-{
+    const QAbstractItemModel &model = *view.model();
     QStringList texts;
-    for (int row = 0; row < table.rowCount(); ++row) {
-        texts << table.item(row, 0)->text();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        texts << model.index(row, 0).data().toString();
     }
-    return texts;
-}
-
-QStringList rowTexts(const QListWidget &list)
-{
-    QStringList texts;
-    for (int row = 0; row < list.count(); ++row) {
-        texts << list.item(row)->text();
-    }
-    if (!texts.isEmpty() && texts.first() == "All Categories"_L1) {
+    if (texts.value(0) == "All Categories"_L1) {
         texts.removeFirst();
     }
     return texts;
-}
-
-AccountCatalog shownCatalog(const WindowFixture &fixture)
-{
-    return {rowTexts(fixture.find<QListWidget>(u"liveCategoryList"_s)),
-            rowTexts(fixture.find<QTableWidget>(u"liveTable"_s)),
-            rowTexts(fixture.find<QListWidget>(u"movieCategoryList"_s)),
-            rowTexts(fixture.find<QListWidget>(u"moviePosterList"_s)),
-            rowTexts(fixture.find<QListWidget>(u"seriesCategoryList"_s)),
-            rowTexts(fixture.find<QListWidget>(u"seriesPosterList"_s))};
-}
-
-QStringList shownChannels(const WindowFixture &fixture)
-{
-    return rowTexts(fixture.find<QTableWidget>(u"channelTable"_s));
-}
-
-QStringList sourceNames(const WindowFixture &fixture)
-{
-    const auto &combo = fixture.find<QComboBox>(u"sourceCombo"_s);
-    QStringList names;
-    for (int index = 0; index < combo.count(); ++index) {
-        // Text and data are both the name.
-        const QString data = combo.itemData(index).toString();
-        names << (combo.itemText(index) == data ? data : u"text and data differ"_s);
-    }
-    return names;
 }

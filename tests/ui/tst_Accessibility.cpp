@@ -1,19 +1,11 @@
 // Everything can be reached and named without eyes and without a mouse.
 
-#include "model/SourceManager.h"
-#include "support/TestFiles.h"
-#include "support/TestMain.h"
-#include "ui/MainWindow.h"
+#include "WindowFixture.h"
 #include "ui/SourceDialog.h"
 
 #include <QAccessible>
-#include <QApplication>
-#include <QListWidget>
 #include <QSet>
-#include <QTest>
 #include <QWindow>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -90,7 +82,6 @@ QStringList notReachedByTab(QWidget &window)
 /// Every control has a name, and Tab reaches each of them from `first` on.
 void expectAccessible(QWidget &window, int minControls, const QString &first)
 {
-    QAccessible::setActive(true);
     QStringList nameless;
     int controls = 0;
     findNameless(QAccessible::queryAccessibleInterface(&window), nameless, controls);
@@ -102,89 +93,57 @@ void expectAccessible(QWidget &window, int minControls, const QString &first)
 
 } // namespace
 
-class tst_Accessibility : public QObject
+class tst_Accessibility : public QObject, private WindowFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { PrivateProfile::current().clear(); }
+    void initTestCase() { QAccessible::setActive(true); }
+    void init() { reset(); }
     void mainWindow_data();
     void mainWindow();
-    void thePlayerAndItsPictureHaveNames();
-    void sourceDialog_data();
     void sourceDialog();
 };
 
 void tst_Accessibility::mainWindow_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("categories, nothing playing") << -1;
-    QTest::newRow("entries, a channel playing") << int(StreamKind::Live);
-    QTest::newRow("entries, a film playing") << int(StreamKind::Movie);
-    QTest::newRow("entries, an episode playing") << int(StreamKind::Episode);
+    QTest::addColumn<bool>("playing");
+    QTest::newRow("categories, nothing playing") << false;
+    QTest::newRow("entries, every row of the player") << true;
 }
 
 void tst_Accessibility::mainWindow()
 {
-    QFETCH(int, kind);
-    const QString playlist = PrivateProfile::current().root() + u"/list.m3u"_s;
-    writeFile(playlist, "#EXTM3U\n#EXTINF:-1 group-title=\"News\",One\nhttp://127.0.0.1:9/1\n");
-    SourceConfig source = defaultSourceConfig();
-    source.name = u"List"_s;
-    source.url = playlist;
-    SourceManager(nullptr).saveSource(source);
-    MainWindow window;
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    if (kind >= 0) {
-        auto *categories = window.findChild<QListWidget *>(u"channelCategoryList"_s);
-        window.selectChannelCategory(categories->item(1));
-        MediaItem item;
-        item.type = kind;
-        item.name = u"Something"_s;
-        item.streamUrl = u"http://127.0.0.1:9/1"_s;
-        window.playMediaItem(item);
-        // Films need an account; the rows that they show are what matters here.
+    QFETCH(bool, playing);
+    cacheOneChannel(u"List"_s, u"One"_s);
+    store(playlistSource(u"List"_s, u"/nowhere"_s));
+    open();
+    if (playing) {
+        window().selectChannelCategory(find<QListWidget>(u"channelCategoryList"_s).item(1));
+        window().playMediaItem(channel(u"Something"_s, u"http://127.0.0.1:9/1"_s, {}));
         for (const QString &name : {u"seekRow"_s, u"controlsRow"_s, u"nextEpisodeButton"_s}) {
-            window.findChild<QWidget *>(name)->show();
+            find<QWidget>(name).show();
         }
     }
-
-    expectAccessible(window, 6, u"sourceCombo"_s);
-}
-
-// Neither is a control, but the keyboard stops at the one, and the other is most of the window.
-void tst_Accessibility::thePlayerAndItsPictureHaveNames()
-{
-    MainWindow window;
-    QAccessible::setActive(true);
+    expectAccessible(window(), 6, u"sourceCombo"_s);
+    // Neither is a control, but the keyboard stops at the one, and the other is most of the window.
     for (const auto &[widget, name] :
          {std::pair(u"playerPanel"_s, u"Player"_s), std::pair(u"videoSurface"_s, u"Video"_s)}) {
-        QAccessibleInterface *spoken =
-            QAccessible::queryAccessibleInterface(window.findChild<QWidget *>(widget));
+        auto *spoken = QAccessible::queryAccessibleInterface(&find<QWidget>(widget));
         QCOMPARE(spoken->text(QAccessible::Name), name);
     }
 }
 
-void tst_Accessibility::sourceDialog_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::newRow("playlist") << int(SourceType::Playlist);
-    QTest::newRow("account") << int(SourceType::Xtream);
-    QTest::newRow("subscription") << int(SourceType::Zevrino);
-}
-
 void tst_Accessibility::sourceDialog()
 {
-    QFETCH(int, type);
-    SourceConfig source = defaultSourceConfig();
-    source.type = type;
-    source.name = u"Source"_s;
-    SourceDialog dialog(nullptr, &source);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-
-    expectAccessible(dialog, 4, u"typeCombo"_s);
+    for (const qint32 type : {SourceType::Playlist, SourceType::Xtream, SourceType::Zevrino}) {
+        SourceConfig source;
+        source.type = type;
+        SourceDialog dialog(nullptr, &source);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        expectAccessible(dialog, 4, u"typeCombo"_s);
+    }
 }
 
 VANTIRO_TEST_MAIN(tst_Accessibility)

@@ -1,28 +1,19 @@
 #include "WindowFixture.h"
 #include "providers/SubscriptionEndpoint.h"
-#include "support/TestFiles.h"
-#include "support/TestMain.h"
 #include "ui/LoadingOverlay.h"
-#include "ui/MainWindow.h"
-
-#include <QComboBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QTabWidget>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 using Manner = XtreamProvider::Manner;
 
 namespace {
 
 const QString key = u"KEY-1"_s;
+const QString missingFile = u"/nowhere/<b>list</b>.m3u"_s;
+const QString fileText = u"Failed to open file: "_s + missingFile;
 
 } // namespace
 
-/// What the window makes of a load: the tabs, the overlay, the stored record, what then plays.
-class tst_MainWindowLoading : public QObject
+/// What the window makes of a load: the tabs, the overlay, the stored record, a box for a failure.
+class tst_MainWindowLoading : public QObject, private WindowFixture
 {
     Q_OBJECT
 
@@ -30,16 +21,13 @@ private Q_SLOTS:
     void init();
     void account();
     void playlist();
-    void localPlaylist();
-    void lateChannelsBehindAnAccount();
     void subscription();
     void subscriptionFromTheCache();
-    void leavingASubscription();
     void editingDropsWhatIsUnderWay();
-    void leavingAnAccountForAPlaylist();
-    void mayCloseWhileLoading();
-    void playingWhatWasLoaded_data();
-    void playingWhatWasLoaded();
+    void failuresAreReportedOneAtATime_data();
+    void failuresAreReportedOneAtATime();
+    void aServerThatComesBack();
+    void aFailureWhileTheWindowIsBuilt();
 
 private:
     std::unique_ptr<HttpServer> server;
@@ -51,265 +39,216 @@ private:
 
 void tst_MainWindowLoading::init()
 {
+    reset();
     server = std::make_unique<HttpServer>();
+    server->on(u"/list.m3u"_s, heldReply(twoChannels));
     provider = std::make_unique<XtreamProvider>();
     serve(*provider, catalog);
     endpoint = std::make_unique<SubscriptionEndpoint>();
-    endpoint->accept(key, *provider);
+    endpoint->accept(key, *provider, u"ts"_s);
+    endpoint->answer(u"NO"_s, R"({"status":"error","message":"This key has <b>expired</b>."})"_ba);
 }
 
 void tst_MainWindowLoading::account()
 {
-    WindowFixture fixture;
     provider->setMannerOfCatalog(Manner::Held);
-    WindowFixture::store(sourceFor(*provider, u"A"_s));
-    MainWindow &window = fixture.open();
+    store(sourceFor(*provider, u"A"_s));
+    open();
     QTRY_COMPARE(provider->actions().size(), 6);
     // Stamped and stored before any reply.
-    QVERIFY(WindowFixture::stored(u"A"_s).lastUpdated > 0);
-    QCOMPARE(shownCatalog(fixture), emptyCatalog);
+    QVERIFY(stored(u"A"_s).lastUpdated > 0);
+    QCOMPARE(shownCatalog(), emptyCatalog);
     for (const QString &action : XtreamAction::catalog()) {
-        QVERIFY(fixture.overlayShown());
+        QVERIFY(overlayShown());
         provider->release(action);
     }
-    QTRY_VERIFY(!fixture.overlayShown());
-    QCOMPARE(shownCatalog(fixture), catalog);
+    QTRY_VERIFY(!overlayShown());
+    QCOMPARE(shownCatalog(), catalog);
 
     // From the cache at once, and no box for a failure.
-    window.onSourceSelected(0);
-    QVERIFY(!fixture.overlayShown());
-    QCOMPARE(shownCatalog(fixture), catalog);
+    window().onSourceSelected(0);
+    QVERIFY(!overlayShown());
+    QCOMPARE(shownCatalog(), catalog);
     provider->setMannerOfCatalog(Manner::Unavailable);
-    window.refreshActiveSource();
-    QTRY_VERIFY(!fixture.overlayShown());
-    QCOMPARE(shownCatalog(fixture), emptyCatalog);
-    QVERIFY(fixture.dialogs.seen().isEmpty());
+    window().refreshActiveSource();
+    QTRY_VERIFY(!overlayShown());
+    QCOMPARE(shownCatalog(), emptyCatalog);
+    QVERIFY(dialogs.seen().isEmpty());
 }
 
 void tst_MainWindowLoading::playlist()
 {
-    WindowFixture fixture;
-    server->on(u"/list.m3u"_s, heldReply(twoChannels));
-    WindowFixture::store(playlistSource(u"A"_s, server->url(u"/list.m3u"_s), neverLoaded));
-    fixture.open();
-    QVERIFY(WindowFixture::stored(u"A"_s).lastUpdated > 0);
-    QVERIFY(fixture.overlayShown());
-    QCOMPARE(shownChannels(fixture), QStringList());
+    store(playlistSource(u"A"_s, server->url(u"/list.m3u"_s), neverLoaded));
+    open();
+    QVERIFY(stored(u"A"_s).lastUpdated > 0);
+    QVERIFY(overlayShown());
+    QTRY_COMPARE(overlay().geometry(), tabs().rect());
+    QVERIFY(tabs().height() > 500);
+    QCOMPARE(shownChannels(), QStringList());
     server->release(u"/list.m3u"_s);
-    QTRY_VERIFY(!fixture.overlayShown());
-    QCOMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
-    QCOMPARE(rowTexts(fixture.find<QListWidget>(u"channelCategoryList"_s)),
-             (QStringList{u"News"_s, u"Sport"_s}));
-    QVERIFY(fixture.dialogs.seen().isEmpty());
-}
-
-void tst_MainWindowLoading::localPlaylist()
-{
-    const QTemporaryDir directory;
-    const QString path = directory.filePath(u"list.m3u"_s);
-    writeFile(path, twoChannels);
-    WindowFixture fixture;
-    WindowFixture::store(playlistSource(u"A"_s, path, neverLoaded));
-    fixture.open();
-    QCOMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
-    QVERIFY(!fixture.overlayShown());
-}
-
-void tst_MainWindowLoading::lateChannelsBehindAnAccount()
-{
-    WindowFixture fixture;
-    server->on(u"/late.m3u"_s, heldReply(twoChannels));
-    WindowFixture::store(playlistSource(u"Late"_s, server->url(u"/late.m3u"_s), neverLoaded));
-    WindowFixture::store(sourceFor(*provider, u"A"_s, 0));
-    cacheCatalog(u"A"_s, older);
-    fixture.open();
-    QTRY_COMPARE(server->openConnections(), 1);
-    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
-    // The steps of the load that was left are released; the late reply takes none of the others.
-    QVERIFY(!fixture.overlayShown());
-    fixture.overlay().beginCatalogFetch(1);
-    server->release(u"/late.m3u"_s);
-    QTRY_COMPARE(shownChannels(fixture), (QStringList{u"One"_s, u"Two"_s}));
-    QVERIFY(fixture.overlayShown());
-    QCOMPARE(shownCatalog(fixture), older);
+    QTRY_VERIFY(!overlayShown());
+    QCOMPARE(shownChannels(), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(rows(u"channelCategoryList"_s), (QStringList{u"News"_s, u"Sport"_s}));
+    QVERIFY(dialogs.seen().isEmpty());
 }
 
 void tst_MainWindowLoading::subscription()
 {
-    WindowFixture fixture;
     endpoint->hold();
-    endpoint->accept(key, *provider, u"ts"_s);
     provider->setMannerOfCatalog(Manner::Held);
-    WindowFixture::store(subscriptionSource(u"Zevrino"_s, key));
-    fixture.open(endpoint->url());
+    store(subscriptionSource(u"Zevrino"_s, key));
+    open(endpoint->url());
     QTRY_COMPARE(endpoint->keys(), QStringList{key});
-    QVERIFY(fixture.overlayShown());
-    QCOMPARE(WindowFixture::stored(u"Zevrino"_s).lastUpdated, 0);
+    QVERIFY(overlayShown());
+    QCOMPARE(stored(u"Zevrino"_s).lastUpdated, 0);
     endpoint->release();
     QTRY_COMPARE(provider->actions().size(), 6);
-    QVERIFY(fixture.overlayShown());
+    QVERIFY(overlayShown());
     releaseCatalog(*provider);
-    QTRY_VERIFY(!fixture.overlayShown());
-    QCOMPARE(shownCatalog(fixture), catalog);
-    const auto &tabs = fixture.find<QTabWidget>(u"tabs"_s);
-    QCOMPARE(tabs.tabText(tabs.currentIndex()), u"Live TV"_s);
+    QTRY_VERIFY(!overlayShown());
+    QCOMPARE(shownCatalog(), catalog);
+    QCOMPARE(tabs().tabText(tabs().currentIndex()), u"Live TV"_s);
     // The stored source carries the account beside its key.
-    const SourceConfig stored = WindowFixture::stored(u"Zevrino"_s);
-    QVERIFY(stored.lastUpdated > 0);
-    QCOMPARE(stored.type, SourceType::Zevrino);
-    QCOMPARE((QStringList{stored.url, stored.username, stored.password, stored.liveExtension,
-                          stored.subscriptionKey}),
+    const SourceConfig source = stored(u"Zevrino"_s);
+    QVERIFY(source.lastUpdated > 0);
+    QCOMPARE(source.type, SourceType::Zevrino);
+    QCOMPARE((QStringList{source.url, source.username, source.password, source.liveExtension,
+                          source.subscriptionKey}),
              (QStringList{provider->url(), provider->user(), provider->password(), u"ts"_s, key}));
 }
 
 void tst_MainWindowLoading::subscriptionFromTheCache()
 {
-    WindowFixture fixture;
     provider->http().onPrefix(u"/live/"_s, [](const HttpRequest &) { return heldReply(); });
-    endpoint->accept(key, *provider, u"ts"_s);
     cacheCatalog(u"Zevrino"_s, older);
     const SourceConfig source = subscriptionSource(u"Zevrino"_s, key, 3600);
-    WindowFixture::store(source);
-    MainWindow &window = fixture.open(endpoint->url());
-    QTRY_COMPARE(shownCatalog(fixture), older);
-    QVERIFY(!fixture.overlayShown());
+    store(source);
+    open(endpoint->url());
+    QTRY_COMPARE(shownCatalog(), older);
+    QVERIFY(!overlayShown());
     // Nothing of the account is stored, but what is played is played with it.
-    QCOMPARE(WindowFixture::stored(u"Zevrino"_s).url, QString());
-    QCOMPARE(WindowFixture::stored(u"Zevrino"_s).lastUpdated, source.lastUpdated);
-    window.playLiveRow(0, 0);
+    QCOMPARE(stored(u"Zevrino"_s).url, QString());
+    QCOMPARE(stored(u"Zevrino"_s).lastUpdated, source.lastUpdated);
+    window().playLiveRow(0, 0);
     QTRY_COMPARE(provider->http().requestCount(u"/live/user/secret/1.ts"_s), 1);
-}
-
-void tst_MainWindowLoading::leavingASubscription()
-{
-    WindowFixture fixture;
-    endpoint->hold();
-    WindowFixture::store(subscriptionSource(u"Zevrino"_s, key));
-    WindowFixture::store(accountSource(u"Other"_s, u"http://127.0.0.1:9"_s));
-    cacheCatalog(u"Other"_s, older);
-    fixture.open(endpoint->url());
-    QTRY_COMPARE(endpoint->keys().size(), 1);
-    QVERIFY(fixture.overlayShown());
-    fixture.find<QComboBox>(u"sourceCombo"_s).setCurrentIndex(1);
-    QVERIFY(!fixture.overlayShown());
-    endpoint->release();
-    QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
-    QCOMPARE(shownCatalog(fixture), older);
-    QCOMPARE(WindowFixture::stored(u"Zevrino"_s).url, QString());
-    QCOMPARE(WindowFixture::stored(u"Zevrino"_s).lastUpdated, 0);
 }
 
 void tst_MainWindowLoading::editingDropsWhatIsUnderWay()
 {
-    WindowFixture fixture;
     provider->setMannerOfCatalog(Manner::Held);
     XtreamProvider other(u"other"_s, u"other secret"_s);
     serve(other, older);
-    WindowFixture::store(sourceFor(*provider, u"A"_s));
-    fixture.open();
+    store(sourceFor(*provider, u"A"_s));
+    open();
     QTRY_COMPARE(provider->http().openConnections(), 6);
-    fixture.dialogs.next([&other](QDialog &dialog) {
-        dialog.findChild<QLineEdit *>(u"xtreamNameEdit"_s)->setText(u"B"_s);
-        dialog.findChild<QLineEdit *>(u"serverEdit"_s)->setText(other.url());
-        dialog.findChild<QLineEdit *>(u"usernameEdit"_s)->setText(other.user());
-        dialog.findChild<QLineEdit *>(u"passwordEdit"_s)->setText(other.password());
-        QVERIFY(DialogAnswers::click(dialog, u"OK"_s));
-    });
-    fixture.button(u"Edit Source..."_s).click();
+    dialogs.nextForm(SourceType::Xtream, {{u"xtreamNameEdit"_s, u"B"_s},
+                                          {u"serverEdit"_s, other.url()},
+                                          {u"usernameEdit"_s, other.user()},
+                                          {u"passwordEdit"_s, other.password()}});
+    window().editSource();
     QTRY_COMPARE(cachedCatalog(u"B"_s), older);
     releaseCatalog(*provider);
-    QTRY_VERIFY(fixture.repliesUnderWay().isEmpty());
-    QCOMPARE(shownCatalog(fixture), older);
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    QCOMPARE(shownCatalog(), older);
     QCOMPARE(cachedCatalog(u"A"_s), nothingCached); // the source of that name is gone
 }
 
-void tst_MainWindowLoading::leavingAnAccountForAPlaylist()
+void tst_MainWindowLoading::failuresAreReportedOneAtATime_data()
 {
-    WindowFixture fixture;
-    provider->setMannerOfCatalog(Manner::Held);
-    WindowFixture::store(sourceFor(*provider, u"A"_s));
-    WindowFixture::store(playlistSource(u"List"_s, u"/nowhere"_s));
-    cacheOneChannel(u"List"_s, u"One"_s);
-    fixture.open();
-    QTRY_COMPARE(provider->actions().size(), 6);
-    auto &combo = fixture.find<QComboBox>(u"sourceCombo"_s);
-    combo.setCurrentIndex(1);
-    QVERIFY(!fixture.overlayShown());
-    releaseCatalog(*provider);
-    QTRY_COMPARE(cachedCatalog(u"A"_s), catalog);
-    QCOMPARE(shownCatalog(fixture), emptyCatalog);
-    combo.setCurrentIndex(0);
-    QCOMPARE(shownCatalog(fixture), catalog);
-    QCOMPARE(provider->actions().size(), 6);
+    QTest::addColumn<SourceConfig>("source");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char *name, const SourceConfig &source, const QString &title,
+                        const QString &text) { QTest::newRow(name) << source << title << text; };
+    const QString subscriptionText = u"Failed to load subscription: "_s;
+    row("a file", playlistSource(u"A"_s, missingFile, neverLoaded), u"Load Playlist"_s, fileText);
+    // The server is created again for each row: its address goes in later.
+    row("a download", playlistSource(u"A"_s, u"/missing"_s, neverLoaded), u"Load Playlist"_s,
+        u"Failed to download playlist: Error transferring %1/missing - server replied: "
+        "Not Found"_s);
+    row("a subscription, in the service's own words", subscriptionSource(u"A"_s, u"NO"_s),
+        u"Zevrino"_s, subscriptionText + u"This key has <b>expired</b>."_s);
+    row("an unknown subscription key", subscriptionSource(u"A"_s, u"?"_s), u"Zevrino"_s,
+        subscriptionText + u"Unknown subscription key"_s);
 }
 
-void tst_MainWindowLoading::mayCloseWhileLoading()
+void tst_MainWindowLoading::failuresAreReportedOneAtATime()
 {
-    provider->setMannerOfCatalog(Manner::Held);
-    {
-        WindowFixture fixture;
-        WindowFixture::store(sourceFor(*provider, u"A"_s));
-        fixture.open();
-        QTRY_COMPARE(provider->http().openConnections(), 6);
+    QFETCH(SourceConfig, source);
+    QFETCH(QString, text);
+    if (source.url == "/missing"_L1) {
+        source.url = server->url(source.url);
     }
-    QTRY_COMPARE(provider->http().openConnections(), 0);
-    QCOMPARE(cachedCatalog(u"A"_s), nothingCached);
+    store(source);
+    store(playlistSource(u"First"_s, u"/nowhere"_s));
+    storeLastActive(u"First"_s);
+    cacheOneChannel(u"First"_s, u"One"_s);
+    open(endpoint->url());
+    bool overlayInBox = true;
+    dialogs.next([&](QDialog &box) {
+        overlayInBox = overlayShown();
+        // Half an hour later, and again.
+        for (int attempt = 2; attempt <= 3; ++attempt) {
+            window().refreshActiveSource();
+            QTRY_VERIFY(!overlayShown());
+            QCOMPARE(QApplication::activeModalWidget(), &box);
+        }
+        box.accept();
+    });
+    combo().setCurrentIndex(0);
+    QTRY_COMPARE(dialogs.waiting(), 0);
+    QTRY_COMPARE(QApplication::activeModalWidget(), nullptr);
+    QCOMPARE(dialogs.seen().size(), 1);
+    const SeenDialog box = dialogs.seen().first();
+    QTEST(box.title, "title");
+    QCOMPARE(box.text, text.replace("%1"_L1, server->url()));
+    QCOMPARE(box.buttons, QStringList{u"OK"_s});
+    QVERIFY(!overlayInBox);
+
+    // A playlist, stamped, is left alone for a day.
+    const bool isPlaylist = source.type == SourceType::Playlist;
+    QCOMPARE(stored(u"A"_s).lastUpdated > 0, isPlaylist);
+    window().checkAutoRefresh();
+    QCOMPARE(overlayShown(), !isPlaylist);
+    QCOMPARE(dialogs.seen().size(), 1);
+    // Once the box is closed, the next failure is reported again.
+    window().refreshActiveSource();
+    QTRY_COMPARE(dialogs.seen().size(), 2);
 }
 
-void tst_MainWindowLoading::playingWhatWasLoaded_data()
+void tst_MainWindowLoading::aServerThatComesBack()
 {
-    QTest::addColumn<QString>("liveExtension");
-    QTest::addColumn<QByteArray>("container");
-    QTest::addColumn<QStringList>("expectedPaths");
-    QTest::newRow("with formats") << u"ts"_s << R"("mkv")"_ba
-                                  << QStringList{u"/live/user/secret/11.ts"_s,
-                                                 u"/movie/user/secret/22.mkv"_s,
-                                                 u"/series/user/secret/33.mkv"_s};
-    QTest::newRow("without formats")
-        << QString() << "null"_ba
-        << QStringList{u"/live/user/secret/11.m3u8"_s, u"/movie/user/secret/22.mp4"_s,
-                       u"/series/user/secret/33.mp4"_s};
+    cacheOneChannel(u"A"_s, u"From the cache"_s);
+    store(playlistSource(u"A"_s, server->url(u"/later.m3u"_s)));
+    open();
+    QCOMPARE(shownChannels(), QStringList{u"From the cache"_s});
+    window().refreshActiveSource();
+    QTRY_COMPARE(dialogs.seen().size(), 1);
+    QTRY_COMPARE(QApplication::activeModalWidget(), nullptr);
+    // The tab stays empty, the cache does not.
+    window().filterChannels();
+    QCOMPARE(shownChannels(), QStringList());
+    QCOMPARE(cachedChannels(u"A"_s), QStringList{u"From the cache"_s});
+
+    server->on(u"/later.m3u"_s, bodyReply(twoChannels));
+    window().refreshActiveSource();
+    QTRY_COMPARE(shownChannels(), (QStringList{u"One"_s, u"Two"_s}));
+    QCOMPARE(dialogs.seen().size(), 1);
 }
 
-void tst_MainWindowLoading::playingWhatWasLoaded()
+void tst_MainWindowLoading::aFailureWhileTheWindowIsBuilt()
 {
-    QFETCH(const QString, liveExtension);
-    QFETCH(const QByteArray, container);
-    QFETCH(const QStringList, expectedPaths);
-    provider->setReply(XtreamAction::liveStreams, R"([{"stream_id":11,"name":"One"}])"_ba);
-    provider->setReply(XtreamAction::vodStreams,
-                       R"([{"stream_id":"22","name":"Two","container_extension":)"_ba + container +
-                           "}]"_ba);
-    provider->setReply(XtreamAction::series, R"([{"series_id":7,"name":"Three"}])"_ba);
-    provider->setReply(XtreamAction::seriesInfo,
-                       R"({"episodes":{"1":[{"id":"33","container_extension":)"_ba + container +
-                           "}]}}"_ba);
-    for (const QString &kind : {u"/live/"_s, u"/movie/"_s, u"/series/"_s}) {
-        provider->http().onPrefix(kind, [](const HttpRequest &) { return heldReply(); });
-    }
-    WindowFixture fixture;
-    SourceConfig source = sourceFor(*provider, u"A"_s);
-    source.liveExtension = liveExtension;
-    WindowFixture::store(source);
-    MainWindow &window = fixture.open();
-    QTRY_VERIFY(!fixture.overlayShown());
-
-    // Once as they came from the network, once as they came from the cache.
-    for (const int times : {1, 2}) {
-        window.playLiveRow(0, 0);
-        QTRY_COMPARE(provider->http().requestCount(expectedPaths.at(0)), times);
-        window.playMovieRow(0, 0);
-        QTRY_COMPARE(provider->http().requestCount(expectedPaths.at(1)), times);
-        window.openSeriesRow(0, 0);
-        auto &tree = fixture.find<QTreeWidget>(u"episodeTree"_s);
-        QTRY_COMPARE(tree.topLevelItemCount(), 1);
-        Q_EMIT tree.itemClicked(tree.topLevelItem(0)->child(0), 0);
-        QTRY_COMPARE(provider->http().requestCount(expectedPaths.at(2)), times);
-        window.onSourceSelected(0);
-        QVERIFY(!fixture.overlayShown());
-    }
-    QCOMPARE(provider->requestCount(XtreamAction::seriesInfo), 1);
-    QCOMPARE(provider->actions().size(), 7);
+    cacheOneChannel(u"Good"_s, u"One"_s);
+    store(playlistSource(u"Missing"_s, missingFile, neverLoaded));
+    store(playlistSource(u"Good"_s, u"/nowhere"_s));
+    open();
+    // Before the window was on screen.
+    QCOMPARE(dialogs.seen().size(), 1);
+    QCOMPARE(dialogs.seen().at(0).text, fileText);
+    QVERIFY(window().isVisible());
+    QVERIFY(!overlayShown());
+    combo().setCurrentIndex(1);
+    QCOMPARE(shownChannels(), QStringList{u"One"_s});
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowLoading)

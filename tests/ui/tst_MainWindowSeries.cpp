@@ -1,37 +1,146 @@
-// Opening a show: when the provider is asked for its episodes, and what becomes of the reply.
+// Shows: when the provider is asked for episodes, what becomes of the reply, and how they play.
 
-#include "SeriesWindow.h"
-#include "support/TestMain.h"
-#include "ui/MainWindow.h"
+#include "WindowFixture.h"
+#include "player/VlcPlayer.h"
+#include "ui/BrowseTab.h"
+#include "ui/EpisodePage.h"
 
+#include <QDateTime>
+#include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTreeWidget>
 
-using namespace Qt::StringLiterals;
+namespace {
 
-class tst_MainWindowSeries : public QObject
+const QString api = u"/player_api.php"_s;
+/// Two episodes as a provider sends them.
+const QByteArray seriesInfo = R"({"info":{"name":"Server's name"},"episodes":{
+    "1":[{"id":"5","episode_num":2,"title":"Pilot","container_extension":"avi"}],
+    "10":[{"id":"7","episode_num":1,"title":"Third"}]}})"_ba;
+const QStringList infoRows{u"Season 1:"_s, u"E02 - Pilot"_s, u"Season 10:"_s, u"E01 - Third"_s};
+const QList<Episode> twoEpisodes{{u"21"_s, u"Show"_s, 2, 1, u"Return"_s, u"mkv"_s},
+                                 {u"22"_s, u"Show"_s, 2, 2, u"End"_s, {}}};
+const QStringList twoRows{u"Season 2:"_s, u"E01 - Return"_s, u"E02 - End"_s};
+
+void cacheEmptyCatalog(const QString &source)
+{
+    for (const QString &section : {u"live"_s, u"movie"_s, u"series"_s, u"channel"_s}) {
+        CatalogCache::save(source, section, {});
+    }
+}
+
+/// Makes the episodes in the cache of source A that old.
+void ageCachedEpisodes(qint64 seconds)
+{
+    const QString savedAt = u"\"savedAt\":"_s;
+    const qint64 time = QDateTime::currentSecsSinceEpoch() - seconds;
+    const QString text = QString::fromUtf8(readCacheFile(u"A"_s));
+    QVERIFY(text.contains(savedAt));
+    writeCacheFile(u"A"_s, QString(text)
+                               .replace(QRegularExpression(savedAt + u"\\d+"_s),
+                                        savedAt + QString::number(time))
+                               .toUtf8());
+}
+
+/// How many episodes of the show the source's cache holds; -1 when it does not know the show.
+qsizetype cachedEpisodes(const QString &source, const QString &seriesId)
+{
+    QList<Episode> cached;
+    return CatalogCache::loadEpisodes(source, seriesId, 60, cached) ? cached.size() : -1;
+}
+
+} // namespace
+
+/// On an account "A" with the shows "Other" (id 8) and "Show" (id 9). No stream ever answers.
+class tst_MainWindowSeries : public QObject, private WindowFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init();
     void cachedEpisodesLastADay_data();
     void cachedEpisodesLastADay();
     void fetchedEpisodesAreShownAndCached();
     void aReplyAfterLeavingThePageIsDropped_data();
     void aReplyAfterLeavingThePageIsDropped();
-    void theLastReplyFillsThePage();
     void aLateReplyBelongsToItsAccount();
-    void aReplyAfterTheWindowIsGone();
-    void failuresAreCachedAsNoEpisodes_data();
-    void failuresAreCachedAsNoEpisodes();
+    void noEpisodesAreCached();
     void withoutAnAccountNothingOpens();
     void anAccountLoadedEarlierIsEnough();
+    void nextEpisodeWalksToTheEnd();
+    void nextEpisodeFollowsThePlayingShow();
+    void nextEpisodeStaysWithItsAccount();
+    void playingAnEntryEndsTheShow();
+
+private:
+    void openShows();
+    /// Opens the shows, and among them the page of "Show" with twoEpisodes from the cache.
+    void openEpisodes();
+    void show(const QString &id = u"9"_s, const QString &name = u"Show"_s);
+    int page() const { return find<BrowseTab>(u"seriesTab"_s).currentPage(); }
+    QTreeWidget &tree() const { return find<QTreeWidget>(u"episodeTree"_s); }
+    /// Every row from top to bottom, seasons with a colon.
+    QStringList episodeRows() const;
+    /// Chooses an episode of the first season.
+    void choose(int index) const;
+    QAbstractButton &nextButton() const { return button(u"Next Episode"_s); }
+
+    std::unique_ptr<HttpServer> server;
 };
+
+void tst_MainWindowSeries::init()
+{
+    reset();
+    server = std::make_unique<HttpServer>();
+    server->onPrefix(u"/"_s, [](const HttpRequest &) { return heldReply(); });
+    server->on(api, bodyReply(seriesInfo));
+    store(accountSource(u"A"_s, server->url()));
+    cacheEmptyCatalog(u"A"_s);
+    CatalogCache::save(u"A"_s, u"movie"_s, {{}, {entry(StreamKind::Movie, u"Film"_s)}});
+}
+
+void tst_MainWindowSeries::openShows()
+{
+    open();
+    auto &shows = find<BrowseTab>(u"seriesTab"_s);
+    tabs().setCurrentWidget(&shows);
+    shows.showPage(BrowsePage::Items);
+}
+
+void tst_MainWindowSeries::openEpisodes()
+{
+    CatalogCache::saveEpisodes(u"A"_s, u"9"_s, twoEpisodes);
+    openShows();
+    show();
+}
+
+void tst_MainWindowSeries::show(const QString &id, const QString &name)
+{
+    window().showEpisodesInline(id, name);
+}
+
+QStringList tst_MainWindowSeries::episodeRows() const
+{
+    QStringList texts;
+    for (int top = 0; top < tree().topLevelItemCount(); ++top) {
+        const QTreeWidgetItem &season = *tree().topLevelItem(top);
+        texts << season.text(0) + u':';
+        for (int index = 0; index < season.childCount(); ++index) {
+            texts << season.child(index)->text(0);
+        }
+    }
+    return texts;
+}
+
+void tst_MainWindowSeries::choose(int index) const
+{
+    find<EpisodePage>(u"episodePage"_s).playEpisodeTreeItem(tree().topLevelItem(0)->child(index));
+}
 
 void tst_MainWindowSeries::cachedEpisodesLastADay_data()
 {
     QTest::addColumn<qint64>("age");
     QTest::addColumn<bool>("fresh");
-    QTest::newRow("just now") << qint64(0) << true;
     QTest::newRow("a little less than a day ago") << qint64(86400 - 30) << true;
     QTest::newRow("a day ago") << qint64(86400) << false;
     QTest::newRow("in the future") << qint64(-5000) << true;
@@ -41,43 +150,42 @@ void tst_MainWindowSeries::cachedEpisodesLastADay()
 {
     QFETCH(qint64, age);
     QFETCH(bool, fresh);
-    SeriesWindow series;
-    series.open();
-    SeriesWindow::cacheEpisodes(u"9"_s, mixedSeasons(), age);
-    series.show();
-    QCOMPARE(series.tree().topLevelItemCount(), fresh ? 2 : 0);
-    QVERIFY(series.settle());
-    QCOMPARE(series.apiRequests(), fresh ? 0 : 1);
-    QCOMPARE(series.rows().constFirst(), fresh ? u"Season 2:"_s : u"Season 1:"_s);
+    openShows();
+    CatalogCache::saveEpisodes(u"A"_s, u"9"_s, twoEpisodes);
+    ageCachedEpisodes(age);
+    show();
+    QCOMPARE(episodeRows(), fresh ? twoRows : QStringList());
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    QCOMPARE(server->requestCount(api), fresh ? 0 : 1);
+    QCOMPARE(episodeRows(), fresh ? twoRows : infoRows);
 }
 
 void tst_MainWindowSeries::fetchedEpisodesAreShownAndCached()
 {
-    SeriesWindow series;
-    series.open();
-    series.show();
-    QCOMPARE(series.page(), 2);
-    QCOMPARE(series.rows(), QStringList());
-    QVERIFY(series.settle());
-    const HttpRequest request = series.server.requests().constFirst();
+    openShows();
+    show();
+    QCOMPARE(page(), BrowsePage::Episodes);
+    QCOMPARE(episodeRows(), QStringList());
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    const HttpRequest request = server->requests().constFirst();
     QCOMPARE(request.queryValue(u"action"_s), u"get_series_info"_s);
     QCOMPARE(request.queryValue(u"series_id"_s), u"9"_s);
-    QCOMPARE(series.rows(), seriesInfoRows());
+    QCOMPARE(episodeRows(), infoRows);
     QList<Episode> cached;
     QVERIFY(CatalogCache::loadEpisodes(u"A"_s, u"9"_s, 60, cached));
-    QCOMPARE(cached.size(), 3);
+    QCOMPARE(cached.size(), 2);
     QCOMPARE(cached.at(0), (Episode{u"5"_s, u"Server's name"_s, 1, 2, u"Pilot"_s, u"avi"_s}));
 
     // The page stays filled until another show opens.
-    series.goBack();
-    QCOMPARE(series.rows(), seriesInfoRows());
-    series.show(u"8"_s, u"Other"_s);
-    QCOMPARE(series.title(), u"Other"_s);
-    QCOMPARE(series.rows(), QStringList());
-    series.show();
-    QCOMPARE(series.rows(), seriesInfoRows());
-    QVERIFY(series.settle());
-    QCOMPARE(series.apiRequests(), 2);
+    button(u"< Back to Shows"_s).click();
+    QCOMPARE(episodeRows(), infoRows);
+    show(u"8"_s, u"Other"_s);
+    QCOMPARE(find<QLabel>(u"episodeTitleLabel"_s).text(), u"Other"_s);
+    QCOMPARE(episodeRows(), QStringList());
+    show();
+    QCOMPARE(episodeRows(), infoRows);
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    QCOMPARE(server->requestCount(api), 2);
 }
 
 void tst_MainWindowSeries::aReplyAfterLeavingThePageIsDropped_data()
@@ -90,151 +198,163 @@ void tst_MainWindowSeries::aReplyAfterLeavingThePageIsDropped_data()
 void tst_MainWindowSeries::aReplyAfterLeavingThePageIsDropped()
 {
     QFETCH(bool, switchSource);
-    SeriesWindow series;
-    series.open();
-    series.server.on(SeriesWindow::apiPath(), heldReply(seriesInfo()));
-    series.show();
-    QTRY_COMPARE(series.apiRequests(), 1);
+    openShows();
+    server->on(api, heldReply(seriesInfo));
+    show();
+    QTRY_COMPARE(server->requestCount(api), 1);
     if (switchSource) {
-        SeriesWindow::cacheEmptyCatalog(u"B"_s);
-        series.window().loadSource(playlistSource(u"B"_s, u"/nowhere"_s), false);
+        cacheEmptyCatalog(u"B"_s);
+        window().loadSource(playlistSource(u"B"_s, u"/nowhere"_s), false);
     } else {
-        series.goBack();
+        button(u"< Back to Shows"_s).click();
     }
-    series.server.release(SeriesWindow::apiPath());
-    QVERIFY(series.settle());
-    QCOMPARE(series.page(), switchSource ? 0 : 1);
-    QCOMPARE(series.rows(), QStringList());
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"9"_s), -1);
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"B"_s, u"9"_s), -1);
+    server->release(api);
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    QCOMPARE(page(), switchSource ? BrowsePage::Categories : BrowsePage::Items);
+    QCOMPARE(episodeRows(), QStringList());
+    QCOMPARE(cachedEpisodes(u"A"_s, u"9"_s), -1);
+    QCOMPARE(cachedEpisodes(u"B"_s, u"9"_s), -1);
 
-    series.show();
-    QVERIFY(series.settle());
-    QCOMPARE(series.apiRequests(), 2);
-    QCOMPARE(series.rows(), seriesInfoRows());
-}
-
-void tst_MainWindowSeries::theLastReplyFillsThePage()
-{
-    SeriesWindow series;
-    series.open();
-    series.server.on(SeriesWindow::apiPath(), [](const HttpRequest &request) {
-        HttpReply reply = HttpReply::redirect(u"/held"_s + request.queryValue(u"series_id"_s));
-        // Without a pause the client may ask twice.
-        reply.delayMs = 20;
-        return reply;
-    });
-    series.server.on(u"/held9"_s, heldReply(seriesInfo()));
-    series.server.on(u"/held8"_s,
-                     heldReply(R"({"episodes":{"4":[{"id":"80","title":"Only"}]}})"_ba));
-    series.show();
-    series.show(u"8"_s, u"Other"_s);
-    QTRY_COMPARE(series.server.requestCount(u"/held9"_s), 1);
-    QTRY_COMPARE(series.server.requestCount(u"/held8"_s), 1);
-
-    series.server.release(u"/held8"_s);
-    QTRY_COMPARE(series.rows(), (QStringList{u"Season 4:"_s, u"E00 - Only"_s}));
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"8"_s), 1);
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"9"_s), -1);
-    series.server.release(u"/held9"_s);
-    QVERIFY(series.settle());
-    QCOMPARE(series.rows(), seriesInfoRows());
-    QCOMPARE(series.title(), u"Other"_s);
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"8"_s), 1);
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"9"_s), 3);
+    show();
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    QCOMPARE(server->requestCount(api), 2);
+    QCOMPARE(episodeRows(), infoRows);
 }
 
 void tst_MainWindowSeries::aLateReplyBelongsToItsAccount()
 {
-    HttpServer other;
-    SeriesWindow series;
-    SeriesWindow::cacheEmptyCatalog(u"B"_s);
+    cacheEmptyCatalog(u"B"_s);
     CatalogCache::saveEpisodes(u"B"_s, u"8"_s, {});
-    series.open();
-    series.server.on(SeriesWindow::apiPath(), heldReply(seriesInfo()));
-    series.show();
-    QTRY_COMPARE(series.apiRequests(), 1);
-    series.window().loadSource(accountSource(u"B"_s, other.url()), false);
+    openShows();
+    server->on(api, heldReply(seriesInfo));
+    show();
+    QTRY_COMPARE(server->requestCount(api), 1);
+    window().loadSource(accountSource(u"B"_s, u"http://127.0.0.1:9"_s), false);
     // The page of another show is open when the reply arrives.
-    series.show(u"8"_s, u"Other"_s);
-    series.server.release(SeriesWindow::apiPath());
-    QTRY_COMPARE(series.rows(), seriesInfoRows());
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"9"_s), 3);
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"B"_s, u"9"_s), -1);
-    series.choose(0, 0);
-    QTRY_VERIFY(series.server.requestCount(u"/series/u/p/5.avi"_s) > 0);
+    show(u"8"_s, u"Other"_s);
+    server->release(api);
+    QTRY_COMPARE(episodeRows(), infoRows);
+    QCOMPARE(find<QLabel>(u"episodeTitleLabel"_s).text(), u"Other"_s);
+    QCOMPARE(cachedEpisodes(u"A"_s, u"9"_s), 2);
+    QCOMPARE(cachedEpisodes(u"B"_s, u"9"_s), -1);
+    QCOMPARE(cachedEpisodes(u"B"_s, u"8"_s), 0);
+    choose(0);
+    QTRY_VERIFY(server->requestCount(u"/series/u/p/5.avi"_s) > 0);
 }
 
-void tst_MainWindowSeries::aReplyAfterTheWindowIsGone()
+void tst_MainWindowSeries::noEpisodesAreCached()
 {
-    SeriesWindow series;
-    series.server.on(SeriesWindow::apiPath(), heldReply(seriesInfo()));
-    series.open();
-    series.show();
-    QTRY_COMPARE(series.apiRequests(), 1);
-    // A new window takes the place of the one that asked.
-    series.open();
-    series.server.release(SeriesWindow::apiPath());
-    QTRY_COMPARE(series.server.openConnections(), 0);
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"9"_s), -1);
-}
-
-void tst_MainWindowSeries::failuresAreCachedAsNoEpisodes_data()
-{
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("body");
-    QTest::newRow("the server refuses") << 503 << QByteArray();
-    QTest::newRow("a login page") << 200 << "<html></html>"_ba;
-    QTest::newRow("a show without episodes") << 200 << "{\"episodes\":[]}"_ba;
-}
-
-void tst_MainWindowSeries::failuresAreCachedAsNoEpisodes()
-{
-    QFETCH(int, status);
-    QFETCH(QByteArray, body);
-    SeriesWindow series;
-    series.open();
-    HttpReply reply = statusReply(status);
-    reply.body = body;
-    series.server.on(SeriesWindow::apiPath(), reply);
+    openShows();
+    server->on(api, statusReply(503));
     // The second time they come from the cache.
     for (int round = 0; round < 2; ++round) {
-        series.show();
-        QVERIFY(series.settle());
-        QCOMPARE(series.rows(), QStringList());
-        QCOMPARE(series.page(), 2);
-        QCOMPARE(SeriesWindow::cachedEpisodes(u"A"_s, u"9"_s), 0);
-        QCOMPARE(series.apiRequests(), 1);
+        show();
+        QTRY_VERIFY(repliesUnderWay().isEmpty());
+        QCOMPARE(episodeRows(), QStringList());
+        QCOMPARE(page(), BrowsePage::Episodes);
+        QCOMPARE(cachedEpisodes(u"A"_s, u"9"_s), 0);
+        QCOMPARE(server->requestCount(api), 1);
     }
-    QVERIFY(series.dialogs.seen().isEmpty());
+    QVERIFY(dialogs.seen().isEmpty());
 }
 
 void tst_MainWindowSeries::withoutAnAccountNothingOpens()
 {
-    SeriesWindow series;
-    SeriesWindow::store(playlistSource(u"P"_s, u"/nowhere"_s));
-    SeriesWindow::storeLastActive(u"P"_s);
-    SeriesWindow::cacheEmptyCatalog(u"P"_s);
-    CatalogCache::saveEpisodes(u"P"_s, u"9"_s, mixedSeasons());
-    series.open();
-    series.show();
-    QCOMPARE(series.page(), 1);
-    QCOMPARE(series.rows(), QStringList());
-    QCOMPARE(series.title(), QString());
+    store(playlistSource(u"P"_s, u"/nowhere"_s));
+    storeLastActive(u"P"_s);
+    cacheEmptyCatalog(u"P"_s);
+    CatalogCache::saveEpisodes(u"P"_s, u"9"_s, twoEpisodes);
+    openShows();
+    show();
+    QCOMPARE(page(), BrowsePage::Items);
+    QCOMPARE(episodeRows(), QStringList());
+    QCOMPARE(find<QLabel>(u"episodeTitleLabel"_s).text(), QString());
 }
 
 void tst_MainWindowSeries::anAccountLoadedEarlierIsEnough()
 {
-    SeriesWindow series;
-    series.open();
-    SeriesWindow::cacheEmptyCatalog(u"P"_s);
-    series.window().loadSource(playlistSource(u"P"_s, u"/nowhere"_s), false);
-    series.show();
-    QCOMPARE(series.page(), 2);
-    QVERIFY(series.settle());
-    QCOMPARE(series.rows(), seriesInfoRows());
+    openShows();
+    cacheEmptyCatalog(u"P"_s);
+    window().loadSource(playlistSource(u"P"_s, u"/nowhere"_s), false);
+    show();
+    QCOMPARE(page(), BrowsePage::Episodes);
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    QCOMPARE(episodeRows(), infoRows);
     // The cache of the active source takes them.
-    QCOMPARE(SeriesWindow::cachedEpisodes(u"P"_s, u"9"_s), 3);
+    QCOMPARE(cachedEpisodes(u"P"_s, u"9"_s), 2);
+}
+
+void tst_MainWindowSeries::nextEpisodeWalksToTheEnd()
+{
+    openEpisodes();
+    window().playNextEpisode();
+    QCOMPARE(nowPlaying(), u"Nothing playing"_s);
+    QVERIFY(!nextButton().isVisible());
+
+    choose(0);
+    QCOMPARE(page(), BrowsePage::Episodes);
+    QCOMPARE(nowPlaying(), u"Playing: Show - S02E01 - Return"_s);
+    QTRY_COMPARE(server->requestCount(u"/series/u/p/21.mkv"_s), 1);
+    QVERIFY(nextButton().isVisible() && nextButton().isEnabled());
+    const QTreeWidgetItem *current = tree().currentItem();
+    QTest::mouseClick(&nextButton(), Qt::LeftButton);
+    QCOMPARE(nowPlaying(), u"Playing: Show - S02E02 - End"_s);
+    QTRY_COMPARE(server->requestCount(u"/series/u/p/22.mp4"_s), 1);
+    QVERIFY(nextButton().isVisible() && !nextButton().isEnabled());
+
+    const QSignalSpy playing(&player(), &VlcPlayer::playing);
+    window().playNextEpisode();
+    QCOMPARE(playing.count(), 0);
+    QCOMPARE(tree().currentItem(), current);
+    // The show stays: it continues from its page.
+    choose(0);
+    QVERIFY(nextButton().isEnabled());
+}
+
+void tst_MainWindowSeries::nextEpisodeFollowsThePlayingShow()
+{
+    CatalogCache::saveEpisodes(u"A"_s, u"8"_s, {twoEpisodes.first()});
+    openEpisodes();
+    choose(0);
+    // Looking at another show changes nothing for the one that plays.
+    show(u"8"_s, u"Other"_s);
+    window().playNextEpisode();
+    QCOMPARE(nowPlaying(), u"Playing: Show - S02E02 - End"_s);
+    choose(0);
+    QCOMPARE(nowPlaying(), u"Playing: Other - S02E01 - Return"_s);
+}
+
+void tst_MainWindowSeries::nextEpisodeStaysWithItsAccount()
+{
+    HttpServer other;
+    cacheEmptyCatalog(u"B"_s);
+    openEpisodes();
+    choose(0);
+    window().loadSource(accountSource(u"B"_s, other.url()), false);
+    window().playNextEpisode();
+    QCOMPARE(nowPlaying(), u"Playing: Show - S02E02 - End"_s);
+    QTRY_VERIFY(server->requestCount(u"/series/u/p/22.mp4"_s) > 0);
+    // A show of the new account plays from there.
+    CatalogCache::saveEpisodes(u"B"_s, u"9"_s, twoEpisodes);
+    show();
+    choose(0);
+    QTRY_VERIFY(other.requestCount(u"/series/u/p/21.mkv"_s) > 0);
+}
+
+void tst_MainWindowSeries::playingAnEntryEndsTheShow()
+{
+    openEpisodes();
+    choose(0);
+    window().playMovieRow(0, 0);
+    QCOMPARE(nowPlaying(), u"Playing: Film"_s);
+    QVERIFY(!nextButton().isVisible());
+    QVERIFY(!nextButton().isEnabled());
+    window().playNextEpisode();
+    QCOMPARE(nowPlaying(), u"Playing: Film"_s);
+    // The page is still there to play from.
+    choose(1);
+    QCOMPARE(nowPlaying(), u"Playing: Show - S02E02 - End"_s);
+    QVERIFY(nextButton().isVisible() && !nextButton().isEnabled());
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowSeries)
