@@ -9,8 +9,8 @@ void AccountTest::init()
 {
     PrivateProfile::current().clear();
     provider = std::make_unique<XtreamProvider>();
-    storeAccount(*provider); // first: the player loads the first source
     fill();
+    storeAccount(*provider);
     session = std::make_unique<PlayerSession>();
     QVERIFY(session->start());
 }
@@ -20,5 +20,4 @@ void AccountTest::cleanup()
     if (!QTest::currentTestFailed())
         QVERIFY(session->close());
     session.reset();
-    provider.reset();
 }

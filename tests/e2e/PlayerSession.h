@@ -7,18 +7,16 @@
 #include "support/desktop/RunningApp.h"
 #include "support/desktop/Screen.h"
 
-#include <QProcessEnvironment>
 #include <QString>
-#include <QStringList>
 
 /// The player as a process of its own on the test program's private profile, and what a user does
-/// with it, step by step. Network traces are on. start() again, after close(), is a restart.
+/// with it, step by step. start() again, after close(), is a restart.
 class PlayerSession final
 {
 public:
-    PlayerSession();
-    explicit PlayerSession(const QString &program, const QProcessEnvironment &environment =
-                                                       QProcessEnvironment::systemEnvironment());
+    explicit PlayerSession(const QString &program = QStringLiteral(VANTIRO_PLAYER))
+        : app(program)
+    {}
 
     /// Starts the player and waits for its window.
     [[nodiscard]] bool start();
@@ -43,9 +41,9 @@ public:
     [[nodiscard]] bool openCategory(const QString &name) const;
     /// Opens all entries of a tab.
     [[nodiscard]] bool openAll(const QString &tab) const;
-    /// Goes to a tab, sees its categories, opens all of them and sees the entries.
-    [[nodiscard]] bool seesTab(const QString &tab, const QStringList &categories,
-                               const QStringList &entries) const;
+    /// Goes to a tab, sees a category, opens all of them and sees an entry.
+    [[nodiscard]] bool seesTab(const QString &tab, const QString &category,
+                               const QString &name) const;
     /// The channel, film or show of that name in the list that is open.
     desktop::Accessible entry(const QString &name) const;
     [[nodiscard]] bool play(const QString &name) const;
@@ -75,16 +73,9 @@ public:
     QList<desktop::Accessible> windowsTitled(const QString &title) const;
     /// Whether libVLC has opened no window of its own, and no dialog shows.
     bool hasOneWindow() const;
-    /// All that the player wrote to standard error, in all of its runs.
-    QString traces() const { return earlierTraces + app.standardError(); }
-    /// Whether the traces hold a secret: in clear, percent-encoded or in Base64.
-    bool hasTraced(const QString &secret) const;
     /// Saves a picture of the main window for people to look at.
     void keepScreenshot(const QString &name) const;
 
     desktop::RunningApp app;
     desktop::Accessible window; ///< the main window; valid after start()
-
-private:
-    QString earlierTraces;
 };

@@ -1,7 +1,6 @@
 // The program's end while libVLC hangs in a stream: prompt and clean, however often it is tried.
 
-#include "e2e/PlayerSession.h"
-#include "e2e/StoredSources.h"
+#include "e2e/AccountTest.h"
 #include "fakeprovider/HangingChannel.h"
 #include "fakeprovider/Streams.h"
 #include "support/TestMain.h"
@@ -9,49 +8,36 @@
 #include <QElapsedTimer>
 #include <QTest>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
-class TestExit : public QObject
+class TestExit : public AccountTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void whileAStreamPlays();
     void whileAPlayerHangs();
 
 private:
-    bool start();
-    void close();
+    void fill() override;
+    void closePromptly();
 
-    XtreamProvider provider;
-    HangingChannel hanging{provider.http()};
-    std::unique_ptr<PlayerSession> session;
+    std::unique_ptr<HangingChannel> hanging;
 };
 
-void TestExit::initTestCase()
+void TestExit::fill()
 {
-    provider.addChannel(u"Healthy"_s, liveTs());
-    provider.addChannel(u"Hanging"_s, HangingChannel::playlist());
-    storeAccount(provider);
+    hanging = std::make_unique<HangingChannel>(provider->http());
+    provider->addChannel(u"Healthy"_s, liveTs());
+    provider->addChannel(u"Hanging"_s, HangingChannel::playlist());
 }
 
-bool TestExit::start()
-{
-    session = std::make_unique<PlayerSession>();
-    return session->start() && session->openAll(UiTexts::liveTab);
-}
-
-/// Closes the window and looks at how the program ends.
-void TestExit::close()
+void TestExit::closePromptly()
 {
     constexpr qint64 exitMs = 2000;
-    const desktop::NativeWindow window = session->nativeWindow();
     QElapsedTimer clock;
     clock.start();
-    QVERIFY(window.requestClose());
+    QVERIFY(session->nativeWindow().requestClose());
     QVERIFY(session->app.waitUntilEnded());
     const qint64 took = clock.elapsed();
     QCOMPARE(session->app.exitCode(), 0);
@@ -60,25 +46,26 @@ void TestExit::close()
 
 void TestExit::whileAStreamPlays()
 {
-    QVERIFY(start());
+    QVERIFY(session->openAll(UiTexts::liveTab));
     QVERIFY(session->watch(u"Healthy"_s));
-    close();
+    closePromptly();
 }
 
 void TestExit::whileAPlayerHangs()
 {
     constexpr int closings = 20;
     for (int closing = 0; closing < closings && !QTest::currentTestFailed(); ++closing) {
-        QVERIFY(start());
+        QVERIFY(session->openAll(UiTexts::liveTab));
         QVERIFY(session->play(u"Hanging"_s));
-        QTRY_VERIFY_WITH_TIMEOUT(hanging.hangs(), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(hanging->hangs(), 20000);
         if (closing % 2 == 1) {
             // Now it hangs behind the stream that is seen.
             QVERIFY(session->watch(u"Healthy"_s));
-            QVERIFY(hanging.hangs());
+            QVERIFY(hanging->hangs());
         }
-        close();
-        QTRY_VERIFY(!hanging.hangs());
+        closePromptly();
+        QTRY_VERIFY(!hanging->hangs());
+        QVERIFY(session->start());
     }
 }
 

@@ -10,6 +10,15 @@
 using namespace Qt::StringLiterals;
 using namespace desktop;
 
+namespace {
+
+bool choose(const Accessible &menu, int item)
+{
+    return Mouse::click(menu.find(Role::MenuItem, item)) && menu.waitUntilGone();
+}
+
+} // namespace
+
 class TestTour : public QObject
 {
     Q_OBJECT
@@ -18,7 +27,7 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
+    void cleanupTestCase() { QVERIFY(session.close()); }
 
     void addAnAccount();
     void browseChannels();
@@ -30,6 +39,7 @@ private Q_SLOTS:
     void playAFilm();
     void seekInTheFilm();
     void chooseTracks();
+    void loadSubtitles();
     void readStreamInfo();
     void watchInFullscreen();
     void openAShow();
@@ -37,28 +47,26 @@ private Q_SLOTS:
     void addAPlaylist();
 
 private:
-    Accessible table() const { return session->window.waitFor(Role::Table); }
-    void keep(const QString &name);
+    Accessible table() const { return session.window.waitFor(Role::Table); }
+    bool search(const QString &line, const QString &text) const;
+    void keep(const QString &name) const;
 
     DemoProvider provider;
-    std::unique_ptr<PlayerSession> session;
+    PlayerSession session;
     int step = 0;
     bool broken = false;
 };
 
 void TestTour::initTestCase()
 {
-    PrivateProfile::current().clear();
     QVERIFY2(provider.start(), "the demo provider does not start");
-    session = std::make_unique<PlayerSession>();
-    QVERIFY(session->start());
+    QVERIFY(session.start());
 }
 
 void TestTour::init()
 {
-    if (broken) {
+    if (broken)
         QSKIP("an earlier step failed");
-    }
     ++step;
 }
 
@@ -70,71 +78,65 @@ void TestTour::cleanup()
     }
 }
 
-void TestTour::cleanupTestCase()
+bool TestTour::search(const QString &line, const QString &text) const
 {
-    if (session) {
-        QVERIFY(session->close());
-        session.reset();
-    }
+    return Keyboard::fill(session.window.waitFor(Role::Edit, line), text);
+}
+
+void TestTour::keep(const QString &name) const
+{
+    session.keepScreenshot(u"%1-%2"_s.arg(step, 2, 10, QLatin1Char('0')).arg(name));
 }
 
 void TestTour::addAnAccount()
 {
-    QVERIFY(session->fillAccount(provider.accountUrl(), u"demo"_s, u"demo"_s));
-    QVERIFY(session->testsConnection(u"Connection OK"_s));
+    QVERIFY(session.fillAccount(provider.accountUrl(), u"demo"_s, u"demo"_s));
+    QVERIFY(session.testsConnection(u"Connection OK"_s));
     keep(u"add-source"_s);
-    QVERIFY(session->acceptDialog());
-    QVERIFY(session->window.waitFor(Role::ListItem, u"Nature"_s));
+    QVERIFY(session.acceptDialog());
+    QVERIFY(session.window.waitFor(Role::ListItem, u"Nature"_s));
 }
 
 void TestTour::browseChannels()
 {
-    QVERIFY(session->openCategory(u"Nature"_s));
+    QVERIFY(session.openCategory(u"Nature"_s));
     QTRY_COMPARE(table().rowTexts(), (QStringList{u"Mountain View"_s, u"Ocean Planet"_s}));
     keep(u"category"_s);
-    QVERIFY(session->clickButton(u"< Back to Categories"_s));
+    QVERIFY(session.clickButton(u"< Back to Categories"_s));
 }
 
 void TestTour::searchAllChannels()
 {
-    QVERIFY(
-        Keyboard::fill(session->window.waitFor(Role::Edit, u"Search all channels..."_s), u"n"_s));
+    QVERIFY(search(u"Search all channels..."_s, u"n"_s));
     // The best match first: a name that begins with the letter.
-    QTRY_COMPARE(table().rowTexts(0, 1), QStringList{u"Night News 24"_s});
+    QTRY_COMPARE(table().rowTexts(1), QStringList{u"Night News 24"_s});
     keep(u"search"_s);
 }
 
 void TestTour::playAChannel()
 {
-    QVERIFY(Mouse::click(table().cell(0)));
-    QVERIFY(session->showsLabel(UiTexts::playing(u"Night News 24"_s)));
-    QVERIFY(session->seesPicture());
+    QVERIFY(session.watch(u"Night News 24"_s));
     keep(u"live"_s);
 }
 
 void TestTour::reconnectAChannel()
 {
     constexpr int dropOutMs = 60000;
-    QVERIFY(Keyboard::fill(session->window.waitFor(Role::Edit, u"Search all channels..."_s),
-                           u"dropout"_s));
-    QTRY_COMPARE(table().rowTexts(), QStringList{u"Dropout TV"_s});
-    QVERIFY(Mouse::click(table().cell(0)));
-    QVERIFY(session->showsLabel(UiTexts::playing(u"Dropout TV"_s)));
-    QVERIFY(session->seesPicture());
-    QVERIFY(
-        session->window.waitFor(Role::Label, UiTexts::reconnecting(u"Dropout TV"_s, 1), dropOutMs));
+    const QString channel = u"Dropout TV"_s;
+    QVERIFY(search(u"Search all channels..."_s, u"dropout"_s));
+    QTRY_COMPARE(table().rowTexts(), QStringList{channel});
+    QVERIFY(session.watch(channel));
+    QVERIFY(session.window.waitFor(Role::Label, UiTexts::reconnecting(channel, 1), dropOutMs));
     keep(u"reconnecting"_s);
-    QVERIFY(session->showsLabel(UiTexts::playing(u"Dropout TV"_s)));
-    QVERIFY(session->seesPicture());
+    QVERIFY(session.showsLabel(UiTexts::playing(channel)));
+    QVERIFY(session.seesPicture());
     keep(u"reconnected"_s);
 }
 
 void TestTour::browsePosters()
 {
-    QVERIFY(session->openTab(UiTexts::moviesTab));
-    QVERIFY(session->openCategory(UiTexts::allCategories));
-    const Accessible film = session->window.waitFor(Role::ListItem, u"A Quiet Orbit"_s);
-    QVERIFY(film);
+    QVERIFY(session.openAll(UiTexts::moviesTab));
+    const Accessible film = session.window.waitFor(Role::ListItem, u"A Quiet Orbit"_s);
     // The placeholder is one grey; a poster is not.
     QTRY_VERIFY_WITH_TIMEOUT(Screen::differs(Screen::grab(film.rect()),
                                              Screen::grab(film.rect()).copy().mirrored(), 0.2),
@@ -144,61 +146,71 @@ void TestTour::browsePosters()
 
 void TestTour::sortFilms()
 {
-    QVERIFY(Mouse::choose(session->window.waitFor(Role::ComboBox, u"Name (A-Z)"_s), u"Rating"_s));
-    const Accessible grid = session->window.waitFor(Role::List);
-    QTRY_COMPARE(grid.rowTexts(0, 2), (QStringList{u"A Quiet Orbit"_s, u"The Clockmaker"_s}));
+    QVERIFY(Mouse::choose(session.window.waitFor(Role::ComboBox, u"Name (A-Z)"_s), u"Rating"_s));
+    const Accessible grid = session.window.waitFor(Role::List);
+    QTRY_COMPARE(grid.rowTexts(2), (QStringList{u"A Quiet Orbit"_s, u"The Clockmaker"_s}));
     keep(u"sorted-by-rating"_s);
 }
 
 void TestTour::playAFilm()
 {
-    QVERIFY(Keyboard::fill(session->window.waitFor(Role::Edit, u"Search..."_s), u"long"_s));
-    QVERIFY(session->watch(u"The Long Tide"_s));
-    QTRY_VERIFY(session->playedSeconds() >= 0);
+    QVERIFY(search(u"Search..."_s, u"long"_s));
+    QVERIFY(session.watch(u"The Long Tide"_s));
+    QTRY_VERIFY(session.playedSeconds() >= 0);
     keep(u"film"_s);
 }
 
 void TestTour::seekInTheFilm()
 {
-    QTRY_VERIFY(session->seekSlider().maximum() > 50000);
-    QVERIFY(Mouse::click(session->seekSlider()));
-    QTRY_VERIFY(session->playedSeconds() >= 25);
-    QVERIFY(session->seesPicture());
-    QVERIFY(session->clickButton(u"<< 10s"_s));
-    QTRY_VERIFY(session->playedSeconds() < 27);
+    QTRY_VERIFY(session.seekSlider().maximum() > 50000);
+    QVERIFY(Mouse::click(session.seekSlider()));
+    QTRY_VERIFY(session.playedSeconds() >= 25);
+    QVERIFY(session.seesPicture());
+    QVERIFY(session.clickButton(u"<< 10s"_s));
+    QTRY_VERIFY(session.playedSeconds() < 27);
     keep(u"seek"_s);
 }
 
 void TestTour::chooseTracks()
 {
-    Accessible menu = session->openMenu(u"Audio"_s);
-    QList<Accessible> choices = menu.findAll(Role::MenuItem);
-    QCOMPARE(choices.size(), 2);
-    QVERIFY(choices.at(0).isChecked());
+    Accessible menu = session.openMenu(u"Audio"_s);
+    QCOMPARE(menu.findAll(Role::MenuItem).size(), 2);
+    QVERIFY(menu.find(Role::MenuItem, 0).isChecked());
     keep(u"audio-menu"_s);
-    QVERIFY(Mouse::click(choices.at(1)));
-    QVERIFY(menu.waitUntilGone());
+    QVERIFY(choose(menu, 1));
+    menu = session.openMenu(u"Audio"_s);
+    QVERIFY(menu.find(Role::MenuItem, 1).isChecked());
+    QVERIFY(choose(menu, 1));
 
-    menu = session->openMenu(u"Subtitles"_s);
+    menu = session.openMenu(u"Subtitles"_s);
     QVERIFY(menu.find(Role::MenuItem, UiTexts::disabledTrack));
     QVERIFY(menu.find(Role::MenuItem, UiTexts::loadSubtitles));
-    choices = menu.findAll(Role::MenuItem);
-    QCOMPARE(choices.size(), 4);
+    QCOMPARE(menu.findAll(Role::MenuItem).size(), 4);
     keep(u"subtitle-menu"_s);
-    QVERIFY(Mouse::click(choices.at(2)));
-    QVERIFY(menu.waitUntilGone());
-
-    menu = session->openMenu(u"Audio"_s);
-    QVERIFY(menu.findAll(Role::MenuItem).at(1).isChecked());
-    QVERIFY(Keyboard::press(u"Escape"_s));
-    QVERIFY(menu.waitUntilGone());
+    QVERIFY(choose(menu, 2));
     keep(u"subtitles"_s);
+}
+
+void TestTour::loadSubtitles()
+{
+    QVERIFY(choose(session.openMenu(u"Subtitles"_s), 3));
+    const Accessible dialog = session.app.waitForWindow(u"Load Subtitle File"_s);
+    QVERIFY(Keyboard::fill(dialog.waitFor(Role::Edit, u"File name:"_s),
+                           QStringLiteral(VANTIRO_DEMO_STREAMS "/english.srt")));
+    keep(u"subtitle-file"_s);
+    QVERIFY(Keyboard::press(u"Return"_s));
+    QVERIFY(dialog.waitUntilGone());
+    // It has become a track like the others, and is chosen.
+    const Accessible menu = session.openMenu(u"Subtitles"_s);
+    QCOMPARE(menu.findAll(Role::MenuItem).size(), 5);
+    QVERIFY(menu.find(Role::MenuItem, 3).isChecked());
+    QVERIFY(choose(menu, 3));
 }
 
 void TestTour::readStreamInfo()
 {
-    QVERIFY(session->clickButton(u"Info"_s));
-    const Accessible dialog = session->app.waitForWindow(UiTexts::infoTitle);
+    QVERIFY(session.clickButton(u"Info"_s));
+    const Accessible dialog = session.app.waitForWindow(UiTexts::infoTitle);
     const Accessible text = dialog.waitFor(Role::Edit);
     QVERIFY(text.text().contains(u"Video codec: h264"_s));
     QVERIFY(text.text().contains(u"Resolution: 480x270"_s));
@@ -209,58 +221,50 @@ void TestTour::readStreamInfo()
 
 void TestTour::watchInFullscreen()
 {
-    QVERIFY(session->clickButton(u"Fullscreen"_s));
-    QTRY_VERIFY(session->nativeWindow().isFullScreen());
+    QVERIFY(session.clickButton(u"Fullscreen"_s));
+    QTRY_VERIFY(session.nativeWindow().isFullScreen());
     QVERIFY(Screen::waitUntilMoving(Screen::area()));
     keep(u"fullscreen"_s);
     QVERIFY(Mouse::moveTo(Screen::area().center()));
     QVERIFY(Mouse::moveTo(Screen::area().center() + QPoint(20, 20)));
-    QVERIFY(session->window.waitFor(Role::Button, u"Fullscreen"_s));
+    QVERIFY(session.window.waitFor(Role::Button, u"Fullscreen"_s));
     keep(u"fullscreen-controls"_s);
     QVERIFY(Keyboard::press(u"Escape"_s));
-    QTRY_VERIFY(!session->nativeWindow().isFullScreen());
-    QVERIFY(session->seesPicture());
+    QTRY_VERIFY(!session.nativeWindow().isFullScreen());
+    QVERIFY(session.seesPicture());
 }
 
 void TestTour::openAShow()
 {
-    QVERIFY(session->openTab(UiTexts::showsTab));
-    QVERIFY(session->openCategory(u"Series"_s));
-    QVERIFY(Mouse::click(session->window.waitFor(Role::ListItem, u"Lighthouse"_s)));
-    QVERIFY(session->window.waitFor(Role::Cell, u"Season 3"_s));
-    QVERIFY(session->window.waitFor(Role::Cell, u"E03 - Fog Signal"_s));
+    QVERIFY(session.openTab(UiTexts::showsTab));
+    QVERIFY(session.openCategory(u"Series"_s));
+    QVERIFY(session.play(u"Lighthouse"_s));
+    QVERIFY(session.window.waitFor(Role::Cell, u"Season 3"_s));
+    QVERIFY(session.window.waitFor(Role::Cell, u"E03 - Fog Signal"_s));
     keep(u"show"_s);
 }
 
 void TestTour::playEpisodes()
 {
-    QVERIFY(Mouse::click(session->window.waitFor(Role::Cell, u"E03 - Fog Signal"_s)));
-    QVERIFY(session->showsLabel(UiTexts::playing(u"Lighthouse - S01E03 - Fog Signal"_s)));
-    QVERIFY(session->seesPicture());
+    QVERIFY(session.play(u"E03 - Fog Signal"_s));
+    QVERIFY(session.showsLabel(UiTexts::playing(u"Lighthouse - S01E03 - Fog Signal"_s)));
+    QVERIFY(session.seesPicture());
     keep(u"episode"_s);
-    QVERIFY(session->clickButton(u"Next Episode"_s));
-    QVERIFY(session->showsLabel(UiTexts::playing(u"Lighthouse - S02E01 - Spring Tide"_s)));
-    QVERIFY(session->seesPicture());
+    QVERIFY(session.clickButton(u"Next Episode"_s));
+    QVERIFY(session.showsLabel(UiTexts::playing(u"Lighthouse - S02E01 - Spring Tide"_s)));
+    QVERIFY(session.seesPicture());
     keep(u"next-episode"_s);
 }
 
 void TestTour::addAPlaylist()
 {
-    QVERIFY(session->clickButton(u"Add Source..."_s));
-    QVERIFY(session->fillPlaylist(u"Demo playlist"_s, provider.playlistUrl()));
-    QVERIFY(session->acceptDialog());
-    QVERIFY(session->openCategory(u"Sports"_s));
+    QVERIFY(session.clickButton(u"Add Source..."_s));
+    QVERIFY(session.fillPlaylist(u"Demo playlist"_s, provider.playlistUrl()));
+    QVERIFY(session.acceptDialog());
+    QVERIFY(session.openCategory(u"Sports"_s));
     QTRY_COMPARE(table().rowTexts(), (QStringList{u"City Sports"_s, u"Dropout TV"_s}));
-    QVERIFY(Mouse::click(table().cell(0)));
-    QVERIFY(session->showsLabel(UiTexts::playing(u"City Sports"_s)));
-    QVERIFY(session->seesPicture());
+    QVERIFY(session.watch(u"City Sports"_s));
     keep(u"playlist"_s);
-}
-
-void TestTour::keep(const QString &name)
-{
-    Screen::save(Screen::grab(session->window.rect()),
-                 u"%1-%2"_s.arg(step, 2, 10, QLatin1Char('0')).arg(name));
 }
 
 VANTIRO_TEST_MAIN(TestTour)

@@ -165,6 +165,12 @@ Role Accessible::role() const
     return node ? roleFromBus(atspi_accessible_get_role(raw(node), error)) : Role::Other;
 }
 
+QString Accessible::roleName() const
+{
+    IgnoredError error;
+    return node ? taken(atspi_accessible_get_role_name(raw(node), error)) : QString();
+}
+
 QString Accessible::name() const
 {
     IgnoredError error;
@@ -256,11 +262,6 @@ bool Accessible::isShowing() const
     return hasState(ATSPI_STATE_SHOWING);
 }
 
-bool Accessible::isEnabled() const
-{
-    return hasState(ATSPI_STATE_ENABLED);
-}
-
 bool Accessible::isFocused() const
 {
     return hasState(ATSPI_STATE_FOCUSED);
@@ -298,24 +299,6 @@ Accessible Accessible::window() const
     return result;
 }
 
-Accessible Accessible::at(const QPoint &screenPoint) const
-{
-    Accessible result;
-    Accessible step = *this;
-    while (step) {
-        const auto component = interfaceOf(step.node, atspi_accessible_get_component_iface);
-        if (!component)
-            break;
-        IgnoredError error;
-        const Accessible below(atspi_component_get_accessible_at_point(
-            component.get(), screenPoint.x(), screenPoint.y(), ATSPI_COORD_TYPE_SCREEN, error));
-        if (!below || below == step)
-            break;
-        result = step = below;
-    }
-    return result;
-}
-
 int Accessible::rowCount() const
 {
     const auto table = interfaceOf(node, atspi_accessible_get_table_iface);
@@ -323,20 +306,15 @@ int Accessible::rowCount() const
     return table ? std::max(0, atspi_table_get_n_rows(table.get(), error)) : 0;
 }
 
-Accessible Accessible::cell(int row, int column) const
-{
-    const auto table = interfaceOf(node, atspi_accessible_get_table_iface);
-    IgnoredError error;
-    return table ? Accessible(atspi_table_get_accessible_at(table.get(), row, column, error))
-                 : Accessible();
-}
-
-QStringList Accessible::rowTexts(int first, int count, int column) const
+QStringList Accessible::rowTexts(int count) const
 {
     QStringList result;
-    const int end = std::min(rowCount(), first + count);
-    for (int row = first; row < end; ++row)
-        result.append(cell(row, column).name());
+    const auto table = interfaceOf(node, atspi_accessible_get_table_iface);
+    const int end = std::min(rowCount(), count);
+    for (int row = 0; row < end; ++row) {
+        IgnoredError error;
+        result.append(Accessible(atspi_table_get_accessible_at(table.get(), row, 0, error)).name());
+    }
     return result;
 }
 

@@ -3,7 +3,6 @@
 #include "support/desktop/Role.h"
 
 #include <QList>
-#include <QPoint>
 #include <QRect>
 #include <QString>
 #include <QStringList>
@@ -17,7 +16,7 @@ namespace desktop {
 /// A cheap handle: every call asks the program again. A null handle, and the handle of a
 /// control that is gone, answer with empty values. Searches see only what is showing, look at the
 /// control's descendants in tree order, and look at no more than the first 200 items of a list,
-/// table or tree; ask cell() for the others.
+/// table or tree.
 ///
 /// The name that searches compare is the whole name of the control: the text of a button, label,
 /// item or tab, the title of a window, the accessible name; or its description, which for an edit
@@ -39,15 +38,11 @@ public:
     /// The program's open menus, the latest first, then its visible windows.
     static QList<Accessible> windows(qint64 processId);
 
-    bool isNull() const { return !node; }
-    explicit operator bool() const { return !isNull(); }
+    explicit operator bool() const { return node != nullptr; }
     bool operator==(const Accessible &other) const = default;
 
     Role role() const;
     QString name() const;
-    QString description() const;
-    /// The text of the label that belongs to it, as in a form.
-    QString label() const;
     /// The content of an edit (bullets for a hidden password); the name of anything else.
     QString text() const;
     /// Of a slider.
@@ -58,46 +53,44 @@ public:
 
     qint64 processId() const;
     bool isShowing() const;
-    bool isEnabled() const;
     bool isFocused() const;
     bool isChecked() const;
 
-    int childCount() const;
-    Accessible child(int index) const;
     Accessible parent() const;
     /// The window, dialog or menu that holds this control; the control itself if it is one.
     Accessible window() const;
-    /// The innermost control below the point; null if there is none.
-    Accessible at(const QPoint &screenPoint) const;
 
     /// Of a list, table or tree; closed branches of a tree have no rows.
     int rowCount() const;
-    Accessible cell(int row, int column = 0) const;
-    /// The texts of one column, from row `first`, at most `count` of them.
-    QStringList rowTexts(int first = 0, int count = 200, int column = 0) const;
+    /// The texts of the first column, at most `count` of them.
+    QStringList rowTexts(int count = 200) const;
 
     QList<Accessible> findAll(Role role) const;
-    QList<Accessible> findAll(Role role, const QString &name) const;
     Accessible find(Role role, const QString &name) const;
     /// The control of that role with that index, in tree order.
     Accessible find(Role role, int index = 0) const;
     /// As find(), but waits until the control shows. Null after the time limit, with a warning that
     /// lists what there is.
     Accessible waitFor(Role role, const QString &name, int timeoutMs = defaultTimeoutMs) const;
-    Accessible waitFor(Role role, int index = 0, int timeoutMs = defaultTimeoutMs) const;
+    Accessible waitFor(Role role) const;
     /// False if the control still shows after the time limit.
-    bool waitUntilGone(int timeoutMs = defaultTimeoutMs) const;
+    bool waitUntilGone() const;
 
     /// The tree below, one control a line, for messages.
-    QString describe() const;
+    QString describe(int depth = 0) const;
 
 private:
     explicit Accessible(void *owned);
     bool hasState(int state) const;
     bool matches(const QString &name) const;
-    bool isItemView() const;
+    QString roleName() const;
+    QString description() const;
+    /// The text of the label that belongs to it, as in a form.
+    QString label() const;
+    int childCount() const;
+    Accessible child(int index) const;
+    int searchedChildren() const;
     void collect(Role role, const QString *name, int wanted, QList<Accessible> &found) const;
-    void describe(int depth, QString &out) const;
 
     std::shared_ptr<void> node;
 };

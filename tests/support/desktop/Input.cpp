@@ -1,9 +1,9 @@
 #include "support/desktop/Input.h"
 
 #include "support/desktop/NativeWindow.h"
-#include "support/desktop/Tool.h"
 
 #include <QDebug>
+#include <QProcess>
 #include <QTest>
 
 #include <algorithm>
@@ -15,11 +15,6 @@ namespace {
 
 constexpr int settleTimeoutMs = 15000;
 
-bool xdotool(const QStringList &arguments)
-{
-    return runTool(u"xdotool"_s, arguments);
-}
-
 QStringList moving(const QPoint &point)
 {
     return {u"mousemove"_s, QString::number(point.x()), QString::number(point.y())};
@@ -29,15 +24,6 @@ QStringList moving(const QPoint &point)
 QStringList arriving(const QPoint &point)
 {
     return moving(point + QPoint(point.x() > 0 ? -1 : 1, 0)) + moving(point);
-}
-
-QStringList dragging(const QPoint &from, const QPoint &to)
-{
-    constexpr int steps = 8;
-    QStringList commands = arriving(from) + QStringList{u"mousedown"_s, u"1"_s};
-    for (int step = 1; step <= steps; ++step)
-        commands += moving(from + (to - from) * step / steps);
-    return commands;
 }
 
 /// Whether the program and the window system agree where the window is. Until then a window that
@@ -72,6 +58,25 @@ QPoint settledMiddle(const Accessible &control)
 
 } // namespace
 
+bool xdotool(const QStringList &commands)
+{
+    constexpr int timeoutMs = 30000;
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(u"xdotool"_s, commands);
+    const bool ended =
+        QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, timeoutMs);
+    if (!ended) {
+        process.kill();
+        process.waitForFinished();
+    }
+    const bool succeeded = ended && process.error() == QProcess::UnknownError &&
+                           process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    if (!succeeded)
+        qWarning().noquote() << "xdotool"_L1 << commands.join(u' ') << process.errorString();
+    return succeeded;
+}
+
 namespace Mouse {
 
 bool moveTo(const QPoint &point)
@@ -101,44 +106,17 @@ bool choose(const Accessible &comboBox, const QString &text)
 
 bool drag(const QPoint &from, const QPoint &to)
 {
-    return xdotool(dragging(from, to) + QStringList{u"mouseup"_s, u"1"_s});
-}
-
-bool pressAndMove(const QPoint &from, const QPoint &to)
-{
-    return xdotool(dragging(from, to));
-}
-
-bool release()
-{
-    return xdotool({u"mouseup"_s, u"1"_s});
-}
-
-bool wheel(const QPoint &point, int notches)
-{
-    if (notches == 0)
-        return moveTo(point);
-    return xdotool(arriving(point) + QStringList{u"click"_s, u"--repeat"_s,
-                                                 QString::number(std::abs(notches)), u"--delay"_s,
-                                                 u"10"_s, notches > 0 ? u"4"_s : u"5"_s});
-}
-
-bool moveTo(const Accessible &control)
-{
-    const QPoint point = settledMiddle(control);
-    return !point.isNull() && moveTo(point);
+    constexpr int steps = 8;
+    QStringList commands = arriving(from) + QStringList{u"mousedown"_s, u"1"_s};
+    for (int step = 1; step <= steps; ++step)
+        commands += moving(from + (to - from) * step / steps);
+    return xdotool(commands + QStringList{u"mouseup"_s, u"1"_s});
 }
 
 bool click(const Accessible &control)
 {
     const QPoint point = settledMiddle(control);
     return !point.isNull() && click(point);
-}
-
-bool wheel(const Accessible &control, int notches)
-{
-    const QPoint point = settledMiddle(control);
-    return !point.isNull() && wheel(point, notches);
 }
 
 } // namespace Mouse
@@ -150,33 +128,11 @@ bool press(const QString &keys, int times)
     return xdotool(QStringList{u"key"_s} + QStringList(times, keys));
 }
 
-bool hold(const QString &key)
-{
-    return xdotool({u"keydown"_s, key});
-}
-
-bool release(const QString &key)
-{
-    return xdotool({u"keyup"_s, key});
-}
-
-bool type(const QString &text)
-{
-    const bool plain = std::all_of(text.begin(), text.end(), [](QChar character) {
-        return character.unicode() >= 0x20 && character.unicode() < 0x7f;
-    });
-    if (!plain) {
-        qWarning() << "These characters are on no key:" << text;
-        return false;
-    }
-    return text.isEmpty() || xdotool({u"type"_s, u"--"_s, text});
-}
-
 bool fill(const Accessible &edit, const QString &text)
 {
     if (!Mouse::click(edit) ||
         !QTest::qWaitFor([&edit] { return edit.isFocused(); }, settleTimeoutMs) ||
-        !press(u"ctrl+a"_s) || !press(u"BackSpace"_s) || !type(text))
+        !press(u"ctrl+a"_s) || !press(u"BackSpace"_s) || !xdotool({u"type"_s, u"--"_s, text}))
         return false;
     return QTest::qWaitFor([&] { return edit.text().size() == text.size(); }, settleTimeoutMs);
 }

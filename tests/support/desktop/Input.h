@@ -4,8 +4,13 @@
 
 #include <QPoint>
 #include <QString>
+#include <QStringList>
 
 namespace desktop {
+
+/// Runs commands of the tool that makes the user's input, while the event loop goes on. False, with
+/// a warning, if it cannot start, fails or does not end.
+[[nodiscard]] bool xdotool(const QStringList &commands);
 
 /// The user's mouse. Points are in pixels of the screen. Each function returns once the window
 /// system has the events, not once the program has handled them; false, with a warning, on failure.
@@ -17,16 +22,9 @@ namespace Mouse {
 [[nodiscard]] bool doubleClick(const QPoint &point);
 /// Presses the left button at `from`, moves to `to` in small steps and releases it there.
 [[nodiscard]] bool drag(const QPoint &from, const QPoint &to);
-/// As drag(), but keeps the button down; end it with release().
-[[nodiscard]] bool pressAndMove(const QPoint &from, const QPoint &to);
-[[nodiscard]] bool release();
-/// Turns the wheel at the point by so many notches, upwards if above 0.
-[[nodiscard]] bool wheel(const QPoint &point, int notches);
 
 /// At the middle of a control, once its window has come to rest on the screen.
-[[nodiscard]] bool moveTo(const Accessible &control);
 [[nodiscard]] bool click(const Accessible &control);
-[[nodiscard]] bool wheel(const Accessible &control, int notches);
 /// Opens a combo box and clicks the item with this text. Returns once the box shows it.
 [[nodiscard]] bool choose(const Accessible &comboBox, const QString &text);
 
@@ -37,13 +35,8 @@ namespace Keyboard {
 
 /// Presses a key, so many times: "Return", "Escape", "space", "Left", "a", "ctrl+a", "alt+F4".
 [[nodiscard]] bool press(const QString &keys, int times = 1);
-/// Presses a key and keeps it down, so that the screen repeats it; end it with release().
-[[nodiscard]] bool hold(const QString &key);
-[[nodiscard]] bool release(const QString &key);
-/// Types printable ASCII characters.
-[[nodiscard]] bool type(const QString &text);
 /// Clicks into an edit, selects what it holds and types over it; an empty text empties the edit.
-/// Returns once the edit holds the text.
+/// The text is printable ASCII. Returns once the edit holds the text.
 [[nodiscard]] bool fill(const Accessible &edit, const QString &text);
 
 } // namespace Keyboard

@@ -1,7 +1,6 @@
 #include "support/desktop/NativeWindow.h"
 
 #include "support/desktop/Input.h"
-#include "support/desktop/Tool.h"
 
 #include <QGuiApplication>
 #include <QTest>
@@ -147,22 +146,8 @@ bool NativeWindow::isFullScreen() const
 
 bool NativeWindow::activate() const
 {
-    return runTool(u"xdotool"_s, {u"windowactivate"_s, QString::number(id)}) &&
+    return xdotool({u"windowactivate"_s, QString::number(id)}) &&
            QTest::qWaitFor([this] { return active() == *this; }, settleTimeoutMs);
-}
-
-bool NativeWindow::resize(const QSize &size) const
-{
-    return runTool(u"xdotool"_s, {u"windowsize"_s, QString::number(id),
-                                  QString::number(size.width()), QString::number(size.height())}) &&
-           QTest::qWaitFor([&] { return geometry().size() == size; }, settleTimeoutMs);
-}
-
-bool NativeWindow::moveTo(const QPoint &topLeft) const
-{
-    return runTool(u"xdotool"_s, {u"windowmove"_s, QString::number(id),
-                                  QString::number(topLeft.x()), QString::number(topLeft.y())}) &&
-           QTest::qWaitFor([&] { return geometry().topLeft() == topLeft; }, settleTimeoutMs);
 }
 
 bool NativeWindow::requestClose() const

@@ -33,10 +33,8 @@ public:
     bool isVisible() const;
     bool isFullScreen() const;
 
-    /// Each returns once the window system has done it; false if it does not.
+    /// Returns once the window system has done it; false if it does not.
     [[nodiscard]] bool activate() const;
-    [[nodiscard]] bool resize(const QSize &size) const;
-    [[nodiscard]] bool moveTo(const QPoint &topLeft) const;
     /// As the user closes it, with Alt+F4. Does not wait for the window to go.
     [[nodiscard]] bool requestClose() const;
 

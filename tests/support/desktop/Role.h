@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 namespace desktop {
 
 /// What a control is, as far as tests distinguish controls.
@@ -19,9 +17,7 @@ enum class Role
     ListItem,
     Table,
     Cell, ///< of a table or a tree
-    Header,
     Tree,
-    Tabs,
     Tab,
     Slider,
     Menu, ///< an open popup menu
@@ -32,7 +28,5 @@ enum class Role
 Role roleFromBus(int busRole);
 /// Whether it stands on the screen by itself: a window, dialog, message box or menu.
 bool isTopLevel(Role role);
-/// For messages.
-QString roleName(Role role);
 
 } // namespace desktop

@@ -3,8 +3,8 @@
 #include "support/desktop/Input.h"
 #include "support/desktop/Screen.h"
 
+#include <QDeadlineTimer>
 #include <QDebug>
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <sys/prctl.h>
@@ -16,18 +16,13 @@ using namespace Qt::StringLiterals;
 namespace desktop {
 namespace {
 
-constexpr int politeTimeoutMs = 10000;
+constexpr int timeoutMs = 20000;
 
 } // namespace
 
-RunningApp::RunningApp(const QString &program, const QStringList &arguments,
-                       QProcessEnvironment environment)
+RunningApp::RunningApp(const QString &program)
 {
     process.setProgram(program);
-    process.setArguments(arguments);
-    environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
-    environment.insert(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
-    process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedOutputChannel);
     // The program goes down with a test that crashes.
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
@@ -40,61 +35,43 @@ RunningApp::~RunningApp()
 {
     if (QTest::currentTestFailed())
         keepTraces();
-    if (isRunning() && !close(politeTimeoutMs)) {
+    if (isRunning() && !close()) {
         process.kill();
         process.waitForFinished();
     }
 }
 
-bool RunningApp::start(const QString &windowTitle, int timeoutMs)
+bool RunningApp::start(const QString &windowTitle)
 {
-    errors.clear();
     process.start();
     if (!process.waitForStarted()) {
         qWarning().noquote() << "Cannot start"_L1 << process.program() << process.errorString();
         return false;
     }
-    if (!waitForWindow(windowTitle, timeoutMs))
+    if (!waitForWindow(windowTitle))
         return false;
     return QTest::qWaitFor(
         [this] { return NativeWindow::ofProcess(processId()).contains(NativeWindow::active()); },
         timeoutMs);
 }
 
-bool RunningApp::close(int timeoutMs)
+bool RunningApp::close()
 {
-    QElapsedTimer clock;
-    clock.start();
-    while (isRunning()) {
-        const int left = timeoutMs - static_cast<int>(clock.elapsed());
-        if (left <= 0)
-            return false;
+    const QDeadlineTimer end(timeoutMs);
+    while (isRunning() && !end.hasExpired()) {
         if (menu() && !Keyboard::press(u"Escape"_s))
             return false;
         const NativeWindow front = NativeWindow::active();
-        if (!NativeWindow::ofProcess(processId()).contains(front)) {
-            // Between two windows; or another program is in front.
-            const bool changed = QTest::qWaitFor(
-                [&] { return !isRunning() || NativeWindow::active() != front; }, left);
-            if (!changed)
-                return false;
-            continue;
-        }
-        if (!front.requestClose())
+        if (NativeWindow::ofProcess(processId()).contains(front) && !front.requestClose())
             return !isRunning();
-        const bool gone = QTest::qWaitFor(
-            [&] { return !isRunning() || !NativeWindow::ofProcess(processId()).contains(front); },
-            left);
-        if (!gone)
-            return false;
-        // The last window has gone: what is left is the program's own end.
-        if (NativeWindow::ofProcess(processId()).isEmpty())
-            return waitUntilEnded(left);
+        // Another of its windows comes to the front, or the program ends.
+        (void)QTest::qWaitFor([&] { return !isRunning() || NativeWindow::active() != front; },
+                              static_cast<int>(end.remainingTime()));
     }
-    return true;
+    return !isRunning();
 }
 
-bool RunningApp::waitUntilEnded(int timeoutMs)
+bool RunningApp::waitUntilEnded()
 {
     return QTest::qWaitFor([this] { return !isRunning(); }, timeoutMs);
 }
@@ -114,11 +91,6 @@ int RunningApp::exitCode() const
     return isRunning() || process.exitStatus() != QProcess::NormalExit ? -1 : process.exitCode();
 }
 
-bool RunningApp::waitForStandardError(const QString &text, int timeoutMs)
-{
-    return QTest::qWaitFor([&] { return errors.contains(text); }, timeoutMs);
-}
-
 QList<Accessible> RunningApp::windows() const
 {
     return isRunning() ? Accessible::windows(processId()) : QList<Accessible>();
@@ -133,7 +105,7 @@ Accessible RunningApp::window(const QString &title) const
     return {};
 }
 
-Accessible RunningApp::waitForWindow(const QString &title, int timeoutMs) const
+Accessible RunningApp::waitForWindow(const QString &title) const
 {
     Accessible found;
     const auto foundOrEnded = [&] { return (found = window(title)) || !isRunning(); };
@@ -148,7 +120,7 @@ Accessible RunningApp::menu() const
     return front.role() == Role::Menu ? front : Accessible();
 }
 
-Accessible RunningApp::waitForMenu(int timeoutMs) const
+Accessible RunningApp::waitForMenu() const
 {
     Accessible found;
     if (!QTest::qWaitFor([&] { return bool(found = menu()); }, timeoutMs))

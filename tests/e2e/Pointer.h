@@ -1,0 +1,4 @@
+#pragma once
+
+/// Whether the mouse pointer is invisible where it stands.
+bool pointerIsHidden();
