@@ -43,13 +43,7 @@ enum class Key : quint16
     Tab = 0x09,
     Return = 0x0D,
     Escape = 0x1B,
-    Space = 0x20,
-    Left = 0x25,
-    Up = 0x26,
-    Right = 0x27,
-    Down = 0x28,
-    F = 'F',
-    M = 'M'
+    F = 'F'
 };
 void press(Key key);
 /// Presses Ctrl+A.

@@ -1,25 +1,13 @@
 #include "WindowFixture.h"
+#include "support/TestFiles.h"
 #include "support/TestMain.h"
 
 #include <QComboBox>
-#include <QFile>
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QByteArray playlist = "#EXTM3U\n#EXTINF:-1,News\nhttp://127.0.0.1:9/news.ts\n"_ba;
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : "(no such file)"_ba;
-}
-
-} // namespace
 
 /// The stored copy of a local playlist in a file system that ignores case.
 class tst_PlaylistRename : public QObject
@@ -32,12 +20,10 @@ private Q_SLOTS:
 
 void tst_PlaylistRename::aNameInAnotherCaseKeepsTheCopy()
 {
+    const QByteArray playlist = "#EXTM3U\n#EXTINF:-1,News\nhttp://127.0.0.1:9/news.ts\n"_ba;
     const QTemporaryDir directory;
     const QString chosen = directory.filePath(u"chosen.m3u"_s);
-    QFile file(chosen);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(playlist);
-    file.close();
+    writeFile(chosen, playlist);
 
     WindowFixture fixture;
     fixture.dialogs.next([&](QDialog &dialog) {
@@ -58,7 +44,7 @@ void tst_PlaylistRename::aNameInAnotherCaseKeepsTheCopy()
     });
     fixture.button(u"Edit Source..."_s).click();
     QTRY_COMPARE(WindowFixture::storedNames(), QStringList{u"LIST"_s});
-    QCOMPARE(contentOf(WindowFixture::stored(u"LIST"_s).url), playlist);
+    QCOMPARE(readFile(WindowFixture::stored(u"LIST"_s).url), playlist);
     QTRY_COMPARE(rowTexts(fixture.find<QTableWidget>(u"channelTable"_s)), QStringList{u"News"_s});
     QCOMPARE(fixture.dialogs.seen().size(), 2);
 }

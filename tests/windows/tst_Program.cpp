@@ -18,11 +18,9 @@
 #include <QLocalSocket>
 #include <QProcess>
 #include <QSettings>
-#include <QStandardPaths>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
+using namespace desktop;
 using NativeKeyboard::Key;
 
 namespace {
@@ -44,7 +42,7 @@ QByteArray playlist(const HttpServer &server)
 
 void keepScreenshot(const QString &name)
 {
-    desktop::Screen::save(desktop::Screen::grab(), name);
+    Screen::save(Screen::grab(), name);
 }
 
 /// How many of the program's files hold these bytes.
@@ -70,16 +68,18 @@ QByteArray asWebp(const QByteArray &picture)
     return bytes;
 }
 
+/// The share of pixels of exactly that colour.
+double shareOf(const QColor &color, const QRect &place)
+{
+    return Screen::share(Screen::grab(place),
+                         [&color](QRgb pixel) { return pixel == color.rgb(); });
+}
+
 bool screenShows(const QColor &color)
 {
-    constexpr int wanted = 1000;
-    const QImage image = desktop::Screen::grab();
-    int pixels = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        pixels += static_cast<int>(std::count(line, line + image.width(), color.rgb()));
-    }
-    return pixels >= wanted;
+    constexpr double wantedPixels = 1000;
+    const QRect screen = Screen::area();
+    return shareOf(color, screen) * screen.width() * screen.height() >= wantedPixels;
 }
 
 } // namespace
@@ -100,6 +100,7 @@ private:
     bool start();
     bool closeWindow();
     void checkStoredPlaylist(const QString &url);
+    void checkFullscreen();
     QRect find(const QString &control, const QString &entry);
     bool click(const QString &control, const QString &entry = {});
 
@@ -196,6 +197,32 @@ bool tst_Program::click(const QString &control, const QString &entry)
     return true;
 }
 
+/// The picture fills the screen, the controls lie over it on black, and keys reach the program
+/// although libVLC draws there.
+void tst_Program::checkFullscreen()
+{
+    const QRect screen = Screen::area();
+    NativeKeyboard::press(Key::F);
+    QTRY_COMPARE(window->clientRect(), screen);
+    // The stream has the shape of the screen, so the picture reaches every edge.
+    QRect corner(screen.topLeft(), QSize(200, 60));
+    QTRY_VERIFY(!Screen::isMostlyBlack(corner));
+    corner.moveBottomRight(screen.bottomRight());
+    QTRY_VERIFY(!Screen::isMostlyBlack(corner));
+    QVERIFY(Screen::waitUntilMoving(screen));
+
+    window->moveMouse(QPoint(300, 300));
+    window->moveMouse(QPoint(320, 310));
+    QRect chrome;
+    QTRY_VERIFY(!(chrome = find(u"fullscreenChrome"_s, {})).isEmpty());
+    QTRY_VERIFY(shareOf(Qt::black, chrome) > 0.4);
+    keepScreenshot(u"fullscreen"_s);
+
+    NativeKeyboard::press(Key::Escape);
+    QTRY_VERIFY(window->clientRect().width() < screen.width());
+    QVERIFY(Screen::waitUntilMoving(window->childRect(minimumPicture)));
+}
+
 void tst_Program::asksForASourceOnAnEmptyProfile()
 {
     QVERIFY(start());
@@ -213,7 +240,7 @@ void tst_Program::addsAPlaylistAndPlaysFromIt()
     HttpReply list;
     list.body = playlist(server);
     server.on(u"/list.m3u"_s, list);
-    server.on(u"/beta.ts"_s, liveTs());
+    server.on(u"/beta.ts"_s, liveClip(streamPath(u"grey.ts"_s), 30, 2));
 
     QVERIFY(start());
     const auto dialog = NativeWindow::waitFor(player.processId(), u"Add Source"_s);
@@ -235,8 +262,9 @@ void tst_Program::addsAPlaylistAndPlaysFromIt()
     QVERIFY(click(u"channelTable"_s, u"Beta"_s));
     QTRY_VERIFY_WITH_TIMEOUT(server.requestCount(u"/beta.ts"_s) > 0, startMs);
     QCOMPARE(server.requestCount(u"/alpha.ts"_s), 0);
-    QVERIFY(desktop::Screen::waitUntilMoving(window->childRect(minimumPicture)));
+    QVERIFY(Screen::waitUntilMoving(window->childRect(minimumPicture)));
     keepScreenshot(u"channel"_s);
+    checkFullscreen();
     QVERIFY(closeWindow());
 }
 
@@ -266,7 +294,7 @@ void tst_Program::showsPostersAndPlaysAFilm()
     keepScreenshot(u"posters"_s);
     QVERIFY(click(u"moviePosterList"_s, u"Orbit"_s));
     QTRY_VERIFY_WITH_TIMEOUT(provider.http().requestCount(film) > 0, startMs);
-    QVERIFY(desktop::Screen::waitUntilMoving(window->childRect(minimumPicture)));
+    QVERIFY(Screen::waitUntilMoving(window->childRect(minimumPicture)));
     keepScreenshot(u"film"_s);
     QVERIFY(closeWindow());
 }
