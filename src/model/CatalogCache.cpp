@@ -1,14 +1,13 @@
 #include "model/CatalogCache.h"
 
 #include "model/Age.h"
+#include "model/CacheFile.h"
 #include "model/JsonReader.h"
 #include "model/JsonWriter.h"
-#include "model/OwnerOnlyFile.h"
 #include "model/SafeFileName.h"
 
 #include <QDateTime>
 #include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStandardPaths>
@@ -35,21 +34,6 @@ QString cacheDir()
 QString cacheFilePath(const QString &sourceName)
 {
     return cacheDir() + u'/' + safeFileName(sourceName) + ".json"_L1;
-}
-
-/// The members of a source's file; none when the file is missing or damaged.
-JsonMembers readRoot(const QString &sourceName)
-{
-    QFile file(cacheFilePath(sourceName));
-    return file.open(QIODevice::ReadOnly) ? readJsonMembers(file.readAll()) : JsonMembers();
-}
-
-void writeRoot(const QString &sourceName, const JsonMembers &root)
-{
-    QFile file(cacheFilePath(sourceName));
-    if (openOwnerOnly(file)) { // it contains stream URLs with credentials
-        file.write(writeJsonMembers(root));
-    }
 }
 
 // The columns stand in the order in which the members are written.
@@ -97,15 +81,15 @@ bool CatalogCache::load(const QString &sourceName, const QString &section, Secti
 
 bool CatalogCache::load(const QString &sourceName, const QStringList &sections, QList<Section> &out)
 {
-    const JsonMembers root = readRoot(sourceName);
+    CacheFile file(cacheFilePath(sourceName));
     const bool complete = std::all_of(sections.begin(), sections.end(),
-                                      [&root](const QString &name) { return root.contains(name); });
+                                      [&file](const QString &name) { return file.contains(name); });
     if (!complete) {
         return false;
     }
     out.clear();
     for (const QString &name : sections) {
-        const JsonMembers object = readJsonMembers(root.value(name));
+        const JsonMembers object = readJsonMembers(file.value(name));
         out.append({readJsonRecords(object.value(categoriesKey), categoryTable),
                     readJsonRecords(object.value(itemsKey), itemTable)});
     }
@@ -118,15 +102,14 @@ void CatalogCache::save(const QString &sourceName, const QString &section, const
     JsonMembers object;
     object.insert(categoriesKey, writeJsonRecords(data.categories, categoryTable));
     object.insert(itemsKey, writeJsonRecords(data.items, itemTable));
-    JsonMembers root = readRoot(sourceName);
-    root.insert(section, writeJsonMembers(object));
-    writeRoot(sourceName, root);
+    CacheFile(cacheFilePath(sourceName)).replace(section, writeJsonMembers(object));
 }
 
 bool CatalogCache::loadEpisodes(const QString &sourceName, const QString &seriesId,
                                 long long maxAgeSeconds, QList<Episode> &out)
 {
-    const JsonMembers store = readJsonMembers(readRoot(sourceName).value(episodesKey));
+    const JsonMembers store =
+        readJsonMembers(CacheFile(cacheFilePath(sourceName)).value(episodesKey));
     if (!store.contains(seriesId)) {
         return false;
     }
@@ -145,9 +128,8 @@ void CatalogCache::saveEpisodes(const QString &sourceName, const QString &series
     JsonMembers entry;
     entry.insert(savedAtKey, QByteArray::number(QDateTime::currentSecsSinceEpoch()));
     entry.insert(listKey, writeJsonRecords(episodes, episodeTable));
-    JsonMembers root = readRoot(sourceName);
-    JsonMembers store = readJsonMembers(root.value(episodesKey));
+    CacheFile file(cacheFilePath(sourceName));
+    JsonMembers store = readJsonMembers(file.value(episodesKey));
     store.insert(seriesId, writeJsonMembers(entry));
-    root.insert(episodesKey, writeJsonMembers(store));
-    writeRoot(sourceName, root);
+    file.replace(episodesKey, writeJsonMembers(store));
 }

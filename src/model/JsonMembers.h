@@ -4,6 +4,14 @@
 #include <QList>
 #include <QString>
 
+/// Where the value of a root object's member stands in a JSON text, in bytes.
+struct JsonMemberPlace
+{
+    QString key;
+    qsizetype start = 0;
+    qsizetype length = 0;
+};
+
 /// The members of one JSON object, each value as a JSON text of its own: it can be kept and
 /// replaced without being parsed. Read by readJsonMembers(), written by writeJsonMembers().
 class JsonMembers final

@@ -106,14 +106,6 @@ QString keyText(QByteArrayView utf8)
                : text;
 }
 
-/// One member of a root object: its key, and the position of its value in the text, in bytes.
-struct MemberPlace
-{
-    QString key;
-    qsizetype start = 0;
-    qsizetype length = 0;
-};
-
 /// Records the positions of the root object's members. Refuses duplicate members.
 class MembersHandler final : public EventHandler<MembersHandler, PositionStream>
 {
@@ -140,7 +132,7 @@ public:
         if (depth != memberDepth) {
             return true;
         }
-        MemberPlace place;
+        JsonMemberPlace place;
         place.key = keyText(name);
         if (holdsSurrogate(name) || keys.contains(place.key)) {
             return false;
@@ -164,7 +156,7 @@ public:
         return true;
     }
 
-    QList<MemberPlace> places;
+    QList<JsonMemberPlace> places;
 
 private:
     static constexpr int memberDepth = 1;
@@ -242,12 +234,17 @@ bool readJsonObjects(const QByteArray &json, const std::vector<QByteArrayView> &
     return true;
 }
 
+std::optional<QList<JsonMemberPlace>> findJsonMembers(const QByteArray &json)
+{
+    MembersHandler handler(json);
+    return readEvents(json, handler) ? std::optional(handler.places) : std::nullopt;
+}
+
 JsonMembers readJsonMembers(const QByteArray &json)
 {
     JsonMembers members;
-    MembersHandler handler(json);
-    if (readEvents(json, handler)) {
-        for (const MemberPlace &place : std::as_const(handler.places)) {
+    if (const auto places = findJsonMembers(json)) {
+        for (const JsonMemberPlace &place : *places) {
             members.append(place.key, json.mid(place.start, place.length));
         }
         return members;

@@ -8,6 +8,7 @@
 #include <QList>
 
 #include <functional>
+#include <optional>
 #include <tuple>
 #include <vector>
 
@@ -50,6 +51,10 @@ QList<Record> readJsonRecords(const QByteArray &json,
         json, keysOf(table), [&records] { records.clear(); }, appendRecord);
     return valid ? records : QList<Record>();
 }
+
+/// Where the members of the root object stand, in the order of the text. Nothing when the text is
+/// not JSON, when its root is not an object, or when only Qt can read it.
+std::optional<QList<JsonMemberPlace>> findJsonMembers(const QByteArray &json);
 
 /// The members of the root object; none when the text is not JSON or its root is not an object.
 JsonMembers readJsonMembers(const QByteArray &json);

@@ -2,25 +2,44 @@
 
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+bool needsEscape(char byte)
+{
+    return byte == '"' || byte == '\\' || static_cast<unsigned char>(byte) < 0x20;
+}
+
+void appendEscaped(QByteArray &json, const QByteArray &utf8)
+{
+    auto rest = utf8.begin();
+    while (true) {
+        const auto special = std::find_if(rest, utf8.end(), needsEscape);
+        json.append(rest, special - rest);
+        if (special == utf8.end()) {
+            return;
+        }
+        if (*special == '"' || *special == '\\') {
+            json += '\\';
+            json += *special;
+        } else {
+            json += "\\u00"_ba + QByteArray(1, *special).toHex();
+        }
+        rest = special + 1;
+    }
+}
+
+} // namespace
 
 void appendJson(QByteArray &json, QStringView text)
 {
     json += '"';
     if (text.isValidUtf16() && !text.startsWith(QChar::ByteOrderMark)) {
-        const QByteArray utf8 = text.toUtf8();
-        for (const char byte : utf8) {
-            if (byte == '"' || byte == '\\') {
-                json += '\\';
-                json += byte;
-            } else if (static_cast<unsigned char>(byte) < 0x20) {
-                json += "\\u00"_ba + QByteArray(1, byte).toHex();
-            } else {
-                json += byte;
-            }
-        }
+        appendEscaped(json, text.toUtf8());
     } else {
         // UTF-8 has no lone surrogates, and a byte-order mark would not be read back.
         for (const QChar unit : text) {

@@ -2,13 +2,12 @@
 
 #include <QFile>
 
-/// Truncates or creates the file and opens it for writing, readable by its owner only. For files
-/// that contain credentials. The permissions of an existing file are narrowed before anything is
-/// written; a file system without permissions is not an error. On Windows the user's profile folder
-/// protects the file. False if the file cannot be opened.
-inline bool openOwnerOnly(QFile &file)
+/// Opens a file for writing, readable by its owner only, and creates it where it is missing. For
+/// files that contain credentials. The permissions of an existing file are narrowed before anything
+/// is written; a file system without permissions is not an error. On Windows the user's profile
+/// folder protects the file. False if the file cannot be opened.
+inline bool openOwnerOnly(QFile &file, QIODevice::OpenMode mode)
 {
-    constexpr QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Truncate;
 #ifdef Q_OS_WIN
     return file.open(mode);
 #else
