@@ -2,6 +2,7 @@
 
 #include "WindowFixture.h"
 #include "player/VlcPlayer.h"
+#include "support/TestFiles.h"
 #include "ui/BrowseTab.h"
 #include "ui/EpisodePage.h"
 
@@ -32,14 +33,13 @@ void cacheEmptyCatalog(const QString &source)
 /// Makes the episodes in the cache of source A that old.
 void ageCachedEpisodes(qint64 seconds)
 {
+    const QString path = PrivateProfile::current().appDataDir() + u"/catalog_cache/A.json"_s;
     const QString savedAt = u"\"savedAt\":"_s;
-    const qint64 time = QDateTime::currentSecsSinceEpoch() - seconds;
-    const QString text = QString::fromUtf8(readCacheFile(u"A"_s));
+    QString text = QString::fromUtf8(readFile(path));
     QVERIFY(text.contains(savedAt));
-    writeCacheFile(u"A"_s, QString(text)
-                               .replace(QRegularExpression(savedAt + u"\\d+"_s),
-                                        savedAt + QString::number(time))
-                               .toUtf8());
+    text.replace(QRegularExpression(savedAt + u"\\d+"_s),
+                 savedAt + QString::number(QDateTime::currentSecsSinceEpoch() - seconds));
+    writeFile(path, text.toUtf8());
 }
 
 /// How many episodes of the show the source's cache holds; -1 when it does not know the show.
