@@ -1,19 +1,11 @@
 // The event loop keeps running: however a server behaves, playing, replacing and stopping its
 // streams does not block the GUI thread.
 
-#include "PlayerProbe.h"
-#include "fakeprovider/HttpServer.h"
-#include "fakeprovider/Streams.h"
-#include "support/HttpReplies.h"
-#include "support/TestMain.h"
+#include "PlayerTest.h"
 
 #include <QElapsedTimer>
+#include <QTcpServer>
 #include <QWidget>
-
-#include <algorithm>
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -82,6 +74,7 @@ private:
     bool healthyStreamPlays();
 
     HttpServer server;
+    QTcpServer silent; ///< the system accepts, nobody answers
     std::unique_ptr<QWidget> surface;
     std::unique_ptr<PlayerProbe> probe;
     Heartbeat heart;
@@ -93,9 +86,10 @@ void tst_VlcResponsive::initTestCase()
 {
     server.on(u"/healthy.ts"_s, liveTs());
     server.on(u"/never.ts"_s, neverAnswers());
-    HttpReply trickle = HttpReply::file(streamPath(u"hls/segment00.ts"_s));
-    trickle.bytesPerSecond = 2000;
-    server.on(u"/trickle.ts"_s, trickle);
+    HttpReply segment = HttpReply::file(streamPath(u"hls/segment00.ts"_s));
+    server.on(u"/stalls.ts"_s, stalling(segment, 30000));
+    segment.bytesPerSecond = 2000;
+    server.on(u"/trickle.ts"_s, segment);
 
     surface = std::make_unique<QWidget>();
     surface->resize(480, 270);
@@ -139,58 +133,61 @@ void tst_VlcResponsive::noticesABlockedLoop()
 void tst_VlcResponsive::staysResponsive_data()
 {
     QTest::addColumn<HttpReply>("reply");
-    /// The last path that is requested of the stream; empty for the stream itself.
+    /// The last path that is requested of the stream.
     QTest::addColumn<QString>("lastRequest");
-    const QString itself;
-    for (const int status : {401, 403, 404, 503}) {
-        QTest::addRow("status %d", status) << statusReply(status) << itself;
+    const auto row = [](const char *name, const HttpReply &reply,
+                        const QString &lastRequest = u"/stream"_s) {
+        QTest::newRow(name) << reply << lastRequest;
+    };
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    row("healthy", liveTs());
+    row("forbidden", statusReply(403));
+    row("page", bodyReply("<html><body>Log in</body></html>"_ba, "text/html"_ba));
+    row("empty", bodyReply({}, "video/mp2t"_ba));
+    row("garbage", garbage());
+    row("never answers", neverAnswers());
+    row("sends headers only", stalling(liveTs(), 0));
+    row("stalls", stalling(liveTs(), 300000));
+    row("a film that stalls", stalling(HttpReply::file(streamPath(u"film.mp4"_s)), 100000));
+    row("is cut short", cutShort(liveTs(), 300000));
+    row("short, all at once", HttpReply::file(streamPath(u"short.ts"_s)));
+    row("a TLS handshake that hangs",
+        HttpReply::redirect(u"https://127.0.0.1:%1/"_s.arg(silent.serverPort())));
+    for (const char *path : {"/never.ts", "/stalls.ts", "/trickle.ts", "/missing.ts"}) {
+        row(path, segments(path), QString::fromLatin1(path));
     }
-    QTest::newRow("healthy") << liveTs() << itself;
-    QTest::newRow("page") << bodyReply("<html><body>Log in</body></html>"_ba, "text/html"_ba)
-                          << itself;
-    QTest::newRow("empty") << bodyReply({}, "video/mp2t"_ba) << itself;
-    QTest::newRow("garbage") << garbage() << itself;
-    QTest::newRow("never answers") << neverAnswers() << itself;
-    QTest::newRow("stalls") << stalling(liveTs(), 300000) << itself;
-    QTest::newRow("is cut short") << cutShort(liveTs(), 300000) << itself;
-    QTest::newRow("short, all at once") << HttpReply::file(streamPath(u"short.ts"_s)) << itself;
-    QTest::newRow("HLS segments never answer") << segments("/never.ts"_ba) << u"/never.ts"_s;
-    QTest::newRow("HLS segments trickle") << segments("/trickle.ts"_ba) << u"/trickle.ts"_s;
-    QTest::newRow("HLS segments are missing") << segments("/missing.ts"_ba) << u"/missing.ts"_s;
-    QTest::newRow("HLS list of lists that never answer")
-        << hls("#EXT-X-STREAM-INF:BANDWIDTH=500000\n/never.ts\n"_ba) << u"/never.ts"_s;
+    row("HLS list of lists that never answer",
+        hls("#EXT-X-STREAM-INF:BANDWIDTH=500000\n/never.ts\n"_ba), u"/never.ts"_s);
 }
 
 void tst_VlcResponsive::staysResponsive()
 {
     QFETCH(const HttpReply, reply);
     QFETCH(const QString, lastRequest);
-    const QString path = u"/stream"_s;
-    server.on(path, reply);
-    const QString awaited = lastRequest.isEmpty() ? path : lastRequest;
+    server.on(u"/stream"_s, reply);
     VlcPlayer &player = probe->player;
     const auto start = [&] {
-        const int before = server.requestCount(awaited);
-        player.play(server.url(path), true);
-        return QTest::qWaitFor([&] { return server.requestCount(awaited) > before; }, openMs);
+        const int before = server.requestCount(lastRequest);
+        player.play(server.url(u"/stream"_s), true);
+        return QTest::qWaitFor([&] { return server.requestCount(lastRequest) > before; }, openMs);
     };
 
     heart.reset();
     // Stopped at once, and after its request; replaced by itself; left alone for a while; replaced
     // by a stream that plays.
-    player.play(server.url(path), true);
+    player.play(server.url(u"/stream"_s), true);
     player.stop();
     QVERIFY(start());
     player.stop();
     QVERIFY(start());
     QVERIFY(start());
     QVERIFY(heart.runFor(100));
-    player.play(server.url(path), true);
+    player.play(server.url(u"/stream"_s), true);
     QVERIFY(healthyStreamPlays());
     QVERIFY2(heart.longestGap() <= jitterMs + allowanceMs,
              qPrintable(u"%1 ms"_s.arg(heart.longestGap())));
 
-    server.dropConnections(awaited);
+    server.dropConnections(lastRequest);
 }
 
 VANTIRO_TEST_MAIN(tst_VlcResponsive)

@@ -1,16 +1,12 @@
 #include "PanelFixture.h"
 
 #include "fakeprovider/Streams.h"
-
 #include "support/HttpReplies.h"
 
 #include <QBoxLayout>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QTest>
 #include <QWindow>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -55,6 +51,13 @@ void PanelFixture::playSound(qint32 kind)
     QTRY_VERIFY(player.lengthMs() > 9000);
 }
 
+void PanelFixture::playSoundFromItsMiddle(qint32 kind)
+{
+    playSound(kind);
+    player.seek(5000);
+    QTRY_VERIFY(player.timeMs() > 4000);
+}
+
 bool PanelFixture::playsOnFrom(qint64 ms) const
 {
     constexpr qint64 mostMs = 4000;
@@ -73,7 +76,7 @@ QPushButton &PanelFixture::button(const QString &text) const
     qFatal("PanelFixture: no button \"%s\"", qUtf8Printable(text));
 }
 
-QStringList PanelFixture::shownRows() const
+QString PanelFixture::shownRows() const
 {
     QStringList shown;
     for (const QWidget *row : panel.rows()) {
@@ -81,7 +84,7 @@ QStringList PanelFixture::shownRows() const
             shown << row->objectName();
         }
     }
-    return shown;
+    return shown.join(u' ');
 }
 
 void PanelFixture::pressKey(Qt::Key key) const

@@ -47,6 +47,17 @@ private Q_SLOTS:
     void aRefillOfEqualLengthIsPainted();
 
 private:
+    /// Expects that page, with the view below its other widgets and no categories.
+    void expectResultsOn(int page) const
+    {
+        QCOMPARE(tab->tab.currentPage(), page);
+        const QBoxLayout &layout = tab->pageLayout(page);
+        QCOMPARE(widgetsIn(layout).last(), &tab->view);
+        QCOMPARE(layout.stretch(layout.count() - 1), 1);
+        QVERIFY(tab->view.isVisible());
+        QVERIFY(!tab->categories.isVisible());
+    }
+
     std::unique_ptr<Tab> tab;
 };
 
@@ -54,17 +65,15 @@ void tst_BrowseTab::initTestCase_data()
 {
     QTest::addColumn<CatalogSection>("section");
     QTest::addColumn<QStringList>("texts");
+    const auto row = [](CatalogSection section, const QStringList &texts) {
+        QTest::newRow(qPrintable(texts.constFirst())) << section << texts;
+    };
     const QString channels = u"Search all channels..."_s;
-    QTest::newRow("Live TV") << CatalogSection::Live
-                             << QStringList{u"Live TV"_s, channels, u"Channels"_s, u"account"_s};
-    QTest::newRow("Movies") << CatalogSection::Movie
-                            << QStringList{u"Movies"_s, u"Search all movies..."_s, u"Movies"_s,
-                                           u"account"_s};
-    QTest::newRow("TV Shows") << CatalogSection::Series
-                              << QStringList{u"TV Shows"_s, u"Search all shows..."_s, u"Shows"_s,
-                                             u"account"_s};
-    QTest::newRow("Channels") << CatalogSection::Channel
-                              << QStringList{u"Channels"_s, channels, u"Channels"_s, u"playlist"_s};
+    row(CatalogSection::Live, {u"Live TV"_s, channels, u"Channels"_s, u"account"_s});
+    row(CatalogSection::Movie, {u"Movies"_s, u"Search all movies..."_s, u"Movies"_s, u"account"_s});
+    row(CatalogSection::Series,
+        {u"TV Shows"_s, u"Search all shows..."_s, u"Shows"_s, u"account"_s});
+    row(CatalogSection::Channel, {u"Channels"_s, channels, u"Channels"_s, u"playlist"_s});
 }
 
 void tst_BrowseTab::init()
@@ -190,17 +199,11 @@ void tst_BrowseTab::searchingAllShowsTheResultsInPlaceOfTheCategories()
     tab->openCategory(2);
     tab->tab.showPage(BrowsePage::Categories);
     QVERIFY(tab->view.isHidden());
-    const QBoxLayout &layout = tab->pageLayout(0);
-    QWidget &label = *layout.itemAt(1)->widget();
+    QWidget &label = *tab->pageLayout(0).itemAt(1)->widget();
     for (const QString &query : {u"\"100%1\""_s, u"n"_s, u"news"_s}) {
         tab->allSearch.setText(query);
-        QCOMPARE(tab->tab.currentPage(), BrowsePage::Categories);
         QVERIFY(label.isHidden());
-        QVERIFY(tab->categories.isHidden());
-        QVERIFY(tab->view.isVisible());
-        QCOMPARE(layout.count(), 4);
-        QCOMPARE(layout.itemAt(3)->widget(), &tab->view);
-        QCOMPARE(layout.stretch(3), 1);
+        expectResultsOn(BrowsePage::Categories);
         QCOMPARE(tab->title.text(), u"Search: \""_s + query + u'"');
         QCOMPARE(tab->search.text(), query);
     }
@@ -218,28 +221,22 @@ void tst_BrowseTab::searchingAllShowsTheResultsInPlaceOfTheCategories()
 void tst_BrowseTab::theViewMovesToThePageThatShows()
 {
     tab->tab.addPage(new QWidget);
-    const auto expectResultsOn = [this](int page) {
-        tab->tab.showPage(page);
-        QCOMPARE(widgetsIn(tab->pageLayout(page)).last(), &tab->view);
-        QCOMPARE(tab->pageLayout(page).stretch(tab->pageLayout(page).count() - 1), 1);
-        QVERIFY(tab->view.isVisible());
-        QVERIFY(!tab->categories.isVisible());
-    };
     // The field is cleared while each of the pages shows, the added one among them.
     for (const int page : {BrowsePage::Categories, BrowsePage::Items, BrowsePage::Episodes}) {
         tab->allSearch.setText(u"news"_s);
         tab->tab.showPage(BrowsePage::Episodes);
         QVERIFY(!tab->view.isVisible());
-        expectResultsOn(BrowsePage::Items);
-        expectResultsOn(BrowsePage::Categories);
-        QCOMPARE(tab->names(), found);
+        for (const int other : {BrowsePage::Items, BrowsePage::Categories}) {
+            tab->tab.showPage(other);
+            expectResultsOn(other);
+        }
         tab->tab.showPage(page);
         tab->allSearch.clear();
         tab->tab.showPage(BrowsePage::Categories);
         QVERIFY(tab->categories.isVisible());
         QVERIFY(!tab->view.isVisible());
+        tab->tab.showPage(BrowsePage::Items);
         expectResultsOn(BrowsePage::Items);
-        tab->tab.showPage(BrowsePage::Categories);
     }
 }
 
@@ -327,10 +324,10 @@ void tst_BrowseTab::aRefillOfEqualLengthIsPainted()
     /// Counts the paint events of what it filters.
     struct PaintCounter final : QObject
     {
-        bool eventFilter(QObject *watched, QEvent *event) override
+        bool eventFilter(QObject * /*watched*/, QEvent *event) override
         {
             count += event->type() == QEvent::Paint ? 1 : 0;
-            return QObject::eventFilter(watched, event);
+            return false;
         }
         int count = 0;
     };

@@ -59,43 +59,25 @@ class tst_PosterImage : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cachePath_data();
     void cachePath();
     void placeholder();
-    void posterUrl_data();
     void posterUrl();
     void dataUrl_data();
     void dataUrl();
     void dataUrlsAreLimited();
-    void decodesRasterPictures_data();
-    void decodesRasterPictures();
-    void refuses_data();
-    void refuses();
+    void decodesRasterPicturesOnly_data();
+    void decodesRasterPicturesOnly();
     void paintsWhatTheOriginalPaints_data();
     void paintsWhatTheOriginalPaints();
 };
 
-void tst_PosterImage::cachePath_data()
-{
-    QTest::addColumn<QString>("url");
-    QTest::addColumn<QString>("digest");
-    QTest::newRow("with letters beyond ASCII")
-        << u"http://a/Überraschung/東京.png"_s
-        << u"db8ecff635c4d5e73cf34e5b714904fbe4d931f12a8c2f078002508e3a07c10e"_s;
-    QTest::newRow("with a query")
-        << u"http://a/b.png?w=140&h=210"_s
-        << u"642de56e3f0618930d62baf6655f030cc6df1baf37a3d37ddb3ab39dbda0ea00"_s;
-    QTest::newRow("very long")
-        << u"http://a/"_s + QString(3000, u'x')
-        << u"91dbea7406420978525657b2666d88e170443af65acbf22560f77b410ccaed13"_s;
-}
-
 void tst_PosterImage::cachePath()
 {
-    QFETCH(QString, url);
-    QFETCH(QString, digest);
-    QCOMPARE(posterCachePath(url),
-             PrivateProfile::current().appDataDir() + u"/thumb_cache/"_s + digest + u".img"_s);
+    const QString folder = PrivateProfile::current().appDataDir() + u"/thumb_cache/"_s;
+    QCOMPARE(posterCachePath(u"http://a/Überraschung/東京.png"_s),
+             folder + u"db8ecff635c4d5e73cf34e5b714904fbe4d931f12a8c2f078002508e3a07c10e.img"_s);
+    QCOMPARE(posterCachePath(u"http://a/b.png?w=140&h=210"_s),
+             folder + u"642de56e3f0618930d62baf6655f030cc6df1baf37a3d37ddb3ab39dbda0ea00.img"_s);
 }
 
 void tst_PosterImage::placeholder()
@@ -107,23 +89,15 @@ void tst_PosterImage::placeholder()
     QCOMPARE(image, expected);
 }
 
-void tst_PosterImage::posterUrl_data()
-{
-    QTest::addColumn<bool>("allowed");
-    for (const char *url : {"http://a/b.png", "https://a/b.png", "HTTP://a/b.png"}) {
-        QTest::newRow(url) << true;
-    }
-    for (const char *url : {"file:///etc/passwd", "FILE:///etc/passwd", "/etc/passwd",
-                            "ftp://a/b.png", "data:image/png;base64,AAAA", "qrc:/a.png",
-                            "httpx://a/b.png", "//a/b.png", "b.png", ""}) {
-        QTest::newRow(url) << false;
-    }
-}
-
 void tst_PosterImage::posterUrl()
 {
-    QFETCH(bool, allowed);
-    QCOMPARE(isPosterUrl(QUrl(QString::fromLatin1(QTest::currentDataTag()))), allowed);
+    for (const QString &url : {u"http://a/b.png"_s, u"https://a/b.png"_s, u"HTTP://a/b.png"_s}) {
+        QVERIFY2(isPosterUrl(QUrl(url)), qPrintable(url));
+    }
+    for (const QString &url : {u"FILE:///etc/passwd"_s, u"/etc/passwd"_s, u"ftp://a/b.png"_s,
+                               u"qrc:/a.png"_s, u"httpx://a/b.png"_s, u"//a/b.png"_s, u""_s}) {
+        QVERIFY2(!isPosterUrl(QUrl(url)), qPrintable(url));
+    }
 }
 
 void tst_PosterImage::dataUrl_data()
@@ -166,10 +140,10 @@ void tst_PosterImage::dataUrlsAreLimited()
                 .isEmpty());
 }
 
-void tst_PosterImage::decodesRasterPictures_data()
+void tst_PosterImage::decodesRasterPicturesOnly_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QSize>("size"); ///< empty: refused
     const QSize size(20, 30);
     for (const char *format : {"png", "jpg", "bmp", "ppm", "xpm"}) {
         QTest::newRow(format) << blank(size, format, QImage::Format_RGB32) << size;
@@ -181,61 +155,41 @@ void tst_PosterImage::decodesRasterPictures_data()
     }
     QTest::newRow("with bytes behind it") << blank(size) + "trailing"_ba << size;
     QTest::newRow("sixteen million pixels") << blank({4000, 4000}) << QSize(4000, 4000);
-}
-
-void tst_PosterImage::decodesRasterPictures()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QSize, size);
-    QVERIFY(!bytes.isEmpty());
-    QCOMPARE(decodePoster(bytes).size(), size);
-}
-
-void tst_PosterImage::refuses_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("more than sixteen million pixels") << blank({4000, 4001}) << QSize(0, 0);
     const QByteArray png = blank({200, 300});
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("text") << "<!DOCTYPE html><html></html>"_ba;
-    QTest::newRow("zeros") << QByteArray(10000, '\0');
-    QTest::newRow("half a PNG") << png.first(png.size() / 2);
-    QTest::newRow("the head of a PNG") << png.first(33);
-    QTest::newRow("more than sixteen million pixels") << blank({4000, 4001});
-    QTest::newRow("very wide") << blank({32000, 600});
-    QTest::newRow("SVG")
-        << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"></svg>"_ba;
-    QTest::newRow("SVG with an XML head")
-        << "<?xml version=\"1.0\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" "
-           "height=\"9\"><image href=\"file:///etc/passwd\"/></svg>"_ba;
-    QTest::newRow("PDF") << "%PDF-1.4\n1 0 obj<</Type/Catalog>>endobj\n"_ba;
+    QTest::newRow("half a PNG") << png.first(png.size() / 2) << QSize(0, 0);
+    QTest::newRow("nothing") << QByteArray() << QSize(0, 0);
+    QTest::newRow("text") << "<!DOCTYPE html><html></html>"_ba << QSize(0, 0);
+    QTest::newRow("PDF") << "%PDF-1.4\n1 0 obj<</Type/Catalog>>endobj\n"_ba << QSize(0, 0);
+    QTest::newRow("SVG") << "<?xml version=\"1.0\"?>\n"
+                            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\">"
+                            "<image href=\"file:///etc/passwd\"/></svg>"_ba
+                         << QSize(0, 0);
 }
 
-void tst_PosterImage::refuses()
+void tst_PosterImage::decodesRasterPicturesOnly()
 {
     QFETCH(QByteArray, bytes);
-    QVERIFY(decodePoster(bytes).isNull());
+    QTEST(decodePoster(bytes).size(), "size");
 }
 
 void tst_PosterImage::paintsWhatTheOriginalPaints_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    const auto row = [](const QSize &size, QImage::Format format, const char *formatName) {
-        QTest::addRow("%dx%d %s", size.width(), size.height(), formatName)
+    const auto row = [](const char *name, const QSize &size, QImage::Format format) {
+        QTest::addRow("%dx%d %s", size.width(), size.height(), name)
             << encoded(noise(size, format));
     };
     // Among them ratios that the painter rounds twice, and pictures that need no reduction.
-    for (const QSize &size :
-         {QSize(600, 900), QSize(1000, 1426), QSize(185, 278), QSize(500, 301), QSize(141, 210),
-          QSize(140, 210), QSize(200, 300), QSize(2, 3), QSize(2000, 20), QSize(20, 2000)}) {
-        row(size, QImage::Format_RGB32, "opaque");
+    for (const QSize &size : {QSize(600, 900), QSize(1000, 1426), QSize(500, 301), QSize(141, 210),
+                              QSize(140, 210), QSize(2, 3), QSize(2000, 20), QSize(20, 2000)}) {
+        row("opaque", size, QImage::Format_RGB32);
     }
-    row({600, 850}, QImage::Format_ARGB32, "translucent");
-    row({600, 850}, QImage::Format_Grayscale8, "grey");
-    row({600, 850}, QImage::Format_Indexed8, "indexed");
-    row({600, 850}, QImage::Format_Mono, "mono");
-    const QImage opaque = noise({600, 850}, QImage::Format_RGB32);
-    QTest::newRow("opaque with an alpha channel")
-        << encoded(opaque.convertToFormat(QImage::Format_ARGB32));
+    const QSize size(600, 850);
+    row("translucent", size, QImage::Format_ARGB32);
+    row("grey", size, QImage::Format_Grayscale8);
+    row("indexed", size, QImage::Format_Indexed8);
+    row("mono", size, QImage::Format_Mono);
 }
 
 void tst_PosterImage::paintsWhatTheOriginalPaints()

@@ -5,11 +5,9 @@
 #include "ui/PosterImage.h"
 #include "ui/PosterStore.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QImage>
 #include <QNetworkAccessManager>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -24,17 +22,6 @@ namespace {
 
 /// The bytes in memory of a poster that fills its place.
 constexpr qint64 wholePosterBytes = 140LL * 210 * 4;
-
-/// A small file that unpacks to a picture of a hundred million pixels.
-QByteArray pngBomb()
-{
-    QImage image(10000, 10000, QImage::Format_Mono);
-    image.fill(0);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
 
 QStringList firstArguments(const QSignalSpy &spy)
 {
@@ -54,20 +41,15 @@ class tst_PosterStore : public QObject
 private Q_SLOTS:
     void init();
     void comesFromTheNetworkThenDiskAndMemory();
-    void eachRequestIsSent();
     void aCorruptFileIsDownloadedAgain();
-    void theFileHoldsTheBytesAsTheyCame();
     void redirectsAreFollowed();
     void aRedirectLeadsToNoLocalFile();
     void dataUrlsNeedNoRequest();
-    void contentType_data();
-    void contentType();
     void badReply_data();
     void badReply();
     void badUrl_data();
     void badUrl();
     void aSilentServerIsGivenUp();
-    void requestsBehindASilentServerAreAbandoned();
     void memoryIsBoundedByBytes();
     void whatIsUsedStaysInMemory();
     void fewReadsWaitAtATime();
@@ -103,8 +85,7 @@ QColor tst_PosterStore::load(const QString &url)
     if (!store->request(url) || !settle(*store)) {
         return Qt::black;
     }
-    const QIcon poster = store->find(url);
-    return poster.isNull() ? QColor() : colorOf(poster);
+    return colorOf(store->find(url));
 }
 
 void tst_PosterStore::checkIsRefused(const QString &url)
@@ -143,20 +124,6 @@ void tst_PosterStore::comesFromTheNetworkThenDiskAndMemory()
     QCOMPARE(server->requestCount(), 1);
 }
 
-void tst_PosterStore::eachRequestIsSent()
-{
-    const QString url = server->poster(0);
-    server->on(PosterServer::pathOf(0), held(imageReply(pngOf(blue))));
-    const QSignalSpy ready(store.get(), &PosterStore::posterReady);
-    QVERIFY(store->request(url));
-    QVERIFY(store->request(url));
-    QTRY_COMPARE(server->requestCount(), 2);
-    server->release(PosterServer::pathOf(0));
-    QVERIFY(settle(*store));
-    QCOMPARE(firstArguments(ready), (QStringList{url, url}));
-    QCOMPARE(colorOf(store->find(url)), blue);
-}
-
 void tst_PosterStore::aCorruptFileIsDownloadedAgain()
 {
     const QString url = server->poster(0);
@@ -164,33 +131,22 @@ void tst_PosterStore::aCorruptFileIsDownloadedAgain()
     QCOMPARE(load(url), red);
     QCOMPARE(readFile(posterCachePath(url)), pngOf(red));
 
-    writeFile(posterCachePath(server->poster(1)), pngBomb());
-    QCOMPARE(load(server->poster(1)), red);
-
     // A folder stands where the file should be: the poster shows and is not kept.
     QVERIFY(QDir().mkpath(posterCachePath(server->poster(2))));
     QCOMPARE(load(server->poster(2)), red);
-    QCOMPARE(server->requested(), (QList<int>{0, 1, 2}));
-}
-
-void tst_PosterStore::theFileHoldsTheBytesAsTheyCame()
-{
-    // What follows the end of a picture is no part of it, but of the bytes.
-    const QByteArray body = pngOf(blue) + "\0trailing\r\n"_ba;
-    server->on(u"/Plakat für alle.png"_s, imageReply(body));
-    const QString url = server->url(u"/Plakat für alle.png"_s);
-    QCOMPARE(load(url), blue);
-    QCOMPARE(readFile(posterCachePath(url)), body);
-    QCOMPARE(QFileInfo(posterCachePath(url)).dir().entryList(QDir::Files).size(), 1);
+    QCOMPARE(server->requested(), (QList<int>{0, 2}));
 }
 
 void tst_PosterStore::redirectsAreFollowed()
 {
-    server->on(u"/moved.png"_s, HttpReply::redirect(server->poster(5)));
-    const QString url = server->url(u"/moved.png"_s);
-    QCOMPARE(load(url), red);
-    QCOMPARE(readFile(posterCachePath(url)), pngOf(red));
-    QVERIFY(!QFile::exists(posterCachePath(server->poster(5))));
+    // What follows the end of a picture is no part of it, but of the bytes.
+    const QByteArray body = pngOf(blue) + "\0trailing\r\n"_ba;
+    server->on(PosterServer::pathOf(5), bodyReply(body, "IMAGE/PNG; charset=utf-8"_ba));
+    server->on(u"/Plakat für alle.png"_s, HttpReply::redirect(server->poster(5)));
+    const QString url = server->url(u"/Plakat für alle.png"_s);
+    QCOMPARE(load(url), blue);
+    QCOMPARE(readFile(posterCachePath(url)), body);
+    QCOMPARE(QFileInfo(posterCachePath(url)).dir().entryList(QDir::Files).size(), 1);
 }
 
 void tst_PosterStore::aRedirectLeadsToNoLocalFile()
@@ -221,36 +177,13 @@ void tst_PosterStore::dataUrlsNeedNoRequest()
     QVERIFY(!QFile::exists(posterCachePath(url)));
 }
 
-void tst_PosterStore::contentType_data()
-{
-    QTest::addColumn<bool>("accepted");
-    for (const char *type :
-         {"image/png", "image/jpeg", "IMAGE/PNG", "image/png; charset=utf-8", ""}) {
-        QTest::newRow(type) << true;
-    }
-    for (const char *type : {"text/html", "application/octet-stream", "image"}) {
-        QTest::newRow(type) << false;
-    }
-}
-
-void tst_PosterStore::contentType()
-{
-    QFETCH(bool, accepted);
-    const QString url = server->poster(0);
-    server->on(PosterServer::pathOf(0), bodyReply(pngOf(blue), QTest::currentDataTag()));
-    QCOMPARE(load(url), accepted ? blue : QColor());
-    QCOMPARE(QFile::exists(posterCachePath(url)), accepted);
-    QCOMPARE(server->requestCount(), 1);
-}
-
 void tst_PosterStore::badReply_data()
 {
     QTest::addColumn<HttpReply>("reply");
     QTest::newRow("no picture") << imageReply("<!DOCTYPE html><html></html>"_ba);
-    QTest::newRow("no bytes at all") << imageReply({});
-    QTest::newRow("a picture of a hundred million pixels") << imageReply(pngBomb());
+    QTest::newRow("a picture that says it is text") << bodyReply(pngOf(red), "text/html"_ba);
+    QTest::newRow("a picture of no known type") << bodyReply(pngOf(red), "image"_ba);
     QTest::newRow("a picture with status 404") << statusReply(404, pngOf(red));
-    QTest::newRow("a picture with status 500") << statusReply(500, pngOf(red));
     QTest::newRow("a connection that breaks") << cutShort(imageReply(pngOf(red)), 40);
     HttpReply zeros = imageReply(QByteArray(64 * 1024 * 1024, '\0'));
     zeros.gzip = true;
@@ -277,15 +210,11 @@ void tst_PosterStore::badReply()
 void tst_PosterStore::badUrl_data()
 {
     QTest::addColumn<QString>("url");
-    for (const char *url :
-         {"", "not a URL", "//127.0.0.1/0.png", "http://127.0.0.1:99999/0.png", "http:///0.png",
-          "ftp://127.0.0.1/0.png", "qrc:/qt-project.org/styles/commonstyle/images/up-32.png",
-          "data:image/png;base64,AAAA"}) {
+    for (const char *url : {"", "not a URL", "http://127.0.0.1:99999/0.png",
+                            "qrc:/qt-project.org/styles/commonstyle/images/up-32.png"}) {
         QTest::newRow(url) << QString::fromLatin1(url);
     }
     QTest::newRow("data that says it is no picture") << dataUrlOf(pngOf(green), u"text/plain"_s);
-    QTest::newRow("data with a hundred million pixels") << dataUrlOf(pngBomb());
-    QTest::newRow("a very long one") << u"poster:"_s + QString(100000, u'x');
     HttpServer gone;
     QTest::newRow("a server that is gone") << gone.url(u"/poster.png"_s);
     gone.refuse();
@@ -309,26 +238,6 @@ void tst_PosterStore::aSilentServerIsGivenUp()
     checkIsRefused(server->poster(2));
     QVERIFY(store->find(server->poster(1)).isNull());
     QCOMPARE(abandoned.count(), 0);
-}
-
-void tst_PosterStore::requestsBehindASilentServerAreAbandoned()
-{
-    // As many as a network access manager sends to one server at once.
-    constexpr int silentPosters = 6;
-    for (int number = 0; number < silentPosters; ++number) {
-        server->on(PosterServer::pathOf(number), neverAnswers());
-    }
-    const QSignalSpy abandoned(store.get(), &PosterStore::requestAbandoned);
-    const QStringList urls = server->posters(silentPosters + 2);
-    for (const QString &url : urls) {
-        // The requests that wait time out while the silent ones still hold all connections.
-        const bool waits = url == urls.at(silentPosters);
-        networkOf(*store).setTransferTimeout(waits ? 500 : 10000);
-        QVERIFY(store->request(url));
-    }
-    QTRY_COMPARE(firstArguments(abandoned), QStringList{urls.at(silentPosters)});
-    QCOMPARE(server->peakConnections(), silentPosters);
-    QCOMPARE(server->requestCount(), silentPosters);
 }
 
 void tst_PosterStore::memoryIsBoundedByBytes()
@@ -396,20 +305,20 @@ void tst_PosterStore::fewReadsWaitAtATime()
 
 void tst_PosterStore::bodiesThatWaitAreBounded()
 {
-    // Six at once, each with more bytes behind its picture than the next may wait with.
+    // Six at once, each with more bytes behind its picture than the next may wait with. A server
+    // need not name their type.
     const QByteArray body = pngOf(blue, {3000, 4500}) + QByteArray(19'000'000, 'x');
-    server->onPrefix(u"/heavy/"_s, [body](const HttpRequest &) { return held(imageReply(body)); });
-    QStringList urls;
-    for (int number = 0; number < 6; ++number) {
-        urls << server->url(u"/heavy/%1"_s.arg(number));
-        QVERIFY(store->request(urls.last()));
+    const QStringList urls = server->posters(6);
+    for (int number = 0; number < urls.size(); ++number) {
+        server->on(PosterServer::pathOf(number), held(bodyReply(body, {})));
+        QVERIFY(store->request(urls.at(number)));
     }
-    QTRY_COMPARE(server->requestCount(), 6);
-    for (int number = 0; number < 6; ++number) {
-        server->release(u"/heavy/%1"_s.arg(number));
+    QTRY_COMPARE(server->requestCount(), urls.size());
+    for (int number = 0; number < urls.size(); ++number) {
+        server->release(PosterServer::pathOf(number));
     }
     QVERIFY(settle(*store));
-    for (const QString &url : std::as_const(urls)) {
+    for (const QString &url : urls) {
         QCOMPARE(colorOf(store->find(url)), blue);
     }
 }
