@@ -9,14 +9,10 @@
 
 namespace {
 
-bool isControl(QAccessible::Role role)
-{
-    static const QSet<int> roles = {
-        QAccessible::PushButton, QAccessible::EditableText, QAccessible::ComboBox,
-        QAccessible::CheckBox,   QAccessible::Slider,       QAccessible::List,
-        QAccessible::Table,      QAccessible::Tree,         QAccessible::PageTab};
-    return roles.contains(role);
-}
+const QSet<int> controlRoles{
+    QAccessible::PushButton, QAccessible::EditableText, QAccessible::ComboBox,
+    QAccessible::CheckBox,   QAccessible::Slider,       QAccessible::List,
+    QAccessible::Table,      QAccessible::Tree,         QAccessible::PageTab};
 
 /// What a screen reader says: the name, or the text of the label that belongs to the control.
 QString spokenName(QAccessibleInterface &control)
@@ -44,7 +40,7 @@ void findNameless(QAccessibleInterface *parent, QStringList &nameless, int &cont
             child->role() == QAccessible::ScrollBar) {
             continue;
         }
-        if (isControl(child->role())) {
+        if (controlRoles.contains(child->role())) {
             ++controls;
             if (spokenName(*child).isEmpty()) {
                 nameless << (child->object() != nullptr ? described(*child->object())

@@ -10,17 +10,16 @@ class tst_LoadingOverlay : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void look();
+    void lookAndSize();
     void showsWhileStepsAreOutstanding_data();
     void showsWhileStepsAreOutstanding();
-    void takesTheSizeWhenALoadBegins();
 };
 
-void tst_LoadingOverlay::look()
+void tst_LoadingOverlay::lookAndSize()
 {
     QWidget covered;
     covered.resize(300, 200);
-    const LoadingOverlay overlay(&covered);
+    LoadingOverlay overlay(&covered);
     QCOMPARE(overlay.parentWidget(), &covered);
     QCOMPARE(overlay.geometry(), covered.rect());
     QVERIFY(overlay.isHidden());
@@ -32,6 +31,19 @@ void tst_LoadingOverlay::look()
     QCOMPARE(label->text(), u"Loading..."_s);
     QCOMPARE(label->alignment(), Qt::AlignHCenter | Qt::AlignVCenter);
     QCOMPARE(label->styleSheet(), u"color: white; font-size: 14pt;"_s);
+
+    // It takes the size when a load begins.
+    auto *sibling = new QWidget(&covered);
+    overlay.beginCatalogFetch(1);
+    QCOMPARE(covered.children().last(), &overlay); // raised above its siblings
+    QCOMPARE(covered.children().first(), sibling);
+    covered.resize(600, 400);
+    QCOMPARE(overlay.geometry(), QRect(0, 0, 300, 200));
+    overlay.beginCatalogFetch(1);
+    QCOMPARE(overlay.geometry(), QRect(0, 0, 600, 400));
+    covered.resize(500, 300);
+    overlay.fit();
+    QCOMPARE(overlay.geometry(), QRect(0, 0, 500, 300));
 }
 
 void tst_LoadingOverlay::showsWhileStepsAreOutstanding_data()
@@ -57,24 +69,6 @@ void tst_LoadingOverlay::showsWhileStepsAreOutstanding()
         seen << !overlay.isHidden();
     }
     QTEST(seen, "shown");
-}
-
-void tst_LoadingOverlay::takesTheSizeWhenALoadBegins()
-{
-    QWidget covered;
-    covered.resize(300, 200);
-    LoadingOverlay overlay(&covered);
-    auto *sibling = new QWidget(&covered);
-    overlay.beginCatalogFetch(1);
-    QCOMPARE(covered.children().last(), &overlay); // raised above its siblings
-    QCOMPARE(covered.children().first(), sibling);
-    covered.resize(600, 400);
-    QCOMPARE(overlay.geometry(), QRect(0, 0, 300, 200));
-    overlay.beginCatalogFetch(1);
-    QCOMPARE(overlay.geometry(), QRect(0, 0, 600, 400));
-    covered.resize(500, 300);
-    overlay.fit();
-    QCOMPARE(overlay.geometry(), QRect(0, 0, 500, 300));
 }
 
 VANTIRO_TEST_MAIN(tst_LoadingOverlay)
