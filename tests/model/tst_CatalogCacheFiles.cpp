@@ -102,7 +102,6 @@ private Q_SLOTS:
 
     void age_data();
     void age();
-    void malformedSavedAt_data();
     void malformedSavedAt();
 
     void unusablePath_data();
@@ -311,15 +310,18 @@ void tst_CatalogCacheFiles::age_data()
     QTest::addColumn<qint64>("age");
     QTest::addColumn<qint64>("maxAge");
     QTest::addColumn<bool>("fresh");
-    QTest::newRow("one second less than a day") << day - 1 << day << true;
-    QTest::newRow("exactly a day") << day << day << false;
-    QTest::newRow("in the future") << qint64(-5000) << day << true;
-    QTest::newRow("limit 0, now") << qint64(0) << qint64(0) << false;
-    QTest::newRow("limit -10, 10 s ahead") << qint64(-10) << qint64(-10) << false;
-    QTest::newRow("limit -10, 11 s ahead") << qint64(-11) << qint64(-10) << true;
     using Limits = std::numeric_limits<qint64>;
-    QTest::newRow("largest limit") << qint64(1'000'000) << Limits::max() << true;
-    QTest::newRow("smallest limit") << qint64(0) << Limits::min() << false;
+    const auto row = [](const char *name, qint64 age, qint64 maxAge, bool fresh) {
+        QTest::newRow(name) << age << maxAge << fresh;
+    };
+    row("one second less than a day", day - 1, day, true);
+    row("exactly a day", day, day, false);
+    row("in the future", -5000, day, true);
+    row("limit 0, now", 0, 0, false);
+    row("limit -10, 10 s ahead", -10, -10, false);
+    row("limit -10, 11 s ahead", -11, -10, true);
+    row("largest limit", 1'000'000, Limits::max(), true);
+    row("smallest limit", 0, Limits::min(), false);
 }
 
 void tst_CatalogCacheFiles::age()
@@ -337,26 +339,18 @@ void tst_CatalogCacheFiles::age()
     QCOMPARE(loaded, fresh ? QList<Episode>{sampleEpisode()} : noEpisodes);
 }
 
-void tst_CatalogCacheFiles::malformedSavedAt_data()
-{
-    QTest::addColumn<QByteArray>("savedAt");
-    QTest::addColumn<bool>("fresh");
-    QTest::newRow("true is one second after the epoch") << "true"_ba << false;
-    QTest::newRow("null") << "null"_ba << false;
-    QTest::newRow("word") << R"("now")"_ba << false;
-    QTest::newRow("object") << "{}"_ba << false;
-    QTest::newRow("digits text") << R"("99999999999")"_ba << true;
-    QTest::newRow("exponent") << "1e12"_ba << true;
-    QTest::newRow("largest") << "9223372036854775807"_ba << true;
-    QTest::newRow("smallest") << "-9223372036854775808"_ba << false;
-}
-
 void tst_CatalogCacheFiles::malformedSavedAt()
 {
-    QFETCH(const QByteArray, savedAt);
-    QFETCH(const bool, fresh);
-    writeFile(cacheFile(), '{' + showSavedAt(savedAt) + '}');
-    QCOMPARE(loadedEpisodes(), fresh ? QList<Episode>{sampleEpisode()} : noEpisodes);
+    // "true" is one second after the epoch.
+    for (const QByteArray &old :
+         {"true"_ba, "null"_ba, R"("now")"_ba, "{}"_ba, "-9223372036854775808"_ba}) {
+        writeFile(cacheFile(), '{' + showSavedAt(old) + '}');
+        QCOMPARE(loadedEpisodes(), noEpisodes);
+    }
+    for (const QByteArray &future : {R"("99999999999")"_ba, "1e12"_ba, "9223372036854775807"_ba}) {
+        writeFile(cacheFile(), '{' + showSavedAt(future) + '}');
+        QCOMPARE(loadedEpisodes(), QList<Episode>{sampleEpisode()});
+    }
 }
 
 void tst_CatalogCacheFiles::unusablePath_data()

@@ -60,9 +60,8 @@ private Q_SLOTS:
     void relevanceOrder();
     void sorted_data();
     void sorted();
-    void tieBreakGetsOldIndicesAndScores();
+    void tieBreakDecidesAmongEqualScores();
     void namesWithoutTheQueryAreSortedLikeThoseAroundIt();
-    void keepsEveryField();
 };
 
 void tst_ItemFilter::matches_data()
@@ -76,20 +75,15 @@ void tst_ItemFilter::matches_data()
     };
     row("an empty query matches", u"News"_s, {}, true);
     row("a query does not match an empty name", {}, u"n"_s, false);
-    row("whatever the case", u"News"_s, u"nEWS"_s, true);
     row("the first and the last letter, whatever the case", u"Azaz"_s, u"ZA"_s, true);
     row("not when longer than the name", u"New"_s, u"News"_s, false);
     row("not trimmed in front", u"News"_s, u" News"_s, false);
-    row("a space is searched for", u"Sky News"_s, u" "_s, true);
     row("two words as typed", u"Sky News HD"_s, u"sky news"_s, true);
-    row("two words in the other order do not match", u"Sky News"_s, u"news sky"_s, false);
     row("a plus sign is itself", u"Canal+ Sport"_s, u"canal+"_s, true);
     row("a plus sign is no repetition", u"Canall"_s, u"canal+"_s, false);
-    row("a backslash is itself", u"a\\b"_s, u"\\B"_s, true);
     row("beyond ASCII, whatever the case", u"Über Österreich"_s, u"ÖSTER"_s, true);
     row("an accent is part of its letter", u"Café"_s, u"cafe"_s, false);
     row("sharp s is not two letters", u"Straße"_s, u"strasse"_s, false);
-    row("beyond the first plane", u"Fun 😀 TV"_s, u"😀 tv"_s, true);
     row("beyond the first plane, whatever the case", u"𐐀"_s, u"𐐨"_s, true);
 }
 
@@ -115,10 +109,8 @@ void tst_ItemFilter::category_data()
     };
     row("an empty id keeps every category", {}, {}, {u"One"_s, u"Two"_s, u"Three"_s, u"Four"_s});
     row("an id keeps its own", u"a"_s, {}, {u"One"_s, u"Three"_s});
-    row("ids differ by case", u"A"_s, {}, {u"Two"_s});
     row("an id is not a part of another", u"aa"_s, {}, {});
     row("an id and a query together", u"a"_s, u"t"_s, {u"Three"_s});
-    row("a query spans all categories with an empty id", {}, u"T"_s, {u"Two"_s, u"Three"_s});
 }
 
 void tst_ItemFilter::category()
@@ -150,8 +142,6 @@ void tst_ItemFilter::relevanceOrder_data()
     row("a digit and an underscore are inside a word", u"tv"_s,
         {u"1tv"_s, u"my_tv"_s, u"my tv"_s, u"my.tv"_s},
         {u"my tv"_s, u"my.tv"_s, u"1tv"_s, u"my_tv"_s});
-    row("any word counts, not only the first place", u"news"_s, {u"xnews"_s, u"xnews news"_s},
-        {u"xnews news"_s, u"xnews"_s});
     row("pattern characters are themselves at a word", u"a+ (b"_s,
         {u"xa+ (b)"_s, u"x a+ (b)"_s, u"A+ (B"_s}, {u"A+ (B"_s, u"x a+ (b)"_s, u"xa+ (b)"_s});
     row("a query that begins with a sign has no word start after a space", u"+1"_s,
@@ -159,7 +149,6 @@ void tst_ItemFilter::relevanceOrder_data()
     row("a letter beyond ASCII is no word character", u"bc"_s, {u"abc"_s, u"ébc"_s},
         {u"ébc"_s, u"abc"_s});
     row("without a query the order stays", {}, {u"b"_s, u"a"_s, u"C"_s}, {u"b"_s, u"a"_s, u"C"_s});
-    row("equal names stay in order", u"a"_s, {u"A"_s, u"a"_s, u"A"_s}, {u"A"_s, u"a"_s, u"A"_s});
 }
 
 void tst_ItemFilter::relevanceOrder()
@@ -174,32 +163,26 @@ void tst_ItemFilter::sorted_data()
 {
     QTest::addColumn<QString>("query");
     QTest::addColumn<QString>("sortKey");
-    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<QString>("expected"); // the ids
 
     const auto row = [](const char *title, const QString &query, const QString &key,
-                        const QStringList &expected) {
+                        const QString &expected) {
         QTest::newRow(title) << query << key << expected;
     };
     // Item: name, added, rating. See sorted() for the list.
-    row("by name, whatever the case, equal names in order", {}, u"name"_s,
-        {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
-    row("an unknown key sorts by name", {}, u"size"_s,
-        {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
-    row("a key in capitals is unknown", {}, u"ADDED"_s,
-        {u"4"_s, u"0"_s, u"3"_s, u"1"_s, u"2"_s, u"5"_s});
-    row("newest first, without a date last, equal dates in order", {}, u"added"_s,
-        {u"2"_s, u"4"_s, u"0"_s, u"5"_s, u"1"_s, u"3"_s});
+    row("by name, whatever the case, equal names in order", {}, u"name"_s, u"403125"_s);
+    row("an unknown key sorts by name", {}, u"ADDED"_s, u"403125"_s);
+    row("newest first, without a date last, equal dates in order", {}, u"added"_s, u"240513"_s);
     row("best rating first; none, infinite and not a number count as 0", {}, u"rating"_s,
-        {u"3"_s, u"5"_s, u"0"_s, u"1"_s, u"2"_s, u"4"_s});
-    row("the key orders within each relevance band", u"film"_s, u"added"_s,
-        {u"0"_s, u"3"_s, u"2"_s, u"4"_s, u"5"_s, u"1"_s});
+        u"350124"_s);
+    row("the key orders within each relevance band", u"film"_s, u"added"_s, u"032451"_s);
 }
 
 void tst_ItemFilter::sorted()
 {
     QFETCH(QString, query);
     QFETCH(QString, sortKey);
-    QFETCH(QStringList, expected);
+    QFETCH(QString, expected);
 
     const auto item = [](int id, const QString &name, qint64 added, double rating) {
         MediaItem result = named(name);
@@ -216,29 +199,26 @@ void tst_ItemFilter::sorted()
         items[5].name = u"the film 2"_s;
     }
     sortItems(items, query, sortKey);
-    QCOMPARE(ids(items), expected);
+    QCOMPARE(ids(items).join(QString()), expected);
 }
 
-void tst_ItemFilter::tieBreakGetsOldIndicesAndScores()
+void tst_ItemFilter::tieBreakDecidesAmongEqualScores()
 {
-    QList<MediaItem> items = namedAll({u"x news"_s, u"News"_s, u"Newsroom"_s, u"xnews"_s});
+    QList<MediaItem> items =
+        namedAll({u"x news"_s, u"News"_s, u"Newsroom"_s, u"xnews"_s, u"a news"_s, u"NEWS"_s});
     QList<int> seen;
-    QList<MediaItem> twins = items + items;
-    sortByRelevance(twins, u"news"_s, [&seen](int a, int b, const QList<int> &scores) {
+    sortByRelevance(items, u"news"_s, [&seen](int a, int b, const QList<int> &scores) {
         seen = scores;
         // The later of two equals first: only right with indices into the old list.
-        return a > b;
+        return scores.at(a) == scores.at(b) && a > b;
     });
-    QCOMPARE(seen, (QList<int>{2, 0, 1, 3, 2, 0, 1, 3}));
-
-    for (int index = 0; index < items.size(); ++index) {
-        items[index].id = QString::number(index);
-    }
-    QList<MediaItem> reversed = items;
-    sortByRelevance(reversed, {}, [](int a, int b, const QList<int> &scores) {
+    QCOMPARE(seen, (QList<int>{2, 0, 1, 3, 2, 0}));
+    QCOMPARE(names(items), (QStringList{u"NEWS"_s, u"News"_s, u"Newsroom"_s, u"a news"_s,
+                                        u"x news"_s, u"xnews"_s}));
+    sortByRelevance(items, {}, [](int a, int b, const QList<int> &scores) {
         return scores.at(a) == 0 && scores.at(b) == 0 && a > b;
     });
-    QCOMPARE(ids(reversed), (QStringList{u"3"_s, u"2"_s, u"1"_s, u"0"_s}));
+    QCOMPARE(items.first().name, u"xnews"_s);
 }
 
 void tst_ItemFilter::namesWithoutTheQueryAreSortedLikeThoseAroundIt()
@@ -247,21 +227,6 @@ void tst_ItemFilter::namesWithoutTheQueryAreSortedLikeThoseAroundIt()
     QList<MediaItem> items = namedAll({u"xnews"_s, u"film"_s, u"anews"_s});
     sortItems(items, u"news"_s, u"name"_s);
     QCOMPARE(names(items), (QStringList{u"anews"_s, u"film"_s, u"xnews"_s}));
-}
-
-void tst_ItemFilter::keepsEveryField()
-{
-    const MediaItem full{
-        1,   u"id"_s,   u"Film"_s, u"cat"_s, u"http://icon"_s, u"mkv"_s, u"http://stream"_s,
-        7.5, 1700000000};
-    QList<MediaItem> items = applyFilter({full}, u"cat"_s, u"fi"_s);
-    sortItems(items, u"fi"_s, u"rating"_s);
-    QCOMPARE(items, QList<MediaItem>{full});
-
-    QList<MediaItem> none;
-    sortItems(none, u"fi"_s, u"name"_s);
-    QVERIFY(none.isEmpty());
-    QVERIFY(applyFilter({}, u"cat"_s, u"fi"_s).isEmpty());
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_ItemFilter)

@@ -29,14 +29,11 @@ class tst_XtreamCatalog : public QObject
 private Q_SLOTS:
     void values_data();
     void values();
-    void roots_data();
-    void roots();
-    void elementsThatAreNoObjects();
+    void otherRoots();
     void wholeMovie();
     void wholeShow();
     void wholeEpisode();
     void seasonOrder();
-    void seasonKeys_data();
     void seasonKeys();
     void malformedEpisodeReplies_data();
     void malformedEpisodeReplies();
@@ -53,8 +50,7 @@ void tst_XtreamCatalog::values_data()
 
     const QString none;
     const QString zero = u"0"_s;
-    for (const QByteArray &value :
-         {""_ba, "null"_ba, "true"_ba, "false"_ba, R"({"a":1})"_ba, "[1]"_ba}) {
+    for (const QByteArray &value : {""_ba, "null"_ba, "true"_ba, R"({"a":1})"_ba}) {
         QTest::addRow("value \"%s\"", value.constData())
             << value << none << zero << 0 << 0.0 << qint64(0);
     }
@@ -63,11 +59,8 @@ void tst_XtreamCatalog::values_data()
         QTest::newRow(value.constData())
             << value << QString() << numberText << integer << real << integer64;
     };
-    number("123"_ba, u"123"_s, 123, 123.0, 123);
-    number("-5"_ba, u"-5"_s, -5, -5.0, -5);
     number("1.5e2"_ba, u"150"_s, 150, 150.0, 150);
     number("123.75"_ba, u"124"_s, 0, 123.75, 124);
-    number("2147483648"_ba, u"2147483648"_s, 0, 2147483648.0, 2147483648);
     number("9007199254740993"_ba, u"9007199254740993"_s, 0, 9007199254740992.0, 9007199254740993);
     const auto text = [](const QString &content, const QString &numberText, double real,
                          qint64 integer64) {
@@ -75,15 +68,10 @@ void tst_XtreamCatalog::values_data()
             << '"' + content.toUtf8() + '"' << content << numberText << 0 << real << integer64;
     };
     text(u"007"_s, u"7"_s, 7.0, 7);
-    text(u"-5"_s, u"-5"_s, -5.0, -5);
     text(u"9007199254740993"_s, u"9007199254740993"_s, 9007199254740992.0, 9007199254740993);
     text(u"9223372036854775808"_s, zero, 9223372036854775808.0, 0);
     text(u"7.5"_s, zero, 7.5, 0);
-    text(u"7,5"_s, zero, 0.0, 0);
     text(u"nan"_s, zero, 0.0, 0);
-    text(u"inf"_s, zero, 0.0, 0);
-    text(u"N/A"_s, zero, 0.0, 0);
-    text(u"\u00e9\U0001F600"_s, zero, 0.0, 0);
     text(u""_s, zero, 0.0, 0);
 }
 
@@ -119,39 +107,16 @@ void tst_XtreamCatalog::values()
              (QList<Episode>{{numberText, text, 3, integer, text, text}}));
 }
 
-void tst_XtreamCatalog::roots_data()
+void tst_XtreamCatalog::otherRoots()
 {
-    QTest::addColumn<QByteArray>("body");
-    QTest::newRow("null") << "null"_ba;
-    QTest::newRow("empty object") << "{}"_ba;
-    QTest::newRow("object of entries")
-        << R"({"0":{"stream_id":1,"series_id":1,"category_id":"1"}})"_ba;
-    QTest::newRow("account summary") << R"({"user_info":{"auth":0}})"_ba;
-}
-
-void tst_XtreamCatalog::roots()
-{
-    QFETCH(const QByteArray, body);
-    QVERIFY(parseCategories(body).isEmpty());
-    QVERIFY(parseLiveStreams(body).isEmpty());
-    QVERIFY(parseVodStreams(body).isEmpty());
-    QVERIFY(parseSeries(body).isEmpty());
-    QVERIFY(parseSeriesEpisodes(body).isEmpty());
-}
-
-void tst_XtreamCatalog::elementsThatAreNoObjects()
-{
-    const QByteArray body(R"([null,1,"x",true,[],[{"name":"n"}],{}])"_ba);
-    QCOMPARE(parseCategories(body), QList<Category>(7));
-    const auto expected = [](qint32 type) {
-        MediaItem item;
-        item.type = type;
-        item.id = u"0"_s;
-        return QList<MediaItem>(7, item);
-    };
-    QCOMPARE(parseLiveStreams(body), expected(0));
-    QCOMPARE(parseVodStreams(body), expected(1));
-    QCOMPARE(parseSeries(body), expected(2));
+    for (const QByteArray &body : {"null"_ba, R"({"user_info":{"auth":0}})"_ba,
+                                   R"({"0":{"stream_id":1,"series_id":1,"category_id":"1"}})"_ba}) {
+        QVERIFY(parseCategories(body).isEmpty());
+        QVERIFY(parseLiveStreams(body).isEmpty());
+        QVERIFY(parseVodStreams(body).isEmpty());
+        QVERIFY(parseSeries(body).isEmpty());
+        QVERIFY(parseSeriesEpisodes(body).isEmpty());
+    }
 }
 
 void tst_XtreamCatalog::wholeMovie()
@@ -200,25 +165,14 @@ void tst_XtreamCatalog::seasonOrder()
              (QStringList{u"1:11"_s, u"1:10"_s, u"1:11"_s, u"10:100"_s, u"2:21"_s, u"2:20"_s}));
 }
 
-void tst_XtreamCatalog::seasonKeys_data()
-{
-    QTest::addColumn<QByteArray>("key");
-    QTest::addColumn<qint32>("season");
-    QTest::newRow("number") << "12"_ba << 12;
-    QTest::newRow("zero") << "0"_ba << 0;
-    QTest::newRow("negative") << "-1"_ba << -1;
-    QTest::newRow("empty") << ""_ba << 0;
-    QTest::newRow("word") << "Specials"_ba << 0;
-    QTest::newRow("beyond 32 bits") << "4294967297"_ba << 0;
-}
-
 void tst_XtreamCatalog::seasonKeys()
 {
-    QFETCH(const QByteArray, key);
-    QFETCH(const qint32, season);
-    const QList<Episode> episodes =
-        parseSeriesEpisodes(QByteArray(R"({"episodes":{")" + key + R"(":[{"id":1,"season":7}]}})"));
-    QCOMPARE(episodes, (QList<Episode>{{u"1"_s, {}, season, 0, {}, {}}}));
+    const QMap<QByteArray, qint32> seasons{{"12", 12}, {"0", 0},        {"-1", -1},
+                                           {"", 0},    {"Specials", 0}, {"4294967297", 0}};
+    for (auto season = seasons.begin(); season != seasons.end(); ++season) {
+        const QByteArray body = R"({"episodes":{")" + season.key() + R"(":[{"id":1,"season":7}]}})";
+        QCOMPARE(parseSeriesEpisodes(body), (QList<Episode>{{u"1"_s, {}, *season, 0, {}, {}}}));
+    }
 }
 
 void tst_XtreamCatalog::malformedEpisodeReplies_data()

@@ -3,12 +3,10 @@
 #include "support/TestMain.h"
 
 #include <QJsonArray>
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QSslConfiguration>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -31,11 +29,11 @@ class tst_XtreamClient : public QObject
 private Q_SLOTS:
     void outcomes_data();
     void outcomes();
-    void malformedServerAddresses_data();
     void malformedServerAddresses();
     void redirects_data();
     void redirects();
     void failingRedirects();
+    void manyRequestsAtOnce();
     void tls_data();
     void tls();
 
@@ -44,9 +42,6 @@ private Q_SLOTS:
 
     void destroyedClientNeverCallsBack();
     void destroyedInItsOwnCallback();
-    void manyRequestsAtOnce();
-    void reconfiguringKeepsRequestsInFlight();
-    void repliesAreDeleted();
 };
 
 void tst_XtreamClient::outcomes_data()
@@ -56,28 +51,22 @@ void tst_XtreamClient::outcomes_data()
     const QByteArray body = R"({"a":[1,"x",null]})"_ba;
     QTest::newRow("object") << HttpReply::json(body) << body;
     QTest::newRow("array") << HttpReply::json("[]"_ba) << "[]"_ba;
-    QTest::newRow("any content type") << bodyReply(body) << body;
     QTest::newRow("another success status") << statusReply(203, body) << body;
     QTest::newRow("white space around") << bodyReply("\n " + body + "\r\n") << body;
     QTest::newRow("byte-order mark") << bodyReply("\xef\xbb\xbf" + body) << body;
     HttpReply reply = bodyReply(body);
     reply.gzip = true;
     QTest::newRow("gzip") << reply << body;
-    reply.chunked = true;
-    QTest::newRow("gzip in chunks") << reply << body;
     reply.gzip = false;
+    reply.chunked = true;
     QTest::newRow("chunks") << reply << body;
-    reply = bodyReply(body);
-    reply.delayMs = 50;
-    QTest::newRow("late") << reply << body;
 
     QTest::newRow("empty body") << bodyReply({}) << failed;
-    QTest::newRow("no content") << statusReply(204) << failed;
-    for (const QByteArray &malformed : {"<html><body>Login</body></html>"_ba, "\"x\""_ba, "5"_ba,
-                                        "null"_ba, body + "<!-- -->", body.chopped(1)}) {
+    for (const QByteArray &malformed :
+         {"<html></html>"_ba, "5"_ba, "null"_ba, body + "<!-- -->", body.chopped(1)}) {
         QTest::newRow(malformed.constData()) << bodyReply(malformed) << failed;
     }
-    for (const int status : {401, 403, 404, 500, 503}) {
+    for (const int status : {401, 404, 503}) {
         QTest::addRow("%d", status) << statusReply(status, body) << failed;
     }
     QTest::newRow("cut body") << cutShort(bodyReply(body + QByteArray(1000, ' ')), body.size())
@@ -92,24 +81,18 @@ void tst_XtreamClient::outcomes()
     xtream.reply(reply);
     QCOMPARE(xtream.get(u"get_series"_s), outcome);
     QCOMPARE(xtream.server.requestCount(), 1); // nothing is retried
-}
-
-void tst_XtreamClient::malformedServerAddresses_data()
-{
-    QTest::addColumn<QString>("address");
-    QTest::newRow("empty") << QString();
-    for (const char *address : {"/", "127.0.0.1", "gopher://127.0.0.1", "http://",
-                                "http://127.0.0.1:99999", "my provider", " http://"}) {
-        QTest::newRow(address) << QString::fromLatin1(address);
-    }
+    QTRY_VERIFY(xtream.client->findChildren<QNetworkReply *>().isEmpty());
 }
 
 void tst_XtreamClient::malformedServerAddresses()
 {
-    QFETCH(const QString, address);
     XtreamSession xtream;
-    xtream.client->configure(address, u"u"_s, u"p"_s);
-    QCOMPARE(xtream.get(), failed);
+    for (const QString &address :
+         {u""_s, u"/"_s, u"127.0.0.1"_s, u"gopher://127.0.0.1"_s, u"http://"_s,
+          u"http://127.0.0.1:99999"_s, u"my provider"_s, u" http://"_s}) {
+        xtream.client->configure(address, u"u"_s, u"p"_s);
+        QVERIFY2(xtream.get() == failed, qPrintable(address));
+    }
 }
 
 void tst_XtreamClient::redirects_data()
@@ -146,9 +129,26 @@ void tst_XtreamClient::failingRedirects()
     xtream.reply(HttpReply::redirect(u"/around"_s));
     xtream.server.on(u"/around"_s, HttpReply::redirect(u"/around"_s));
     QCOMPARE(xtream.get(), failed);
-    // Without a target. Qt decides what that means, but the callback must come.
-    xtream.reply(statusReply(302, "[]"_ba));
-    QVERIFY((QByteArrayList{failed, "[]"_ba}.contains(xtream.get())));
+}
+
+void tst_XtreamClient::manyRequestsAtOnce()
+{
+    XtreamSession xtream;
+    xtream.server.on(api, [](const HttpRequest &request) {
+        const QString number = request.queryValue(u"n"_s);
+        return number.endsWith(u'7') ? statusReply(500) : bodyReply('[' + number.toLatin1() + ']');
+    });
+    QMap<int, QList<int>> answers; // -1 for a failure
+    QMap<int, QList<int>> expected;
+    for (int number = 0; number < 50; ++number) {
+        expected[number] << (number % 10 == 7 ? -1 : number);
+        xtream.client->get(u"a"_s, u"n=%1"_s.arg(number),
+                           [&answers, number](const QJsonDocument &document, bool ok) {
+                               answers[number] << (ok ? document.array().first().toInt() : -1);
+                           });
+    }
+    QTRY_COMPARE(answers.size(), 50);
+    QCOMPARE(answers, expected);
 }
 
 void tst_XtreamClient::tls_data()
@@ -193,29 +193,16 @@ void tst_XtreamClient::login_data()
     };
     const QByteArray good = R"({"user_info":{"auth":1}})"_ba;
     row(good, accepted);
-    row(R"({"user_info":{"auth":1,"status":"Active"},"server_info":{}})"_ba, accepted);
-    row(R"({"user_info":{"auth":1,"status":"Expired"}})"_ba, accepted);
-    row(R"({"user_info":{"auth":1,"status":"Banned"}})"_ba, accepted);
-    row(R"({"user_info":{"auth":1.0}})"_ba, accepted);
-    for (const QByteArray &auth : {"0"_ba, "0,\"status\":\"Active\""_ba, "2"_ba, "-1"_ba, "1.5"_ba,
-                                   "4294967297"_ba, "\"1\""_ba, "true"_ba, "null"_ba}) {
+    row(R"({"user_info":{"auth":1.0,"status":"Expired"},"server_info":{}})"_ba, accepted);
+    for (const QByteArray &auth :
+         {"0,\"status\":\"Active\""_ba, "2"_ba, "1.5"_ba, "4294967297"_ba, "\"1\""_ba, "true"_ba}) {
         row(R"({"user_info":{"auth":)" + auth + "}}", refused);
     }
-    row(R"({"user_info":{"status":"Active"}})"_ba, refused);
     row(R"({"auth":1,"user_info":{}})"_ba, refused);
-    row(R"({"server_info":{}})"_ba, refused);
-    row(R"({"user_info":null})"_ba, refused);
     row(R"({"user_info":[{"auth":1}]})"_ba, refused);
     row(R"([{"user_info":{"auth":1}}])"_ba, refused);
-    row("{}"_ba, refused);
-
     row("<html></html>"_ba, unreachable);
-    QTest::newRow("empty") << bodyReply({}) << unreachable;
-    for (const int status : {403, 404, 500}) {
-        QTest::addRow("%d", status) << statusReply(status, good) << unreachable;
-    }
-    QTest::newRow("cut") << cutShort(bodyReply(good + QByteArray(100, ' ')), good.size())
-                         << unreachable;
+    QTest::newRow("403") << statusReply(403, good) << unreachable;
 }
 
 void tst_XtreamClient::login()
@@ -253,61 +240,6 @@ void tst_XtreamClient::destroyedInItsOwnCallback()
         xtream.client.reset();
     });
     QTRY_COMPARE(calls, 1);
-}
-
-void tst_XtreamClient::manyRequestsAtOnce()
-{
-    XtreamSession xtream;
-    xtream.server.on(api, [](const HttpRequest &request) {
-        const QString number = request.queryValue(u"n"_s);
-        return number.endsWith(u'7') ? statusReply(500) : bodyReply('[' + number.toLatin1() + ']');
-    });
-    QHash<int, int> calls;
-    int wrong = 0;
-    for (int number = 0; number < 50; ++number) {
-        xtream.client->get(
-            u"a"_s, u"n=%1"_s.arg(number),
-            [&calls, &wrong, number](const QJsonDocument &document, bool ok) {
-                ++calls[number];
-                const bool expected = number % 10 != 7;
-                wrong +=
-                    ok != expected || (ok && document.array().first().toInt() != number) ? 1 : 0;
-                wrong += QThread::currentThread() != QCoreApplication::instance()->thread() ? 1 : 0;
-            });
-    }
-    QTRY_COMPARE(calls.size(), 50);
-    QCoreApplication::processEvents();
-    QCOMPARE(calls.values(), QList<int>(50, 1));
-    QCOMPARE(wrong, 0);
-    QCOMPARE(xtream.server.requestCount(), 50);
-}
-
-void tst_XtreamClient::reconfiguringKeepsRequestsInFlight()
-{
-    XtreamSession xtream;
-    xtream.reply(heldReply("[1]"_ba));
-    QList<bool> results;
-    xtream.client->get(u"a"_s, {}, [&results](const QJsonDocument &document, bool ok) {
-        results << (ok && document.isArray());
-    });
-    xtream.client->configure(u"http://127.0.0.1:1"_s, u"other"_s, u"else"_s);
-    QCOMPARE(xtream.client->liveStreamUrl(u"1"_s, u"ts"_s),
-             u"http://127.0.0.1:1/live/other/else/1.ts"_s);
-    QTRY_COMPARE(xtream.server.openConnections(), 1);
-    xtream.server.release(api);
-    QTRY_COMPARE(results, QList<bool>{true});
-    QCOMPARE(xtream.onlyQuery(), u"username=joe&password=secret&action=a"_s);
-}
-
-void tst_XtreamClient::repliesAreDeleted()
-{
-    XtreamSession xtream;
-    const auto *network = xtream.client->findChild<QNetworkAccessManager *>();
-    QVERIFY(network != nullptr);
-    QCOMPARE(xtream.get(), "{}"_ba);
-    xtream.reply(statusReply(500));
-    QCOMPARE(xtream.get(), failed);
-    QTRY_VERIFY(network->findChildren<QNetworkReply *>().isEmpty());
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_XtreamClient)
