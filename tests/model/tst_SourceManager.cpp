@@ -111,7 +111,6 @@ private Q_SLOTS:
     void duplicatesAreKeptAndTheFirstCounts();
     void theListIsReadOnce();
     void lastActiveNameIsWrittenOnceChanged();
-    void missingAndMalformedValues_data();
     void missingAndMalformedValues();
     void arraySize_data();
     void arraySize();
@@ -269,32 +268,23 @@ void tst_SourceManager::lastActiveNameIsWrittenOnceChanged()
     QCOMPARE(stored(u"lastActiveSource"_s), QString());
 }
 
-void tst_SourceManager::missingAndMalformedValues_data()
-{
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<SourceConfig>("expected");
-    const SourceConfig defaults{0, {}, {}, {}, {}, u"m3u8"_s, {}, 0};
-    const SourceConfig withUrl{0, {}, u"12"_s, {}, {}, u"m3u8"_s, {}, 0};
-    QTest::newRow("missing") << QByteArray() << defaults;
-    QTest::newRow("empty") << "1\\liveExtension=\n"_ba
-                           << SourceConfig{0, {}, {}, {}, {}, {}, {}, 0};
-    QTest::newRow("type is a word") << "1\\type=abc\n"_ba << defaults;
-    QTest::newRow("type is empty") << "1\\type=\n"_ba << defaults;
-    QTest::newRow("type is a list") << "1\\type=1, 2\n"_ba << defaults;
-    QTest::newRow("url is a number") << "1\\url=12\n"_ba << withUrl;
-    QTest::newRow("url is a list") << "1\\url=a, b\n"_ba << defaults;
-    QTest::newRow("url is invalid") << "1\\url=@Invalid()\n"_ba << defaults;
-    QTest::newRow("lastUpdated is a word") << "1\\lastUpdated=today\n"_ba << defaults;
-    QTest::newRow("lastUpdated is beyond 64 bits")
-        << "1\\lastUpdated=99999999999999999999\n"_ba << defaults;
-}
-
 void tst_SourceManager::missingAndMalformedValues()
 {
-    QFETCH(const QByteArray, line);
-    QFETCH(const SourceConfig, expected);
-    writeSettingsFile("[sources]\nsize=1\n" + line);
-    QCOMPARE(fields(storedSources()), fields({expected}));
+    const QStringList defaults = fields({{0, {}, {}, {}, {}, u"m3u8"_s, {}, 0}});
+    for (const QByteArray &line :
+         {""_ba, "1\\type=abc\n"_ba, "1\\type=\n"_ba, "1\\type=1, 2\n"_ba, "1\\url=a, b\n"_ba,
+          "1\\url=@Invalid()\n"_ba, "1\\lastUpdated=today\n"_ba,
+          "1\\lastUpdated=99999999999999999999\n"_ba}) {
+        init();
+        writeSettingsFile("[sources]\nsize=1\n" + line);
+        forgetSettingsInMemory();
+        QCOMPARE(fields(storedSources()), defaults);
+    }
+    // A number is a text, and an empty value is a value.
+    init();
+    writeSettingsFile("[sources]\nsize=1\n1\\url=12\n1\\liveExtension=\n");
+    forgetSettingsInMemory();
+    QCOMPARE(fields(storedSources()), fields({{0, {}, u"12"_s, {}, {}, {}, {}, 0}}));
 }
 
 void tst_SourceManager::arraySize_data()
