@@ -32,7 +32,6 @@ private Q_SLOTS:
     void redactsCredentialsOfUrls_data();
     void redactsCredentialsOfUrls();
     void aUrlValueIsRedactedElsewhere();
-    void aDecodedUrlValueIsRedacted();
     void redactsNamedCredentials_data();
     void redactsNamedCredentials();
     void keepsHarmlessNamesAndFolders_data();
@@ -77,17 +76,11 @@ void tst_CredentialPatterns::redactsCredentialsOfUrls()
 
 void tst_CredentialPatterns::aUrlValueIsRedactedElsewhere()
 {
-    const RedactionScope redaction({}, u"http://h/get.php?username=joe&password=El%2Fse%26where"_s);
-    QCOMPARE(traceSafe(uR"({"password":"El\/se&where"} El/se%26where)"_s),
-             uR"({"password":"***"} ***)"_s);
-}
-
-void tst_CredentialPatterns::aDecodedUrlValueIsRedacted()
-{
     // A form encodes a space as a plus sign; the server's reply has the space.
-    const RedactionScope redaction({}, u"http://h/get.php?password=form+written+word"_s);
-    QCOMPARE(traceSafe(u"password=form+written+word"_s), u"password=***"_s);
-    QCOMPARE(traceSafe(u"the form written word"_s), u"the ***"_s);
+    const RedactionScope redaction({},
+                                   u"http://h/get.php?username=joe&password=El+%2Fse%26where"_s);
+    QCOMPARE(traceSafe(uR"({"password":"El \/se&where"} El+/se%26where El /se&where)"_s),
+             uR"({"password":"***"} *** ***)"_s);
 }
 
 void tst_CredentialPatterns::redactsNamedCredentials_data()

@@ -20,7 +20,6 @@ private Q_SLOTS:
     void aShortSecretIsRedactedInItsPositionOnly();
     void aSecretIsForgottenWithItsLastScope();
     void aUrlIsForgottenWithItsLine();
-    void base64OfWhatHoldsTheSecret_data();
     void base64OfWhatHoldsTheSecret();
 };
 
@@ -121,39 +120,36 @@ void tst_TraceSecrets::overlappingSecrets()
 void tst_TraceSecrets::cutsTheBody_data()
 {
     QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<int>("maxBytes");
     QTest::addColumn<QString>("head");
     const QByteArray x1990(1990, 'x');
     const QString shown1990 = QString::fromLatin1(x1990);
     const QByteArray tail(500, 't');
-    QTest::newRow("exactly as long") << QByteArray(2000, 'x') << 2000 << QString(2000, u'x');
-    QTest::newRow("one byte too long") << QByteArray(2001, 'x') << 2000 << QString(2000, u'x');
+    QTest::newRow("exactly as long") << QByteArray(2000, 'x') << QString(2000, u'x');
+    QTest::newRow("one byte too long") << QByteArray(2001, 'x') << QString(2000, u'x');
     QTest::newRow("secret begins one byte before the cut")
-        << x1990 + "yyyyyyyyyCut-Secret" + tail << 2000 << shown1990 + u"yyyyyyyyy***"_s;
+        << x1990 + "yyyyyyyyyCut-Secret" + tail << shown1990 + u"yyyyyyyyy***"_s;
     QTest::newRow("secret begins at the cut")
-        << x1990 + "yyyyyyyyyyCut-Secret" + tail << 2000 << shown1990 + u"yyyyyyyyyy"_s;
+        << x1990 + "yyyyyyyyyyCut-Secret" + tail << shown1990 + u"yyyyyyyyyy"_s;
     QTest::newRow("secret over the cut, body ends with it")
-        << x1990 + "yyyyyCut-Secret" << 2000 << shown1990 + u"yyyyy***"_s;
+        << x1990 + "yyyyyCut-Secret" << shown1990 + u"yyyyy***"_s;
     QTest::newRow("percent-encoded over the cut")
-        << x1990 + "yyyy%43%75%74%2D%53%65%63%72%65%74" + tail << 2000 << shown1990 + u"yyyy***"_s;
+        << x1990 + "yyyy%43%75%74%2D%53%65%63%72%65%74" + tail << shown1990 + u"yyyy***"_s;
     QTest::newRow("JSON escapes over the cut")
         << x1990 + "\\u0043\\u0075\\u0074\\u002d\\u0053\\u0065\\u0063\\u0072\\u0065\\u0074" + tail
-        << 2000 << shown1990 + u"***"_s;
-    QTest::newRow("Base64 over the cut")
-        << x1990 + "Q3V0LVNlY3JldA" + tail << 2000 << shown1990 + u"***"_s;
+        << shown1990 + u"***"_s;
+    QTest::newRow("Base64 over the cut") << x1990 + "Q3V0LVNlY3JldA" + tail << shown1990 + u"***"_s;
     QTest::newRow("a masked secret does not make room for more")
-        << "Cut-Secret" + x1990 + "zzzz" << 2000 << u"***"_s + shown1990;
+        << "Cut-Secret" + x1990 + "zzzz" << u"***"_s + shown1990;
     QTest::newRow("a character is cut")
-        << x1990 + "yyyyyyyyy\xc3\xa9" + tail << 2000 << shown1990 + u"yyyyyyyyy\uFFFD"_s;
+        << x1990 + "yyyyyyyyy\xc3\xa9" + tail << shown1990 + u"yyyyyyyyy\uFFFD"_s;
 }
 
 void tst_TraceSecrets::cutsTheBody()
 {
     QFETCH(const QByteArray, body);
-    QFETCH(const int, maxBytes);
     QFETCH(const QString, head);
     const RedactionScope redaction(u"Cut-Secret"_s);
-    QCOMPARE(traceSafeHead(body, maxBytes), head);
+    QCOMPARE(traceSafeHead(body, 2000), head);
 }
 
 void tst_TraceSecrets::aShortSecretIsRedactedInItsPositionOnly()
@@ -190,34 +186,22 @@ void tst_TraceSecrets::aUrlIsForgottenWithItsLine()
     QCOMPARE(traceSafe(u"football Abc-123"_s), u"football Abc-123"_s);
 }
 
-void tst_TraceSecrets::base64OfWhatHoldsTheSecret_data()
-{
-    QTest::addColumn<QString>("secret");
-    QTest::addColumn<QString>("before");
-    const QString longSecret = u"0123456789abcdefghij"_s.repeated(8);
-    for (const QString &secret : {u"Bas3-Pw~?>"_s, longSecret}) {
-        for (const QString &before : {u""_s, u"a"_s, u"ab"_s, u"abc"_s, u"joe:"_s}) {
-            QTest::addRow("%d characters after \"%s\"", int(secret.size()), qPrintable(before))
-                << secret << before;
-        }
-    }
-}
-
 void tst_TraceSecrets::base64OfWhatHoldsTheSecret()
 {
-    QFETCH(const QString, secret);
-    QFETCH(const QString, before);
+    const QString secret = u"Bas3-Pw~?>-and-more-of-it"_s;
     const RedactionScope redaction(secret);
-    for (const QString &after : {u""_s, u"x"_s, u"xyz"_s}) {
-        const QByteArray whole = (before + secret + after).toUtf8();
-        for (const auto option : {QByteArray::Base64Encoding, QByteArray::Base64UrlEncoding}) {
-            const QString encoded = QString::fromLatin1(whole.toBase64(option));
-            QString shown = traceSafe(encoded);
-            QCOMPARE(shown.count(u"***"_s), 1);
-            // The encoded neighbours are left.
-            shown.replace(u"***"_s, u""_s).remove(u'=');
-            QVERIFY2(shown.size() <= (before.size() + after.size()) * 4 / 3, qPrintable(shown));
-            QCOMPARE(traceSafe(QString(encoded).replace(u'/', u"\\/"_s)).count(u"***"_s), 1);
+    for (const QString &before : {u""_s, u"a"_s, u"ab"_s, u"joe:"_s}) {
+        for (const QString &after : {u""_s, u"x"_s, u"xyz"_s}) {
+            const QByteArray whole = (before + secret + after).toUtf8();
+            for (const auto option : {QByteArray::Base64Encoding, QByteArray::Base64UrlEncoding}) {
+                const QString encoded = QString::fromLatin1(whole.toBase64(option));
+                QString shown = traceSafe(encoded);
+                QCOMPARE(shown.count(u"***"_s), 1);
+                // The encoded neighbours are left.
+                shown.replace(u"***"_s, u""_s).remove(u'=');
+                QVERIFY2(shown.size() <= (before.size() + after.size()) * 4 / 3, qPrintable(shown));
+                QCOMPARE(traceSafe(QString(encoded).replace(u'/', u"\\/"_s)).count(u"***"_s), 1);
+            }
         }
     }
 }
