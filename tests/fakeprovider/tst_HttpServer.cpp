@@ -1,12 +1,8 @@
 #include "ServerTest.h"
-#include "fakeprovider/TlsCertificate.h"
 #include "support/HttpReplies.h"
-#include "support/TestFiles.h"
 #include "support/TestMain.h"
 
-#include <QSslConfiguration>
 #include <QTcpSocket>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -22,11 +18,7 @@ private Q_SLOTS:
     void longestPrefixWins();
     void range_data();
     void range();
-    void servesADirectory();
-    void sendsChunksAndGzip_data();
     void sendsChunksAndGzip();
-    void tls_data();
-    void tls();
 };
 
 void tst_HttpServer::answersWithTheReplyOfThePath()
@@ -136,82 +128,19 @@ void tst_HttpServer::range()
     QVERIFY(!whole->hasRawHeader("Accept-Ranges"_ba));
 }
 
-void tst_HttpServer::servesADirectory()
-{
-    QTemporaryDir directory;
-    writeFile(directory.filePath(u"film.mp4"_s), "0123456789"_ba);
-    server->serveDirectory(u"/media/"_s, directory.path());
-
-    QNetworkReply *reply = fetch(u"/media/film.mp4"_s, "bytes=5-"_ba);
-    QCOMPARE(reply->readAll(), "56789"_ba);
-    QCOMPARE(reply->header(QNetworkRequest::ContentTypeHeader).toString(), u"video/mp4"_s);
-    QCOMPARE(fetch(u"/media/none.mp4"_s)->error(), QNetworkReply::ContentNotFoundError);
-}
-
-void tst_HttpServer::sendsChunksAndGzip_data()
-{
-    QTest::addColumn<bool>("chunked");
-    QTest::addColumn<bool>("gzip");
-    QTest::addColumn<QByteArray>("body");
-    const QByteArray large = QByteArray("0123456789abcdef").repeated(100'000);
-    QTest::newRow("plain, large") << false << false << large;
-    QTest::newRow("chunked, empty") << true << false << ""_ba;
-    QTest::newRow("gzip, large") << false << true << large;
-    QTest::newRow("chunked gzip") << true << true << large;
-}
-
 void tst_HttpServer::sendsChunksAndGzip()
 {
-    QFETCH(const bool, chunked);
-    QFETCH(const bool, gzip);
-    QFETCH(const QByteArray, body);
-    HttpReply sent = bodyReply(body);
-    sent.chunked = chunked;
-    sent.gzip = gzip;
-    server->on(u"/x"_s, sent);
-    QNetworkReply *reply = fetch(u"/x"_s);
-    QCOMPARE(reply->error(), QNetworkReply::NoError);
-    QVERIFY(reply->readAll() == body);
-    QCOMPARE(reply->hasRawHeader("Transfer-Encoding"_ba), chunked);
-}
-
-void tst_HttpServer::tls_data()
-{
-    QTest::addColumn<bool>("trusted");
-    QTest::addColumn<bool>("expired");
-    QTest::addColumn<bool>("answered");
-    QTest::newRow("trusted authority") << true << false << true;
-    QTest::newRow("unknown authority") << false << false << false;
-    QTest::newRow("expired certificate") << true << true << false;
-}
-
-void tst_HttpServer::tls()
-{
-    QFETCH(const bool, trusted);
-    QFETCH(const bool, expired);
-    QFETCH(const bool, answered);
-    QTemporaryDir directory;
-    const TlsCertificate certificate(directory.path(), expired ? TlsCertificate::Validity::Expired
-                                                               : TlsCertificate::Validity::Current);
-    QVERIFY(certificate.isValid());
-    server = std::make_unique<HttpServer>(
-        HttpServer::Tls{certificate.certificateFile(), certificate.keyFile()});
-    const QByteArray body = QByteArray("0123456789").repeated(100'000);
-    server->on(u"/x"_s, bodyReply(body));
-    QVERIFY(server->url().startsWith(u"https://127.0.0.1:"));
-
-    QNetworkRequest request{QUrl(server->url(u"/x"_s))};
-    if (trusted) {
-        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-        configuration.setCaCertificates(QSslCertificate::fromPath(certificate.authorityFile()));
-        request.setSslConfiguration(configuration);
+    HttpReply sent = bodyReply(QByteArray("0123456789abcdef").repeated(100'000));
+    for (const bool chunked : {false, true}) {
+        for (const bool gzip : {false, true}) {
+            sent.chunked = chunked;
+            sent.gzip = gzip;
+            server->on(u"/x"_s, sent);
+            QNetworkReply *reply = fetch(u"/x"_s);
+            QVERIFY(reply->readAll() == sent.body);
+            QCOMPARE(reply->hasRawHeader("Transfer-Encoding"_ba), chunked);
+        }
     }
-    QNetworkReply *reply = network->get(request);
-    QVERIFY(finished(reply));
-    QCOMPARE(reply->error(),
-             answered ? QNetworkReply::NoError : QNetworkReply::SslHandshakeFailedError);
-    QVERIFY(reply->readAll() == (answered ? body : QByteArray()));
-    QCOMPARE(server->requestCount(), answered ? 1 : 0);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_HttpServer)

@@ -2,7 +2,6 @@
 #include "support/HttpReplies.h"
 #include "support/TestMain.h"
 
-#include <QElapsedTimer>
 #include <QTcpSocket>
 #include <QTest>
 
@@ -17,13 +16,8 @@ class tst_HttpServerFaults : public ServerTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void cutsTheBody();
     void stallsAndIsDropped();
-    void delays();
     void holdsUntilReleased();
-    void keepsSilent();
-    void pacesTheBody();
-    void noticesThatTheClientLeft();
     void refusesAndListensAgain();
     void endsPromptlyWithRepliesInFlight();
 };
@@ -38,16 +32,6 @@ HttpReply endless()
 }
 
 } // namespace
-
-void tst_HttpServerFaults::cutsTheBody()
-{
-    server->on(u"/x"_s, cutShort(bodyReply("0123456789"_ba), 4));
-    QNetworkReply *reply = fetch(u"/x"_s);
-    QCOMPARE(reply->error(), QNetworkReply::RemoteHostClosedError);
-    QCOMPARE(reply->header(QNetworkRequest::ContentLengthHeader).toInt(), 10);
-    QCOMPARE(reply->readAll(), "0123"_ba);
-    QTRY_COMPARE(server->openConnections(), 0);
-}
 
 void tst_HttpServerFaults::stallsAndIsDropped()
 {
@@ -65,17 +49,6 @@ void tst_HttpServerFaults::stallsAndIsDropped()
     QCOMPARE(server->openConnections(u"/x"_s), 0);
 }
 
-void tst_HttpServerFaults::delays()
-{
-    HttpReply late = bodyReply("late"_ba);
-    late.delayMs = 200;
-    server->on(u"/late"_s, late);
-    QElapsedTimer clock;
-    clock.start();
-    QCOMPARE(fetch(u"/late"_s)->readAll(), "late"_ba);
-    QVERIFY(clock.elapsed() >= 190);
-}
-
 void tst_HttpServerFaults::holdsUntilReleased()
 {
     server->on(u"/x"_s, heldReply("free"_ba));
@@ -90,44 +63,6 @@ void tst_HttpServerFaults::holdsUntilReleased()
     QNetworkReply *third = get(u"/x"_s);
     QVERIFY2(finished(third), "A reply after the release is not held");
     QCOMPARE(server->peakConnections(u"/x"_s), 2);
-}
-
-void tst_HttpServerFaults::keepsSilent()
-{
-    server->on(u"/x"_s, neverAnswers());
-    QNetworkReply *reply = get(u"/x"_s);
-    QTRY_COMPARE(server->openConnections(u"/x"_s), 1);
-    server->release(u"/x"_s);
-    QVERIFY(!reply->isFinished());
-    server.reset();
-    QVERIFY(finished(reply));
-    // Qt sends a GET once more when the connection was closed before any answer.
-    QCOMPARE(reply->error(), QNetworkReply::ConnectionRefusedError);
-}
-
-void tst_HttpServerFaults::pacesTheBody()
-{
-    HttpReply paced = bodyReply(QByteArray(4000, 'x'));
-    paced.bytesPerSecond = 10'000;
-    paced.burst = 1000;
-    server->on(u"/x"_s, paced);
-    QElapsedTimer clock;
-    clock.start();
-    QNetworkReply *reply = fetch(u"/x"_s);
-    QVERIFY(clock.elapsed() >= 290);
-    QCOMPARE(reply->readAll().size(), 4000);
-}
-
-void tst_HttpServerFaults::noticesThatTheClientLeft()
-{
-    server->on(u"/silent"_s, neverAnswers());
-    server->on(u"/endless"_s, endless());
-    for (const QString &path : {u"/silent"_s, u"/endless"_s}) {
-        QNetworkReply *reply = get(path);
-        QTRY_COMPARE(server->openConnections(path), 1);
-        reply->abort();
-        QTRY_COMPARE(server->openConnections(path), 0);
-    }
 }
 
 void tst_HttpServerFaults::refusesAndListensAgain()

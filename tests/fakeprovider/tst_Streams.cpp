@@ -4,7 +4,6 @@
 #include "support/TestMain.h"
 
 #include <QFileInfo>
-#include <QProcess>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -15,49 +14,10 @@ class tst_Streams : public ServerTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void tracks_data();
-    void tracks();
     void indexOfTheFilmStandsAtItsEnd();
     void liveTsIsEndlessAndPaced();
     void liveHlsMovesOn();
 };
-
-void tst_Streams::tracks_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QByteArray>("tracks");
-    const QByteArray both = "video,audio"_ba;
-    QTest::newRow("channel") << u"live.ts"_s << both;
-    QTest::newRow("short channel") << u"short.ts"_s << both;
-    QTest::newRow("film") << u"film.mp4"_s << both;
-    QTest::newRow("film, index in front") << u"film-faststart.mp4"_s << both;
-    QTest::newRow("playlist of segments") << u"hls/index.m3u8"_s << both;
-    QTest::newRow("no sound") << u"silent.mp4"_s << "video"_ba;
-    QTest::newRow("no picture") << u"audio.mp3"_s << "audio"_ba;
-    QTest::newRow("subtitles") << u"subtitles.srt"_s << "subtitle"_ba;
-    QTest::newRow("several tracks")
-        << u"tracks.mkv"_s << "video,audio eng,audio deu,subtitle eng,subtitle fra"_ba;
-}
-
-void tst_Streams::tracks()
-{
-    QFETCH(const QString, file);
-    QProcess probe;
-    probe.start(u"ffprobe"_s, {u"-v"_s, u"error"_s, u"-show_entries"_s,
-                               u"stream=codec_type:stream_tags=language"_s, u"-of"_s,
-                               u"csv=p=0:s=\\ "_s, streamPath(file)});
-    QVERIFY(probe.waitForFinished());
-    QList<QByteArray> found;
-    for (const QByteArray &line : probe.readAllStandardOutput().split('\n')) {
-        // Programs list their streams once more.
-        if (const QByteArray track = line.trimmed(); !track.isEmpty() && !found.contains(track))
-            found.append(track);
-    }
-    QByteArray joined = found.join(',');
-    if (file != "tracks.mkv"_L1)
-        joined.replace(" und", "");
-    QTEST(joined, "tracks");
-}
 
 void tst_Streams::indexOfTheFilmStandsAtItsEnd()
 {

@@ -12,6 +12,12 @@ namespace {
 
 const iconv_t failedToOpen = reinterpret_cast<iconv_t>(-1); // NOLINT: prescribed by the interface
 
+bool opens(const char *to, const char *from)
+{
+    const iconv_t state = iconv_open(to, from);
+    return state != failedToOpen && iconv_close(state) == 0;
+}
+
 /// What a conversion left behind.
 struct Conversion
 {
@@ -49,7 +55,6 @@ class tst_Iconv : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void names_data();
     void names();
     void converts_data();
     void converts();
@@ -57,34 +62,19 @@ private Q_SLOTS:
     void nothingToConvert();
 };
 
-void tst_Iconv::names_data()
+void tst_Iconv::names()
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<bool>("known");
-
     for (const char *name : {"UTF-8", "utf8", "Utf_8", "UTF-16BE", "ISO-8859-1", "ISO_8859-15",
                              "CP1252", "windows-1251", "KOI8-R", "GB18030", "Shift_JIS", "BIG5",
                              "EUC-KR", "MACINTOSH", "CP65001", "UTF-8//TRANSLIT"}) {
-        QTest::newRow(name) << QByteArray(name) << true;
+        QVERIFY2(opens(name, "ASCII") && opens("ASCII", name), name);
     }
     for (const char *name : {"", "-", "CP", "CP0", "CP99999", "CP4294967296", "ISO-8859-99",
                              "a name that is longer than any encoding has"}) {
-        QTest::addRow("unknown: %s", name) << QByteArray(name) << false;
-    }
-}
-
-void tst_Iconv::names()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(bool, known);
-    for (const auto &[to, from] : {std::pair{name, "ASCII"_ba}, std::pair{"ASCII"_ba, name}}) {
-        const iconv_t state = iconv_open(to.constData(), from.constData());
-        QCOMPARE(state != failedToOpen, known);
-        if (known) {
-            QCOMPARE(iconv_close(state), 0);
-        } else {
-            QCOMPARE(errno, EINVAL);
-        }
+        QVERIFY2(!opens(name, "ASCII"), name);
+        QCOMPARE(errno, EINVAL);
+        QVERIFY2(!opens("ASCII", name), name);
+        QCOMPARE(errno, EINVAL);
     }
 }
 
