@@ -44,8 +44,7 @@ void SubscriptionEndpoint::hold()
 {
     server->on(path(), [this](const HttpRequest &request) {
         HttpReply held = reply(request);
-        const std::lock_guard lock(mutex);
-        held.held = !unheld.contains(keyIn(request));
+        held.held = true;
         return held;
     });
 }
@@ -53,12 +52,6 @@ void SubscriptionEndpoint::hold()
 void SubscriptionEndpoint::release()
 {
     server->release(path());
-}
-
-void SubscriptionEndpoint::answerAtOnce(const QString &key)
-{
-    const std::lock_guard lock(mutex);
-    unheld.insert(key);
 }
 
 QString SubscriptionEndpoint::keyIn(const HttpRequest &request)

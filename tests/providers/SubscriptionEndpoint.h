@@ -5,7 +5,6 @@
 #include "fakeprovider/XtreamProvider.h"
 
 #include <QHash>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -39,8 +38,6 @@ public:
     /// From now on answers wait for release().
     void hold();
     void release();
-    /// Lets the answers to `key` come at once, whatever waits.
-    void answerAtOnce(const QString &key);
 
     /// The keys that were exchanged so far, in the order of arrival.
     QStringList keys() const;
@@ -56,6 +53,5 @@ private:
     std::optional<TlsCertificate> certificate; // of a TLS server
     mutable std::mutex mutex;
     QHash<QString, QByteArray> answers; // guarded by the mutex
-    QSet<QString> unheld;               // guarded by the mutex
     std::unique_ptr<HttpServer> server;
 };

@@ -24,12 +24,13 @@ private Q_SLOTS:
     void stampedBeforeAnyReply();
     void cacheOrNetwork_data();
     void cacheOrNetwork();
-    void anUnusableCacheIsReplaced_data();
     void anUnusableCacheIsReplaced();
     void aFailureEmptiesItsHalf_data();
     void aFailureEmptiesItsHalf();
-    void aServerThatRefuses_data();
     void aServerThatRefuses();
+    void halvesInAnyOrder_data();
+    void halvesInAnyOrder();
+    void switchedBetweenTwoAccounts();
     void twoLoadsAtOnce();
     void forgottenSource();
     void mayBeDestroyedWhileLoading();
@@ -138,28 +139,19 @@ void tst_CatalogLoader::cacheOrNetwork()
     QCOMPARE(recorder.stamped.size(), expectFetch ? 2 : 0);
 }
 
-void tst_CatalogLoader::anUnusableCacheIsReplaced_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    const QByteArray one = R"({"categories":[{"id":"1","name":"Old"}],"items":[]})"_ba;
-    QTest::newRow("no shows") << "{\"live\":" + one + ",\"movie\":" + one + '}';
-    QTest::newRow("no movies") << "{\"live\":" + one + ",\"series\":" + one + '}';
-    QTest::newRow("no channels") << "{\"movie\":" + one + ",\"series\":" + one + '}';
-    QTest::newRow("empty") << ""_ba;
-}
-
 void tst_CatalogLoader::anUnusableCacheIsReplaced()
 {
-    QFETCH(const QByteArray, content);
     LoadRecorder recorder;
-    writeCacheFile(u"A"_s, content);
+    // Without the shows.
+    const QByteArray one = R"({"categories":[{"id":"1","name":"Old"}],"items":[]})"_ba;
+    writeCacheFile(u"A"_s, "{\"live\":" + one + ",\"movie\":" + one + '}');
     recorder.load(sourceFor(*provider, u"A"_s, 3600));
     QCOMPARE(recorder.shown(), emptyCatalog); // nothing of the cache
     QTRY_VERIFY(!recorder.isLoading());
     QCOMPARE(recorder.shown(), catalog);
     QCOMPARE(cachedCatalog(u"A"_s), catalog);
 
-    writeCacheFile(u"List"_s, content);
+    writeCacheFile(u"List"_s, "{\"live\":" + one + '}');
     recorder.load(playlistSource(u"List"_s, server->url(u"/list.m3u"_s)));
     QTRY_VERIFY(!recorder.isLoading());
     QCOMPARE(recorder.channels(), (QStringList{u"One"_s, u"Two"_s}));
@@ -202,29 +194,96 @@ void tst_CatalogLoader::aFailureEmptiesItsHalf()
     }
 }
 
-void tst_CatalogLoader::aServerThatRefuses_data()
-{
-    QTest::addColumn<bool>("listening");
-    QTest::newRow("connections") << false;
-    QTest::newRow("this account") << true;
-}
-
 void tst_CatalogLoader::aServerThatRefuses()
 {
-    QFETCH(const bool, listening);
-    LoadRecorder recorder;
-    cacheCatalog(u"A"_s, older);
-    SourceConfig source = sourceFor(*provider, u"A"_s, 86400);
-    source.password = u"wrong"_s;
-    if (!listening) {
-        provider->http().refuse();
+    for (const bool listening : {true, false}) {
+        LoadRecorder recorder;
+        cacheCatalog(u"A"_s, older);
+        SourceConfig source = sourceFor(*provider, u"A"_s, 86400);
+        source.password = u"wrong"_s;
+        if (!listening) {
+            provider->http().refuse();
+        }
+        recorder.load(source);
+        QTRY_VERIFY(!recorder.isLoading());
+        QCOMPARE(cachedCatalog(u"A"_s), emptyCatalog);
+        QCOMPARE(recorder.failures.size(), 6);
+        // The attempt counts, although it brought nothing.
+        QCOMPARE(recorder.stamped.size(), 1);
     }
-    recorder.load(source);
+}
+
+void tst_CatalogLoader::halvesInAnyOrder_data()
+{
+    QTest::addColumn<bool>("categoriesFirst");
+    QTest::addColumn<bool>("isRefresh");
+    QTest::newRow("categories first") << true << false;
+    QTest::newRow("entries first") << false << false;
+    QTest::newRow("refresh, categories first") << true << true;
+    QTest::newRow("refresh, entries first") << false << true;
+}
+
+void tst_CatalogLoader::halvesInAnyOrder()
+{
+    QFETCH(const bool, categoriesFirst);
+    QFETCH(const bool, isRefresh);
+    LoadRecorder recorder;
+    if (isRefresh) {
+        cacheCatalog(u"A"_s, older);
+        recorder.load(sourceFor(*provider, u"A"_s, 0));
+    }
+    provider->setMannerOfCatalog(Manner::Held);
+    recorder.load(sourceFor(*provider, u"A"_s), true);
+
+    // Old categories are cached until the new ones come, but no old entries.
+    const AccountCatalog before = recorder.shown();
+    AccountCatalog shown = before;
+    AccountCatalog cached = before;
+    for (int part = 0; part < accountParts; ++part) {
+        if (isCategoriesPart(part) == categoriesFirst) {
+            shown[part] = catalog[part];
+            cached[part] = catalog[part];
+            provider->release(XtreamAction::catalog().at(part));
+        } else if (categoriesFirst) {
+            cached[part].clear();
+        }
+    }
+    QTRY_COMPARE(cachedCatalog(u"A"_s), cached);
+    QCOMPARE(recorder.shown(), shown);
+    QCOMPARE(recorder.owedSteps, 3);
+    releaseCatalog(*provider);
     QTRY_VERIFY(!recorder.isLoading());
-    QCOMPARE(cachedCatalog(u"A"_s), emptyCatalog);
-    QCOMPARE(recorder.failures.size(), 6);
-    // The attempt counts, although it brought nothing.
-    QCOMPARE(recorder.stamped.size(), 1);
+    QCOMPARE(recorder.shown(), catalog);
+    QCOMPARE(cachedCatalog(u"A"_s), catalog);
+}
+
+void tst_CatalogLoader::switchedBetweenTwoAccounts()
+{
+    XtreamProvider other(u"other"_s, u"other secret"_s);
+    serve(other, older);
+    other.setMannerOfCatalog(Manner::Held);
+    provider->setMannerOfCatalog(Manner::Held);
+    LoadRecorder recorder;
+    recorder.load(sourceFor(*provider, u"A"_s));
+    // Some replies of the first account come before the switch, the others after it.
+    AccountCatalog shown = emptyCatalog;
+    for (const int part : {0, 3}) {
+        shown[part] = catalog[part];
+        provider->release(XtreamAction::catalog().at(part));
+    }
+    QTRY_COMPARE(recorder.shown(), shown);
+    recorder.load(sourceFor(other, u"B"_s));
+    releaseCatalog(*provider);
+    QTRY_COMPARE(cachedCatalog(u"A"_s), catalog);
+    QCOMPARE(recorder.shown(), shown);
+    QCOMPARE(cachedCatalog(u"B"_s), nothingCached);
+    QCOMPARE(recorder.owedSteps, 6);
+    releaseCatalog(other);
+    QTRY_VERIFY(!recorder.isLoading());
+    QCOMPARE(recorder.shown(), older);
+    QCOMPARE(cachedCatalog(u"A"_s), catalog);
+    QCOMPARE(cachedCatalog(u"B"_s), older);
+    QVERIFY(recorder.failures.isEmpty());
 }
 
 void tst_CatalogLoader::twoLoadsAtOnce()

@@ -35,8 +35,6 @@ private Q_SLOTS:
     void init();
     void keyThenSixRequests();
     void aFreshCacheStillNeedsTheKey();
-    void streamType_data();
-    void streamType();
     void theNewestCredentialsWin();
     void failures_data();
     void failures();
@@ -64,7 +62,9 @@ void tst_CatalogLoaderSubscription::keyThenSixRequests()
 {
     LoadRecorder recorder(endpoint->url());
     endpoint->hold();
-    recorder.load(subscriptionSource(u"Zevrino"_s, key, 86400));
+    SourceConfig source = subscriptionSource(u"Zevrino"_s, key, 86400);
+    source.liveExtension = u"ts"_s;
+    recorder.load(source);
     QCOMPARE(recorder.events, QStringList{u"steps 1"_s});
     QTRY_COMPARE(endpoint->keys(), QStringList{key});
     QCOMPARE(provider->actions(), QStringList());
@@ -75,9 +75,9 @@ void tst_CatalogLoaderSubscription::keyThenSixRequests()
     QCOMPARE(sorted(provider->actions()), sorted(XtreamAction::catalog()));
     QCOMPARE(recorder.shown(), catalog);
     QCOMPARE(cachedCatalog(u"Zevrino"_s), catalog);
-    // The record carries the account beside the key.
+    // The record carries the account beside the key, and its own stream type: none was handed out.
     const QStringList record{
-        u"2"_s, u"Zevrino"_s, provider->url(), u"resolved"_s, u"resolved-secret"_s, u"m3u8"_s, key};
+        u"2"_s, u"Zevrino"_s, provider->url(), u"resolved"_s, u"resolved-secret"_s, u"ts"_s, key};
     QCOMPARE(fields(recorder.resolved.first()), record);
     QCOMPARE(fields(recorder.stamped.first()), record);
 }
@@ -100,30 +100,6 @@ void tst_CatalogLoaderSubscription::aFreshCacheStillNeedsTheKey()
     QCOMPARE(endpoint->keys().size(), 2);
 }
 
-void tst_CatalogLoaderSubscription::streamType_data()
-{
-    QTest::addColumn<QString>("own");
-    QTest::addColumn<QString>("resolved");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("none keeps the source's own") << u"ts"_s << QString() << u"ts"_s;
-    QTest::newRow("one replaces it") << u"m3u8"_s << u"ts"_s << u"ts"_s;
-}
-
-void tst_CatalogLoaderSubscription::streamType()
-{
-    QFETCH(const QString, own);
-    QFETCH(const QString, resolved);
-    QFETCH(const QString, expected);
-    LoadRecorder recorder(endpoint->url());
-    endpoint->accept(key, *provider, resolved);
-    SourceConfig source = subscriptionSource(u"Zevrino"_s, key);
-    source.liveExtension = own;
-    recorder.load(source);
-    QTRY_COMPARE(recorder.stamped.size(), 1);
-    QCOMPARE(recorder.resolved.first().liveExtension, expected);
-    QCOMPARE(recorder.stamped.first().liveExtension, expected);
-}
-
 void tst_CatalogLoaderSubscription::theNewestCredentialsWin()
 {
     LoadRecorder recorder(endpoint->url());
@@ -131,14 +107,14 @@ void tst_CatalogLoaderSubscription::theNewestCredentialsWin()
     QTRY_COMPARE(recorder.shown(), catalog);
     XtreamProvider moved(u"moved"_s, u"moved secret"_s);
     serve(moved, older);
-    endpoint->accept(key, moved, u"ts"_s);
+    endpoint->accept(key, moved, u"mpegts"_s);
     provider->http().clearRequests();
     recorder.load(recorder.stamped.first(), true);
     QTRY_COMPARE(recorder.shown(), older);
     QCOMPARE(provider->http().requestCount(), 0);
     QCOMPARE(fields(recorder.stamped.last()),
-             (QStringList{u"2"_s, u"Zevrino"_s, moved.url(), u"moved"_s, u"moved secret"_s, u"ts"_s,
-                          key}));
+             (QStringList{u"2"_s, u"Zevrino"_s, moved.url(), u"moved"_s, u"moved secret"_s,
+                          u"mpegts"_s, key}));
 }
 
 void tst_CatalogLoaderSubscription::failures_data()

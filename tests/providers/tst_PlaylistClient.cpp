@@ -21,13 +21,11 @@ class tst_PlaylistClient : public QObject
 
 private Q_SLOTS:
     void init();
-    void downloads_data();
     void downloads();
     void downloadFails_data();
     void downloadFails();
     void noServer();
     void readsAFileAtOnce();
-    void anythingElseIsAFile_data();
     void anythingElseIsAFile();
     void traces_data();
     void traces();
@@ -61,28 +59,23 @@ PlaylistReply tst_PlaylistClient::read(const QString &address)
     return result;
 }
 
-void tst_PlaylistClient::downloads_data()
-{
-    QTest::addColumn<QByteArray>("body");
-    QTest::newRow("a playlist") << twoChannels;
-    QTest::newRow("any bytes") << QByteArray("\xef\xbb\xbf\xe9\0\r\n\xc3", 8);
-    QTest::newRow("10 MiB") << QByteArray(10 * 1024 * 1024, 'a');
-}
-
 void tst_PlaylistClient::downloads()
 {
-    QFETCH(const QByteArray, body);
     const QString target = u"/get.php?username=u&password=p%26q&type=m3u_plus"_s;
     server->on(u"/get.php"_s, HttpReply::redirect(server->url(u"/list.m3u"_s)));
-    server->on(u"/list.m3u"_s, bodyReply(body));
-    const PlaylistReply reply = read(server->url(target));
-    QCOMPARE(calls, 1);
-    QCOMPARE(reply.outcome, Outcome::Read);
-    QVERIFY(reply.body == body);
-    QCOMPARE(reply.error, QString());
-    QCOMPARE(server->requestCount(), 2);
-    QCOMPARE(server->requests().first().method, "GET"_ba);
-    QCOMPARE(server->requests().first().target, target);
+    for (const QByteArray &body : {twoChannels, ""_ba, QByteArray("\xef\xbb\xbf\xe9\0\r\n\xc3", 8),
+                                   QByteArray(10 * 1024 * 1024, 'a')}) {
+        server->on(u"/list.m3u"_s, bodyReply(body));
+        server->clearRequests();
+        const PlaylistReply reply = read(server->url(target));
+        QCOMPARE(calls, 1);
+        QCOMPARE(reply.outcome, Outcome::Read);
+        QVERIFY(reply.body == body);
+        QCOMPARE(reply.error, QString());
+        QCOMPARE(server->requestCount(), 2);
+        QCOMPARE(server->requests().first().method, "GET"_ba);
+        QCOMPARE(server->requests().first().target, target);
+    }
 }
 
 void tst_PlaylistClient::downloadFails_data()
@@ -133,23 +126,16 @@ void tst_PlaylistClient::readsAFileAtOnce()
     QCOMPARE(result.body, "#EXTINF:-1,Ünï\nhttp://x/1\n"_ba); // read as text
 }
 
-void tst_PlaylistClient::anythingElseIsAFile_data()
-{
-    QTest::addColumn<QString>("address");
-    QTest::newRow("a path to nothing") << u"/nowhere/list.m3u"_s;
-    QTest::newRow("a drive letter") << u"C:\\lists\\list.m3u"_s;
-    QTest::newRow("a scheme in capitals") << u"HTTP://127.0.0.1:9/list.m3u"_s;
-    QTest::newRow("a leading space") << u" http://127.0.0.1:9/list.m3u"_s;
-    QTest::newRow("a folder") << QDir::tempPath();
-}
-
 void tst_PlaylistClient::anythingElseIsAFile()
 {
-    QFETCH(const QString, address);
-    const PlaylistReply reply = read(address);
-    QCOMPARE(calls, 1);
-    QCOMPARE(reply.outcome, Outcome::FileNotOpened);
-    QCOMPARE(reply.body, QByteArray());
+    for (const QString &address :
+         {u"/nowhere/list.m3u"_s, u"C:\\lists\\list.m3u"_s, u"HTTP://127.0.0.1:9/list.m3u"_s,
+          u" http://127.0.0.1:9/list.m3u"_s, QDir::tempPath()}) {
+        const PlaylistReply reply = read(address);
+        QCOMPARE(calls, 1);
+        QCOMPARE(reply.outcome, Outcome::FileNotOpened);
+        QCOMPARE(reply.body, QByteArray());
+    }
 }
 
 void tst_PlaylistClient::traces_data()
@@ -157,7 +143,6 @@ void tst_PlaylistClient::traces_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("sent");
     QTest::addColumn<QString>("received");
-    QTest::newRow("a download") << u"/list.m3u"_s << u"/list.m3u"_s << u"36 bytes "_s;
     QTest::newRow("a password") << u"/list.m3u?password=secret"_s << u"/list.m3u?password=***"_s
                                 << u"36 bytes "_s;
     QTest::newRow("a failure") << u"/missing"_s << u"/missing"_s

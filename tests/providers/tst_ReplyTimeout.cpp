@@ -34,7 +34,6 @@ class tst_ReplyTimeout : public QObject
 private Q_SLOTS:
     void endsOnce_data();
     void endsOnce();
-    void aSlowReplyIsNotCutOff_data();
     void aSlowReplyIsNotCutOff();
 
 private:
@@ -91,21 +90,14 @@ void tst_ReplyTimeout::endsOnce()
     ask(server, reply, target, 300, false);
 }
 
-void tst_ReplyTimeout::aSlowReplyIsNotCutOff_data()
-{
-    QTest::addColumn<bool>("redirected");
-    QTest::newRow("at once") << false;
-    QTest::newRow("after a redirect") << true;
-}
-
 void tst_ReplyTimeout::aSlowReplyIsNotCutOff()
 {
-    QFETCH(const bool, redirected);
     // Takes three times as long as it may stall.
     HttpReply slow = bodyReply(success);
     slow.bytesPerSecond = success.size() / 3;
     HttpServer server;
-    ask(server, redirected ? HttpReply::redirect(u"/hop"_s, 307) : slow, slow, 1000, true);
+    ask(server, slow, {}, 1000, true);
+    ask(server, HttpReply::redirect(u"/hop"_s, 307), slow, 1000, true);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_ReplyTimeout)

@@ -19,7 +19,6 @@ private Q_SLOTS:
     void accountIsEncoded_data();
     void accountIsEncoded();
     void withoutTheSwitchNothingIsTraced();
-    void serverAddress_data();
     void serverAddress();
     void catalogCalls_data();
     void catalogCalls();
@@ -67,40 +66,31 @@ void tst_XtreamRequests::accountIsEncoded_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("received");
-    const auto row = [](const char *name, const QString &text, const QString &sent,
-                        const QString &received) {
-        QTest::newRow(name) << text << sent << received;
+    const auto row = [](const char *name, const QString &text, const QString &sent) {
+        QTest::newRow(name) << text << sent;
     };
-    const auto kept = [&row](const char *name, const QString &text, const QString &sent) {
-        row(name, text, sent, text);
-    };
-    kept("null", {}, QString());
-    kept("empty", u""_s, QString());
-    kept("space", u"a b"_s, u"a%20b"_s);
-    kept("delimiters", u"a&b=c#d"_s, u"a%26b%3Dc%23d"_s);
-    kept("signs that may stand in a query", u"a/b?c:d@e!$'()*,;+"_s, u"a/b?c:d@e!$'()*,;%2B"_s);
-    kept("signs that may not", u"<\">`\\^{|}"_s, u"%3C%22%3E%60%5C%5E%7B%7C%7D"_s);
-    kept("not ASCII", u"\u00e9\U0001F600"_s, u"%C3%A9%F0%9F%98%80"_s);
-    kept("a percent sign at the end", u"100%"_s, u"100%25"_s);
+    row("null", {}, QString());
+    row("empty", u""_s, QString());
+    row("space", u"a b"_s, u"a%20b"_s);
+    row("delimiters", u"a&b=c#d"_s, u"a%26b%3Dc%23d"_s);
+    row("signs that may stand in a query", u"a/b?c:d@e!$'()*,;+"_s, u"a/b?c:d@e!$'()*,;%2B"_s);
+    row("signs that may not", u"<\">`\\^{|}"_s, u"%3C%22%3E%60%5C%5E%7B%7C%7D"_s);
+    row("not ASCII", u"\u00e9\U0001F600"_s, u"%C3%A9%F0%9F%98%80"_s);
+    row("a percent sign at the end", u"100%"_s, u"100%25"_s);
     // Qt takes a percent sign with digits for an encoded character.
-    row("percent-encoded", u"a%20b"_s, u"a%20b"_s, u"a b"_s);
-    row("percent-encoded delimiters", u"a%26b%3Dc%23%2F"_s, u"a%26b%3Dc%23%2F"_s, u"a&b=c#/"_s);
-    row("percent-encoded plus sign", u"a%2Bb"_s, u"a%2Bb"_s, u"a+b"_s);
+    for (const QString &text : {u"a%20b"_s, u"a%26b%3Dc%23%2F"_s, u"a%2Bb"_s}) {
+        row(qUtf8Printable(text), text, text);
+    }
 }
 
 void tst_XtreamRequests::accountIsEncoded()
 {
     QFETCH(const QString, text);
     QFETCH(const QString, sent);
-    QFETCH(const QString, received);
     XtreamSession xtream;
     xtream.client->configure(xtream.server.url(), text, text);
     QCOMPARE(xtream.get(u"a"_s), "{}"_ba);
     QCOMPARE(xtream.onlyQuery(), u"username="_s + sent + u"&password="_s + sent + u"&action=a"_s);
-    const QList<std::pair<QString, QString>> items{
-        {u"username"_s, received}, {u"password"_s, received}, {u"action"_s, u"a"_s}};
-    QCOMPARE(xtream.server.requests().first().query, items);
 }
 
 void tst_XtreamRequests::withoutTheSwitchNothingIsTraced()
@@ -117,27 +107,21 @@ void tst_XtreamRequests::withoutTheSwitchNothingIsTraced()
     QCOMPARE(traceSafe(u"Silent-Pw Silent-Url-Pw"_s), u"Silent-Pw Silent-Url-Pw"_s);
 }
 
-void tst_XtreamRequests::serverAddress_data()
-{
-    QTest::addColumn<QString>("suffix");
-    QTest::addColumn<QString>("path");
-    QTest::newRow("no slash") << u""_s << u"/player_api.php"_s;
-    QTest::newRow("one slash") << u"/"_s << u"/player_api.php"_s;
-    QTest::newRow("two slashes below the root") << u"/tv//"_s << u"/tv//player_api.php"_s;
-    QTest::newRow("below the root") << u"/panel/tv"_s << u"/panel/tv/player_api.php"_s;
-    QTest::newRow("space in the path") << u"/a b"_s << u"/a b/player_api.php"_s;
-}
-
 void tst_XtreamRequests::serverAddress()
 {
-    QFETCH(const QString, suffix);
-    QFETCH(const QString, path);
-    XtreamSession xtream;
-    xtream.server.on(path, bodyReply("[1]"_ba));
-    xtream.client->configure(xtream.server.url(suffix), u"u"_s, u"p"_s);
-    QCOMPARE(xtream.get(), "[1]"_ba);
-    QCOMPARE(xtream.onlyQuery(), u"username=u&password=p"_s);
-    QCOMPARE(xtream.server.requests().first().path, path);
+    const QMap<QString, QString> paths{{u""_s, u"/player_api.php"_s},
+                                       {u"/"_s, u"/player_api.php"_s},
+                                       {u"/tv//"_s, u"/tv//player_api.php"_s},
+                                       {u"/panel/tv"_s, u"/panel/tv/player_api.php"_s},
+                                       {u"/a b"_s, u"/a b/player_api.php"_s}};
+    for (auto path = paths.begin(); path != paths.end(); ++path) {
+        XtreamSession xtream;
+        xtream.server.on(*path, bodyReply("[1]"_ba));
+        xtream.client->configure(xtream.server.url(path.key()), u"u"_s, u"p"_s);
+        QCOMPARE(xtream.get(), "[1]"_ba);
+        QCOMPARE(xtream.onlyQuery(), u"username=u&password=p"_s);
+        QCOMPARE(xtream.server.requests().first().path, *path);
+    }
 }
 
 namespace {
