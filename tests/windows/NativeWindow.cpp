@@ -11,54 +11,18 @@ HWND nativeHandle(quintptr handle)
     return reinterpret_cast<HWND>(handle);
 }
 
-QString titleOf(HWND window)
+HWND visibleWindow(qint64 processId, const QString &title)
 {
-    wchar_t text[256] = {};
-    const int length = GetWindowTextW(window, text, 256);
-    return QString::fromWCharArray(text, length);
-}
-
-struct Search
-{
-    DWORD processId;
-    QString title;
-    HWND found = nullptr;
-};
-
-BOOL CALLBACK compareWindow(HWND window, LPARAM parameter)
-{
-    auto *search = reinterpret_cast<Search *>(parameter);
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    if (processId == search->processId && IsWindowVisible(window) != FALSE &&
-        titleOf(window) == search->title) {
-        search->found = window;
-        return FALSE;
-    }
-    return TRUE;
-}
-
-struct ChildSearch
-{
-    QSize minimum;
-    QRect found;
-};
-
-QRect screenRect(HWND window)
-{
-    RECT rect = {};
-    GetWindowRect(window, &rect);
-    return {QPoint(rect.left, rect.top), QSize(rect.right - rect.left, rect.bottom - rect.top)};
-}
-
-BOOL CALLBACK compareChild(HWND window, LPARAM parameter)
-{
-    auto *search = reinterpret_cast<ChildSearch *>(parameter);
-    const QRect rect = screenRect(window);
-    if (IsWindowVisible(window) != FALSE && rect.width() >= search->minimum.width() &&
-        rect.height() >= search->minimum.height())
-        search->found = rect;
-    return TRUE;
+    HWND window = nullptr;
+    do {
+        window = FindWindowExW(nullptr, window, nullptr,
+                               reinterpret_cast<const wchar_t *>(title.utf16()));
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == processId && IsWindowVisible(window) != FALSE)
+            return window;
+    } while (window != nullptr);
+    return nullptr;
 }
 
 void send(INPUT input)
@@ -97,16 +61,11 @@ void pressKey(WORD virtualKey)
 std::optional<NativeWindow> NativeWindow::waitFor(qint64 processId, const QString &title,
                                                   int timeoutMs)
 {
-    Search search{static_cast<DWORD>(processId), title};
-    const bool found = QTest::qWaitFor(
-        [&search] {
-            EnumWindows(compareWindow, reinterpret_cast<LPARAM>(&search));
-            return search.found != nullptr;
-        },
-        timeoutMs);
-    if (!found)
+    HWND found = nullptr;
+    const auto appears = [&] { return (found = visibleWindow(processId, title)) != nullptr; };
+    if (!QTest::qWaitFor(appears, timeoutMs))
         return std::nullopt;
-    return NativeWindow(reinterpret_cast<quintptr>(search.found));
+    return NativeWindow(reinterpret_cast<quintptr>(found));
 }
 
 QRect NativeWindow::clientRect() const
@@ -118,22 +77,12 @@ QRect NativeWindow::clientRect() const
     return {corner.x, corner.y, static_cast<int>(rect.right), static_cast<int>(rect.bottom)};
 }
 
-QRect NativeWindow::childRect(const QSize &minimum) const
-{
-    ChildSearch search{minimum, {}};
-    EnumChildWindows(nativeHandle(handle), compareChild, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-bool NativeWindow::isVisible() const
-{
-    return IsWindow(nativeHandle(handle)) != FALSE &&
-           IsWindowVisible(nativeHandle(handle)) != FALSE;
-}
-
 bool NativeWindow::waitUntilGone(int timeoutMs) const
 {
-    return QTest::qWaitFor([this] { return !isVisible(); }, timeoutMs);
+    const auto isGone = [window = nativeHandle(handle)] {
+        return IsWindowVisible(window) == FALSE;
+    };
+    return QTest::qWaitFor(isGone, timeoutMs);
 }
 
 void NativeWindow::close() const
@@ -141,18 +90,17 @@ void NativeWindow::close() const
     PostMessageW(nativeHandle(handle), WM_CLOSE, 0, 0);
 }
 
-void NativeWindow::moveMouse(const QPoint &place) const
+void NativeMouse::moveTo(const QPoint &point)
 {
-    const QPoint target = clientRect().topLeft() + place;
     // Absolute places are in 65,536ths of the screen.
-    const LONG x = MulDiv(target.x(), 65536, GetSystemMetrics(SM_CXSCREEN)) + 1;
-    const LONG y = MulDiv(target.y(), 65536, GetSystemMetrics(SM_CYSCREEN)) + 1;
+    const LONG x = MulDiv(point.x(), 65536, GetSystemMetrics(SM_CXSCREEN)) + 1;
+    const LONG y = MulDiv(point.y(), 65536, GetSystemMetrics(SM_CYSCREEN)) + 1;
     sendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, x, y);
 }
 
-void NativeWindow::click(const QPoint &place) const
+void NativeMouse::click(const QPoint &point)
 {
-    moveMouse(place);
+    moveTo(point);
     sendMouse(MOUSEEVENTF_LEFTDOWN);
     sendMouse(MOUSEEVENTF_LEFTUP);
 }

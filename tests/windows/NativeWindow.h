@@ -5,8 +5,7 @@
 
 #include <optional>
 
-/// A window of any process, found through Windows itself, and a user's input to it. Rectangles are
-/// in pixels of the screen.
+/// A window of any process, found through Windows itself.
 class NativeWindow
 {
 public:
@@ -14,18 +13,12 @@ public:
     static std::optional<NativeWindow> waitFor(qint64 processId, const QString &title,
                                                int timeoutMs = 60000);
 
-    /// The window without its frame.
+    /// The window without its frame, in pixels of the screen.
     QRect clientRect() const;
-    /// The last visible native child of at least that size; empty if there is none.
-    QRect childRect(const QSize &minimum) const;
-    bool isVisible() const;
     [[nodiscard]] bool waitUntilGone(int timeoutMs = 30000) const;
 
     /// Asks the window to close, as its close button does.
     void close() const;
-    /// Clicks at a place within the window, from the top left corner of its client area.
-    void click(const QPoint &place) const;
-    void moveMouse(const QPoint &place) const;
 
 private:
     explicit NativeWindow(quintptr windowHandle)
@@ -33,6 +26,14 @@ private:
     {}
     quintptr handle;
 };
+
+/// The mouse of this desktop. Points are in pixels of the screen.
+namespace NativeMouse {
+
+void moveTo(const QPoint &point);
+void click(const QPoint &point);
+
+} // namespace NativeMouse
 
 /// The keyboard of this desktop. Its input goes to the focused window.
 namespace NativeKeyboard {
