@@ -170,16 +170,7 @@ def mutants(file, text):
         line_end = text.find("\n", end)
         before = text[line_start:line_end]
         after = text[line_start:start] + new + text[end:line_end]
-        found.append(
-            Mutant(
-                file,
-                operator,
-                text.count("\n", 0, start) + 1,
-                start,
-                end,
-                new,
-                " ".join(before.split()),
-                " ".join(after.split()),
-            )
-        )
+        line = text.count("\n", 0, start) + 1
+        found.append(Mutant(file, operator, line, start, end, new,
+                            " ".join(before.split()), " ".join(after.split())))
     return sorted(set(found), key=lambda each: (each.start, each.end, each.operator, each.new))

@@ -84,20 +84,16 @@ class Operators(unittest.TestCase):
 
 
 class Equivalents(unittest.TestCase):
-    def read(self, text):
+    def test_entries_are_read(self):
+        entries = "# About it.\n\nsrc/a.cpp\n- a();\n+ ;\nNothing depends on it,\nas a rule.\n"
         with tempfile.TemporaryDirectory() as folder:
             path = pathlib.Path(folder) / "equivalent.txt"
-            path.write_text(text)
-            return mutate.equivalents(path)
-
-    def test_entries_are_read(self):
-        text = "# About it.\n\nsrc/a.cpp\n- a();\n+ ;\nNothing depends on it,\nas a rule.\n"
-        text += "\nsrc/b.cpp\n- b\n+ c\nx\n"
-        self.assertEqual(self.read(text), {("src/a.cpp", "a();", ";"), ("src/b.cpp", "b", "c")})
-
-    def test_an_entry_without_a_reason_is_refused(self):
-        with self.assertRaises(SystemExit):
-            self.read("src/a.cpp\n- a();\n+ ;\n")
+            path.write_text(entries + "\nsrc/b.cpp\n- b\n+ c\nx\n")
+            wanted = {("src/a.cpp", "a();", ";"), ("src/b.cpp", "b", "c")}
+            self.assertEqual(mutate.equivalents(path), wanted)
+            path.write_text("src/a.cpp\n- a();\n+ ;\n")  # without a reason
+            with self.assertRaises(SystemExit):
+                mutate.equivalents(path)
 
     def test_entries_of_the_project_match_its_sources(self):
         project = pathlib.Path(__file__).parents[2]
