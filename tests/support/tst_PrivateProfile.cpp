@@ -3,7 +3,6 @@
 #include "support/TraceCapture.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
@@ -20,7 +19,6 @@ class tst_PrivateProfile : public QObject
 
 private Q_SLOTS:
     void locationsLieInTheProfile();
-    void settingsAreWrittenToTheSettingsFile();
     void clearForgetsSettingsAndData();
     void traceCaptureTakesWhatWasWritten();
 };
@@ -38,20 +36,14 @@ void tst_PrivateProfile::locationsLieInTheProfile()
     QVERIFY(profile.appDataDir().endsWith("/Vantiro/Vantiro Player"_L1));
 }
 
-void tst_PrivateProfile::settingsAreWrittenToTheSettingsFile()
+void tst_PrivateProfile::clearForgetsSettingsAndData()
 {
-    const PrivateProfile &profile = PrivateProfile::current();
+    PrivateProfile &profile = PrivateProfile::current();
     QSettings settings(u"Vantiro"_s, u"Player"_s);
     QCOMPARE(settings.fileName(), profile.settingsFile());
     settings.setValue(u"lastActiveSource"_s, u"Home"_s);
     settings.sync();
     QVERIFY(QFileInfo::exists(profile.settingsFile()));
-}
-
-void tst_PrivateProfile::clearForgetsSettingsAndData()
-{
-    PrivateProfile &profile = PrivateProfile::current();
-    QSettings(u"Vantiro"_s, u"Player"_s).setValue(u"lastActiveSource"_s, u"Home"_s);
     QVERIFY(QDir().mkpath(profile.appDataDir() + "/catalog_cache"_L1));
 
     profile.clear();
