@@ -26,12 +26,8 @@ public:
     /// @name The "Add Source" dialog that is open
     /// @{
     desktop::Accessible addDialog() const;
-    [[nodiscard]] bool fillAccount(const QString &url, const QString &user,
-                                   const QString &password) const;
-    [[nodiscard]] bool fillPlaylist(const QString &name, const QString &url) const;
-    [[nodiscard]] bool fillSubscription(const QString &key) const;
-    /// Presses "Test Connection" and waits for this result.
-    [[nodiscard]] bool testsConnection(const QString &result) const;
+    [[nodiscard]] bool chooseType(const QString &type) const;
+    [[nodiscard]] bool fill(const QString &label, const QString &text) const;
     [[nodiscard]] bool acceptDialog() const;
     /// @}
 
@@ -41,9 +37,6 @@ public:
     [[nodiscard]] bool openCategory(const QString &name) const;
     /// Opens all entries of a tab.
     [[nodiscard]] bool openAll(const QString &tab) const;
-    /// Goes to a tab, sees a category, opens all of them and sees an entry.
-    [[nodiscard]] bool seesTab(const QString &tab, const QString &category,
-                               const QString &name) const;
     /// The channel, film or show of that name in the list that is open.
     desktop::Accessible entry(const QString &name) const;
     [[nodiscard]] bool play(const QString &name) const;
@@ -60,17 +53,11 @@ public:
     /// Waits until some label of the main window has this text.
     [[nodiscard]] bool showsLabel(const QString &text) const;
     [[nodiscard]] bool clickButton(const QString &text) const;
-    /// The slider to seek with; null while it does not show.
-    desktop::Accessible seekSlider() const;
-    /// How far a film of one minute is by the time label; -1 while the label shows none.
-    int playedSeconds() const;
     /// Clicks a button and waits for the menu that opens.
     desktop::Accessible openMenu(const QString &button) const;
     /// @}
 
     desktop::NativeWindow nativeWindow() const { return app.nativeWindow(UiTexts::mainWindow); }
-    /// The windows, dialogs and message boxes of that title.
-    QList<desktop::Accessible> windowsTitled(const QString &title) const;
     /// Whether libVLC has opened no window of its own, and no dialog shows.
     bool hasOneWindow() const;
     /// Saves a picture of the main window for people to look at.

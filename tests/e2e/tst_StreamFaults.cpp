@@ -26,7 +26,7 @@ private Q_SLOTS:
 
 private:
     void fill() override;
-    QList<Accessible> errorBoxes() const { return session->windowsTitled(UiTexts::errorTitle); }
+    bool asks() const { return bool(session->app.window(UiTexts::errorTitle)); }
 
     const QString name = u"Broken"_s;
     QString channelPath;
@@ -79,7 +79,7 @@ void TestStreamFaults::aBrokenChannelComesBack()
     QVERIFY(session->showsLabel(UiTexts::reconnecting(name, 1)));
     const int requests = provider->http().requestCount(channelPath);
     QTRY_VERIFY_WITH_TIMEOUT(provider->http().requestCount(channelPath) > requests, 15000);
-    QVERIFY(errorBoxes().isEmpty());
+    QVERIFY(!asks());
     works = true;
     QVERIFY(session->showsLabel(UiTexts::playing(name)));
     QVERIFY(session->seesPicture());
@@ -99,15 +99,15 @@ void TestStreamFaults::aBrokenFilmAsks()
     QVERIFY(!session->window.find(Role::Label, UiTexts::playing(name)));
     const int requests = provider->http().requestCount(filmPath);
     QVERIFY(Mouse::click(box.find(Role::Button, u"Retry"_s)));
+    QVERIFY(box.waitUntilGone());
     QTRY_VERIFY(provider->http().requestCount(filmPath) > requests);
 
     box = session->app.waitForWindow(UiTexts::errorTitle);
-    QCOMPARE(errorBoxes().size(), 1);
     works = true;
     QVERIFY(Mouse::click(box.waitFor(Role::Button, u"Retry"_s)));
     QVERIFY(session->showsLabel(UiTexts::playing(name)));
     QVERIFY(session->seesPicture());
-    QVERIFY(errorBoxes().isEmpty());
+    QVERIFY(!asks());
 }
 
 void TestStreamFaults::aFilmThatIsNoFilmEndsSilently_data()
@@ -123,7 +123,7 @@ void TestStreamFaults::aFilmThatIsNoFilmEndsSilently()
     QVERIFY(session->play(name));
     QTRY_VERIFY(provider->http().requestCount(filmPath) > 0);
     QVERIFY(Screen::waitUntilStill(session->videoRect(), 30000, quietMs));
-    QVERIFY(errorBoxes().isEmpty());
+    QVERIFY(!asks());
     QVERIFY(session->window.find(Role::Label, UiTexts::playing(name)));
 }
 

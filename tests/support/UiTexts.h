@@ -7,7 +7,6 @@ namespace UiTexts {
 
 inline const QString mainWindow = QStringLiteral("Vantiro Player");
 inline const QString addSourceDialog = QStringLiteral("Add Source");
-inline const QString addSourceButton = QStringLiteral("Add Source...");
 inline const QString errorTitle = QStringLiteral("Playback Error");
 inline const QString streamError =
     QStringLiteral("Playback stopped: libVLC encountered an error while streaming.");

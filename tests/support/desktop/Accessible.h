@@ -1,7 +1,5 @@
 #pragma once
 
-#include "support/desktop/Role.h"
-
 #include <QList>
 #include <QRect>
 #include <QString>
@@ -10,6 +8,28 @@
 #include <memory>
 
 namespace desktop {
+
+/// What a control is, as far as tests distinguish controls.
+enum class Role
+{
+    Other,
+    Window,
+    Dialog,
+    MessageBox,
+    Button,
+    ComboBox,
+    Edit, ///< one line or many
+    Label,
+    List,
+    ListItem,
+    Table,
+    Cell, ///< of a table or a tree
+    Tree,
+    Tab,
+    Slider,
+    Menu, ///< an open popup menu
+    MenuItem
+};
 
 /// One control of a running program, seen through the accessibility bus.
 ///
@@ -33,8 +53,6 @@ public:
 
     /// Connects to the accessibility bus. Menus are seen only if they opened after this call.
     static void connect();
-    /// The root of a program's controls; null if it has not announced itself yet.
-    static Accessible application(qint64 processId);
     /// The program's open menus, the latest first, then its visible windows.
     static QList<Accessible> windows(qint64 processId);
 
@@ -81,6 +99,7 @@ public:
 
 private:
     explicit Accessible(void *owned);
+    static Accessible application(qint64 processId);
     bool hasState(int state) const;
     bool matches(const QString &name) const;
     QString roleName() const;

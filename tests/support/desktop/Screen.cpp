@@ -31,6 +31,11 @@ bool looksDifferent(QRgb before, QRgb after)
            std::abs(qBlue(before) - qBlue(after)) > seenDifference;
 }
 
+bool isMostlyBlack(const QImage &image)
+{
+    return !image.isNull() && share(image, isDark) >= 0.98;
+}
+
 } // namespace
 
 QRect area()
@@ -57,11 +62,6 @@ QString save(const QImage &image, const QString &name)
         return {};
     }
     return path;
-}
-
-bool isMostlyBlack(const QImage &image)
-{
-    return !image.isNull() && share(image, isDark) >= 0.98;
 }
 
 bool isMostlyBlack(const QRect &rect)

@@ -28,7 +28,6 @@ double share(const QImage &image, Matches matches)
 }
 
 /// Whether at least 98 in 100 pixels are black or nearly so.
-bool isMostlyBlack(const QImage &image);
 bool isMostlyBlack(const QRect &rect);
 
 /// The share of pixels, 0 to 1, that differ visibly; 1 for images of different sizes.
