@@ -35,9 +35,10 @@ void TestExit::fill()
 void TestExit::closePromptly()
 {
     constexpr qint64 exitMs = 2000;
+    const desktop::NativeWindow window = session->nativeWindow();
     QElapsedTimer clock;
     clock.start();
-    QVERIFY(session->nativeWindow().requestClose());
+    QVERIFY(window.requestClose());
     QVERIFY(session->app.waitUntilEnded());
     const qint64 took = clock.elapsed();
     QCOMPARE(session->app.exitCode(), 0);
