@@ -10,7 +10,7 @@
 ///
 /// Where the members stand is remembered for as long as the program runs, with the size and the
 /// time of the file. A member is then read or replaced without a look at the others. A file that
-/// was changed by someone else since is read and checked as a whole. GUI thread only.
+/// was changed by someone else since is read and checked as a whole. One thread at a time.
 class CacheFile final
 {
 public:

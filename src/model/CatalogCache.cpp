@@ -8,12 +8,14 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QMutex>
 #include <QStandardPaths>
 #include <QVariant>
 
-#include <algorithm>
+#include <optional>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
@@ -35,6 +37,9 @@ QString cacheFilePath(const QString &sourceName)
 {
     return cacheDir() + u'/' + safeFileName(sourceName) + ".json"_L1;
 }
+
+/// Guards the files, and what is remembered of them.
+QMutex filesMutex;
 
 // The columns stand in the order in which the members are written.
 constexpr std::tuple categoryTable{
@@ -61,6 +66,22 @@ constexpr std::tuple episodeTable{
     JsonColumn{"containerExtension", &Episode::containerExtension, &JsonField::toText},
 };
 
+/// The sections as JSON; nothing when one of them is missing.
+std::optional<QList<QByteArray>> sectionTexts(const QString &sourceName,
+                                              const QStringList &sections)
+{
+    const QMutexLocker lock(&filesMutex);
+    CacheFile file(cacheFilePath(sourceName));
+    QList<QByteArray> texts;
+    for (const QString &name : sections) {
+        if (!file.contains(name)) {
+            return std::nullopt;
+        }
+        texts.append(file.value(name));
+    }
+    return texts;
+}
+
 /// The time stamp that a JSON text holds; 0 when it holds none.
 qint64 stampFrom(const QByteArray &json)
 {
@@ -68,6 +89,11 @@ qint64 stampFrom(const QByteArray &json)
 }
 
 } // namespace
+
+qint64 CatalogCache::fileSize(const QString &sourceName)
+{
+    return QFileInfo(cacheFilePath(sourceName)).size();
+}
 
 bool CatalogCache::load(const QString &sourceName, const QString &section, Section &out)
 {
@@ -81,15 +107,13 @@ bool CatalogCache::load(const QString &sourceName, const QString &section, Secti
 
 bool CatalogCache::load(const QString &sourceName, const QStringList &sections, QList<Section> &out)
 {
-    CacheFile file(cacheFilePath(sourceName));
-    const bool complete = std::all_of(sections.begin(), sections.end(),
-                                      [&file](const QString &name) { return file.contains(name); });
-    if (!complete) {
+    const std::optional<QList<QByteArray>> texts = sectionTexts(sourceName, sections);
+    if (!texts) {
         return false;
     }
     out.clear();
-    for (const QString &name : sections) {
-        const JsonMembers object = readJsonMembers(file.value(name));
+    for (const QByteArray &text : *texts) {
+        const JsonMembers object = readJsonMembers(text);
         out.append({readJsonRecords(object.value(categoriesKey), categoryTable),
                     readJsonRecords(object.value(itemsKey), itemTable)});
     }
@@ -98,16 +122,19 @@ bool CatalogCache::load(const QString &sourceName, const QStringList &sections, 
 
 void CatalogCache::save(const QString &sourceName, const QString &section, const Section &data)
 {
-    QDir().mkpath(cacheDir());
     JsonMembers object;
     object.insert(categoriesKey, writeJsonRecords(data.categories, categoryTable));
     object.insert(itemsKey, writeJsonRecords(data.items, itemTable));
-    CacheFile(cacheFilePath(sourceName)).replace(section, writeJsonMembers(object));
+    const QByteArray json = writeJsonMembers(object);
+    const QMutexLocker lock(&filesMutex);
+    QDir().mkpath(cacheDir());
+    CacheFile(cacheFilePath(sourceName)).replace(section, json);
 }
 
 bool CatalogCache::loadEpisodes(const QString &sourceName, const QString &seriesId,
                                 long long maxAgeSeconds, QList<Episode> &out)
 {
+    const QMutexLocker lock(&filesMutex);
     const JsonMembers store =
         readJsonMembers(CacheFile(cacheFilePath(sourceName)).value(episodesKey));
     if (!store.contains(seriesId)) {
@@ -124,10 +151,11 @@ bool CatalogCache::loadEpisodes(const QString &sourceName, const QString &series
 void CatalogCache::saveEpisodes(const QString &sourceName, const QString &seriesId,
                                 const QList<Episode> &episodes)
 {
-    QDir().mkpath(cacheDir());
     JsonMembers entry;
     entry.insert(savedAtKey, QByteArray::number(QDateTime::currentSecsSinceEpoch()));
     entry.insert(listKey, writeJsonRecords(episodes, episodeTable));
+    const QMutexLocker lock(&filesMutex);
+    QDir().mkpath(cacheDir());
     CacheFile file(cacheFilePath(sourceName));
     JsonMembers store = readJsonMembers(file.value(episodesKey));
     store.insert(seriesId, writeJsonMembers(entry));

@@ -9,9 +9,9 @@
 /// The catalogs of all sources on disk: one JSON file per source, named after it, under
 /// "/catalog_cache" in the application-data directory.
 ///
-/// Each call reads or rewrites one file; nothing is kept in memory. GUI thread only. A file that is
-/// damaged or cannot be read counts as absent, and the next save replaces it. A failed write is not
-/// reported.
+/// Each call reads or rewrites one file; no catalog is kept in memory. For any thread; calls wait
+/// for each other. A file that is damaged or cannot be read counts as absent, and the next save
+/// replaces it. A failed write is not reported.
 class CatalogCache final
 {
 public:
@@ -25,6 +25,9 @@ public:
     };
 
     CatalogCache() = delete;
+
+    /// The size of a source's file in bytes; 0 when there is none.
+    static qint64 fileSize(const QString &sourceName);
 
     /// Reads one section. False when there is none; `out` is then unchanged.
     static bool load(const QString &sourceName, const QString &section, Section &out);

@@ -1,6 +1,7 @@
 #include "providers/CatalogLoader.h"
 
 #include "model/Age.h"
+#include "providers/BackgroundJobs.h"
 #include "providers/M3uParser.h"
 #include "providers/PlaylistClient.h"
 #include "providers/SubscriptionAddress.h"
@@ -11,6 +12,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -76,6 +78,7 @@ CatalogLoader::CatalogLoader(QObject *parent)
 CatalogLoader::CatalogLoader(const QString &subscriptionBaseUrl, QObject *parent)
     : QObject(parent)
     , subscriptionUrl(subscriptionBaseUrl)
+    , jobs(new BackgroundJobs(this))
     , playlist(new PlaylistClient(this))
 {}
 
@@ -141,15 +144,50 @@ bool CatalogLoader::isNewest(const Fetch &fetch) const
     return newestFetch.value(fetch.sourceName) == fetch.load;
 }
 
-void CatalogLoader::loadM3uSource(const SourceConfig &source, bool force)
+/// Reports all sections, or calls `otherwise` when one is missing or stale.
+void CatalogLoader::loadFromCache(const SourceConfig &source, const QList<CatalogSection> &sections,
+                                  const std::function<void()> &otherwise)
 {
-    CatalogCache::Section cached;
-    if (!force && isFresh(source) &&
-        CatalogCache::load(source.name, cacheName(CatalogSection::Channel), cached)) {
-        Q_EMIT categoriesLoaded(CatalogSection::Channel, cached.categories);
-        Q_EMIT itemsLoaded(CatalogSection::Channel, cached.items);
+    if (!isFresh(source)) {
+        otherwise();
         return;
     }
+    QStringList names;
+    for (const CatalogSection section : sections) {
+        names << cacheName(section);
+    }
+    const auto read = [name = source.name, names] {
+        QList<CatalogCache::Section> cached;
+        return CatalogCache::load(name, names, cached) ? std::optional(cached) : std::nullopt;
+    };
+    const auto take = [=, this, load = currentLoad](const auto &cached) {
+        if (load != currentLoad) {
+            return;
+        }
+        if (!cached) {
+            otherwise();
+            return;
+        }
+        for (qsizetype index = 0; index < cached->size(); ++index) {
+            report(sections.at(index), CatalogReply<Category>{cached->at(index).categories});
+            report(sections.at(index), CatalogReply<MediaItem>{cached->at(index).items});
+        }
+    };
+    jobs->run(CatalogCache::fileSize(source.name), read, take);
+}
+
+void CatalogLoader::loadM3uSource(const SourceConfig &source, bool force)
+{
+    const auto fetch = [this, source] { fetchPlaylist(source); };
+    if (force) {
+        fetch();
+    } else {
+        loadFromCache(source, {CatalogSection::Channel}, fetch);
+    }
+}
+
+void CatalogLoader::fetchPlaylist(const SourceConfig &source)
+{
     const Fetch fetch = beginFetch(source, 1);
     playlist->read(source.url, [this, source, fetch](const PlaylistReply &reply) {
         takePlaylist(reply, source, fetch);
@@ -170,15 +208,39 @@ void CatalogLoader::takePlaylist(const PlaylistReply &reply, const SourceConfig 
                        CatalogSection::Channel, isFile ? source.url : reply.error});
         return;
     }
-    const M3uParser::Result parsed = M3uParser::parse(QString::fromUtf8(reply.body));
+    const auto parse = [body = reply.body] {
+        const M3uParser::Result parsed = M3uParser::parse(QString::fromUtf8(body));
+        return CatalogCache::Section{parsed.categories, parsed.items};
+    };
+    jobs->run(reply.body.size(), parse, [this, fetch](const CatalogCache::Section &channels) {
+        takeChannels(channels, fetch);
+    });
+}
+
+void CatalogLoader::takeChannels(const CatalogCache::Section &channels, const Fetch &fetch)
+{
+    if (!isNewest(fetch)) {
+        finishStep(fetch.load);
+        return;
+    }
     // While an account is loaded the channels are hidden; another playlist keeps its own.
     if (isCurrent(fetch) || accountIsCurrent) {
-        Q_EMIT categoriesLoaded(CatalogSection::Channel, parsed.categories);
-        Q_EMIT itemsLoaded(CatalogSection::Channel, parsed.items);
+        Q_EMIT categoriesLoaded(CatalogSection::Channel, channels.categories);
+        Q_EMIT itemsLoaded(CatalogSection::Channel, channels.items);
     }
-    CatalogCache::save(fetch.sourceName, cacheName(CatalogSection::Channel),
-                       {parsed.categories, parsed.items});
-    finishStep(fetch.load);
+    save(CatalogSection::Channel, channels, fetch);
+}
+
+void CatalogLoader::save(CatalogSection section, const CatalogCache::Section &data,
+                         const Fetch &fetch)
+{
+    constexpr qsizetype bytesOfAnItem = 300; // about
+    const auto write = [name = fetch.sourceName, section, data] {
+        CatalogCache::save(name, cacheName(section), data);
+        return true;
+    };
+    jobs->run((data.categories.size() + data.items.size()) * bytesOfAnItem, write,
+              [this, fetch](bool) { finishStep(fetch.load); });
 }
 
 void CatalogLoader::loadXtreamSource(const SourceConfig &source, bool force)
@@ -187,32 +249,25 @@ void CatalogLoader::loadXtreamSource(const SourceConfig &source, bool force)
         xtream = new XtreamClient(this);
     }
     xtream->configure(source.url, source.username, source.password);
-    if (!force && isFresh(source) && loadAccountFromCache(source.name)) {
+    const auto fetch = [this, source] { fetchAccount(source); };
+    if (force) {
+        fetch();
         return;
     }
+    QList<CatalogSection> sections;
+    for (const AccountSection &part : accountSections()) {
+        sections << part.section;
+    }
+    loadFromCache(source, sections, fetch);
+}
+
+void CatalogLoader::fetchAccount(const SourceConfig &source)
+{
     // Categories and items of each section.
     const Fetch fetch = beginFetch(source, 2 * static_cast<int>(accountSections().size()));
     for (const AccountSection &part : accountSections()) {
         fetchSection(part, fetch);
     }
-}
-
-bool CatalogLoader::loadAccountFromCache(const QString &sourceName)
-{
-    QStringList names;
-    for (const AccountSection &part : accountSections()) {
-        names << cacheName(part.section);
-    }
-    QList<CatalogCache::Section> cached;
-    if (!CatalogCache::load(sourceName, names, cached)) {
-        return false;
-    }
-    for (qsizetype index = 0; index < cached.size(); ++index) {
-        const CatalogSection section = accountSections().at(index).section;
-        report(section, CatalogReply<Category>{cached.at(index).categories});
-        report(section, CatalogReply<MediaItem>{cached.at(index).items});
-    }
-    return true;
 }
 
 void CatalogLoader::fetchSection(const AccountSection &part, const Fetch &fetch)
@@ -240,12 +295,12 @@ void CatalogLoader::finishRequest(CatalogSection section, const CatalogCache::Se
 {
     // Each of the two replies saves both halves, so that the later one completes the section.
     if (isCurrent(fetch)) {
-        CatalogCache::save(fetch.sourceName, cacheName(section),
-                           {lastCategories.value(section), halves.items});
+        save(section, {lastCategories.value(section), halves.items}, fetch);
     } else if (isNewest(fetch)) {
-        CatalogCache::save(fetch.sourceName, cacheName(section), halves);
+        save(section, halves, fetch);
+    } else {
+        finishStep(fetch.load);
     }
-    finishStep(fetch.load);
 }
 
 void CatalogLoader::report(CatalogSection section, const CatalogReply<Category> &reply)

@@ -11,6 +11,9 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
+class BackgroundJobs;
 class PlaylistClient;
 class XtreamClient;
 class ZevrinoClient;
@@ -40,9 +43,10 @@ struct LoadFailure
 ///
 /// One load is current at a time; the next load replaces it. Replies to a replaced load are late:
 /// they are still cached under the name of their source, unless that source was fetched again or
-/// forgotten since, but not reported. There are two exceptions: a late playlist is reported while
-/// an account is loaded, because its tab is hidden then, and a late download that fails reports
-/// failed(). GUI thread only.
+/// forgotten since, but not reported. Large catalogs are read, parsed and written on another
+/// thread, in the order in which they came; what is written is written even if the program ends.
+/// There are two exceptions: a late playlist is reported while an account is loaded, because its
+/// tab is hidden then, and a late download that fails reports failed(). GUI thread only.
 class CatalogLoader final : public QObject
 {
     Q_OBJECT
@@ -53,7 +57,8 @@ public:
     /// Exchanges subscription keys with the service at this base address.
     CatalogLoader(const QString &subscriptionBaseUrl, QObject *parent);
 
-    /// Loads `source`; `force` skips the cache. What needs no network is reported within this call.
+    /// Loads `source`; `force` skips the cache. A small catalog that needs no network is reported
+    /// within this call.
     void load(const SourceConfig &source, bool force);
     /// Abandons the current load and forgets the catalog that was reported.
     void reset();
@@ -99,9 +104,14 @@ private:
     bool isNewest(const Fetch &fetch) const;
 
     void loadM3uSource(const SourceConfig &source, bool force);
+    void fetchPlaylist(const SourceConfig &source);
     void takePlaylist(const PlaylistReply &reply, const SourceConfig &source, const Fetch &fetch);
+    void takeChannels(const CatalogCache::Section &channels, const Fetch &fetch);
     void loadXtreamSource(const SourceConfig &source, bool force);
-    bool loadAccountFromCache(const QString &sourceName);
+    void fetchAccount(const SourceConfig &source);
+    void loadFromCache(const SourceConfig &source, const QList<CatalogSection> &sections,
+                       const std::function<void()> &otherwise);
+    void save(CatalogSection section, const CatalogCache::Section &data, const Fetch &fetch);
     void fetchSection(const AccountSection &part, const Fetch &fetch);
     void finishRequest(CatalogSection section, const CatalogCache::Section &halves,
                        const Fetch &fetch);
@@ -110,6 +120,7 @@ private:
     void report(CatalogSection section, const CatalogReply<MediaItem> &reply);
 
     QString subscriptionUrl;
+    BackgroundJobs *jobs;
     PlaylistClient *playlist;
     /// Made on the first account load, then kept.
     XtreamClient *xtream = nullptr;

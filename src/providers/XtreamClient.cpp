@@ -1,6 +1,7 @@
 #include "providers/XtreamClient.h"
 
 #include "app/NetLog.h"
+#include "providers/BackgroundJobs.h"
 #include "providers/NetworkTrace.h"
 #include "providers/RedirectFollower.h"
 #include "providers/ReplyTimeout.h"
@@ -43,18 +44,23 @@ QString categoryItem(const QString &categoryId)
 /// A callback for request() that parses the body and calls `callback`. A reply without records has
 /// failed unless `isExpected` holds for its JSON document.
 template <typename Record>
-auto parsedBy(QList<Record> (*parse)(const QByteArray &), bool (QJsonDocument::*isExpected)() const,
+auto parsedBy(BackgroundJobs *jobs, QList<Record> (*parse)(const QByteArray &),
+              bool (QJsonDocument::*isExpected)() const,
               std::function<void(CatalogReply<Record>)> callback)
 {
-    return [parse, isExpected, callback = std::move(callback)](const QByteArray &body, bool ok) {
-        if (!ok) {
-            callback({{}, true});
-            return;
-        }
-        CatalogReply<Record> reply{parse(body)};
-        reply.failed = reply.records.isEmpty() && !(QJsonDocument::fromJson(body).*isExpected)();
-        callback(std::move(reply));
-    };
+    return
+        [jobs, parse, isExpected, callback = std::move(callback)](const QByteArray &body, bool ok) {
+            const auto read = [parse, isExpected, body, ok] {
+                CatalogReply<Record> reply;
+                if (ok) {
+                    reply.records = parse(body);
+                }
+                reply.failed =
+                    reply.records.isEmpty() && !(QJsonDocument::fromJson(body).*isExpected)();
+                return reply;
+            };
+            jobs->run(body.size(), read, callback);
+        };
 }
 
 } // namespace
@@ -62,6 +68,7 @@ auto parsedBy(QList<Record> (*parse)(const QByteArray &), bool (QJsonDocument::*
 XtreamClient::XtreamClient(QObject *parent)
     : QObject(parent)
     , network(new QNetworkAccessManager(this))
+    , parsing(new BackgroundJobs(this))
 {
     network->setTransferTimeout(replyTimeoutMs);
 }
@@ -145,43 +152,43 @@ void XtreamClient::testLogin(std::function<void(bool, const QString &)> callback
 void XtreamClient::fetchLiveCategories(CategoriesCallback callback)
 {
     request(u"get_live_categories"_s, {},
-            parsedBy(&parseCategories, &QJsonDocument::isArray, std::move(callback)));
+            parsedBy(parsing, &parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchVodCategories(CategoriesCallback callback)
 {
     request(u"get_vod_categories"_s, {},
-            parsedBy(&parseCategories, &QJsonDocument::isArray, std::move(callback)));
+            parsedBy(parsing, &parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesCategories(CategoriesCallback callback)
 {
     request(u"get_series_categories"_s, {},
-            parsedBy(&parseCategories, &QJsonDocument::isArray, std::move(callback)));
+            parsedBy(parsing, &parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchLiveStreams(const QString &categoryId, ItemsCallback callback)
 {
     request(u"get_live_streams"_s, categoryItem(categoryId),
-            parsedBy(&parseLiveStreams, &QJsonDocument::isArray, std::move(callback)));
+            parsedBy(parsing, &parseLiveStreams, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchVodStreams(const QString &categoryId, ItemsCallback callback)
 {
     request(u"get_vod_streams"_s, categoryItem(categoryId),
-            parsedBy(&parseVodStreams, &QJsonDocument::isArray, std::move(callback)));
+            parsedBy(parsing, &parseVodStreams, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeries(const QString &categoryId, ItemsCallback callback)
 {
     request(u"get_series"_s, categoryItem(categoryId),
-            parsedBy(&parseSeries, &QJsonDocument::isArray, std::move(callback)));
+            parsedBy(parsing, &parseSeries, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback callback)
 {
     request(u"get_series_info"_s, "series_id="_L1 + seriesId,
-            parsedBy(&parseSeriesEpisodes, &QJsonDocument::isObject, std::move(callback)));
+            parsedBy(parsing, &parseSeriesEpisodes, &QJsonDocument::isObject, std::move(callback)));
 }
 
 QString XtreamClient::liveStreamUrl(const QString &streamId, const QString &extension) const

@@ -11,6 +11,7 @@
 
 #include <functional>
 
+class BackgroundJobs;
 class QNetworkAccessManager;
 
 /// Talks to an Xtream Codes server: JSON requests to its "/player_api.php", the login check, the
@@ -18,7 +19,8 @@ class QNetworkAccessManager;
 ///
 /// GUI thread only. Each callback is called exactly once, later, on the GUI thread, unless the
 /// client is destroyed first. Requests are independent and may run concurrently; one that makes no
-/// progress for replyTimeoutMs fails. Nothing is retried.
+/// progress for replyTimeoutMs fails. Nothing is retried. Large catalogs are parsed on another
+/// thread; catalogs are handed over in the order in which they were received.
 class XtreamClient final : public QObject
 {
     Q_OBJECT
@@ -77,6 +79,7 @@ private:
                              const QString &streamId, const QString &extension);
 
     QNetworkAccessManager *network;
+    BackgroundJobs *parsing; ///< of catalogs
     QString server;
     QString username;
     QString password;

@@ -1,3 +1,4 @@
+#include "fakeprovider/CatalogGenerator.h"
 #include "providers/LoadRecorder.h"
 #include "support/HttpReplies.h"
 #include "support/TestFiles.h"
@@ -8,6 +9,12 @@
 using namespace Qt::StringLiterals;
 
 using Step = LoadFailure::Step;
+
+namespace {
+
+constexpr int largeCount = 5000;
+
+} // namespace
 
 /// Loading playlists, from a real server and from files.
 class tst_CatalogLoaderPlaylist : public QObject
@@ -23,8 +30,14 @@ private Q_SLOTS:
     void latePlaylist();
     void latePlaylistFailure();
     void twoDownloadsOfOneSource();
+    void aLargePlaylist();
+    void aLargePlaylistIsReplaced();
 
 private:
+    /// A playlist that is parsed on another thread.
+    SourceConfig largeSource();
+
+    QTemporaryDir folder;
     std::unique_ptr<HttpServer> server;
 };
 
@@ -143,6 +156,47 @@ void tst_CatalogLoaderPlaylist::twoDownloadsOfOneSource()
     QTRY_COMPARE(recorder.requestsUnderWay(), 0);
     QCOMPARE(recorder.channels(), (QStringList{u"One"_s, u"Two"_s}));
     QCOMPARE(cachedChannels(u"A"_s), (QStringList{u"One"_s, u"Two"_s}));
+}
+
+SourceConfig tst_CatalogLoaderPlaylist::largeSource()
+{
+    const QString path = folder.filePath(u"large.m3u"_s);
+    writeFile(path, CatalogGenerator().playlist(largeCount, 10, u"http://x/"_s));
+    return playlistSource(u"Large"_s, path, neverLoaded);
+}
+
+void tst_CatalogLoaderPlaylist::aLargePlaylist()
+{
+    LoadRecorder recorder;
+    recorder.load(largeSource());
+    QCOMPARE(recorder.events, (QStringList{u"stamped"_s, u"steps 1"_s}));
+    QTRY_COMPARE(recorder.events.last(), u"done"_s);
+    QCOMPARE(recorder.events.mid(2), (QStringList{u"categories"_s, u"items"_s, u"done"_s}));
+    QCOMPARE(recorder.channels().size(), largeCount);
+    QCOMPARE(cachedChannels(u"Large"_s), recorder.channels());
+
+    recorder.events.clear();
+    recorder.load(recorder.stamped.first());
+    QVERIFY(recorder.events.isEmpty());
+    QTRY_COMPARE(recorder.events, (QStringList{u"categories"_s, u"items"_s}));
+    QCOMPARE(recorder.channels(), cachedChannels(u"Large"_s));
+}
+
+/// What is read for a source that is no longer selected is cached and not reported.
+void tst_CatalogLoaderPlaylist::aLargePlaylistIsReplaced()
+{
+    LoadRecorder recorder;
+    recorder.load(largeSource());
+    recorder.load(playlistSource(u"List"_s, server->url(u"/list.m3u"_s), neverLoaded));
+    QTRY_VERIFY(!recorder.isLoading());
+    QTRY_COMPARE(cachedChannels(u"Large"_s).size(), largeCount);
+    QCOMPARE(recorder.channels(), (QStringList{u"One"_s, u"Two"_s}));
+
+    // The same when it is read from the cache.
+    recorder.load(recorder.stamped.first());
+    recorder.load(recorder.stamped.last());
+    QTRY_COMPARE(recorder.events.count(u"items"_s), 2);
+    QCOMPARE(recorder.channels(), (QStringList{u"One"_s, u"Two"_s}));
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_CatalogLoaderPlaylist)

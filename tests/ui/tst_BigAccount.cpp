@@ -62,6 +62,8 @@ void tst_BigAccount::loadsAndComesBackFromTheCache()
     QCOMPARE(films.rowCount(), 150000);
 
     open(); // a restart: a new window over the same profile
+    QTRY_COMPARE_WITH_TIMEOUT(find<QListWidget>(u"seriesPosterList"_s).count(), 30000,
+                              loadTimeoutMs);
     compareWithTheServer();
     QCOMPARE(provider.actions().size(), 6);
 }
