@@ -152,7 +152,11 @@ void tst_ItemFilterRandom::sameAsTheDefinition()
     qsizetype matches = 0;
     for (int round = 0; round < 25; ++round) {
         QString query = pick(random, ownPieces) + pick(random, ownPieces + QStringList(12, {}));
-        query = round % 5 == 0 ? QString() : round % 2 == 0 ? query.toUpper() : query.toLower();
+        if (round % 5 == 0) {
+            query.clear();
+        } else if (round % 3 != 0) { // a third as it stands in the names
+            query = round % 2 == 0 ? query.toUpper() : query.toLower();
+        }
         const QString categoryId = pick(random, QStringList{{}, u"0"_s, u"1"_s, u"9"_s});
         const QString key =
             pick(random, QStringList{u"name"_s, u"added"_s, u"rating"_s, u"Added"_s});
