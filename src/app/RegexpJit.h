@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QtGlobal>
 
 /// Makes Qt interpret regular expressions instead of compiling them, in programs that MinGW's GCC
