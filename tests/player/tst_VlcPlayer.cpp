@@ -5,6 +5,7 @@
 namespace {
 
 constexpr qint64 filmMs = 60000;
+constexpr qint64 unknownMs = -1;
 const QString film = u"/files/film.mp4"_s;
 
 /// 900 ms of silence as a WAV file.
@@ -66,7 +67,9 @@ void tst_VlcPlayer::plays_data()
     QTest::addColumn<bool>("live");
     QTest::addColumn<qint64>("length");
     QTest::newRow("a channel without an end") << u"/live.ts"_s << true << qint64{0};
-    QTest::newRow("a film") << film << false << filmMs;
+    QTest::newRow("a channel as HLS") << u"/live-hls/index.m3u8"_s << true << unknownMs;
+    QTest::newRow("an HLS film") << u"/files/hls/index.m3u8"_s << false << qint64{30000};
+    QTest::newRow("a film with its index at the end") << film << false << filmMs;
     QTest::newRow("sound without a picture") << u"/files/audio.mp3"_s << false << qint64{10000};
 }
 
@@ -76,6 +79,7 @@ void tst_VlcPlayer::plays()
     QFETCH(bool, live);
     QFETCH(qint64, length);
 
+    serveLiveHls(*server, u"/live-hls"_s);
     play(path, live);
     QCOMPARE(probe->log, started);
     QVERIFY(probe->advances(3));
@@ -83,9 +87,13 @@ void tst_VlcPlayer::plays()
     // The first check has nothing to compare with.
     QVERIFY(probe->positions > probe->progress);
     QVERIFY(probe->currentMs > 0);
-    QVERIFY(probe->player.timeMs() >= (live ? 1 : probe->currentMs));
-    QVERIFY2(qAbs(probe->totalMs - length) < 500, qPrintable(QString::number(probe->totalMs)));
-    QCOMPARE(probe->player.lengthMs(), probe->totalMs);
+    // libVLC may set the clock of a stream in segments back a little at the edge of one.
+    const bool clockMayStepBack = live || path.endsWith(".m3u8"_L1);
+    QVERIFY(probe->player.timeMs() >= (clockMayStepBack ? 1 : probe->currentMs));
+    if (length != unknownMs) {
+        QVERIFY2(qAbs(probe->totalMs - length) < 500, qPrintable(QString::number(probe->totalMs)));
+        QCOMPARE(probe->player.lengthMs(), probe->totalMs);
+    }
     QCOMPARE(probe->log, started);
     QCOMPARE(probe->errors + probe->interruptions, QStringList());
 }
