@@ -22,8 +22,8 @@ class PosterStore final : public QObject
     Q_OBJECT
 
 public:
-    /// The default holds a thousand posters on a screen of pixel ratio 1.
-    static constexpr qint64 defaultMemoryBytes = 128 * 1024 * 1024;
+    /// The default holds five hundred posters on a screen of pixel ratio 1.
+    static constexpr qint64 defaultMemoryBytes = 64 * 1024 * 1024;
 
     explicit PosterStore(QObject *parent = nullptr, qint64 memoryBytes = defaultMemoryBytes);
     /// Waits for the picture that is being decoded; drops what else is under way.
