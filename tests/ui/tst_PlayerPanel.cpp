@@ -247,11 +247,11 @@ void tst_PlayerPanel::aHoldThatEndsWithoutAReleaseSeeksNowhere_data()
     const auto row = [](const char *name, const std::function<void(PanelFixture &)> &end) {
         QTest::newRow(name) << end;
     };
-    row("another film starts", [](PanelFixture &fixture) { fixture.playSound(); });
-    row("a channel starts", [](PanelFixture &fixture) { fixture.playSound(StreamKind::Live); });
-    row("the film is interrupted", [](PanelFixture &fixture) { fixture.interrupt(); });
-    row("it is ended from outside", [](PanelFixture &fixture) { fixture.panel.endSeekHold(); });
-    row("the row is hidden", [](PanelFixture &fixture) { fixture.panel.setRowsHidden(true); });
+    row("another film starts", [](PanelFixture &panel) { panel.playSound(); });
+    row("a channel starts", [](PanelFixture &panel) { panel.playSound(StreamKind::Live); });
+    row("the film is interrupted", [](PanelFixture &panel) { panel.interrupt(); });
+    row("it is ended from outside", [](PanelFixture &panel) { panel.panel.endSeekHold(); });
+    row("the row is hidden", [](PanelFixture &panel) { panel.panel.setRowsHidden(true); });
 }
 
 void tst_PlayerPanel::aHoldThatEndsWithoutAReleaseSeeksNowhere()
