@@ -49,9 +49,9 @@ void tst_BackgroundJobs::aLargeJobRunsOnAnotherThread()
         begin.acquire();
         return QThread::currentThread();
     };
-    jobs->run(large, work, [&](QThread *thread) {
-        QCOMPARE(QThread::currentThread(), qApp->thread());
-        worker = thread;
+    jobs->run(large, work, [&](QThread *used) {
+        QCOMPARE(QThread::currentThread(), thread());
+        worker = used;
     });
     QVERIFY(worker == nullptr);
     begin.release(); // the call did not wait for it
