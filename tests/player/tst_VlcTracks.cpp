@@ -200,7 +200,7 @@ void tst_VlcTracks::loadsASubtitleFile()
     QTRY_COMPARE_WITH_TIMEOUT(player.currentSubtitleTrack(), file, openMs);
     QVERIFY(player.subtitlesEnabled());
     switchOn();
-    QCOMPARE(player.currentSubtitleTrack(), file);
+    QTRY_COMPARE(player.currentSubtitleTrack(), file);
     switchOff();
     switchOn();
     QTRY_COMPARE(player.currentSubtitleTrack(), file);
