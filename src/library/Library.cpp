@@ -1,0 +1,267 @@
+#include "library/Library.h"
+
+#include "library/LibraryTables.h"
+#include "library/LibraryWriter.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QSet>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+qint64 now()
+{
+    return QDateTime::currentSecsSinceEpoch();
+}
+
+} // namespace
+
+QString Library::defaultFilePath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/library.sqlite"_L1;
+}
+
+Library::Library(QObject *parent)
+    : Library(defaultFilePath(), parent)
+{}
+
+Library::Library(const QString &filePath, QObject *parent)
+    : QObject(parent)
+    , path(filePath)
+    , writer(new LibraryWriter(filePath, this))
+{
+    connect(writer, &LibraryWriter::setAside, this, &Library::keepAll);
+    connect(writer, &LibraryWriter::unavailable, this, [this](const QString &reason) {
+        report(tr("Favorites and positions cannot be stored: %1").arg(reason));
+    });
+    connect(writer, &LibraryWriter::foundNewer, this, [this] {
+        report(tr("Favorites and positions were stored by a newer version of this program. They "
+                  "stay as they are, and changes are not stored."));
+    });
+    if (QFile::exists(filePath)) {
+        isLoaded = false;
+        writer->beginLoading();
+    }
+}
+
+Library::~Library()
+{
+    // Before the other members: it still reports.
+    delete writer;
+}
+
+const LibraryState &Library::state() const
+{
+    if (!isLoaded) {
+        loadedState = LibraryState(writer->takeRows());
+        isLoaded = true;
+    }
+    return loadedState;
+}
+
+void Library::report(const QString &text)
+{
+    if (text != lastProblem) {
+        lastProblem = text;
+        Q_EMIT problem(text);
+    }
+}
+
+/// The file was damaged: what is in memory goes to the new one.
+void Library::keepAll(const QString &aside)
+{
+    LibraryChange all;
+    all.put = rows();
+    if (!all.isEmpty()) {
+        writer->write(all);
+    }
+    report(tr("The file with your favorites and positions was damaged. It was kept as \"%1\", and "
+              "a new one was begun.")
+               .arg(QDir::toNativeSeparators(aside)));
+}
+
+// ---- changes ----
+
+LibraryChange Library::apply(const LibraryChange &change)
+{
+    state();
+    const LibraryChange inverse = loadedState.apply(change);
+    // The file may have rows that another running program wrote.
+    const bool concernsOthers = !change.cleared.isEmpty() || !change.moves.isEmpty();
+    if (!inverse.isEmpty() || (concernsOthers && QFile::exists(path))) {
+        writer->write(change);
+        announce(inverse);
+    }
+    return inverse;
+}
+
+bool Library::applyNow(const LibraryChange &change)
+{
+    state();
+    if (!writer->writeNow(change)) {
+        return false;
+    }
+    announce(loadedState.apply(change));
+    return true;
+}
+
+bool Library::flush()
+{
+    return writer->flush();
+}
+
+/// Emits changed() for every list that a change and its inverse touch.
+void Library::announce(const LibraryChange &inverse)
+{
+    LibraryTables::forEach([&](const auto &table) {
+        QSet<LibraryListId> touched;
+        for (const auto &rows : {inverse.removed.*table.rows, inverse.put.*table.rows}) {
+            for (const auto &row : rows) {
+                touched.insert({row.source, row.kind});
+            }
+        }
+        for (const LibraryListId &list : std::as_const(touched)) {
+            Q_EMIT changed(table.part, list.source, list.kind);
+        }
+    });
+}
+
+LibraryRows Library::rows() const
+{
+    return state().rows();
+}
+
+LibraryChange Library::clear(const QList<LibraryPart> &parts)
+{
+    LibraryChange change;
+    change.cleared = parts;
+    return apply(change);
+}
+
+// ---- favorites ----
+
+const LibraryList<Favorite> &Library::favorites(const QString &source, EntryKind kind) const
+{
+    return state().list<Favorite>({source, kind});
+}
+
+QList<Favorite> Library::favoritesInOrder(const QString &source, EntryKind kind) const
+{
+    QList<Favorite> ordered = favorites(source, kind).values();
+    std::sort(ordered.begin(), ordered.end(), [](const Favorite &a, const Favorite &b) {
+        return std::tie(a.place, a.addedAt, a.id) < std::tie(b.place, b.addedAt, b.id);
+    });
+    return ordered;
+}
+
+LibraryChange Library::addFavorite(const LibraryEntry &entry)
+{
+    const LibraryList<Favorite> &list = favorites(entry.source, entry.kind);
+    if (list.contains(entry.id)) {
+        return {};
+    }
+    qint64 lastPlace = 0;
+    for (const Favorite &other : list) {
+        lastPlace = std::max(lastPlace, other.place);
+    }
+    LibraryChange change;
+    change.put.favorites.append({entry, lastPlace + 1, now()});
+    return apply(change);
+}
+
+LibraryChange Library::removeFavorite(const LibraryEntry &entry)
+{
+    LibraryChange change;
+    change.removed.favorites.append({entry, 0, 0});
+    return apply(change);
+}
+
+LibraryChange Library::setFavoriteOrder(const QString &source, EntryKind kind,
+                                        const QStringList &ids)
+{
+    QHash<QString, qsizetype> positions;
+    for (const QString &id : ids) {
+        positions.insert(id, positions.size());
+    }
+    QList<Favorite> ordered = favoritesInOrder(source, kind);
+    const auto position = [&](const Favorite &row) { return positions.value(row.id, ids.size()); };
+    std::stable_sort(ordered.begin(), ordered.end(), [&](const Favorite &a, const Favorite &b) {
+        return position(a) < position(b);
+    });
+    LibraryChange change;
+    for (qint64 place = 1; Favorite & row : ordered) {
+        if (row.place != place) {
+            row.place = place;
+            change.put.favorites.append(row);
+        }
+        ++place;
+    }
+    return apply(change);
+}
+
+// ---- recently watched ----
+
+QList<WatchedEntry> Library::recentlyWatched(const QString &source, EntryKind kind) const
+{
+    QList<WatchedEntry> ordered = historyInOrder(source, kind);
+    return ordered.size() > recentlyWatchedCount ? ordered.first(recentlyWatchedCount) : ordered;
+}
+
+QList<WatchedEntry> Library::historyInOrder(const QString &source, EntryKind kind) const
+{
+    QList<WatchedEntry> ordered = state().list<WatchedEntry>({source, kind}).values();
+    std::sort(ordered.begin(), ordered.end(), [](const WatchedEntry &a, const WatchedEntry &b) {
+        return std::tie(b.watchedAt, a.id) < std::tie(a.watchedAt, b.id);
+    });
+    return ordered;
+}
+
+LibraryChange Library::noteWatched(const LibraryEntry &entry)
+{
+    QList<WatchedEntry> others = historyInOrder(entry.source, entry.kind);
+    // The clock may stand still between two entries, or have been set back.
+    const qint64 latest = others.isEmpty() ? 0 : others.constFirst().watchedAt + 1;
+    others.removeIf([&entry](const WatchedEntry &other) { return other.id == entry.id; });
+    LibraryChange change;
+    change.removed.history = others.mid(recentlyWatchedCount - 1);
+    change.put.history.append({entry, std::max(now(), latest)});
+    return apply(change);
+}
+
+LibraryChange Library::removeFromRecentlyWatched(const LibraryEntry &entry)
+{
+    LibraryChange change;
+    change.removed.history.append({entry, 0});
+    return apply(change);
+}
+
+// ---- hidden categories ----
+
+const LibraryList<HiddenCategory> &Library::hiddenCategories(const QString &source,
+                                                             EntryKind kind) const
+{
+    return state().list<HiddenCategory>({source, kind});
+}
+
+LibraryChange Library::hideCategory(const QString &source, EntryKind kind, const Category &category)
+{
+    LibraryChange change;
+    change.put.hiddenCategories.append(
+        HiddenCategory{{source, kind, category.id, category.name, {}}});
+    return apply(change);
+}
+
+LibraryChange Library::unhideCategory(const QString &source, EntryKind kind,
+                                      const QString &categoryId)
+{
+    LibraryChange change;
+    change.removed.hiddenCategories.append(HiddenCategory{{source, kind, categoryId, {}, {}}});
+    return apply(change);
+}

@@ -1,0 +1,657 @@
+#include "library/Library.h"
+#include "library/LibraryFixture.h"
+#include "support/TestFiles.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+// What the library answers, and that a later start answers the same.
+
+namespace {
+
+const QString source = u"S"_s;
+constexpr qint64 second = 1000;
+constexpr qint64 minute = 60 * second;
+
+Progress film(const QString &id, qint64 positionMs, qint64 durationMs = 100 * minute)
+{
+    Progress at = progressOf(makeEntry(id));
+    at.positionMs = positionMs;
+    at.durationMs = durationMs;
+    return at;
+}
+
+/// Episode `number` of show "s", which has three.
+Progress episode(int number, qint64 positionMs = 0, const QString &show = u"s"_s)
+{
+    const QString id = show + u'e' + QString::number(number);
+    Progress at = progressOf(source, show, {id, show, 1, number, u"T"_s, u"mp4"_s}, number == 3);
+    at.positionMs = positionMs;
+    at.durationMs = 100 * minute;
+    return at;
+}
+const QStringList threeEpisodes{u"se1"_s, u"se2"_s, u"se3"_s};
+
+LibraryEntry show(const QString &id = u"s"_s)
+{
+    return makeEntry(id, EntryKind::Show);
+}
+
+MediaItem channel(const QString &url, const QString &name, const QString &category = u"c1"_s)
+{
+    MediaItem item;
+    item.id = url;
+    item.name = name;
+    item.categoryId = category;
+    return item;
+}
+
+} // namespace
+
+class tst_Library : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void unusedMakesNothing();
+    void ineffectiveChangesMakeNothing();
+    void survivesARestart();
+    void isDurableWhileItRuns();
+
+    void favoriteOrder();
+    void addingTwiceKeepsThePlace();
+    void takingBack_data();
+    void takingBack();
+
+    void recentlyWatched();
+    void recentlyWatchedPerKindAndSource();
+
+    void positions_data();
+    void positions();
+    void positionsAfterPositions_data();
+    void positionsAfterPositions();
+    void finishedStaysWatched();
+    void watchedShow();
+    void newEpisodeUnmarksTheShow();
+    void continueWatchingFilms();
+    void continueWatchingShows_data();
+    void continueWatchingShows();
+
+    void hiddenCategories();
+    void sources_data();
+    void sources();
+    void followsUrls_data();
+    void followsUrls();
+    void clearing();
+    void signalsPerList();
+
+    void setsADamagedFileAside();
+    void keepsAllWhenTheFileBreaksMeanwhile();
+    void newerFile();
+    void writesWhenItCanAgain();
+    void applyingNow();
+
+private:
+    void restart()
+    {
+        library.reset();
+        library = std::make_unique<Library>(nullptr);
+    }
+
+    std::unique_ptr<Library> library;
+};
+
+void tst_Library::init()
+{
+    PrivateProfile::current().clear();
+    restart();
+}
+
+void tst_Library::cleanup()
+{
+    library.reset();
+}
+
+// ---- the file ----
+
+void tst_Library::unusedMakesNothing()
+{
+    QVERIFY(library->favorites(source, EntryKind::Live).isEmpty());
+    QVERIFY(library->recentlyWatched(source, EntryKind::Live).isEmpty());
+    QVERIFY(library->progress(source, EntryKind::Movie).isEmpty());
+    QVERIFY(library->continueWatching(source, EntryKind::Episode).isEmpty());
+    QVERIFY(library->hiddenCategories(source, EntryKind::Live).isEmpty());
+    QCOMPARE(library->rows(), LibraryRows());
+    QVERIFY(library->flush());
+    library.reset();
+    QVERIFY(!QDir(PrivateProfile::current().appDataDir()).exists());
+}
+
+void tst_Library::ineffectiveChangesMakeNothing()
+{
+    library->removeFavorite(makeEntry(u"1"_s));
+    library->removeFromRecentlyWatched(makeEntry(u"1"_s));
+    library->setFavoriteOrder(source, EntryKind::Movie, {u"1"_s});
+    library->setWatched({film(u"1"_s, 0)}, false);
+    library->notePosition(film(u"1"_s, 29 * second));
+    library->noteEpisodes(show(), threeEpisodes);
+    library->unhideCategory(source, EntryKind::Movie, u"c1"_s);
+    library->renameSource(source, u"T"_s);
+    library->forgetSource(source);
+    library->followEntries(source, EntryKind::Channel, {channel(u"u"_s, u"n"_s)});
+    library->clear({LibraryPart::Favorites, LibraryPart::Progress});
+    library.reset();
+    QVERIFY(!QDir(PrivateProfile::current().appDataDir()).exists());
+}
+
+void tst_Library::survivesARestart()
+{
+    LibraryChange change;
+    change.put = sampleRows();
+    library->apply(change);
+    restart();
+    QCOMPARE(library->rows(), sampleRows());
+}
+
+void tst_Library::isDurableWhileItRuns()
+{
+    library->addFavorite(makeEntry(u"1"_s));
+    QTRY_VERIFY(QFile::exists(libraryFile()));
+    const auto written = [] {
+        return sortedIdsOf(Library(nullptr).favorites(source, EntryKind::Movie));
+    };
+    QTRY_COMPARE(written(), QStringList{u"1"_s});
+    library->addFavorite(makeEntry(u"2"_s));
+    QTRY_COMPARE(written(), (QStringList{u"1"_s, u"2"_s}));
+}
+
+// ---- favorites ----
+
+void tst_Library::favoriteOrder()
+{
+    for (const QString &id : {u"c"_s, u"a"_s, u"d"_s, u"b"_s})
+        library->addFavorite(makeEntry(id));
+    const auto order = [this] {
+        return idsOf(library->favoritesInOrder(source, EntryKind::Movie)).join(u' ');
+    };
+    QCOMPARE(order(), u"c a d b"_s);
+    library->setFavoriteOrder(source, EntryKind::Movie, {u"b"_s, u"c"_s, u"a"_s, u"d"_s});
+    QCOMPARE(order(), u"b c a d"_s);
+    library->setFavoriteOrder(source, EntryKind::Movie, {u"d"_s, u"unknown"_s, u"a"_s});
+    QCOMPARE(order(), u"d a b c"_s);
+    library->addFavorite(makeEntry(u"e"_s));
+    QCOMPARE(order(), u"d a b c e"_s);
+    const LibraryChange undo = library->removeFavorite(makeEntry(u"a"_s));
+    QCOMPARE(order(), u"d b c e"_s);
+    library->apply(undo);
+    QCOMPARE(order(), u"d a b c e"_s);
+    restart();
+    QCOMPARE(order(), u"d a b c e"_s);
+}
+
+void tst_Library::addingTwiceKeepsThePlace()
+{
+    library->addFavorite(makeEntry(u"1"_s));
+    library->addFavorite(makeEntry(u"2"_s));
+    QVERIFY(library->addFavorite(makeEntry(u"1"_s)).isEmpty());
+    QCOMPARE(idsOf(library->favoritesInOrder(source, EntryKind::Movie)),
+             (QStringList{u"1"_s, u"2"_s}));
+}
+
+void tst_Library::takingBack_data()
+{
+    using Change = std::function<LibraryChange(Library &)>;
+    QTest::addColumn<Change>("change");
+    QTest::newRow("adding a favorite")
+        << Change([](Library &l) { return l.addFavorite(makeEntry(u"new"_s)); });
+    QTest::newRow("removing a favorite")
+        << Change([](Library &l) { return l.removeFavorite(makeEntry(u"1"_s)); });
+    QTest::newRow("marking as watched") << Change([](Library &l) {
+        return l.setWatched({episode(1), episode(2)}, true);
+    });
+    QTest::newRow("marking as unwatched")
+        << Change([](Library &l) { return l.setWatched({film(u"f"_s, 0)}, false); });
+    QTest::newRow("hiding a category") << Change([](Library &l) {
+        return l.hideCategory(source, EntryKind::Live, {u"c"_s, u"C"_s});
+    });
+    QTest::newRow("removing from what was watched") << Change(
+        [](Library &l) { return l.removeFromRecentlyWatched(makeEntry(u"2"_s, EntryKind::Live)); });
+    QTest::newRow("clearing") << Change([](Library &l) {
+        return l.clear({LibraryPart::History, LibraryPart::Progress});
+    });
+    QTest::newRow("renaming a source")
+        << Change([](Library &l) { return l.renameSource(source, u"T"_s); });
+    QTest::newRow("deleting a source") << Change([](Library &l) { return l.forgetSource(source); });
+}
+
+void tst_Library::takingBack()
+{
+    QFETCH(std::function<LibraryChange(Library &)>, change);
+    LibraryChange sample;
+    sample.put = sampleRows();
+    sample.put.progress.append(film(u"f"_s, 50 * minute));
+    library->apply(sample);
+    const LibraryRows before = LibraryState(library->rows()).rows();
+    const LibraryChange undo = change(*library);
+    QVERIFY(!undo.isEmpty());
+    restart();
+    QVERIFY(sortedIdsOf(library->rows().favorites) != sortedIdsOf(before.favorites) ||
+            library->rows() != before);
+    library->apply(undo);
+    restart();
+    LibraryRows after = library->rows();
+    QCOMPARE(after.progress.size(), before.progress.size());
+    for (const Progress &row : before.progress)
+        QVERIFY(after.progress.contains(row));
+    after.progress = before.progress; // compared in any order
+    QCOMPARE(after, before);
+}
+
+// ---- recently watched ----
+
+void tst_Library::recentlyWatched()
+{
+    QStringList expected;
+    for (int id = 0; id < Library::recentlyWatchedCount + 3; ++id) {
+        library->noteWatched(makeEntry(QString::number(id)));
+        expected.prepend(QString::number(id));
+    }
+    expected.resize(Library::recentlyWatchedCount);
+    const auto ids = [this] { return idsOf(library->recentlyWatched(source, EntryKind::Movie)); };
+    QCOMPARE(ids(), expected);
+
+    library->noteWatched(makeEntry(u"40"_s));
+    expected.move(expected.indexOf(u"40"_s), 0);
+    QCOMPARE(ids(), expected);
+    library->removeFromRecentlyWatched(makeEntry(u"40"_s));
+    expected.removeFirst();
+    QCOMPARE(ids(), expected);
+    restart();
+    QCOMPARE(ids(), expected);
+    QCOMPARE(library->rows().history.size(), expected.size());
+}
+
+void tst_Library::recentlyWatchedPerKindAndSource()
+{
+    library->noteWatched(makeEntry(u"1"_s, EntryKind::Live));
+    library->noteWatched(makeEntry(u"1"_s, EntryKind::Movie));
+    library->noteWatched(makeEntry(u"1"_s, EntryKind::Movie, u"T"_s));
+    library->removeFromRecentlyWatched(makeEntry(u"1"_s, EntryKind::Movie));
+    QCOMPARE(library->recentlyWatched(source, EntryKind::Live).size(), 1);
+    QVERIFY(library->recentlyWatched(source, EntryKind::Movie).isEmpty());
+    QCOMPARE(library->recentlyWatched(u"T"_s, EntryKind::Movie).size(), 1);
+}
+
+// ---- positions ----
+
+void tst_Library::positions_data()
+{
+    QTest::addColumn<qint64>("positionMs");
+    QTest::addColumn<qint64>("durationMs");
+    QTest::addColumn<qint64>("resumeMs"); ///< -1 when nothing is kept
+    QTest::addColumn<bool>("watched");
+    const qint64 length = 1000 * second;
+    QTest::newRow("at the beginning") << 0 * second << length << qint64(-1) << false;
+    QTest::newRow("just under 30 s") << 30 * second - 1 << length << qint64(-1) << false;
+    QTest::newRow("30 s") << 30 * second << length << 30 * second << false;
+    QTest::newRow("95 %") << 950 * second << length << 950 * second << false;
+    QTest::newRow("over 95 %") << 950 * second + 1 << length << qint64(0) << true;
+    QTest::newRow("at the end") << length << length << qint64(0) << true;
+    QTest::newRow("behind the end") << length + second << length << qint64(0) << true;
+    QTest::newRow("unknown duration") << 40 * second << qint64(0) << 40 * second << false;
+    QTest::newRow("short film, over 95 %") << 20 * second << 20 * second << qint64(0) << true;
+    QTest::newRow("longer than 32 bits hold")
+        << qint64(6'000'000'000) << qint64(9'000'000'000) << qint64(6'000'000'000) << false;
+}
+
+void tst_Library::positions()
+{
+    QFETCH(qint64, positionMs);
+    QFETCH(qint64, durationMs);
+    QFETCH(qint64, resumeMs);
+    QFETCH(bool, watched);
+    library->notePosition(film(u"1"_s, positionMs, durationMs));
+    restart();
+    const auto &kept = library->progress(source, EntryKind::Movie);
+    QCOMPARE(kept.contains(u"1"_s) ? kept[u"1"_s].positionMs : -1, resumeMs);
+    QCOMPARE(kept.value(u"1"_s).watched, watched);
+}
+
+void tst_Library::positionsAfterPositions_data()
+{
+    QTest::addColumn<qint64>("then");
+    QTest::addColumn<qint64>("resumeMs");
+    QTest::newRow("further on") << 60 * minute << 60 * minute;
+    QTest::newRow("back") << 10 * minute << 10 * minute;
+    QTest::newRow("not begun again") << 20 * second << 50 * minute;
+    QTest::newRow("finished") << 99 * minute << qint64(0);
+}
+
+void tst_Library::positionsAfterPositions()
+{
+    QFETCH(qint64, then);
+    QFETCH(qint64, resumeMs);
+    library->notePosition(film(u"1"_s, 50 * minute));
+    library->notePosition(film(u"1"_s, then));
+    QCOMPARE(library->progress(source, EntryKind::Movie).value(u"1"_s).positionMs, resumeMs);
+}
+
+void tst_Library::finishedStaysWatched()
+{
+    library->notePosition(film(u"1"_s, 99 * minute));
+    QVERIFY2(library->notePosition(film(u"1"_s, 99 * minute + second)).isEmpty(),
+             "nothing new to write");
+    library->notePosition(film(u"1"_s, 10 * minute));
+    const Progress again = library->progress(source, EntryKind::Movie).value(u"1"_s);
+    QVERIFY(again.watched);
+    QCOMPARE(again.positionMs, 10 * minute);
+    library->setWatched({film(u"1"_s, 0)}, false);
+    QVERIFY(library->progress(source, EntryKind::Movie).isEmpty());
+}
+
+void tst_Library::watchedShow()
+{
+    const auto isMarked = [this] {
+        return library->progress(source, EntryKind::Show).contains(u"s"_s);
+    };
+    library->setWatched({episode(1), episode(2)}, true);
+    library->noteEpisodes(show(), threeEpisodes);
+    QVERIFY(!isMarked());
+    library->notePosition(episode(3, 99 * minute));
+    library->noteEpisodes(show(), threeEpisodes);
+    QVERIFY(isMarked());
+    library->noteEpisodes(show(), {});
+    QVERIFY2(isMarked(), "episodes that could not be loaded say nothing");
+    library->setWatched({episode(2)}, false);
+    library->noteEpisodes(show(), threeEpisodes);
+    QVERIFY(!isMarked());
+    library->setWatched({episode(1), episode(2), episode(3)}, true);
+    library->noteEpisodes(show(), threeEpisodes);
+    library->setWatched({episode(1), episode(2), episode(3)}, false);
+    library->noteEpisodes(show(), threeEpisodes);
+    QCOMPARE(library->rows(), LibraryRows());
+}
+
+void tst_Library::newEpisodeUnmarksTheShow()
+{
+    library->setWatched({episode(1), episode(2), episode(3)}, true);
+    library->noteEpisodes(show(), threeEpisodes);
+    QVERIFY(library->continueWatching(source, EntryKind::Episode).isEmpty());
+    library->noteEpisodes(show(), threeEpisodes + QStringList{u"se4"_s});
+    QVERIFY(!library->progress(source, EntryKind::Show).contains(u"s"_s));
+    QCOMPARE(idsOf(library->continueWatching(source, EntryKind::Episode)), QStringList{u"se3"_s});
+}
+
+void tst_Library::continueWatchingFilms()
+{
+    LibraryChange change;
+    for (int number = 1; number <= 4; ++number) {
+        Progress row = film(QString::number(number), number == 3 ? 0 : number * minute);
+        row.updatedAt = number == 1 ? 100 : number;
+        change.put.progress.append(row);
+    }
+    library->apply(change);
+    QCOMPARE(idsOf(library->continueWatching(source, EntryKind::Movie)),
+             (QStringList{u"1"_s, u"4"_s, u"2"_s}));
+}
+
+void tst_Library::continueWatchingShows_data()
+{
+    QTest::addColumn<QList<Progress>>("rows");
+    QTest::addColumn<QStringList>("expected");
+    const auto at = [](int number, qint64 positionMs, bool watched, qint64 time,
+                       const QString &showId = u"s"_s) {
+        Progress row = episode(number, positionMs, showId);
+        row.watched = watched;
+        row.updatedAt = time;
+        return row;
+    };
+    QTest::newRow("left in the middle") << QList{at(2, minute, false, 5)} << QStringList{u"se2"_s};
+    QTest::newRow("finished, another follows") << QList{at(2, 0, true, 5)} << QStringList{u"se2"_s};
+    QTest::newRow("the last was finished") << QList{at(3, 0, true, 5)} << QStringList{};
+    QTest::newRow("the last was left") << QList{at(3, minute, false, 5)} << QStringList{u"se3"_s};
+    QTest::newRow("the latest of a show counts")
+        << QList{at(1, minute, false, 5), at(2, minute, false, 7), at(3, minute, false, 6)}
+        << QStringList{u"se2"_s};
+    QTest::newRow("marked together")
+        << QList{at(1, 0, true, 5), at(3, 0, true, 5), at(2, 0, true, 5)} << QStringList{};
+    QTest::newRow("several shows, the latest first")
+        << QList{at(1, minute, false, 5, u"a"_s), at(1, minute, false, 9, u"b"_s),
+                 at(1, minute, false, 7, u"c"_s)}
+        << QStringList{u"be1"_s, u"ce1"_s, u"ae1"_s};
+}
+
+void tst_Library::continueWatchingShows()
+{
+    QFETCH(QList<Progress>, rows);
+    QFETCH(QStringList, expected);
+    LibraryChange change;
+    change.put.progress = rows;
+    library->apply(change);
+    QCOMPARE(idsOf(library->continueWatching(source, EntryKind::Episode)), expected);
+}
+
+// ---- categories and sources ----
+
+void tst_Library::hiddenCategories()
+{
+    library->hideCategory(source, EntryKind::Live, {u"c1"_s, u"One"_s});
+    library->hideCategory(source, EntryKind::Live, {u"c2"_s, u"Two"_s});
+    restart();
+    const auto &hidden = library->hiddenCategories(source, EntryKind::Live);
+    QCOMPARE(hidden.value(u"c2"_s).name, u"Two"_s);
+    QVERIFY(library->hiddenCategories(source, EntryKind::Movie).isEmpty());
+    library->unhideCategory(source, EntryKind::Live, u"c2"_s);
+    QCOMPARE(sortedIdsOf(library->hiddenCategories(source, EntryKind::Live)), QStringList{u"c1"_s});
+}
+
+void tst_Library::sources_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to"); ///< empty: deleted
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("renamed") << u"A"_s << u"C"_s << QStringList{u"B/1"_s, u"C/1"_s, u"C/2"_s};
+    QTest::newRow("renamed to one that exists")
+        << u"A"_s << u"B"_s << QStringList{u"B/1"_s, u"B/2"_s};
+    QTest::newRow("renamed to itself")
+        << u"A"_s << u"A"_s << QStringList{u"A/1"_s, u"A/2"_s, u"B/1"_s};
+    QTest::newRow("deleted") << u"A"_s << QString() << QStringList{u"B/1"_s};
+    QTest::newRow("one without rows")
+        << u"X"_s << QString() << QStringList{u"A/1"_s, u"A/2"_s, u"B/1"_s};
+}
+
+void tst_Library::sources()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, to);
+    QFETCH(QStringList, expected);
+    library->addFavorite(makeEntry(u"1"_s, EntryKind::Movie, u"A"_s));
+    library->addFavorite(makeEntry(u"2"_s, EntryKind::Movie, u"A"_s));
+    library->addFavorite(makeEntry(u"1"_s, EntryKind::Movie, u"B"_s));
+    if (to.isEmpty())
+        library->forgetSource(from);
+    else
+        library->renameSource(from, to);
+    for (int start = 0; start < 2; ++start) {
+        QStringList kept;
+        const LibraryRows rows = library->rows();
+        for (const Favorite &row : rows.favorites)
+            kept << row.source + u'/' + row.id;
+        kept.sort();
+        QCOMPARE(kept, expected);
+        restart();
+    }
+}
+
+void tst_Library::followsUrls_data()
+{
+    QTest::addColumn<QList<MediaItem>>("items");
+    QTest::addColumn<QStringList>("expected"); ///< of the favorites "old1" and "old2", both "News"
+    QTest::newRow("unchanged") << QList{channel(u"old1"_s, u"News"_s), channel(u"new"_s, u"News"_s),
+                                        channel(u"old2"_s, u"News"_s)}
+                               << QStringList{u"old1"_s, u"old2"_s};
+    QTest::newRow("both changed") << QList{channel(u"new1"_s, u"News"_s),
+                                           channel(u"new2"_s, u"News"_s)}
+                                  << QStringList{u"new1"_s, u"new2"_s};
+    QTest::newRow("one changed") << QList{channel(u"old1"_s, u"News"_s),
+                                          channel(u"new2"_s, u"News"_s)}
+                                 << QStringList{u"new2"_s, u"old1"_s};
+    QTest::newRow("another name") << QList{channel(u"new1"_s, u"Sport"_s)}
+                                  << QStringList{u"old1"_s, u"old2"_s};
+    QTest::newRow("another category")
+        << QList{channel(u"new1"_s, u"News"_s, u"c2"_s)} << QStringList{u"old1"_s, u"old2"_s};
+    QTest::newRow("one of them is gone")
+        << QList{channel(u"new1"_s, u"News"_s)} << QStringList{u"new1"_s, u"old2"_s};
+    QTest::newRow("nothing was loaded") << QList<MediaItem>() << QStringList{u"old1"_s, u"old2"_s};
+    QTest::newRow("one URL twice")
+        << QList{channel(u"new1"_s, u"News"_s), channel(u"new1"_s, u"News"_s)}
+        << QStringList{u"new1"_s, u"old2"_s};
+}
+
+void tst_Library::followsUrls()
+{
+    QFETCH(QList<MediaItem>, items);
+    QFETCH(QStringList, expected);
+    for (const QString &url : {u"old1"_s, u"old2"_s}) {
+        const LibraryEntry entry =
+            libraryEntry(source, EntryKind::Channel, channel(url, u"News"_s));
+        library->addFavorite(entry);
+        library->noteWatched(entry);
+    }
+    library->addFavorite(makeEntry(u"News"_s, EntryKind::Channel, u"T"_s));
+    library->followEntries(source, EntryKind::Channel, items);
+    for (int start = 0; start < 2; ++start) {
+        QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)), expected);
+        QCOMPARE(sortedIdsOf(library->recentlyWatched(source, EntryKind::Channel)), expected);
+        QCOMPARE(library->favorites(u"T"_s, EntryKind::Channel).size(), 1);
+        restart();
+    }
+}
+
+void tst_Library::clearing()
+{
+    LibraryChange change;
+    change.put = sampleRows();
+    library->apply(change);
+    // Another running program adds to the same file.
+    Library(nullptr).addFavorite(makeEntry(u"other"_s));
+    library->clear({LibraryPart::Favorites, LibraryPart::History});
+    LibraryRows expected = sampleRows();
+    expected.favorites.clear();
+    expected.history.clear();
+    QCOMPARE(library->rows(), expected);
+    restart();
+    QCOMPARE(library->rows(), expected);
+}
+
+void tst_Library::signalsPerList()
+{
+    QSignalSpy changed(library.get(), &Library::changed);
+    library->addFavorite(makeEntry(u"1"_s));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(0).value<LibraryPart>(), LibraryPart::Favorites);
+    QCOMPARE(changed.at(0).at(1).toString(), source);
+    QCOMPARE(changed.at(0).at(2).value<EntryKind>(), EntryKind::Movie);
+    library->addFavorite(makeEntry(u"1"_s));
+    QCOMPARE(changed.size(), 1);
+    library->setWatched({episode(1), episode(2)}, true);
+    QCOMPARE(changed.size(), 2);
+    library->renameSource(source, u"T"_s);
+    QCOMPARE(changed.size(), 6); // two parts, the old and the new name
+}
+
+// ---- files that cannot be used ----
+
+void tst_Library::setsADamagedFileAside()
+{
+    writeFile(libraryFile(), "no database");
+    restart();
+    QSignalSpy problems(library.get(), &Library::problem);
+    QCOMPARE(library->rows(), LibraryRows());
+    QTRY_COMPARE(problems.size(), 1);
+    const QString text = problems.at(0).at(0).toString();
+    const QStringList aside = QDir(PrivateProfile::current().appDataDir())
+                                  .entryList({u"library.sqlite.damaged-*"_s}, QDir::Files);
+    QCOMPARE(aside.size(), 1);
+    QVERIFY2(text.contains(aside.at(0)), qPrintable(text));
+    library->addFavorite(makeEntry(u"1"_s));
+    restart();
+    QCOMPARE(library->favorites(source, EntryKind::Movie).size(), 1);
+}
+
+void tst_Library::keepsAllWhenTheFileBreaksMeanwhile()
+{
+    LibraryChange change;
+    change.put = sampleRows();
+    library->apply(change);
+    QVERIFY(library->flush());
+    QSignalSpy problems(library.get(), &Library::problem);
+    RawLibraryFile().run(u"DROP TABLE favorites"_s);
+    library->addFavorite(makeEntry(u"new"_s));
+    QTRY_COMPARE(problems.size(), 1);
+    restart();
+    QCOMPARE(sortedIdsOf(library->rows().favorites), (QStringList{u"1"_s, u"new"_s}));
+    QCOMPARE(library->rows().progress, sampleRows().progress);
+}
+
+void tst_Library::newerFile()
+{
+    library->addFavorite(makeEntry(u"1"_s));
+    library.reset();
+    RawLibraryFile().run(u"PRAGMA user_version = 1000"_s);
+    restart();
+    QSignalSpy problems(library.get(), &Library::problem);
+    QVERIFY(library->rows().favorites.isEmpty());
+    library->addFavorite(makeEntry(u"2"_s));
+    library->addFavorite(makeEntry(u"3"_s));
+    QVERIFY(library->flush());
+    QTRY_VERIFY(!problems.isEmpty());
+    library.reset();
+    QCOMPARE(problems.size(), 1);
+    QCOMPARE(RawLibraryFile().run(u"SELECT group_concat(id) FROM favorites"_s).toString(), u"1"_s);
+}
+
+void tst_Library::writesWhenItCanAgain()
+{
+    // A file stands where the folder should.
+    const QString folder = PrivateProfile::current().appDataDir();
+    writeFile(folder, "x");
+    QSignalSpy problems(library.get(), &Library::problem);
+    library->addFavorite(makeEntry(u"1"_s));
+    QTRY_COMPARE(problems.size(), 1);
+    QVERIFY(!library->flush());
+    QVERIFY(library->favorites(source, EntryKind::Movie).contains(u"1"_s));
+    QVERIFY(QFile::remove(folder));
+    QTRY_VERIFY(QFile::exists(libraryFile()));
+    library->addFavorite(makeEntry(u"2"_s));
+    restart();
+    QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Movie)),
+             (QStringList{u"1"_s, u"2"_s}));
+    QCOMPARE(problems.size(), 1);
+}
+
+void tst_Library::applyingNow()
+{
+    LibraryChange change;
+    change.put = sampleRows();
+    writeFile(PrivateProfile::current().appDataDir(), "x");
+    QVERIFY(!library->applyNow(change));
+    QCOMPARE(library->rows(), LibraryRows());
+    QVERIFY(QFile::remove(PrivateProfile::current().appDataDir()));
+    QVERIFY(library->applyNow(change));
+    QCOMPARE(library->rows(), sampleRows());
+    QCOMPARE(RawLibraryFile().run(u"SELECT count(*) FROM favorites"_s).toInt(), 1);
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_Library)
+#include "tst_Library.moc"
