@@ -68,10 +68,11 @@ all categories at once, shows posters, offers the audio tracks and subtitles
 of a stream, and reconnects to live channels that drop out.")
 
 # dpkg-shlibdeps finds the linked libraries and their versions; Qt's packages include its plugins for
-# X11, JPEG and TLS. The rest is loaded or read at run time: libVLC's decoders and outputs, and the
-# certificate authorities.
+# X11, JPEG and TLS. The rest is loaded or read at run time: libVLC's decoders and outputs, SQLite, and
+# the certificate authorities.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "vlc-plugin-base, vlc-plugin-video-output, ca-certificates")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS
+    "vlc-plugin-base, vlc-plugin-video-output, libqt6sql6-sqlite, ca-certificates")
 # For posters in WebP.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-image-formats-plugins)
 

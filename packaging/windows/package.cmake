@@ -17,12 +17,12 @@ install(FILES ${CMAKE_CURRENT_LIST_DIR}/licenses.txt DESTINATION licenses RENAME
 
 if(CMAKE_CROSSCOMPILING)
     # Qt's deployment tool runs only on Windows, so the libraries that the program loads are listed
-    # here. It does not use Qt SQL, which a kit may contain.
-    foreach(library IN ITEMS Core Gui Widgets Network)
+    # here.
+    foreach(library IN ITEMS Core Gui Widgets Network Sql)
         install(FILES ${VANTIRO_WINDOWS_SDK}/qt/bin/Qt6${library}.dll DESTINATION .)
     endforeach()
     foreach(plugin IN ITEMS platforms/qwindows imageformats/qjpeg imageformats/qgif imageformats/qico
-            imageformats/qwebp styles/qwindowsvistastyle tls/qschannelbackend)
+            imageformats/qwebp sqldrivers/qsqlite styles/qwindowsvistastyle tls/qschannelbackend)
         get_filename_component(folder ${plugin} DIRECTORY)
         install(FILES ${VANTIRO_WINDOWS_SDK}/qt/plugins/${plugin}.dll DESTINATION ${folder})
     endforeach()
@@ -42,8 +42,7 @@ if(CMAKE_CROSSCOMPILING)
                 DESTINATION licenses RENAME ${license}.txt)
     endforeach()
     if(EXISTS ${VANTIRO_WINDOWS_SDK}/licenses)
-        install(DIRECTORY ${VANTIRO_WINDOWS_SDK}/licenses/ DESTINATION licenses
-                PATTERN sqlite3 EXCLUDE)
+        install(DIRECTORY ${VANTIRO_WINDOWS_SDK}/licenses/ DESTINATION licenses)
     endif()
 else()
     qt_generate_deploy_app_script(TARGET vantiro-player FILENAME_VARIABLE deploy_script)
