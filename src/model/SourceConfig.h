@@ -30,6 +30,8 @@ struct SourceConfig
     QString subscriptionKey;
     /// Seconds since the epoch when the last catalog fetch began, successful or not; 0 if never.
     qint64 lastUpdated = 0;
+
+    bool operator==(const SourceConfig &) const = default;
 };
 
 /// The live extension of sources without one of their own.

@@ -1,8 +1,14 @@
 #include "model/SourceManager.h"
 
+#include "model/SourceMerge.h"
+
+#include <QDir>
+#include <QLockFile>
 #include <QSettings>
+#include <QStandardPaths>
 
 #include <algorithm>
+#include <optional>
 #include <tuple>
 #include <type_traits>
 
@@ -70,6 +76,54 @@ void writeSource(QSettings &settings, const SourceConfig &config)
     std::apply([&](const auto &...columns) { (write(columns), ...); }, settingsTable);
 }
 
+QList<SourceConfig> readSources(QSettings &settings)
+{
+    QList<SourceConfig> sources;
+    const int count = plausibleSize(settings, settings.beginReadArray(sourcesKey));
+    for (int index = 0; index < count; ++index) {
+        settings.setArrayIndex(index);
+        sources.append(readSource(settings));
+    }
+    settings.endArray();
+    return sources;
+}
+
+void writeSources(QSettings &settings, const QList<SourceConfig> &sources)
+{
+    settings.beginWriteArray(sourcesKey, -1);
+    for (int index = 0; index < sources.size(); ++index) {
+        settings.setArrayIndex(index);
+        writeSource(settings, sources.at(index));
+    }
+    settings.endArray();
+}
+
+/// Nothing when the store holds no list, or cannot be read.
+std::optional<QList<SourceConfig>> storedSources(QSettings &settings)
+{
+    if (settings.status() != QSettings::NoError || !settings.contains(sourcesKey + "/size"_L1)) {
+        return std::nullopt;
+    }
+    return readSources(settings);
+}
+
+/// Keeps other running programs from changing the list between a read and the write that follows.
+/// Does without when that cannot be had.
+class StoreLock
+{
+public:
+    StoreLock()
+    {
+        QDir().mkpath(folder);
+        (void)file.tryLock(longestWaitMs);
+    }
+
+private:
+    static constexpr int longestWaitMs = 1000;
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QLockFile file{folder + "/sources.lock"_L1};
+};
+
 auto findByName(QList<SourceConfig> &list, const QString &name)
 {
     return std::find_if(list.begin(), list.end(),
@@ -115,24 +169,20 @@ void SourceManager::removeSource(const QString &name)
 
 void SourceManager::load()
 {
-    sourceList.clear();
     QSettings settings(organization, application);
     lastActiveName = settings.value(lastActiveKey).toString();
-    const int count = plausibleSize(settings, settings.beginReadArray(sourcesKey));
-    for (int index = 0; index < count; ++index) {
-        settings.setArrayIndex(index);
-        sourceList.append(readSource(settings));
-    }
-    settings.endArray();
+    sourceList = readSources(settings);
+    knownList = sourceList;
 }
 
 void SourceManager::persist()
 {
+    const StoreLock lock;
     QSettings settings(organization, application);
-    settings.beginWriteArray(sourcesKey, -1);
-    for (int index = 0; index < sourceList.size(); ++index) {
-        settings.setArrayIndex(index);
-        writeSource(settings, sourceList.at(index));
+    const auto stored = storedSources(settings);
+    writeSources(settings, stored ? mergeSources(knownList, sourceList, *stored) : sourceList);
+    settings.sync();
+    if (settings.status() == QSettings::NoError) {
+        knownList = sourceList;
     }
-    settings.endArray();
 }

@@ -8,6 +8,9 @@
 /// The list of configured sources and the name of the source that was active last, mirrored into
 /// the platform's settings store (organisation "Vantiro", application "Player").
 ///
+/// The store may be shared with other running programs: a write adds this program's changes to what
+/// the others have stored meanwhile. Their changes show here only after a restart.
+///
 /// GUI thread only. A store that cannot be read gives an empty list; failed writes are not
 /// reported.
 class SourceManager final : public QObject
@@ -36,5 +39,6 @@ private:
     void persist();
 
     QList<SourceConfig> sourceList;
+    QList<SourceConfig> knownList; ///< as it was when it was last read or written
     QString lastActiveName;
 };

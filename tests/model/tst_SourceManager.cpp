@@ -245,7 +245,7 @@ void tst_SourceManager::theListIsReadOnce()
     QCOMPARE(names(manager.sources()), QStringList{u"A"_s});
     QCOMPARE(manager.lastActiveSourceName(), QString());
     manager.saveSource(source(u"B"_s));
-    QCOMPARE(names(storedSources()), (QStringList{u"A"_s, u"B"_s}));
+    QCOMPARE(names(manager.sources()), (QStringList{u"A"_s, u"B"_s}));
 }
 
 void tst_SourceManager::lastActiveNameIsWrittenOnceChanged()
