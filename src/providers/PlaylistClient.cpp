@@ -3,7 +3,7 @@
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
 #include "providers/NetworkTrace.h"
-#include "providers/ReplyTimeout.h"
+#include "providers/ReplyBody.h"
 
 #include <QFile>
 #include <QNetworkAccessManager>
@@ -21,15 +21,15 @@ bool isDownloadable(const QString &address)
 }
 
 /// Takes the body of a finished reply, and traces it.
-PlaylistReply takeReply(QNetworkReply &reply)
+PlaylistReply takeReply(const QNetworkReply &reply, ReplyBody &replyBody)
 {
+    const QByteArray body = replyBody.take();
     if (reply.error() != QNetworkReply::NoError) {
         if (netDebugEnabled()) {
             NetLogStream() << "[M3U] <- error:" << traceSafeError(reply);
         }
         return {PlaylistReply::Outcome::DownloadFailed, {}, reply.errorString()};
     }
-    const QByteArray body = reply.readAll();
     if (netDebugEnabled()) {
         NetLogStream() << "[M3U] <-" << body.size() << "bytes";
     }
@@ -69,9 +69,9 @@ void PlaylistClient::download(const QString &url, const Callback &callback)
         NetLogStream() << "[M3U] ->" << traceSafeUrl(url);
     }
     QNetworkReply *reply = network->get(QNetworkRequest(QUrl(url)));
-    keepTimeoutBehindRedirects(reply);
-    connect(reply, &QNetworkReply::finished, this, [reply, callback] {
+    auto *body = new ReplyBody(reply, ReplyBody::maxCatalogBytes);
+    connect(reply, &QNetworkReply::finished, this, [reply, body, callback] {
         reply->deleteLater();
-        callback(takeReply(*reply));
+        callback(takeReply(*reply, *body));
     });
 }

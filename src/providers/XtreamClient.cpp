@@ -4,7 +4,7 @@
 #include "providers/BackgroundJobs.h"
 #include "providers/NetworkTrace.h"
 #include "providers/RedirectFollower.h"
-#include "providers/ReplyTimeout.h"
+#include "providers/ReplyBody.h"
 #include "providers/XtreamCatalog.h"
 
 #include <QJsonObject>
@@ -84,18 +84,19 @@ void XtreamClient::configure(const QString &serverUrl, const QString &user, cons
 void XtreamClient::get(const QString &action, const QString &extra,
                        std::function<void(QJsonDocument, bool)> callback)
 {
-    request(action, extra, [callback = std::move(callback)](const QByteArray &body, bool ok) {
-        if (!ok) {
-            callback({}, false);
-            return;
-        }
-        QJsonParseError error;
-        const QJsonDocument document = QJsonDocument::fromJson(body, &error);
-        callback(document, error.error == QJsonParseError::NoError);
-    });
+    request(action, extra, ReplyBody::maxAnswerBytes,
+            [callback = std::move(callback)](const QByteArray &body, bool ok) {
+                if (!ok) {
+                    callback({}, false);
+                    return;
+                }
+                QJsonParseError error;
+                const QJsonDocument document = QJsonDocument::fromJson(body, &error);
+                callback(document, error.error == QJsonParseError::NoError);
+            });
 }
 
-void XtreamClient::request(const QString &action, const QString &extra,
+void XtreamClient::request(const QString &action, const QString &extra, qint64 maxBytes,
                            std::function<void(const QByteArray &, bool)> callback)
 {
     QUrlQuery query;
@@ -116,18 +117,18 @@ void XtreamClient::request(const QString &action, const QString &extra,
     }
     QNetworkReply *reply = network->get(networkRequest);
     new RedirectFollower(reply);
-    keepTimeoutBehindRedirects(reply);
+    auto *replyBody = new ReplyBody(reply, maxBytes);
     // The captured scope redacts the password until the reply is traced, even if another account is
     // configured before that.
     connect(reply, &QNetworkReply::finished, this,
-            [reply, sent = redaction, callback = std::move(callback)] {
+            [reply, replyBody, sent = redaction, callback = std::move(callback)] {
                 reply->deleteLater();
+                const QByteArray body = replyBody->take();
                 if (reply->error() != QNetworkReply::NoError) {
                     traceFailedReply("[Xtream]", *reply);
                     callback({}, false);
                     return;
                 }
-                const QByteArray body = reply->readAll();
                 traceReply("[Xtream]", *reply, body);
                 callback(body, true);
             });
@@ -151,43 +152,43 @@ void XtreamClient::testLogin(std::function<void(bool, const QString &)> callback
 
 void XtreamClient::fetchLiveCategories(CategoriesCallback callback)
 {
-    request(u"get_live_categories"_s, {},
+    request(u"get_live_categories"_s, {}, ReplyBody::maxCatalogBytes,
             parsedBy(parsing, &parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchVodCategories(CategoriesCallback callback)
 {
-    request(u"get_vod_categories"_s, {},
+    request(u"get_vod_categories"_s, {}, ReplyBody::maxCatalogBytes,
             parsedBy(parsing, &parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesCategories(CategoriesCallback callback)
 {
-    request(u"get_series_categories"_s, {},
+    request(u"get_series_categories"_s, {}, ReplyBody::maxCatalogBytes,
             parsedBy(parsing, &parseCategories, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchLiveStreams(const QString &categoryId, ItemsCallback callback)
 {
-    request(u"get_live_streams"_s, categoryItem(categoryId),
+    request(u"get_live_streams"_s, categoryItem(categoryId), ReplyBody::maxCatalogBytes,
             parsedBy(parsing, &parseLiveStreams, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchVodStreams(const QString &categoryId, ItemsCallback callback)
 {
-    request(u"get_vod_streams"_s, categoryItem(categoryId),
+    request(u"get_vod_streams"_s, categoryItem(categoryId), ReplyBody::maxCatalogBytes,
             parsedBy(parsing, &parseVodStreams, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeries(const QString &categoryId, ItemsCallback callback)
 {
-    request(u"get_series"_s, categoryItem(categoryId),
+    request(u"get_series"_s, categoryItem(categoryId), ReplyBody::maxCatalogBytes,
             parsedBy(parsing, &parseSeries, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback callback)
 {
-    request(u"get_series_info"_s, "series_id="_L1 + seriesId,
+    request(u"get_series_info"_s, "series_id="_L1 + seriesId, ReplyBody::maxAnswerBytes,
             parsedBy(parsing, &parseSeriesEpisodes, &QJsonDocument::isObject, std::move(callback)));
 }
 

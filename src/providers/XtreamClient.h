@@ -19,8 +19,8 @@ class QNetworkAccessManager;
 ///
 /// GUI thread only. Each callback is called exactly once, later, on the GUI thread, unless the
 /// client is destroyed first. Requests are independent and may run concurrently; one that makes no
-/// progress for replyTimeoutMs fails. Nothing is retried. Large catalogs are parsed on another
-/// thread; catalogs are handed over in the order in which they were received.
+/// progress for replyTimeoutMs, or brings too many bytes, fails. Nothing is retried. Large catalogs
+/// are parsed on another thread; catalogs are handed over in the order in which they were received.
 class XtreamClient final : public QObject
 {
     Q_OBJECT
@@ -72,8 +72,9 @@ public:
     /// @}
 
 private:
-    /// Sends one request and hands over its body; the flag is true when the network succeeded.
-    void request(const QString &action, const QString &extra,
+    /// Sends one request and hands over its body, of `maxBytes` at most; the flag is true when the
+    /// network succeeded.
+    void request(const QString &action, const QString &extra, qint64 maxBytes,
                  std::function<void(const QByteArray &, bool)> callback);
     static QString streamUrl(const XtreamAccount &account, QLatin1StringView kind,
                              const QString &streamId, const QString &extension);

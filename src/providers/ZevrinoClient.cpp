@@ -3,7 +3,7 @@
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
 #include "providers/NetworkTrace.h"
-#include "providers/ReplyTimeout.h"
+#include "providers/ReplyBody.h"
 #include "providers/SubscriptionAddress.h"
 
 #include <QJsonDocument>
@@ -73,22 +73,22 @@ void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
     const RedactionScope redaction(subscriptionKey);
     QNetworkRequest request(QUrl(endpoint, QUrl::TolerantMode));
     request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
-    const QByteArray body = QJsonDocument(QJsonObject{{u"subscription_key"_s, subscriptionKey}})
-                                .toJson(QJsonDocument::Compact);
+    const QByteArray question = QJsonDocument(QJsonObject{{u"subscription_key"_s, subscriptionKey}})
+                                    .toJson(QJsonDocument::Compact);
     if (netDebugEnabled()) {
-        NetLogStream() << "[Zevrino] ->" << endpoint << traceSafe(QString::fromUtf8(body));
+        NetLogStream() << "[Zevrino] ->" << endpoint << traceSafe(QString::fromUtf8(question));
     }
-    QNetworkReply *reply = network->post(request, body);
-    keepTimeoutBehindRedirects(reply);
+    QNetworkReply *reply = network->post(request, question);
+    auto *body = new ReplyBody(reply, ReplyBody::maxAnswerBytes);
     connect(reply, &QNetworkReply::finished, this,
-            [reply, redaction, callback = std::move(callback)] {
+            [reply, body, redaction, callback = std::move(callback)] {
                 reply->deleteLater();
+                const QByteArray replyBody = body->take();
                 if (reply->error() != QNetworkReply::NoError) {
                     traceFailedReply("[Zevrino]", *reply);
                     callback(false, {}, tr("Could not reach server: %1").arg(reply->errorString()));
                     return;
                 }
-                const QByteArray replyBody = reply->readAll();
                 const Outcome outcome = readReply(replyBody);
                 // The reply may repeat the account's password outside the member of that name.
                 const RedactionScope account(outcome.credentials.password,

@@ -1,6 +1,6 @@
 #include "ui/PosterStore.h"
 
-#include "providers/ReplyTimeout.h"
+#include "providers/ReplyBody.h"
 #include "ui/PosterIcon.h"
 #include "ui/PosterImage.h"
 
@@ -169,33 +169,28 @@ void PosterStore::download(const QString &url)
     }
     ++downloads;
     QNetworkReply *reply = network->get(QNetworkRequest(address));
-    keepTimeoutBehindRedirects(reply);
+    auto *body = new ReplyBody(reply, maxPosterBytes);
     // The buffer's limit keeps a fast server from sending far more before the abort.
     reply->setReadBufferSize(2 * maxPosterBytes);
-    connect(reply, &QNetworkReply::readyRead, reply, [reply] {
-        if (reply->bytesAvailable() > maxPosterBytes) {
-            reply->abort();
-        }
-    });
     // A request may wait for others to the same server while its timeout runs.
     const auto waited = std::make_shared<bool>(true);
     const auto begin = [waited] { *waited = false; };
     connect(reply, &QNetworkReply::socketStartedConnecting, reply, begin);
     connect(reply, &QNetworkReply::requestSent, reply, begin);
-    connect(reply, &QNetworkReply::finished, this, [this, reply, waited, url] {
+    connect(reply, &QNetworkReply::finished, this, [this, reply, body, waited, url] {
         reply->deleteLater();
         --downloads;
         if (*waited && reply->error() == QNetworkReply::OperationCanceledError) {
             Q_EMIT requestAbandoned(url);
         } else {
-            takeReply(url, reply);
+            takeReply(url, *reply, body->take());
         }
     });
 }
 
-void PosterStore::takeReply(const QString &url, QNetworkReply *reply)
+void PosterStore::takeReply(const QString &url, const QNetworkReply &reply, const QByteArray &body)
 {
-    if (reply->error() == QNetworkReply::NoError && mayBeImage(*reply)) {
-        enqueue({url, posterCachePath(url), reply->readAll(), qGuiApp->devicePixelRatio()});
+    if (reply.error() == QNetworkReply::NoError && mayBeImage(reply)) {
+        enqueue({url, posterCachePath(url), body, qGuiApp->devicePixelRatio()});
     }
 }

@@ -59,7 +59,7 @@ private:
     void takeDecoded(const DecodedPoster &poster);
     bool isDecoding(const QString &url) const;
     void download(const QString &url);
-    void takeReply(const QString &url, QNetworkReply *reply);
+    void takeReply(const QString &url, const QNetworkReply &reply, const QByteArray &body);
 
     QNetworkAccessManager *network;
     int downloads = 0; ///< under way

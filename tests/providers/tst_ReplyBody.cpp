@@ -1,6 +1,7 @@
-// Servers that stop answering: the clients end the exchange, once, and only when nothing moves.
+// Servers that stop answering or never end: the clients end the exchange, once, and only then.
 
 #include "providers/Await.h"
+#include "providers/ReplyBody.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
 #include "support/HttpReplies.h"
@@ -27,7 +28,7 @@ void setTimeout(const QObject &client, int ms)
 
 Q_DECLARE_METATYPE(HttpReply)
 
-class tst_ReplyTimeout : public QObject
+class tst_ReplyBody : public QObject
 {
     Q_OBJECT
 
@@ -42,8 +43,8 @@ private:
                     int timeoutMs, bool succeeds);
 };
 
-void tst_ReplyTimeout::ask(HttpServer &server, const HttpReply &reply, const HttpReply &target,
-                           int timeoutMs, bool succeeds)
+void tst_ReplyBody::ask(HttpServer &server, const HttpReply &reply, const HttpReply &target,
+                        int timeoutMs, bool succeeds)
 {
     server.on(u"/player_api.php"_s, reply);
     server.on(u"/api/v1/subscription/credentials"_s, reply);
@@ -69,7 +70,7 @@ void tst_ReplyTimeout::ask(HttpServer &server, const HttpReply &reply, const Htt
     QTRY_VERIFY(succeeds || server.openConnections() == 0);
 }
 
-void tst_ReplyTimeout::endsOnce_data()
+void tst_ReplyBody::endsOnce_data()
 {
     QTest::addColumn<HttpReply>("reply");
     QTest::addColumn<HttpReply>("target"); // of a redirect
@@ -80,9 +81,21 @@ void tst_ReplyTimeout::endsOnce_data()
     HttpReply stalledRedirect = redirect;
     stalledRedirect.body = "moved"_ba;
     QTest::newRow("a redirect whose body stalls") << stalling(stalledRedirect, 2) << neverAnswers();
+    HttpReply trickle = bodyReply(success);
+    trickle.bytesPerSecond = 50;
+    QTest::newRow("a byte now and then") << trickle << HttpReply();
+    trickle.gzip = true;
+    QTest::newRow("a packed byte now and then") << trickle << HttpReply();
+    HttpReply endless;
+    endless.producer = [](qint64) { return QByteArray(65536, ' '); };
+    QTest::newRow("a body without an end") << endless << HttpReply();
+    HttpReply announced = bodyReply(success);
+    announced.headers.append(
+        {"Content-Length"_ba, QByteArray::number(ReplyBody::maxAnswerBytes + 1)});
+    QTest::newRow("the announcement of too long a body") << announced << HttpReply();
 }
 
-void tst_ReplyTimeout::endsOnce()
+void tst_ReplyBody::endsOnce()
 {
     QFETCH(const HttpReply, reply);
     QFETCH(const HttpReply, target);
@@ -90,15 +103,15 @@ void tst_ReplyTimeout::endsOnce()
     ask(server, reply, target, 300, false);
 }
 
-void tst_ReplyTimeout::aSlowReplyIsNotCutOff()
+void tst_ReplyBody::aSlowReplyIsNotCutOff()
 {
-    // Takes three times as long as it may stall.
-    HttpReply slow = bodyReply(success);
-    slow.bytesPerSecond = success.size() / 3;
+    // Takes twice as long as it may stall.
+    HttpReply slow = bodyReply(success + QByteArray(12 * ReplyBody::minProgressBytes, ' '));
+    slow.bytesPerSecond = slow.body.size() / 2;
     HttpServer server;
     ask(server, slow, {}, 1000, true);
     ask(server, HttpReply::redirect(u"/hop"_s, 307), slow, 1000, true);
 }
 
-VANTIRO_TEST_GUILESS_MAIN(tst_ReplyTimeout)
-#include "tst_ReplyTimeout.moc"
+VANTIRO_TEST_GUILESS_MAIN(tst_ReplyBody)
+#include "tst_ReplyBody.moc"

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QTimer>
+
+class QNetworkReply;
+
+/// How long a reply may go without any progress, in ms. Set on the network access managers; each
+/// byte that arrives starts the time again.
+inline constexpr int replyTimeoutMs = 60000;
+inline constexpr int posterTimeoutMs = 30000;
+
+/// Reads the body of one reply as it arrives, and aborts a reply that is too large or too slow,
+/// which is a network failure like any other. A child of the reply; make it right after the request
+/// was sent. Nobody else reads from the reply.
+class ReplyBody final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The longest body of a playlist or a catalog, in bytes as unpacked. A playlist of 600,000
+    /// channels has 170 MB.
+    static constexpr qint64 maxCatalogBytes = 512LL * 1024 * 1024;
+    /// The same of a reply about one account, one show or one subscription.
+    static constexpr qint64 maxAnswerBytes = 32LL * 1024 * 1024;
+    /// A body that has begun must bring so many bytes, or its end, within the manager's transfer
+    /// timeout: a server that sends a byte now and then would hold up a load for ever.
+    static constexpr qint64 minProgressBytes = 1024;
+
+    ReplyBody(QNetworkReply *networkReply, qint64 maxBytes);
+
+    /// The body of the reply that has finished; empty when it failed.
+    QByteArray take();
+
+private:
+    void checkHead();
+    void read();
+    /// Qt 6.4 forgets the manager's timeout behind a redirect.
+    void restartTimer();
+
+    QNetworkReply *reply;
+    const qint64 maxBytes;
+    QByteArray body;
+    qint64 bytesInTime = 0; ///< what had arrived when the timer was started
+    QTimer timer;
+};
