@@ -125,6 +125,7 @@ public:
 
     QThread thread;
     std::unique_ptr<QTcpServer> server; // only the server's thread
+    Welcome manner = Welcome::Serve;    // likewise
     bool tls = false;
     quint16 port = 0;
 
@@ -187,8 +188,17 @@ void HttpServer::Private::stop()
 
 void HttpServer::Private::acceptConnections()
 {
-    while (QTcpSocket *socket = server->nextPendingConnection())
-        new HttpConnection(socket, *this, this);
+    while (QTcpSocket *socket = server->nextPendingConnection()) {
+        if (manner == Welcome::Serve) {
+            new HttpConnection(socket, *this, this);
+            continue;
+        }
+        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+        if (manner == Welcome::Close || socket->bytesAvailable() > 0)
+            socket->abort();
+        else
+            connect(socket, &QTcpSocket::readyRead, socket, &QTcpSocket::abort);
+    }
 }
 
 QList<HttpConnection *> HttpServer::Private::connections(const QString &path) const
@@ -368,6 +378,11 @@ void HttpServer::refuse()
                 connection->hangUp();
         }
     });
+}
+
+void HttpServer::welcome(Welcome manner)
+{
+    d->onThread([this, manner] { d->manner = manner; });
 }
 
 bool HttpServer::listenOn(quint16 port)

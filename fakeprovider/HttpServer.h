@@ -115,6 +115,16 @@ public:
     /// another answer.
     void release(const QString &path);
 
+    /// What becomes of a connection before its first request.
+    enum class Welcome
+    {
+        Serve,
+        Close,            ///< at once
+        CloseOnFirstBytes ///< for who speaks TLS with this server: in the middle of the handshake
+    };
+    /// Receives connections like this from now on.
+    void welcome(Welcome manner);
+
     /// Listens on this port instead of the ephemeral one. False when it is taken; the server then
     /// listens nowhere.
     bool listenOn(quint16 port);

@@ -80,7 +80,10 @@ bool writePem(const QString &path, Writer writer)
 TlsCertificate::TlsCertificate(const QString &targetDirectory, Validity validity)
     : directory(targetDirectory)
 {
-    const Identity authority = makeIdentity("Test authority"_ba, 1, kDaySeconds);
+    // A name of its own for each kind, so that a client can trust both.
+    const Identity authority = makeIdentity(
+        validity == Validity::Current ? "Test authority"_ba : "Test authority of what expired"_ba,
+        1, kDaySeconds);
     const Identity server =
         makeIdentity("127.0.0.1"_ba, 2, validity == Validity::Current ? kDaySeconds : -kDaySeconds);
     if (!authority.certificate || !server.certificate)
