@@ -36,8 +36,8 @@ struct Clients
 
     void setTimeout(int ms)
     {
-        for (const QObject *client : std::initializer_list<QObject *>{&xtream, &playlist, &zevrino,
-                                                                      &posters}) {
+        for (const QObject *client :
+             std::initializer_list<QObject *>{&xtream, &playlist, &zevrino, &posters}) {
             client->findChild<QNetworkAccessManager *>()->setTransferTimeout(ms);
         }
     }
@@ -113,10 +113,9 @@ QString loginOutcome(Clients &clients)
 QString keyOutcome(Clients &clients)
 {
     return outcomeOf(await<QString>([&](auto callback) {
-        clients.zevrino.resolve(u"KEY"_s, [callback](bool ok, const ZevrinoClient::Credentials &,
-                                                     const QString &message) {
-            callback(ok ? works : message);
-        });
+        clients.zevrino.resolve(
+            u"KEY"_s, [callback](bool ok, const ZevrinoClient::Credentials &,
+                                 const QString &message) { callback(ok ? works : message); });
     }));
 }
 
@@ -222,8 +221,8 @@ void tst_RequestFaults::eachFault()
         QVERIFY2(expected == keyFailure ? outcome.startsWith(expected) : outcome == expected,
                  qPrintable(QLatin1StringView(request.name) + ": "_L1 + outcome));
         const qint64 memory = memoryMb("VmHWM"_ba) - memoryBefore;
-        QVERIFY2(memory < mostMemoryMb, qPrintable(QLatin1StringView(request.name) + ": "_L1 +
-                                                   QString::number(memory)));
+        QVERIFY2(memory < mostMemoryMb,
+                 qPrintable(QLatin1StringView(request.name) + ": "_L1 + QString::number(memory)));
         provider.end();
         clients.setTimeout(Fault::patientMs);
         QCOMPARE(request.send(clients), works);

@@ -52,7 +52,8 @@ HttpReply answerOfAccount(const QString &action)
 HttpReply goodAnswer(const HttpRequest &request, const QByteArray &base)
 {
     if (request.path == "/list.m3u"_L1) {
-        return bodyReply("#EXTM3U\n#EXTINF:-1 group-title=\"News\",Channel\nhttp://127.0.0.1:9/1\n"_ba);
+        return bodyReply(
+            "#EXTM3U\n#EXTINF:-1 group-title=\"News\",Channel\nhttp://127.0.0.1:9/1\n"_ba);
     }
     if (request.path == "/player_api.php"_L1) {
         return answerOfAccount(request.queryValue(u"action"_s));
@@ -121,13 +122,16 @@ QList<Fault> makeFaults()
          soonMs},
         wrong("longer than announced",
               [](Request, Good good) { return withHeader(good, "Content-Length"_ba, "5"_ba); }),
-        fails("not packed as announced",
-              [](Request, Good good) { return withHeader(good, "Content-Encoding"_ba, "gzip"_ba); }),
-        works("an unknown encoding",
-              [](Request, Good good) { return withHeader(good, "Content-Encoding"_ba, "utf-8"_ba); }),
+        fails(
+            "not packed as announced",
+            [](Request, Good good) { return withHeader(good, "Content-Encoding"_ba, "gzip"_ba); }),
+        works(
+            "an unknown encoding",
+            [](Request, Good good) { return withHeader(good, "Content-Encoding"_ba, "utf-8"_ba); }),
         fails("301 to itself",
               [](Request request, Good) { return HttpReply::redirect(request.target, 301); }),
-        fails("302 to a file", [](Request, Good good) { return HttpReply::redirect(localFile(good)); }),
+        fails("302 to a file",
+              [](Request, Good good) { return HttpReply::redirect(localFile(good)); }),
         works("302 to another host", nullptr), // the provider knows the address
         wrong("200 with a page",
               [](Request, Good) { return bodyReply("<html>Log in</html>"_ba, "text/html"_ba); }),

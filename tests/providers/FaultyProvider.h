@@ -16,7 +16,7 @@ struct Fault
     enum class Outcome
     {
         Works,
-        Fails,    ///< as a network failure
+        Fails,     ///< as a network failure
         WrongBody, ///< succeeds with a body that is not what was asked for
         LargeBody  ///< the same, with one that is too large for a single answer
     };
