@@ -60,7 +60,7 @@ Library::~Library()
 const LibraryState &Library::state() const
 {
     if (!isLoaded) {
-        loadedState = LibraryState(writer->takeRows());
+        loadedState = writer->takeState();
         isLoaded = true;
     }
     return loadedState;

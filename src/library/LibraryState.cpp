@@ -33,8 +33,15 @@ LibraryState::LibraryState(const LibraryRows &rows)
 {
     LibraryTables::forEach([&](const auto &table) {
         using Row = typename std::decay_t<decltype(table)>::Row;
+        LibraryListId listId;
+        LibraryList<Row> *list = nullptr;
         for (const Row &row : rows.*table.rows) {
-            std::get<Lists<Row>>(parts)[{row.source, row.kind}].insert(row.id, row);
+            // Neighbours are usually in one list.
+            if (list == nullptr || row.source != listId.source || row.kind != listId.kind) {
+                listId = {row.source, row.kind};
+                list = &std::get<Lists<Row>>(parts)[listId];
+            }
+            list->insert(row.id, row);
         }
     });
 }

@@ -35,11 +35,11 @@ void LibraryWriter::beginLoading()
     start();
 }
 
-LibraryRows LibraryWriter::takeRows()
+LibraryState LibraryWriter::takeState()
 {
     std::unique_lock lock(mutex);
     done.wait(lock, [this] { return !loading; });
-    return std::exchange(loadedRows, {});
+    return std::exchange(loadedState, {});
 }
 
 void LibraryWriter::write(const LibraryChange &change)
@@ -116,8 +116,9 @@ void LibraryWriter::load(LibraryStore &store, std::unique_lock<std::mutex> &lock
     lock.unlock();
     LibraryRows rows;
     attempt(store, [&] { return store.load(rows); });
+    LibraryState state(rows);
     lock.lock();
-    loadedRows = std::move(rows);
+    loadedState = std::move(state);
     loading = false;
     done.notify_all();
 }

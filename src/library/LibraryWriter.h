@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/LibraryRecords.h"
+#include "library/LibraryState.h"
 #include "library/LibraryStore.h"
 
 #include <QThread>
@@ -28,7 +29,7 @@ public:
     /// Begins to read the file. Once, before any change.
     void beginLoading();
     /// Waits for what beginLoading() reads. A file that cannot be read has no rows.
-    LibraryRows takeRows();
+    LibraryState takeState();
 
     /// Writes a change, in the order of the calls.
     void write(const LibraryChange &change);
@@ -64,7 +65,7 @@ private:
 
     // Guarded by the mutex.
     bool loading = false;
-    LibraryRows loadedRows;
+    LibraryState loadedState;
     QList<LibraryChange> queue;
     std::optional<LibraryChange> urgent; ///< of writeNow()
     bool urgentWritten = false;

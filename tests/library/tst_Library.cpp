@@ -76,17 +76,6 @@ private Q_SLOTS:
     void recentlyWatched();
     void recentlyWatchedPerKindAndSource();
 
-    void positions_data();
-    void positions();
-    void positionsAfterPositions_data();
-    void positionsAfterPositions();
-    void finishedStaysWatched();
-    void watchedShow();
-    void newEpisodeUnmarksTheShow();
-    void continueWatchingFilms();
-    void continueWatchingShows_data();
-    void continueWatchingShows();
-
     void hiddenCategories();
     void sources_data();
     void sources();
@@ -94,12 +83,6 @@ private Q_SLOTS:
     void followsUrls();
     void clearing();
     void signalsPerList();
-
-    void setsADamagedFileAside();
-    void keepsAllWhenTheFileBreaksMeanwhile();
-    void newerFile();
-    void writesWhenItCanAgain();
-    void applyingNow();
 
 private:
     void restart()
@@ -292,155 +275,6 @@ void tst_Library::recentlyWatchedPerKindAndSource()
     QCOMPARE(library->recentlyWatched(u"T"_s, EntryKind::Movie).size(), 1);
 }
 
-// ---- positions ----
-
-void tst_Library::positions_data()
-{
-    QTest::addColumn<qint64>("positionMs");
-    QTest::addColumn<qint64>("durationMs");
-    QTest::addColumn<qint64>("resumeMs"); ///< -1 when nothing is kept
-    QTest::addColumn<bool>("watched");
-    const qint64 length = 1000 * second;
-    QTest::newRow("at the beginning") << 0 * second << length << qint64(-1) << false;
-    QTest::newRow("just under 30 s") << 30 * second - 1 << length << qint64(-1) << false;
-    QTest::newRow("30 s") << 30 * second << length << 30 * second << false;
-    QTest::newRow("95 %") << 950 * second << length << 950 * second << false;
-    QTest::newRow("over 95 %") << 950 * second + 1 << length << qint64(0) << true;
-    QTest::newRow("at the end") << length << length << qint64(0) << true;
-    QTest::newRow("behind the end") << length + second << length << qint64(0) << true;
-    QTest::newRow("unknown duration") << 40 * second << qint64(0) << 40 * second << false;
-    QTest::newRow("short film, over 95 %") << 20 * second << 20 * second << qint64(0) << true;
-    QTest::newRow("longer than 32 bits hold")
-        << qint64(6'000'000'000) << qint64(9'000'000'000) << qint64(6'000'000'000) << false;
-}
-
-void tst_Library::positions()
-{
-    QFETCH(qint64, positionMs);
-    QFETCH(qint64, durationMs);
-    QFETCH(qint64, resumeMs);
-    QFETCH(bool, watched);
-    library->notePosition(film(u"1"_s, positionMs, durationMs));
-    restart();
-    const auto &kept = library->progress(source, EntryKind::Movie);
-    QCOMPARE(kept.contains(u"1"_s) ? kept[u"1"_s].positionMs : -1, resumeMs);
-    QCOMPARE(kept.value(u"1"_s).watched, watched);
-}
-
-void tst_Library::positionsAfterPositions_data()
-{
-    QTest::addColumn<qint64>("then");
-    QTest::addColumn<qint64>("resumeMs");
-    QTest::newRow("further on") << 60 * minute << 60 * minute;
-    QTest::newRow("back") << 10 * minute << 10 * minute;
-    QTest::newRow("not begun again") << 20 * second << 50 * minute;
-    QTest::newRow("finished") << 99 * minute << qint64(0);
-}
-
-void tst_Library::positionsAfterPositions()
-{
-    QFETCH(qint64, then);
-    QFETCH(qint64, resumeMs);
-    library->notePosition(film(u"1"_s, 50 * minute));
-    library->notePosition(film(u"1"_s, then));
-    QCOMPARE(library->progress(source, EntryKind::Movie).value(u"1"_s).positionMs, resumeMs);
-}
-
-void tst_Library::finishedStaysWatched()
-{
-    library->notePosition(film(u"1"_s, 99 * minute));
-    QVERIFY2(library->notePosition(film(u"1"_s, 99 * minute + second)).isEmpty(),
-             "nothing new to write");
-    library->notePosition(film(u"1"_s, 10 * minute));
-    const Progress again = library->progress(source, EntryKind::Movie).value(u"1"_s);
-    QVERIFY(again.watched);
-    QCOMPARE(again.positionMs, 10 * minute);
-    library->setWatched({film(u"1"_s, 0)}, false);
-    QVERIFY(library->progress(source, EntryKind::Movie).isEmpty());
-}
-
-void tst_Library::watchedShow()
-{
-    const auto isMarked = [this] {
-        return library->progress(source, EntryKind::Show).contains(u"s"_s);
-    };
-    library->setWatched({episode(1), episode(2)}, true);
-    library->noteEpisodes(show(), threeEpisodes);
-    QVERIFY(!isMarked());
-    library->notePosition(episode(3, 99 * minute));
-    library->noteEpisodes(show(), threeEpisodes);
-    QVERIFY(isMarked());
-    library->noteEpisodes(show(), {});
-    QVERIFY2(isMarked(), "episodes that could not be loaded say nothing");
-    library->setWatched({episode(2)}, false);
-    library->noteEpisodes(show(), threeEpisodes);
-    QVERIFY(!isMarked());
-    library->setWatched({episode(1), episode(2), episode(3)}, true);
-    library->noteEpisodes(show(), threeEpisodes);
-    library->setWatched({episode(1), episode(2), episode(3)}, false);
-    library->noteEpisodes(show(), threeEpisodes);
-    QCOMPARE(library->rows(), LibraryRows());
-}
-
-void tst_Library::newEpisodeUnmarksTheShow()
-{
-    library->setWatched({episode(1), episode(2), episode(3)}, true);
-    library->noteEpisodes(show(), threeEpisodes);
-    QVERIFY(library->continueWatching(source, EntryKind::Episode).isEmpty());
-    library->noteEpisodes(show(), threeEpisodes + QStringList{u"se4"_s});
-    QVERIFY(!library->progress(source, EntryKind::Show).contains(u"s"_s));
-    QCOMPARE(idsOf(library->continueWatching(source, EntryKind::Episode)), QStringList{u"se3"_s});
-}
-
-void tst_Library::continueWatchingFilms()
-{
-    LibraryChange change;
-    for (int number = 1; number <= 4; ++number) {
-        Progress row = film(QString::number(number), number == 3 ? 0 : number * minute);
-        row.updatedAt = number == 1 ? 100 : number;
-        change.put.progress.append(row);
-    }
-    library->apply(change);
-    QCOMPARE(idsOf(library->continueWatching(source, EntryKind::Movie)),
-             (QStringList{u"1"_s, u"4"_s, u"2"_s}));
-}
-
-void tst_Library::continueWatchingShows_data()
-{
-    QTest::addColumn<QList<Progress>>("rows");
-    QTest::addColumn<QStringList>("expected");
-    const auto at = [](int number, qint64 positionMs, bool watched, qint64 time,
-                       const QString &showId = u"s"_s) {
-        Progress row = episode(number, positionMs, showId);
-        row.watched = watched;
-        row.updatedAt = time;
-        return row;
-    };
-    QTest::newRow("left in the middle") << QList{at(2, minute, false, 5)} << QStringList{u"se2"_s};
-    QTest::newRow("finished, another follows") << QList{at(2, 0, true, 5)} << QStringList{u"se2"_s};
-    QTest::newRow("the last was finished") << QList{at(3, 0, true, 5)} << QStringList{};
-    QTest::newRow("the last was left") << QList{at(3, minute, false, 5)} << QStringList{u"se3"_s};
-    QTest::newRow("the latest of a show counts")
-        << QList{at(1, minute, false, 5), at(2, minute, false, 7), at(3, minute, false, 6)}
-        << QStringList{u"se2"_s};
-    QTest::newRow("marked together")
-        << QList{at(1, 0, true, 5), at(3, 0, true, 5), at(2, 0, true, 5)} << QStringList{};
-    QTest::newRow("several shows, the latest first")
-        << QList{at(1, minute, false, 5, u"a"_s), at(1, minute, false, 9, u"b"_s),
-                 at(1, minute, false, 7, u"c"_s)}
-        << QStringList{u"be1"_s, u"ce1"_s, u"ae1"_s};
-}
-
-void tst_Library::continueWatchingShows()
-{
-    QFETCH(QList<Progress>, rows);
-    QFETCH(QStringList, expected);
-    LibraryChange change;
-    change.put.progress = rows;
-    library->apply(change);
-    QCOMPARE(idsOf(library->continueWatching(source, EntryKind::Episode)), expected);
-}
-
 // ---- categories and sources ----
 
 void tst_Library::hiddenCategories()
@@ -568,89 +402,6 @@ void tst_Library::signalsPerList()
     QCOMPARE(changed.size(), 2);
     library->renameSource(source, u"T"_s);
     QCOMPARE(changed.size(), 6); // two parts, the old and the new name
-}
-
-// ---- files that cannot be used ----
-
-void tst_Library::setsADamagedFileAside()
-{
-    writeFile(libraryFile(), "no database");
-    restart();
-    QSignalSpy problems(library.get(), &Library::problem);
-    QCOMPARE(library->rows(), LibraryRows());
-    QTRY_COMPARE(problems.size(), 1);
-    const QString text = problems.at(0).at(0).toString();
-    const QStringList aside = QDir(PrivateProfile::current().appDataDir())
-                                  .entryList({u"library.sqlite.damaged-*"_s}, QDir::Files);
-    QCOMPARE(aside.size(), 1);
-    QVERIFY2(text.contains(aside.at(0)), qPrintable(text));
-    library->addFavorite(makeEntry(u"1"_s));
-    restart();
-    QCOMPARE(library->favorites(source, EntryKind::Movie).size(), 1);
-}
-
-void tst_Library::keepsAllWhenTheFileBreaksMeanwhile()
-{
-    LibraryChange change;
-    change.put = sampleRows();
-    library->apply(change);
-    QVERIFY(library->flush());
-    QSignalSpy problems(library.get(), &Library::problem);
-    RawLibraryFile().run(u"DROP TABLE favorites"_s);
-    library->addFavorite(makeEntry(u"new"_s));
-    QTRY_COMPARE(problems.size(), 1);
-    restart();
-    QCOMPARE(sortedIdsOf(library->rows().favorites), (QStringList{u"1"_s, u"new"_s}));
-    QCOMPARE(library->rows().progress, sampleRows().progress);
-}
-
-void tst_Library::newerFile()
-{
-    library->addFavorite(makeEntry(u"1"_s));
-    library.reset();
-    RawLibraryFile().run(u"PRAGMA user_version = 1000"_s);
-    restart();
-    QSignalSpy problems(library.get(), &Library::problem);
-    QVERIFY(library->rows().favorites.isEmpty());
-    library->addFavorite(makeEntry(u"2"_s));
-    library->addFavorite(makeEntry(u"3"_s));
-    QVERIFY(library->flush());
-    QTRY_VERIFY(!problems.isEmpty());
-    library.reset();
-    QCOMPARE(problems.size(), 1);
-    QCOMPARE(RawLibraryFile().run(u"SELECT group_concat(id) FROM favorites"_s).toString(), u"1"_s);
-}
-
-void tst_Library::writesWhenItCanAgain()
-{
-    // A file stands where the folder should.
-    const QString folder = PrivateProfile::current().appDataDir();
-    writeFile(folder, "x");
-    QSignalSpy problems(library.get(), &Library::problem);
-    library->addFavorite(makeEntry(u"1"_s));
-    QTRY_COMPARE(problems.size(), 1);
-    QVERIFY(!library->flush());
-    QVERIFY(library->favorites(source, EntryKind::Movie).contains(u"1"_s));
-    QVERIFY(QFile::remove(folder));
-    QTRY_VERIFY(QFile::exists(libraryFile()));
-    library->addFavorite(makeEntry(u"2"_s));
-    restart();
-    QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Movie)),
-             (QStringList{u"1"_s, u"2"_s}));
-    QCOMPARE(problems.size(), 1);
-}
-
-void tst_Library::applyingNow()
-{
-    LibraryChange change;
-    change.put = sampleRows();
-    writeFile(PrivateProfile::current().appDataDir(), "x");
-    QVERIFY(!library->applyNow(change));
-    QCOMPARE(library->rows(), LibraryRows());
-    QVERIFY(QFile::remove(PrivateProfile::current().appDataDir()));
-    QVERIFY(library->applyNow(change));
-    QCOMPARE(library->rows(), sampleRows());
-    QCOMPARE(RawLibraryFile().run(u"SELECT count(*) FROM favorites"_s).toInt(), 1);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_Library)
