@@ -58,11 +58,14 @@ void remember(const QString &path, const QList<JsonMemberPlace> &places)
     }
 }
 
-/// Closes a file that was written and remembers its places. Its time is set back, so that a later
-/// write by another process is seen even within the same step of the clock.
+/// Closes a file that was written and remembers its places, unless it could not be written to its
+/// end. Its time is set back, so that a later write by another process is seen even within the same
+/// step of the clock.
 void closeAndRemember(QFile &file, const QList<JsonMemberPlace> &places)
 {
-    file.flush();
+    if (!file.flush()) {
+        return;
+    }
     file.setFileTime(QDateTime::currentDateTime().addMSecs(-fileTimeStepMs),
                      QFileDevice::FileModificationTime);
     file.close();

@@ -3,9 +3,11 @@
 #include "model/SourceMerge.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 
 #include <algorithm>
 #include <optional>
@@ -107,6 +109,25 @@ std::optional<QList<SourceConfig>> storedSources(QSettings &settings)
     return readSources(settings);
 }
 
+/// False on a disk without room for the settings: QSettings replaces its file even by one that a
+/// full disk has cut short, and all sources would be gone.
+bool hasRoom(const QSettings &settings)
+{
+#ifdef Q_OS_WIN
+    Q_UNUSED(settings) // the registry changes single values
+    return true;
+#else
+    constexpr qint64 ampleGrowth = 64 * 1024;
+    const QFileInfo file(settings.fileName());
+    QTemporaryFile trial(file.filePath());
+    if (!file.exists() || !trial.open()) {
+        return true;
+    }
+    const QByteArray bytes(file.size() + ampleGrowth, '\n');
+    return trial.write(bytes) == bytes.size() && trial.flush();
+#endif
+}
+
 /// Keeps other running programs from changing the list between a read and the write that follows.
 /// Does without when that cannot be had.
 class StoreLock
@@ -144,7 +165,10 @@ void SourceManager::setLastActiveSourceName(const QString &name)
         return;
     }
     lastActiveName = name;
-    QSettings(organization, application).setValue(lastActiveKey, name);
+    QSettings settings(organization, application);
+    if (hasRoom(settings)) {
+        settings.setValue(lastActiveKey, name);
+    }
 }
 
 void SourceManager::saveSource(const SourceConfig &config)
@@ -179,6 +203,9 @@ void SourceManager::persist()
 {
     const StoreLock lock;
     QSettings settings(organization, application);
+    if (!hasRoom(settings)) {
+        return;
+    }
     const auto stored = storedSources(settings);
     writeSources(settings, stored ? mergeSources(knownList, sourceList, *stored) : sourceList);
     settings.sync();

@@ -47,15 +47,16 @@ bool replaceByCopy(const QString &path, const QString &target, QString *reason)
     copy.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     QByteArray block(blockSize, Qt::Uninitialized);
     qint64 size = 0;
-    while ((size = chosen.read(block.data(), block.size())) > 0) {
-        copy.write(block.constData(), size);
+    bool complete = true;
+    while (complete && (size = chosen.read(block.data(), block.size())) > 0) {
+        // A write that a full disk cuts short is no error to commit().
+        complete = copy.write(block.constData(), size) == size && copy.flush();
     }
     if (size < 0) {
         *reason = chosen.errorString();
         return false;
     }
-    // Fails, too, when a write has failed.
-    if (!copy.commit()) {
+    if (!complete || !copy.commit()) {
         *reason = copy.errorString();
         return false;
     }

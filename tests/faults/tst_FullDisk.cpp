@@ -1,0 +1,177 @@
+// What is stored on a disk that fills up, or by a program that ends in the middle of a write: all
+// of it or none of it, and the next write repairs it.
+
+#include "fakeprovider/HttpServer.h"
+#include "faults/FullDisk.h"
+#include "model/CatalogCache.h"
+#include "model/SourceManager.h"
+#include "providers/SampleCatalogs.h"
+#include "support/HttpReplies.h"
+#include "support/TestFiles.h"
+#include "support/TestMain.h"
+#include "ui/PlaylistCopy.h"
+#include "ui/PosterImage.h"
+#include "ui/PosterStore.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QImage>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString cacheFile()
+{
+    return PrivateProfile::current().appDataDir() + "/catalog_cache/A.json"_L1;
+}
+
+CatalogCache::Section sectionOf(int channels)
+{
+    CatalogCache::Section section;
+    for (int number = 0; number < channels; ++number) {
+        section.items.append(channel(u"Channel %1"_s.arg(number), u"http://x/1"_s, u"News"_s));
+    }
+    return section;
+}
+
+/// How many entries the cache gives for a section; -1 for none.
+qsizetype cachedItems(const QString &section)
+{
+    CatalogCache::Section loaded;
+    return CatalogCache::load(u"A"_s, section, loaded) ? loaded.items.size() : -1;
+}
+
+/// A picture that does not pack well.
+QByteArray jpeg()
+{
+    QImage image(200, 300, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            image.setPixel(x, y, qRgb(x * y, x * 7 + y * 3, x ^ y));
+        }
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, "JPG", 95);
+    return bytes;
+}
+
+} // namespace
+
+class tst_FullDisk : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { PrivateProfile::current().clear(); }
+
+    void catalog_data();
+    void catalog();
+    void sources();
+    void playlistCopy();
+    void poster();
+};
+
+void tst_FullDisk::catalog_data()
+{
+    QTest::addColumn<int>("channels");
+    // Below and above the size in which a file is buffered.
+    QTest::newRow("a small change") << 3;
+    QTest::newRow("a large change") << 500;
+}
+
+void tst_FullDisk::catalog()
+{
+    QFETCH(const int, channels);
+    CatalogCache::save(u"A"_s, u"live"_s, sectionOf(2));
+    CatalogCache::save(u"A"_s, u"movie"_s, sectionOf(channels));
+    const qint64 size = QFileInfo(cacheFile()).size();
+    // Every length at which the write may end.
+    for (qint64 bytes = 0; bytes < size; bytes += std::max<qint64>(1, size / 200)) {
+        QFile::remove(cacheFile());
+        CatalogCache::save(u"A"_s, u"live"_s, sectionOf(2));
+        {
+            const FullDisk full(bytes);
+            CatalogCache::save(u"A"_s, u"movie"_s, sectionOf(channels));
+        }
+        QVERIFY2(cachedItems(u"movie"_s) == -1, qPrintable(QString::number(bytes)));
+        const qsizetype live = cachedItems(u"live"_s);
+        QVERIFY2(live == 2 || live == -1, qPrintable(QString::number(bytes)));
+        CatalogCache::save(u"A"_s, u"movie"_s, sectionOf(channels));
+        QCOMPARE(cachedItems(u"movie"_s), channels);
+    }
+}
+
+void tst_FullDisk::sources()
+{
+    const auto settings = [] { return readFile(PrivateProfile::current().settingsFile()); };
+    // Every length at which the write may end; the file has some 300 bytes then.
+    for (int bytes = 0; bytes < 300; bytes += 10) {
+        init();
+        SourceManager manager(nullptr);
+        manager.saveSource(playlistSource(u"A"_s, u"a"_s));
+        const QByteArray before = settings();
+        QVERIFY(before.contains("name=A\n"));
+        {
+            const FullDisk full(bytes);
+            manager.saveSource(playlistSource(u"B"_s, u"b"_s));
+            manager.setLastActiveSourceName(u"B"_s);
+            QCOMPARE(settings(), before);
+        }
+        // What could not be stored is stored with the next change.
+        manager.saveSource(playlistSource(u"C"_s, u"c"_s));
+        for (const QByteArray &line :
+             {"name=A\n"_ba, "name=B\n"_ba, "name=C\n"_ba, "size=3\n"_ba}) {
+            QVERIFY2(settings().contains(line), settings().constData());
+        }
+        QCOMPARE(QFileInfo(PrivateProfile::current().settingsFile()).dir().count(), 3U);
+    }
+}
+
+void tst_FullDisk::playlistCopy()
+{
+    const QString path = PrivateProfile::current().root() + "/list.m3u"_L1;
+    writeFile(path, twoChannels);
+    SourceConfig config = playlistSource(u"A"_s, path);
+    QString error;
+    QVERIFY(storePlaylistCopy(config, &error));
+    const QString copy = config.url;
+    writeFile(path, twoChannels + QByteArray(100'000, '#'));
+    config.url = path;
+    {
+        const FullDisk full(50'000);
+        QVERIFY(!storePlaylistCopy(config, &error));
+    }
+    QVERIFY2(error.startsWith("The playlist \""_L1), qPrintable(error));
+    QCOMPARE(config.url, path);
+    QCOMPARE(readFile(copy), twoChannels);
+    QCOMPARE(QFileInfo(copy).dir().count(), 3U); // no part of a copy beside it
+}
+
+void tst_FullDisk::poster()
+{
+    const QByteArray picture = jpeg();
+    HttpServer server;
+    server.on(u"/poster"_s, bodyReply(picture, "image/jpeg"_ba));
+    const QString url = server.url(u"/poster"_s);
+    const auto shows = [&url] {
+        PosterStore store;
+        store.request(url);
+        return QTest::qWaitFor([&] { return !store.isBusy(); }, 20'000) &&
+               !store.find(url).isNull();
+    };
+    {
+        const FullDisk full(picture.size() / 2);
+        QVERIFY(shows());
+    }
+    // Half a picture would decode.
+    QVERIFY(!decodePoster(picture.first(picture.size() / 2)).isNull());
+    QVERIFY(!QFile::exists(posterCachePath(url)));
+    QVERIFY(shows());
+    QCOMPARE(readFile(posterCachePath(url)), picture);
+    QCOMPARE(QFileInfo(posterCachePath(url)).dir().count(), 3U);
+}
+
+VANTIRO_TEST_MAIN(tst_FullDisk)
+#include "tst_FullDisk.moc"
