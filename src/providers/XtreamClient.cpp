@@ -5,6 +5,7 @@
 #include "providers/NetworkTrace.h"
 #include "providers/RedirectFollower.h"
 #include "providers/ReplyBody.h"
+#include "providers/WebUrl.h"
 #include "providers/XtreamCatalog.h"
 
 #include <QJsonObject>
@@ -115,7 +116,8 @@ void XtreamClient::request(const QString &action, const QString &extra, qint64 m
     if (netDebugEnabled()) {
         NetLogStream() << "[Xtream] ->" << traceSafe(url.toString(QUrl::FullyEncoded));
     }
-    QNetworkReply *reply = network->get(networkRequest);
+    // A request without an address fails like one to a server that is not there.
+    QNetworkReply *reply = network->get(isWebUrl(url) ? networkRequest : QNetworkRequest());
     new RedirectFollower(reply);
     auto *replyBody = new ReplyBody(reply, maxBytes);
     // The captured scope redacts the password until the reply is traced, even if another account is

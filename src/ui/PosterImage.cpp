@@ -4,7 +4,6 @@
 #include <QCryptographicHash>
 #include <QImageReader>
 #include <QStandardPaths>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -26,11 +25,6 @@ QString posterCachePath(const QString &url)
     const QByteArray digest = QCryptographicHash::hash(url.toUtf8(), QCryptographicHash::Sha256);
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/thumb_cache/"_L1 +
            QString::fromLatin1(digest.toHex()) + ".img"_L1;
-}
-
-bool isPosterUrl(const QUrl &url)
-{
-    return url.scheme() == "http"_L1 || url.scheme() == "https"_L1;
 }
 
 bool isDataUrl(const QString &url)

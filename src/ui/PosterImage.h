@@ -5,8 +5,6 @@
 #include <QSize>
 #include <QString>
 
-class QUrl;
-
 /// @file
 /// The pictures of posters: where they may come from, where they are kept on disk, and how they are
 /// decoded. Catalogs come from strangers, so every limit is checked. Any thread may call these.
@@ -19,10 +17,6 @@ inline constexpr qint64 maxPosterBytes = 20'000'000;
 
 /// The file that holds the poster of that URL, named by the SHA-256 of the URL.
 QString posterCachePath(const QString &url);
-
-/// Whether a poster may be downloaded from there: only over HTTP and HTTPS, so that no catalog
-/// makes the player read a local file.
-bool isPosterUrl(const QUrl &url);
 
 /// Whether the URL holds the poster itself ("data:...").
 bool isDataUrl(const QString &url);

@@ -1,6 +1,7 @@
 #include "ui/PosterStore.h"
 
 #include "providers/ReplyBody.h"
+#include "providers/WebUrl.h"
 #include "ui/PosterIcon.h"
 #include "ui/PosterImage.h"
 
@@ -164,7 +165,7 @@ void PosterStore::takeDecoded(const DecodedPoster &poster)
 void PosterStore::download(const QString &url)
 {
     const QUrl address(url);
-    if (!isPosterUrl(address)) {
+    if (!isWebUrl(address)) {
         return;
     }
     ++downloads;

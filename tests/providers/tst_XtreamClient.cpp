@@ -1,5 +1,6 @@
 #include "fakeprovider/TlsCertificate.h"
 #include "providers/XtreamSession.h"
+#include "support/TestFiles.h"
 #include "support/TestMain.h"
 
 #include <QJsonArray>
@@ -7,6 +8,7 @@
 #include <QSslConfiguration>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +32,7 @@ private Q_SLOTS:
     void outcomes_data();
     void outcomes();
     void malformedServerAddresses();
+    void noLocalFileIsRead();
     void redirects_data();
     void redirects();
     void failingRedirects();
@@ -92,6 +95,28 @@ void tst_XtreamClient::malformedServerAddresses()
           u"http://127.0.0.1:99999"_s, u"my provider"_s, u" http://"_s}) {
         xtream.client->configure(address, u"u"_s, u"p"_s);
         QVERIFY2(xtream.get() == failed, qPrintable(address));
+    }
+}
+
+/// A subscription's reply names the server, so it must not name a file.
+void tst_XtreamClient::noLocalFileIsRead()
+{
+    QTemporaryDir directory;
+    writeFile(directory.filePath(u"player_api.php"_s), "[1]"_ba);
+    const QString file = QUrl::fromLocalFile(directory.path()).toString();
+    XtreamSession xtream;
+    for (const QString &address :
+         {file, file.toUpper().replace(directory.path().toUpper(), directory.path()),
+          directory.path(), u"data:application/json,[1]"_s, u"qrc:/"_s, u"ftp://127.0.0.1"_s,
+          u"smb://127.0.0.1/share"_s, u"//127.0.0.1/share"_s, uR"(\\127.0.0.1\share)"_s}) {
+        xtream.client->configure(address, u"u"_s, u"p"_s);
+        QVERIFY2(xtream.get() == failed, qPrintable(address));
+    }
+    xtream.client->configure(xtream.server.url(), u"u"_s, u"p"_s);
+    for (const QString &target : {file + "/player_api.php"_L1, u"data:application/json,[1]"_s,
+                                  u"qrc:/"_s, u"ftp://127.0.0.1/"_s}) {
+        xtream.reply(HttpReply::redirect(target));
+        QVERIFY2(xtream.get() == failed, qPrintable(target));
     }
 }
 

@@ -1,8 +1,10 @@
+#include "providers/WebUrl.h"
 #include "support/TestMain.h"
 #include "ui/PosterIcon.h"
 #include "ui/PosterImage.h"
 
 #include <QBuffer>
+#include <QDataStream>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QPainter>
@@ -61,12 +63,13 @@ class tst_PosterImage : public QObject
 private Q_SLOTS:
     void cachePath();
     void placeholder();
-    void posterUrl();
+    void webUrl();
     void dataUrl_data();
     void dataUrl();
     void dataUrlsAreLimited();
     void decodesRasterPicturesOnly_data();
     void decodesRasterPicturesOnly();
+    void aThinPictureKeepsAPixel();
     void paintsWhatTheOriginalPaints_data();
     void paintsWhatTheOriginalPaints();
 };
@@ -89,14 +92,15 @@ void tst_PosterImage::placeholder()
     QCOMPARE(image, expected);
 }
 
-void tst_PosterImage::posterUrl()
+void tst_PosterImage::webUrl()
 {
     for (const QString &url : {u"http://a/b.png"_s, u"https://a/b.png"_s, u"HTTP://a/b.png"_s}) {
-        QVERIFY2(isPosterUrl(QUrl(url)), qPrintable(url));
+        QVERIFY2(isWebUrl(QUrl(url)), qPrintable(url));
     }
     for (const QString &url : {u"FILE:///etc/passwd"_s, u"/etc/passwd"_s, u"ftp://a/b.png"_s,
-                               u"qrc:/a.png"_s, u"httpx://a/b.png"_s, u"//a/b.png"_s, u""_s}) {
-        QVERIFY2(!isPosterUrl(QUrl(url)), qPrintable(url));
+                               u"qrc:/a.png"_s, u"data:,a"_s, u"smb://a/b"_s, uR"(\\a\b)"_s,
+                               u"httpx://a/b.png"_s, u"//a/b.png"_s, u""_s}) {
+        QVERIFY2(!isWebUrl(QUrl(url)), qPrintable(url));
     }
 }
 
