@@ -18,6 +18,11 @@ bool isVectorFormat(const QByteArray &format)
     return format.startsWith("svg") || format == "pdf";
 }
 
+bool isBounded(const QSize &size)
+{
+    return size.isValid() && qint64(size.width()) * size.height() <= maxPosterPixels;
+}
+
 } // namespace
 
 QString posterCachePath(const QString &url)
@@ -61,11 +66,14 @@ QImage decodePoster(const QByteArray &bytes)
     if (format.isEmpty() || isVectorFormat(format)) {
         return {};
     }
-    const QSize size = reader.size();
-    if (size.isValid() && qint64(size.width()) * size.height() > maxPosterPixels) {
+    // A format that does not tell its size before it is read can take all of the memory.
+    if (!isBounded(reader.size())) {
         return {};
     }
     QImage picture = reader.read();
+    if (!isBounded(picture.size())) {
+        return {}; // it told another size
+    }
     picture.convertTo(picture.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                 : QImage::Format_RGB32);
     return picture;
@@ -74,7 +82,7 @@ QImage decodePoster(const QByteArray &bytes)
 QSize fittedPosterSize(const QSize &picture, const QSize &box)
 {
     const bool fits = picture.width() <= box.width() && picture.height() <= box.height();
-    return fits ? picture : picture.scaled(box, Qt::KeepAspectRatio);
+    return fits ? picture : picture.scaled(box, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
 QImage scaledPoster(const QImage &picture, qreal pixelRatio)

@@ -26,10 +26,12 @@ bool isDataUrl(const QString &url);
 QByteArray dataUrlBytes(const QString &url);
 
 /// The picture in the bytes, of any raster format that Qt reads, in a format that pixmaps share
-/// without conversion. Null for anything else, and for a picture of more than 16 million pixels.
+/// without conversion. Null for anything else, and for a picture of more than 16 million pixels or
+/// in a format that does not tell its size up front, such as MNG.
 QImage decodePoster(const QByteArray &bytes);
 
-/// The size that an icon of a picture has in `box`: that of the picture, reduced when it is larger.
+/// The size that an icon of a picture has in `box`: that of the picture, reduced when it is larger,
+/// at least one pixel high and wide.
 QSize fittedPosterSize(const QSize &picture, const QSize &box);
 
 /// The picture in the size in which a grid paints it on a screen of that pixel ratio. Never

@@ -31,6 +31,19 @@ QByteArray blank(const QSize &size, const char *format = "png",
     return encoded(image, format);
 }
 
+/// An icon file that tells a size of 20 x 30, whatever picture it holds.
+QByteArray iconWith(const QByteArray &png)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    constexpr quint32 headerSize = 22;
+    stream << quint16(0) << quint16(1) << quint16(1);
+    stream << quint8(20) << quint8(30) << quint16(0) << quint16(1) << quint16(32);
+    stream << quint32(png.size()) << headerSize;
+    return bytes + png;
+}
+
 QImage noise(const QSize &size, QImage::Format format)
 {
     QRandomGenerator random(4711);
@@ -157,6 +170,15 @@ void tst_PosterImage::decodesRasterPicturesOnly_data()
                                      "UklGRhwAAABXRUJQVlA4TA8AAAAvCMACAAcQRY7+ByKi/wEA"_ba)
                               << QSize(9, 12);
     }
+    // Twelve pixels by nine, if it were read. Its plugin is not always installed.
+    QTest::newRow("MNG, which tells no size")
+        << QByteArray::fromBase64(
+               "ik1ORw0KGgoAAAAcTUhEUgAAAAwAAAAJAAAAAAAAAAAAAAAAAAAAAAAAAAGyoaNWAAAADUlIRFIA"
+               "AAAMAAAACRACAAAA2UqGQAAAAAd0SU1FB+oLFgkWKrFb7JgAAAArSURBVCjPY/z/n4EqgOUBAwOD"
+               "wvA06CEjFV0kT4UAH3xhxMjAwMBAjbQEAN27DBu4oMTtAAAAAElFTkSuQmCCAAAAAE1FTkQhIPfV"_ba)
+        << QSize(0, 0);
+    QTest::newRow("PNG in an icon") << iconWith(blank(size)) << size;
+    QTest::newRow("an icon that hides its size") << iconWith(blank({4000, 4001})) << QSize(0, 0);
     QTest::newRow("with bytes behind it") << blank(size) + "trailing"_ba << size;
     QTest::newRow("sixteen million pixels") << blank({4000, 4000}) << QSize(4000, 4000);
     QTest::newRow("more than sixteen million pixels") << blank({4000, 4001}) << QSize(0, 0);
@@ -175,6 +197,12 @@ void tst_PosterImage::decodesRasterPicturesOnly()
 {
     QFETCH(QByteArray, bytes);
     QTEST(decodePoster(bytes).size(), "size");
+}
+
+void tst_PosterImage::aThinPictureKeepsAPixel()
+{
+    QCOMPARE(scaledPoster(decodePoster(blank({2, 9000})), 1).size(), QSize(1, 210));
+    QCOMPARE(scaledPoster(decodePoster(blank({9000, 2})), 2).size(), QSize(280, 1));
 }
 
 void tst_PosterImage::paintsWhatTheOriginalPaints_data()
