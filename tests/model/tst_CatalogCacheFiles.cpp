@@ -88,6 +88,7 @@ private Q_SLOTS:
 
     void fileNames_data();
     void fileNames();
+    void aNameThatIsTooLong();
     void wholeFile();
     void onlyTheOwnerMayRead();
 
@@ -123,6 +124,9 @@ void tst_CatalogCacheFiles::fileNames_data()
     QTest::newRow("dots and backslash") << uR"(..\..\x)"_s << u"______x.json"_s;
     QTest::newRow("digits of other scripts") << u"\u0661\uff11"_s << u"__.json"_s;
     QTest::newRow("NUL") << u"A"_s + QChar(0) + u"B"_s << u"A_B.json"_s;
+    QTest::newRow("half a surrogate pair")
+        << u"../"_s + QChar(0xd83d) + u"/x"_s << u"_____x.json"_s;
+    QTest::newRow("beyond 16 bits") << u"\U0001F600x"_s << u"_x.json"_s;
     QTest::newRow("quotes and stars") << u"a\"b*c?d:e|f<g>h'i"_s << u"a_b_c_d_e_f_g_h_i.json"_s;
     QTest::newRow("ends in .json") << u"x.json"_s << u"x_json.json"_s;
 }
@@ -139,6 +143,15 @@ void tst_CatalogCacheFiles::fileNames()
     CatalogCache::Section loaded;
     QVERIFY(CatalogCache::load(source, u"live"_s, loaded));
     QCOMPARE(loaded, sampleSection());
+}
+
+void tst_CatalogCacheFiles::aNameThatIsTooLong()
+{
+    const QString name(10000, u'x');
+    CatalogCache::save(name, u"live"_s, sampleSection());
+    CatalogCache::Section loaded;
+    QVERIFY(!CatalogCache::load(name, u"live"_s, loaded));
+    QVERIFY(QDir(cacheDir()).isEmpty());
 }
 
 void tst_CatalogCacheFiles::wholeFile()
