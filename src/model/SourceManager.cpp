@@ -1,5 +1,6 @@
 #include "model/SourceManager.h"
 
+#include "model/OwnerOnlyFile.h"
 #include "model/SourceMerge.h"
 
 #include <QDir>
@@ -145,6 +146,18 @@ private:
     QLockFile file{folder + "/sources.lock"_L1};
 };
 
+/// Keeps others from reading the store, which holds passwords: creates it readable by its owner
+/// only where it is missing, or narrows it. Qt keeps what it finds. On Windows the registry does
+/// that.
+void makePrivate([[maybe_unused]] const QSettings &settings)
+{
+#ifndef Q_OS_WIN
+    QFile file(settings.fileName());
+    QDir().mkpath(QFileInfo(file).path());
+    openOwnerOnly(file, QIODevice::ReadWrite);
+#endif
+}
+
 auto findByName(QList<SourceConfig> &list, const QString &name)
 {
     return std::find_if(list.begin(), list.end(),
@@ -167,6 +180,7 @@ void SourceManager::setLastActiveSourceName(const QString &name)
     lastActiveName = name;
     QSettings settings(organization, application);
     if (hasRoom(settings)) {
+        makePrivate(settings);
         settings.setValue(lastActiveKey, name);
     }
 }
@@ -206,6 +220,7 @@ void SourceManager::persist()
     if (!hasRoom(settings)) {
         return;
     }
+    makePrivate(settings);
     const auto stored = storedSources(settings);
     writeSources(settings, stored ? mergeSources(knownList, sourceList, *stored) : sourceList);
     settings.sync();

@@ -115,6 +115,7 @@ private Q_SLOTS:
     void arraySize_data();
     void arraySize();
     void damagedFile();
+    void onlyTheOwnerMayRead();
     void unwritableStore();
 };
 
@@ -322,6 +323,25 @@ void tst_SourceManager::damagedFile()
         QVERIFY2(names(storedSources()).contains(u"A"_s), text.toHex().constData());
         PrivateProfile::current().clear();
     }
+}
+
+void tst_SourceManager::onlyTheOwnerMayRead()
+{
+#ifdef Q_OS_WIN
+    QSKIP("The registry protects the settings");
+#endif
+    constexpr auto owner =
+        QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+    const QString file = PrivateProfile::current().settingsFile();
+    // A new file, and one of an earlier version.
+    for (int time = 0; time < 2; ++time) {
+        SourceManager(nullptr).saveSource(source(u"A"_s));
+        QCOMPARE(QFile::permissions(file), owner);
+        QVERIFY(QFile::setPermissions(file, owner | QFile::ReadGroup | QFile::ReadOther));
+    }
+    SourceManager(nullptr).setLastActiveSourceName(u"A"_s);
+    QCOMPARE(QFile::permissions(file), owner);
+    QCOMPARE(names(storedSources()), QStringList{u"A"_s});
 }
 
 void tst_SourceManager::unwritableStore()
