@@ -12,11 +12,19 @@ bool mustBeEncoded(char byte)
     return code < 0x20U || code == 0x7fU || invalidInUrls.contains(byte);
 }
 
+/// libVLC reads "access/demux://", and one of its demuxers writes the stream to a file.
+QByteArray withoutDemuxer(QByteArray url)
+{
+    const qsizetype schemeEnd = url.indexOf("://");
+    const qsizetype slash = url.indexOf('/');
+    return slash < schemeEnd ? url.remove(slash, schemeEnd - slash) : url;
+}
+
 } // namespace
 
 QByteArray requestableUrl(const QString &url)
 {
-    const QByteArray utf8 = url.toUtf8();
+    const QByteArray utf8 = withoutDemuxer(url.toUtf8());
     QByteArray result;
     result.reserve(utf8.size());
     for (const char byte : utf8) {

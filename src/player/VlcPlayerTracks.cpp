@@ -30,6 +30,8 @@ QList<VlcPlayer::Track> realTracks(const DescriptionList &list)
     return tracks;
 }
 
+// One arg() for all values: a codec is four bytes that the stream names, "%2" among them.
+
 QString videoText(quint32 codec, const libvlc_video_track_t &video)
 {
     const double rate = video.i_frame_rate_den == 0
@@ -37,18 +39,15 @@ QString videoText(quint32 codec, const libvlc_video_track_t &video)
                             : static_cast<double>(video.i_frame_rate_num) /
                                   static_cast<double>(video.i_frame_rate_den);
     return VlcPlayer::tr("Video codec: %1\nResolution: %2x%3\nFrame rate: %4 fps\n\n")
-        .arg(fourCcToString(codec))
-        .arg(video.i_width)
-        .arg(video.i_height)
-        .arg(rate, 0, 'f', 2);
+        .arg(fourCcToString(codec), QString::number(video.i_width), QString::number(video.i_height),
+             QString::number(rate, 'f', 2));
 }
 
 QString audioText(quint32 codec, const libvlc_audio_track_t &audio)
 {
     return VlcPlayer::tr("Audio codec: %1\nSample rate: %2 Hz\nChannels: %3\n\n")
-        .arg(fourCcToString(codec))
-        .arg(audio.i_rate)
-        .arg(audio.i_channels);
+        .arg(fourCcToString(codec), QString::number(audio.i_rate),
+             QString::number(audio.i_channels));
 }
 
 QString elementaryStreamsText(libvlc_media_t *media)

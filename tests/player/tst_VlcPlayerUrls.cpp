@@ -2,6 +2,9 @@
 #include "player/StreamUrl.h"
 #include "support/TraceCapture.h"
 
+#include <QDir>
+#include <QTemporaryDir>
+
 /// How a URL reaches the server and the trace. Runs with VANTIRO_NET_DEBUG set.
 class tst_VlcPlayerUrls : public PlayerTest
 {
@@ -9,6 +12,9 @@ class tst_VlcPlayerUrls : public PlayerTest
 
 private Q_SLOTS:
     void encodesOnlyInvalidCharacters();
+    void leavesOutDemuxers();
+    void givesLibVlcNoOption_data();
+    void givesLibVlcNoOption();
     void requestsTheUrlAndTracesItRedacted();
     void tracesNothingElse();
 };
@@ -23,6 +29,53 @@ void tst_VlcPlayerUrls::encodesOnlyInvalidCharacters()
         QCOMPARE(requestableUrl(QChar(code)), stays ? byte : '%' + byte.toHex().toUpper());
     }
     QCOMPARE(requestableUrl(u"üж€\U0001F600\u0085"_s), u"üж€\U0001F600\u0085"_s.toUtf8());
+}
+
+void tst_VlcPlayerUrls::leavesOutDemuxers()
+{
+    for (const QByteArray &demuxed :
+         {"http/dump://h/a"_ba, "http/$dump/x://h/a"_ba, "http/%64ump://h/a"_ba}) {
+        QCOMPARE(requestableUrl(QString::fromLatin1(demuxed)), "http://h/a"_ba);
+    }
+    for (const QByteArray &other : {"http://h/a/b://c"_ba, "h/a"_ba, "/a"_ba, "file:///a/b"_ba,
+                                    "://a/b"_ba, "a:/b"_ba, ""_ba}) {
+        QCOMPARE(requestableUrl(QString::fromLatin1(other)), other);
+    }
+}
+
+void tst_VlcPlayerUrls::givesLibVlcNoOption_data()
+{
+    QTest::addColumn<QString>("scheme");
+    QTest::addColumn<QString>("suffix");
+    const QString sink = u"sout=#std{access=file,mux=ts,dst=written}"_s;
+    QTest::newRow("demuxer in the scheme") << u"http/dump"_s << u""_s;
+    QTest::newRow("its other name") << u"http/demuxdump"_s << u""_s;
+    QTest::newRow("option behind a colon") << u"http"_s << u" :"_s + sink;
+    QTest::newRow("option behind two hyphens") << u"http"_s << u" --"_s + sink;
+    QTest::newRow("option behind a number sign") << u"http"_s << u"#"_s + sink;
+    QTest::newRow("option behind an exclamation mark") << u"http"_s << u"#!"_s + sink;
+    QTest::newRow("option on a line of its own") << u"http"_s << u"\n:"_s + sink;
+    QTest::newRow("option behind a pipe") << u"http"_s << u"|"_s + sink;
+    QTest::newRow("option in the query") << u"http"_s << u"?:"_s + sink;
+}
+
+/// Whoever names a stream's URL gets nothing written.
+void tst_VlcPlayerUrls::givesLibVlcNoOption()
+{
+    QFETCH(const QString, scheme);
+    QFETCH(const QString, suffix);
+    // libVLC writes relative to this folder.
+    const QTemporaryDir folder;
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(folder.path()));
+    QString address = url(u"/files/audio.mp3"_s + suffix);
+    address.replace(0, address.indexOf(u':'), scheme);
+    probe->player.play(address, false);
+    QTRY_VERIFY_WITH_TIMEOUT(probe->progress > 0 || !probe->interruptions.isEmpty(), openMs);
+    probe->player.stop();
+    const QStringList written = QDir(folder.path()).entryList(QDir::Files);
+    QDir::setCurrent(before);
+    QCOMPARE(written, QStringList());
 }
 
 void tst_VlcPlayerUrls::requestsTheUrlAndTracesItRedacted()

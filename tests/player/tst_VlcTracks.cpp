@@ -222,6 +222,9 @@ void tst_VlcTracks::summarizes_data()
                                        "Subtitle tracks:\n  [*] Disable\n"
                                        "  [ ] English - [English]\n"
                                        "  [ ] Français - [French]\n\n"_s;
+    // A stream names its own codec.
+    QTest::newRow("marked.mp4") << videoBlock.arg(u"15.00"_s).replace("h264"_L1, "%2%3"_L1) + aac +
+                                       oneSound;
     QTest::newRow("film.mp4") << videoBlock.arg(u"15.00"_s) + aac + oneSound;
     QTest::newRow("silent.mp4") << videoBlock.arg(u"15.00"_s);
     QTest::newRow("audio.mp3") << audioBlock.arg(u"mp3"_s).arg(1) + oneSound;
@@ -230,6 +233,9 @@ void tst_VlcTracks::summarizes_data()
 void tst_VlcTracks::summarizes()
 {
     QFETCH(QString, text);
+    HttpReply marked = HttpReply::file(streamPath(u"film-faststart.mp4"_s));
+    marked.body.replace("avc1", "%2%3");
+    server->on(u"/files/marked.mp4"_s, marked);
     open(QString::fromLatin1(QTest::currentDataTag()));
     QCOMPARE(summary(probe->player), text + statistics);
 }
