@@ -143,13 +143,18 @@ void XtreamClient::testLogin(std::function<void(bool, const QString &)> callback
             callback(false, tr("Could not reach server or invalid response"));
             return;
         }
-        const QJsonObject userInfo = document.object().value("user_info"_L1).toObject();
-        if (userInfo.value("auth"_L1).toInt() == 1) {
+        if (acceptsLogin(document)) {
             callback(true, {});
         } else {
             callback(false, tr("Authentication failed - check server URL, username, and password"));
         }
     });
+}
+
+bool XtreamClient::acceptsLogin(const QJsonDocument &reply)
+{
+    const QJsonObject userInfo = reply.object().value("user_info"_L1).toObject();
+    return userInfo.value("auth"_L1).toInt() == 1;
 }
 
 void XtreamClient::fetchLiveCategories(CategoriesCallback callback)

@@ -45,6 +45,8 @@ public:
 
     /// Checks the account; on failure the second argument is a message for the user.
     void testLogin(std::function<void(bool, const QString &)> callback);
+    /// Whether the reply to a login, a JSON document, accepts the account.
+    static bool acceptsLogin(const QJsonDocument &reply);
 
     /// @name Catalog
     /// A request fails when the network does, or when the reply is not the kind of JSON document

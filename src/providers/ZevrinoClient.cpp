@@ -17,41 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Outcome
-{
-    bool ok = false;
-    ZevrinoClient::Credentials credentials;
-    QString message;
-};
-
-Outcome refusal(const QString &message)
+ZevrinoClient::Outcome refusal(const QString &message)
 {
     return {false, {}, message};
-}
-
-Outcome readReply(const QByteArray &body)
-{
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(body, &error);
-    if (error.error != QJsonParseError::NoError || !document.isObject()) {
-        return refusal(ZevrinoClient::tr("Invalid response from server"));
-    }
-    const QJsonObject root = document.object();
-    if (root.value("status"_L1).toString() != "success"_L1) {
-        const QString message = root.value("message"_L1).toString();
-        return refusal(message.isEmpty() ? ZevrinoClient::tr("Subscription could not be resolved")
-                                         : message);
-    }
-    const QJsonObject data = root.value("data"_L1).toObject();
-    const ZevrinoClient::Credentials credentials{
-        data.value("server_url"_L1).toString(), data.value("username"_L1).toString(),
-        data.value("password"_L1).toString(), data.value("expires_at"_L1).toString(),
-        data.value("stream_type"_L1).toString()};
-    if (credentials.serverUrl.isEmpty() || credentials.username.isEmpty() ||
-        credentials.password.isEmpty()) {
-        return refusal(ZevrinoClient::tr("Server response was missing credentials"));
-    }
-    return {true, credentials, {}};
 }
 
 } // namespace
@@ -66,6 +34,30 @@ ZevrinoClient::ZevrinoClient(const QString &baseUrl, QObject *parent)
     , endpoint(baseUrl + "/api/v1/subscription/credentials"_L1)
 {
     network->setTransferTimeout(replyTimeoutMs);
+}
+
+ZevrinoClient::Outcome ZevrinoClient::readReply(const QByteArray &body)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(body, &error);
+    if (error.error != QJsonParseError::NoError || !document.isObject()) {
+        return refusal(tr("Invalid response from server"));
+    }
+    const QJsonObject root = document.object();
+    if (root.value("status"_L1).toString() != "success"_L1) {
+        const QString message = root.value("message"_L1).toString();
+        return refusal(message.isEmpty() ? tr("Subscription could not be resolved") : message);
+    }
+    const QJsonObject data = root.value("data"_L1).toObject();
+    const Credentials credentials{
+        data.value("server_url"_L1).toString(), data.value("username"_L1).toString(),
+        data.value("password"_L1).toString(), data.value("expires_at"_L1).toString(),
+        data.value("stream_type"_L1).toString()};
+    if (credentials.serverUrl.isEmpty() || credentials.username.isEmpty() ||
+        credentials.password.isEmpty()) {
+        return refusal(tr("Server response was missing credentials"));
+    }
+    return {true, credentials, {}};
 }
 
 void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)

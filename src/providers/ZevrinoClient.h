@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 
@@ -27,6 +28,14 @@ public:
         bool operator==(const Credentials &) const = default;
     };
 
+    /// What a reply says.
+    struct Outcome
+    {
+        bool ok = false;
+        Credentials credentials; ///< empty on failure
+        QString message;         ///< for the user; empty on success
+    };
+
     /// Success, the credentials (empty on failure), a message for the user (empty on success).
     using Callback = std::function<void(bool, const Credentials &, const QString &)>;
 
@@ -39,6 +48,9 @@ public:
     /// client is destroyed first. A service that makes no progress for replyTimeoutMs counts as
     /// unreachable.
     void resolve(const QString &subscriptionKey, Callback callback);
+
+    /// Reads the body of a reply without a network error. Stateless.
+    static Outcome readReply(const QByteArray &body);
 
 private:
     QNetworkAccessManager *network;

@@ -1,0 +1,58 @@
+// The text of a playlist. What is read, written as a playlist again, must read the same.
+
+#include "FuzzTarget.h"
+
+#include "providers/M3uParser.h"
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString playlistOf(const QList<MediaItem> &items)
+{
+    QString text = u"#EXTM3U\n"_s;
+    for (const MediaItem &item : items) {
+        text += "#EXTINF:-1 group-title=\""_L1 + item.categoryId + "\" tvg-logo=\""_L1 +
+                item.iconUrl + "\","_L1 + item.name + u'\n' + item.streamUrl + u'\n';
+    }
+    return text;
+}
+
+void checkRecords(const M3uParser::Result &playlist)
+{
+    QStringList groups;
+    for (const MediaItem &item : playlist.items) {
+        require(item.type == StreamKind::Live, "an entry is live");
+        require(!item.name.isEmpty(), "an entry has a name");
+        require(!item.streamUrl.isEmpty() && item.id == item.streamUrl, "the URL is the id");
+        require(!item.streamUrl.startsWith(u'#'), "a comment is no URL");
+        if (!groups.contains(item.categoryId)) {
+            groups << item.categoryId;
+        }
+    }
+    QStringList categories;
+    for (const Category &category : playlist.categories) {
+        require(category.id == category.name, "a group's name is its id");
+        categories << category.id;
+    }
+    require(categories == groups, "groups come in order of first appearance");
+}
+
+} // namespace
+
+void fuzz(FuzzInput &input)
+{
+    const QString text = QString::fromUtf8(input.rest());
+    const M3uParser::Result playlist = M3uParser::parse(text);
+    checkRecords(playlist);
+
+    QString unixText = text;
+    unixText.replace(u'\r', u'\n');
+    require(M3uParser::parse(unixText).items == playlist.items, "any line end ends a line");
+
+    const M3uParser::Result again = M3uParser::parse(playlistOf(playlist.items));
+    require(again.items == playlist.items, "the entries read again are equal");
+    require(again.categories == playlist.categories, "the groups read again are equal");
+}
