@@ -48,12 +48,12 @@ constexpr std::tuple categoryTable{
 };
 constexpr std::tuple itemTable{
     JsonColumn{"type", &MediaItem::type, &JsonField::toInt},
-    JsonColumn{"id", &MediaItem::id, &JsonField::toText},
-    JsonColumn{"name", &MediaItem::name, &JsonField::toText},
-    JsonColumn{"categoryId", &MediaItem::categoryId, &JsonField::toText},
-    JsonColumn{"iconUrl", &MediaItem::iconUrl, &JsonField::toText},
-    JsonColumn{"containerExtension", &MediaItem::containerExtension, &JsonField::toText},
-    JsonColumn{"streamUrl", &MediaItem::streamUrl, &JsonField::toText},
+    JsonColumn{"id", &MediaItem::id, &JsonField::toCatalogText},
+    JsonColumn{"name", &MediaItem::name, &JsonField::toCatalogText},
+    JsonColumn{"categoryId", &MediaItem::categoryId, &JsonField::toCatalogText},
+    JsonColumn{"iconUrl", &MediaItem::iconUrl, &JsonField::toCatalogText},
+    JsonColumn{"containerExtension", &MediaItem::containerExtension, &JsonField::toCatalogText},
+    JsonColumn{"streamUrl", &MediaItem::streamUrl, &JsonField::toCatalogText},
     JsonColumn{"rating", &MediaItem::rating, &JsonField::toDouble},
     JsonColumn{"addedAt", &MediaItem::addedAt, &JsonField::toVariantInteger},
 };

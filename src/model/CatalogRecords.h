@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/CatalogText.h"
+
 #include <QList>
 #include <QString>
 #include <QtGlobal>
@@ -28,18 +30,19 @@ struct Category
     bool operator==(const Category &) const = default;
 };
 
-/// One entry of the catalog: a live channel, a movie, a show, or a playable episode.
+/// One entry of the catalog: a live channel, a movie, a show, or a playable episode. There may be
+/// hundreds of thousands, so each is kept small.
 struct MediaItem
 {
     qint32 type = StreamKind::Live;
     /// The provider's stream or series id; for playlists the URL.
-    QString id;
-    QString name;
-    QString categoryId;
-    QString iconUrl;
-    QString containerExtension;
+    CatalogText id;
+    CatalogText name;
+    CatalogText categoryId;
+    CatalogText iconUrl;
+    CatalogText containerExtension;
     /// Complete URL where the source gives one; empty for account entries.
-    QString streamUrl;
+    CatalogText streamUrl;
     /// The provider's rating; 0 when absent.
     double rating = 0.0;
     /// Seconds since the epoch when the provider added or changed the entry; 0 when absent.

@@ -28,6 +28,19 @@ QList<int> relevanceScores(const QList<MediaItem> &items, const QString &query)
     return scores;
 }
 
+/// The score of each entry; NoMatch also for the entries of other categories.
+std::vector<quint8> scoresOf(const QList<MediaItem> &items, const CatalogText &categoryId,
+                             const QString &query)
+{
+    NameMatcher matcher(query);
+    std::vector<quint8> scores(static_cast<size_t>(items.size()), NameMatcher::NoMatch);
+    std::transform(items.begin(), items.end(), scores.begin(), [&](const MediaItem &item) {
+        const bool isListed = categoryId.isEmpty() || item.categoryId == categoryId;
+        return static_cast<quint8>(isListed ? matcher.score(item.name) : NameMatcher::NoMatch);
+    });
+    return scores;
+}
+
 /// Arranges the entries in the order of these indices.
 void reorder(QList<MediaItem> &items, const QList<int> &order)
 {
@@ -137,17 +150,14 @@ QList<int> filteredRows(const QList<MediaItem> &items, const QString &categoryId
 QList<int> filteredRows(const QList<MediaItem> &items, const QList<int> &order,
                         const QString &categoryId, const QString &query)
 {
+    // Names are scored in the order in which they lie in memory.
+    const std::vector<quint8> scores = scoresOf(items, CatalogText(categoryId), query);
     // Entries of one score keep their order, so one pass sorts them all.
     std::array<QList<int>, NameMatcher::NoMatch> rowsByScore;
-    NameMatcher matcher(query);
     for (const int row : order) {
-        const MediaItem &item = items.at(row);
-        if (!categoryId.isEmpty() && item.categoryId != categoryId) {
-            continue;
-        }
-        const NameMatcher::Score score = matcher.score(item.name);
+        const quint8 score = scores[static_cast<size_t>(row)];
         if (score != NameMatcher::NoMatch) {
-            rowsByScore.at(static_cast<size_t>(score)).append(row);
+            rowsByScore.at(score).append(row);
         }
     }
     QList<int> rows;

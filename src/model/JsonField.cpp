@@ -25,6 +25,14 @@ QString JsonField::toText() const
     return decoded.isEmpty() ? QString::fromUtf8(bytes) : decoded;
 }
 
+CatalogText JsonField::toCatalogText() const
+{
+    if (kind != Kind::Text) {
+        return {};
+    }
+    return decoded.isEmpty() ? CatalogText::fromUtf8(bytes) : CatalogText(decoded);
+}
+
 int JsonField::toInt() const
 {
     return kind == Kind::Number ? numberValue(bytes).toInt() : 0;

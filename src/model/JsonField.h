@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/CatalogText.h"
+
 #include <QByteArrayView>
 #include <QString>
 
@@ -27,6 +29,7 @@ struct JsonField
     /// @name Conversions of QJsonValue: a value of another type gives an empty text or 0.
     /// @{
     QString toText() const;
+    CatalogText toCatalogText() const;
     int toInt() const;
     double toDouble() const;
     /// @}

@@ -32,24 +32,17 @@ bool readJsonObjects(const QByteArray &json, const std::vector<QByteArrayView> &
 
 /// One record per element of the root array: a copy of `initial` with the fields of the table set.
 /// Empty when the text is not JSON.
-template <typename Record, typename... Values>
-QList<Record> readJsonRecords(const QByteArray &json,
-                              const std::tuple<JsonColumn<Record, Values>...> &table,
-                              const Record &initial = {})
+template <typename Table>
+QList<JsonRecord<Table>> readJsonRecords(const QByteArray &json, const Table &table,
+                                         const JsonRecord<Table> &initial = {})
 {
-    QList<Record> records;
+    QList<JsonRecord<Table>> records;
     const auto appendRecord = [&](const JsonFields &fields) {
-        Record record = initial;
-        auto field = fields.begin();
-        const auto set = [&](const auto &column) {
-            record.*column.field = ((*field++).*column.convert)();
-        };
-        std::apply([&](const auto &...columns) { (set(columns), ...); }, table);
-        records.append(std::move(record));
+        setFields(records.emplaceBack(initial), table, fields);
     };
     const bool valid = readJsonObjects(
         json, keysOf(table), [&records] { records.clear(); }, appendRecord);
-    return valid ? records : QList<Record>();
+    return valid ? records : QList<JsonRecord<Table>>();
 }
 
 /// Where the members of the root object stand, in the order of the text. Nothing when the text is

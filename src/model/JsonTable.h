@@ -17,10 +17,11 @@
 ///     };
 
 /// One key, the field of the record, and the conversion by which the field is read.
-template <typename Record, typename Value>
+template <typename RecordType, typename Value, typename Converted>
 struct JsonColumn
 {
-    using Conversion = Value (JsonField::*)() const;
+    using Record = RecordType;
+    using Conversion = Converted (JsonField::*)() const;
 
     constexpr JsonColumn(QByteArrayView memberKey, Value Record::*recordField,
                          Conversion conversion)
@@ -34,12 +35,24 @@ struct JsonColumn
     Conversion convert;
 };
 
-template <typename Record, typename... Values>
-using JsonTable = std::tuple<JsonColumn<Record, Values>...>;
+/// The record that a table describes.
+template <typename Table>
+using JsonRecord = typename std::tuple_element_t<0, Table>::Record;
 
 /// The keys of a table in the order of its columns.
-template <typename Record, typename... Values>
-std::vector<QByteArrayView> keysOf(const JsonTable<Record, Values...> &table)
+template <typename Table>
+std::vector<QByteArrayView> keysOf(const Table &table)
 {
     return std::apply([](const auto &...columns) { return std::vector{columns.key...}; }, table);
+}
+
+/// Sets the fields of a record that the table names from the values of its keys, in their order.
+template <typename Table>
+void setFields(JsonRecord<Table> &record, const Table &table, const JsonFields &values)
+{
+    auto value = values.begin();
+    const auto set = [&](const auto &column) {
+        record.*column.field = ((*value++).*column.convert)();
+    };
+    std::apply([&](const auto &...columns) { (set(columns), ...); }, table);
 }

@@ -14,12 +14,12 @@ bool needsEscape(char byte)
     return byte == '"' || byte == '\\' || static_cast<unsigned char>(byte) < 0x20;
 }
 
-void appendEscaped(QByteArray &json, const QByteArray &utf8)
+void appendEscaped(QByteArray &json, QByteArrayView utf8)
 {
     auto rest = utf8.begin();
     while (true) {
         const auto special = std::find_if(rest, utf8.end(), needsEscape);
-        json.append(rest, special - rest);
+        json.append(QByteArrayView(rest, special));
         if (special == utf8.end()) {
             return;
         }
@@ -35,7 +35,7 @@ void appendEscaped(QByteArray &json, const QByteArray &utf8)
 
 } // namespace
 
-void appendJson(QByteArray &json, QStringView text)
+void appendJson(QByteArray &json, const QString &text)
 {
     json += '"';
     if (text.isValidUtf16() && !text.startsWith(QChar::ByteOrderMark)) {
@@ -46,6 +46,17 @@ void appendJson(QByteArray &json, QStringView text)
             json += "\\u"_ba + QByteArray::number(unit.unicode(), 16).rightJustified(4, '0');
         }
     }
+    json += '"';
+}
+
+void appendJson(QByteArray &json, const CatalogText &text)
+{
+    if (!text.isUtf8()) {
+        appendJson(json, text.toString());
+        return;
+    }
+    json += '"';
+    appendEscaped(json, text.utf8());
     json += '"';
 }
 

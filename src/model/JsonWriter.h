@@ -1,11 +1,12 @@
 #pragma once
 
+#include "model/CatalogText.h"
 #include "model/JsonMembers.h"
 #include "model/JsonTable.h"
 
 #include <QByteArray>
 #include <QList>
-#include <QStringView>
+#include <QString>
 
 /// @file
 /// Writes records and objects as compact JSON in UTF-8.
@@ -13,7 +14,8 @@
 /// @name Appending one value
 /// Texts get quotes and the escapes that they need; a number that is not finite becomes "null".
 /// @{
-void appendJson(QByteArray &json, QStringView text);
+void appendJson(QByteArray &json, const QString &text);
+void appendJson(QByteArray &json, const CatalogText &text);
 void appendJson(QByteArray &json, double number);
 void appendJson(QByteArray &json, qint64 number);
 inline void appendJson(QByteArray &json, qint32 number)
@@ -26,15 +28,14 @@ inline void appendJson(QByteArray &json, qint32 number)
 QByteArray writeJsonMembers(const JsonMembers &members);
 
 /// An array with one object per record, whose members stand in the order of the table.
-template <typename Record, typename... Values>
-QByteArray writeJsonRecords(const QList<Record> &records,
-                            const std::tuple<JsonColumn<Record, Values>...> &table)
+template <typename Table>
+QByteArray writeJsonRecords(const QList<JsonRecord<Table>> &records, const Table &table)
 {
     constexpr qsizetype usualSize = 200;
     QByteArray json;
     json.reserve(records.size() * usualSize);
     json += '[';
-    for (const Record &record : records) {
+    for (const JsonRecord<Table> &record : records) {
         json += json.size() > 1 ? ",{" : "{";
         bool isFirst = true;
         const auto appendMember = [&](const auto &column) {

@@ -1,20 +1,43 @@
 #include "model/NameFolding.h"
 
-Alphabet appendFolded(QStringView name, std::u16string &out)
+#include <algorithm>
+#include <functional>
+#include <numeric>
+
+namespace {
+
+bool isAscii(QByteArrayView bytes)
 {
-    Alphabet alphabet = Alphabet::Ascii;
-    const char16_t *units = name.utf16();
-    for (qsizetype index = 0; index < name.size(); ++index) {
-        const char16_t unit = units[index]; // NOLINT: a view has no other raw access
-        if (unit < 0x80) {
-            out += unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
-            continue;
-        }
-        if (QChar::isSurrogate(unit)) {
-            return Alphabet::WithSurrogates;
-        }
-        alphabet = Alphabet::Plain;
-        out += static_cast<char16_t>(QChar::toCaseFolded(static_cast<char32_t>(unit)));
+    constexpr unsigned char firstOther = 0x80;
+    return std::accumulate(bytes.begin(), bytes.end(), 0U, [](unsigned all, char byte) {
+               return all | static_cast<unsigned char>(byte);
+           }) < firstOther;
+}
+
+char foldedAscii(char byte)
+{
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
+} // namespace
+
+Alphabet appendFolded(const CatalogText &name, std::string &out)
+{
+    if (name.isUtf8() && isAscii(name.utf8())) {
+        const QByteArrayView bytes = name.utf8();
+        const size_t start = out.size();
+        out.resize(start + static_cast<size_t>(bytes.size()));
+        std::transform(bytes.begin(), bytes.end(), out.begin() + static_cast<qsizetype>(start),
+                       foldedAscii);
+        return Alphabet::Ascii;
     }
-    return alphabet;
+    QString text = name.toString();
+    if (std::any_of(text.cbegin(), text.cend(), [](QChar unit) { return unit.isSurrogate(); })) {
+        return Alphabet::WithSurrogates;
+    }
+    for (QChar &unit : text) {
+        unit = unit.toCaseFolded();
+    }
+    out += text.toUtf8().toStdString();
+    return Alphabet::Plain;
 }

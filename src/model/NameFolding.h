@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/CatalogText.h"
+
 #include <QStringView>
 
 #include <string>
@@ -12,6 +14,7 @@ enum class Alphabet
     WithSurrogates
 };
 
-/// Appends the name with simple case folding, as Qt compares names. It stops at the first surrogate
-/// and returns WithSurrogates: then the caller discards what was appended and lets Qt compare.
-Alphabet appendFolded(QStringView name, std::u16string &out);
+/// Appends the name as UTF-8 with simple case folding, as Qt compares names. Two names without
+/// surrogates compare as the bytes appended for them do. A name with surrogates appends nothing:
+/// the caller lets Qt compare.
+Alphabet appendFolded(const CatalogText &name, std::string &out);

@@ -7,9 +7,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// What "\w" matches among ASCII.
-bool isWordUnit(char16_t unit)
+bool isWordByte(char byte)
 {
-    return (unit >= u'a' && unit <= u'z') || (unit >= u'0' && unit <= u'9') || unit == u'_';
+    return (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9') || byte == '_';
 }
 
 } // namespace
@@ -24,7 +24,7 @@ NameMatcher::NameMatcher(const QString &text)
     queryIsPlain = alphabet != Alphabet::WithSurrogates;
 }
 
-NameMatcher::Score NameMatcher::score(QStringView name)
+NameMatcher::Score NameMatcher::score(const CatalogText &name)
 {
     if (query.isEmpty()) {
         return Equal;
@@ -35,7 +35,7 @@ NameMatcher::Score NameMatcher::score(QStringView name)
         return scoreByQt(name);
     }
     const size_t found = folded.find(foldedQuery);
-    if (found == std::u16string::npos) {
+    if (found == std::string::npos) {
         return NoMatch;
     }
     if (found == 0) {
@@ -48,7 +48,7 @@ NameMatcher::Score NameMatcher::score(QStringView name)
     return startsWordAnywhere(found) ? WordStart : Inside;
 }
 
-NameMatcher::Score NameMatcher::scoreByQt(QStringView name) const
+NameMatcher::Score NameMatcher::scoreByQt(const QString &name) const
 {
     if (name.compare(query, Qt::CaseInsensitive) == 0) {
         return Equal;
@@ -59,16 +59,16 @@ NameMatcher::Score NameMatcher::scoreByQt(QStringView name) const
     return name.contains(query, Qt::CaseInsensitive) ? scoreAtWordStart(name) : NoMatch;
 }
 
-NameMatcher::Score NameMatcher::scoreAtWordStart(QStringView name) const
+NameMatcher::Score NameMatcher::scoreAtWordStart(const QString &name) const
 {
-    return wordStart.match(name.toString()).hasMatch() ? WordStart : Inside;
+    return wordStart.match(name).hasMatch() ? WordStart : Inside;
 }
 
 /// Whether the query, first found at `found`, occurs at a word boundary there or later.
 bool NameMatcher::startsWordAnywhere(size_t found) const
 {
-    for (size_t at = found; at != std::u16string::npos; at = folded.find(foldedQuery, at + 1)) {
-        if (isWordUnit(folded[at - 1]) != isWordUnit(folded[at])) {
+    for (size_t at = found; at != std::string::npos; at = folded.find(foldedQuery, at + 1)) {
+        if (isWordByte(folded[at - 1]) != isWordByte(folded[at])) {
             return true;
         }
     }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "model/CatalogText.h"
+
 #include <QRegularExpression>
 #include <QString>
-#include <QStringView>
 
 #include <string>
 
@@ -11,7 +12,7 @@
 ///
 /// The results are those of QString::compare(), startsWith() and contains() with
 /// Qt::CaseInsensitive, and of the regular expression "\b" + query. Names and queries of the Basic
-/// Multilingual Plane are case-folded and compared by code unit; Qt compares all others.
+/// Multilingual Plane are case-folded and compared by byte; Qt compares all others.
 class NameMatcher
 {
 public:
@@ -29,18 +30,18 @@ public:
 
     /// The score of a name; NoMatch if it does not contain the query. With an empty query every
     /// name is Equal.
-    Score score(QStringView name);
+    Score score(const CatalogText &name);
 
 private:
-    Score scoreByQt(QStringView name) const;
-    Score scoreAtWordStart(QStringView name) const;
+    Score scoreByQt(const QString &name) const;
+    Score scoreAtWordStart(const QString &name) const;
     bool startsWordAnywhere(size_t found) const;
 
     QString query;
-    std::u16string foldedQuery;
+    std::string foldedQuery;
     bool queryIsAscii = false;
     bool queryIsPlain = false;
     QRegularExpression wordStart;
     /// The folded name under comparison; a member so that its memory is reused.
-    std::u16string folded;
+    std::string folded;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "model/CatalogText.h"
 
 #include <string>
 #include <string_view>
@@ -10,7 +10,7 @@
 class NameOrder
 {
 public:
-    /// The first folded code units of a name, for comparing without access to the name.
+    /// The first folded bytes of a name, for comparing without access to the name.
     struct Head
     {
         quint64 first = 0;
@@ -24,7 +24,7 @@ public:
     explicit NameOrder(size_t count);
 
     /// Adds the name at the next index.
-    void add(const QString &name);
+    void add(const CatalogText &name);
 
     Head head(size_t index) const;
 
@@ -36,16 +36,15 @@ private:
     {
         size_t start = 0;
         size_t length = 0;
-        bool plain = false;
-        QString name; ///< held only when it is not plain
+        bool plain = false; ///< whether its folded bytes compare as the name does
+        CatalogText name;
     };
 
-    std::u16string_view view(const Entry &entry) const
+    std::string_view view(const Entry &entry) const
     {
-        return {units.data() + entry.start, entry.length};
+        return {bytes.data() + entry.start, entry.length};
     }
-    QString nameOf(const Entry &entry) const;
 
     std::vector<Entry> entries;
-    std::u16string units;
+    std::string bytes;
 };

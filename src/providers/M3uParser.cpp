@@ -1,6 +1,6 @@
 #include "providers/M3uParser.h"
 
-#include <QSet>
+#include <QHash>
 #include <QStringView>
 
 using namespace Qt::StringLiterals;
@@ -21,7 +21,7 @@ QStringView extractAttr(QStringView line, QLatin1StringView opening)
 }
 
 /// Builds the result line by line. The pending entry is held as views into the text, and each group
-/// shares one string: with 600,000 entries, allocations dominate the time.
+/// has one text: with 600,000 entries, allocations dominate the time.
 class Scanner
 {
 public:
@@ -68,27 +68,26 @@ private:
         pendingName = {};
     }
 
-    /// The shared string of the pending group. The first occurrence of a group adds a category.
-    QString sharedGroup()
+    /// The text of the pending group, shared by its entries. The first occurrence of a group adds a
+    /// category.
+    CatalogText sharedGroup()
     {
-        if (pendingGroup == lastGroup) {
-            return lastGroup;
+        if (pendingGroup != lastGroup) {
+            lastGroup = pendingGroup.toString();
+            auto known = groups.constFind(lastGroup);
+            if (known == groups.constEnd()) {
+                known = groups.insert(lastGroup, lastGroup);
+                result.categories.append({lastGroup, lastGroup});
+            }
+            lastGroupText = *known;
         }
-        const QString group = pendingGroup.toString();
-        const auto known = groups.constFind(group);
-        if (known != groups.constEnd()) {
-            lastGroup = *known;
-        } else {
-            groups.insert(group);
-            result.categories.append({group, group});
-            lastGroup = group;
-        }
-        return lastGroup;
+        return lastGroupText;
     }
 
     M3uParser::Result result;
-    QSet<QString> groups;
+    QHash<QString, CatalogText> groups;
     QString lastGroup;
+    CatalogText lastGroupText;
     QStringView pendingName;
     QStringView pendingGroup;
     QStringView pendingLogo;

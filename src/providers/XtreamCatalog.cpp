@@ -20,24 +20,24 @@ constexpr std::tuple categoryTable{
 };
 constexpr std::tuple liveTable{
     JsonColumn{"stream_id", &MediaItem::id, &JsonField::toIntegerText},
-    JsonColumn{"name", &MediaItem::name, &JsonField::toText},
-    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toText},
-    JsonColumn{"stream_icon", &MediaItem::iconUrl, &JsonField::toText},
+    JsonColumn{"name", &MediaItem::name, &JsonField::toCatalogText},
+    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toCatalogText},
+    JsonColumn{"stream_icon", &MediaItem::iconUrl, &JsonField::toCatalogText},
 };
 constexpr std::tuple vodTable{
     JsonColumn{"stream_id", &MediaItem::id, &JsonField::toIntegerText},
-    JsonColumn{"name", &MediaItem::name, &JsonField::toText},
-    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toText},
-    JsonColumn{"stream_icon", &MediaItem::iconUrl, &JsonField::toText},
+    JsonColumn{"name", &MediaItem::name, &JsonField::toCatalogText},
+    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toCatalogText},
+    JsonColumn{"stream_icon", &MediaItem::iconUrl, &JsonField::toCatalogText},
     JsonColumn{"rating", &MediaItem::rating, &JsonField::toLenientReal},
     JsonColumn{"added", &MediaItem::addedAt, &JsonField::toLenientInteger},
-    JsonColumn{"container_extension", &MediaItem::containerExtension, &JsonField::toText},
+    JsonColumn{"container_extension", &MediaItem::containerExtension, &JsonField::toCatalogText},
 };
 constexpr std::tuple seriesTable{
     JsonColumn{"series_id", &MediaItem::id, &JsonField::toIntegerText},
-    JsonColumn{"name", &MediaItem::name, &JsonField::toText},
-    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toText},
-    JsonColumn{"cover", &MediaItem::iconUrl, &JsonField::toText},
+    JsonColumn{"name", &MediaItem::name, &JsonField::toCatalogText},
+    JsonColumn{"category_id", &MediaItem::categoryId, &JsonField::toCatalogText},
+    JsonColumn{"cover", &MediaItem::iconUrl, &JsonField::toCatalogText},
     JsonColumn{"rating", &MediaItem::rating, &JsonField::toLenientReal},
     JsonColumn{"last_modified", &MediaItem::addedAt, &JsonField::toLenientInteger},
 };

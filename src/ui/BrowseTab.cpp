@@ -30,7 +30,7 @@ public:
     void show(const MediaItem &shownEntry) { entry = &shownEntry; }
     QVariant data(int role) const override
     {
-        return role == Qt::DisplayRole ? entry->name : QTableWidgetItem::data(role);
+        return role == Qt::DisplayRole ? entry->name.toString() : QTableWidgetItem::data(role);
     }
 
 private:

@@ -68,19 +68,19 @@ public:
         entry = &shownEntry;
         isRequested = false;
     }
-    const QString &url() const { return entry->iconUrl; }
+    QString url() const { return entry->iconUrl; }
 
     QVariant data(int role) const override
     {
         switch (role) {
         case Qt::DisplayRole:
-            return entry->name;
+            return entry->name.toString();
         case Qt::DecorationRole:
             return icons->value(entry->iconUrl, *placeholder);
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(Qt::AlignHCenter | Qt::AlignTop);
         case PosterRole::IconUrl:
-            return entry->iconUrl;
+            return entry->iconUrl.toString();
         case PosterRole::Requested:
             return isRequested ? QVariant(true) : QVariant();
         default:
