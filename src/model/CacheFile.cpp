@@ -101,17 +101,26 @@ void CacheFile::readOnce()
         places = *known;
         return;
     }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return;
-    }
-    text = file.readAll();
-    file.close();
+    text = readText();
     if (const auto found = findJsonMembers(text)) {
         places = *found;
         remember(path, places);
     } else {
         members = readJsonMembers(text);
+    }
+}
+
+QByteArray CacheFile::readText()
+{
+    textTime = QFileInfo(path).lastModified();
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void CacheFile::keepPlaces(const QList<JsonMemberPlace> &memberPlaces)
+{
+    if (QFileInfo(path).lastModified() == textTime) {
+        remember(path, memberPlaces);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "model/JsonMembers.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QList>
 #include <QString>
 
@@ -16,6 +17,12 @@ class CacheFile final
 public:
     /// Opens nothing yet. A file that is missing, damaged or no object has no members.
     explicit CacheFile(const QString &filePath);
+
+    /// The text of the whole file; empty when it cannot be read.
+    QByteArray readText();
+    /// Remembers where the members stand in the text that readText() returned, unless the file has
+    /// changed since.
+    void keepPlaces(const QList<JsonMemberPlace> &memberPlaces);
 
     bool contains(const QString &key);
     /// The JSON text of a member's value; empty when there is no such member.
@@ -32,6 +39,7 @@ private:
     QList<JsonMemberPlace> placesWith(const JsonMemberPlace &written) const;
 
     QString path;
+    QDateTime textTime; ///< of the file, just before readText() read it
     bool wasRead = false;
     /// Where the members stand in the file; empty when `members` has them instead.
     QList<JsonMemberPlace> places;

@@ -15,8 +15,11 @@
 #include <QStandardPaths>
 #include <QVariant>
 
+#include <algorithm>
 #include <optional>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -66,20 +69,80 @@ constexpr std::tuple episodeTable{
     JsonColumn{"containerExtension", &Episode::containerExtension, &JsonField::toText},
 };
 
-/// The sections as JSON; nothing when one of them is missing.
-std::optional<QList<QByteArray>> sectionTexts(const QString &sourceName,
-                                              const QStringList &sections)
+using Sections = QList<CatalogCache::Section>;
+
+/// Gives the item the texts of the one before where they are equal: neighbours often share them.
+void shareTexts(MediaItem &item, const MediaItem &before)
 {
-    const QMutexLocker lock(&filesMutex);
+    const auto share = [](CatalogText &text, const CatalogText &other) {
+        if (text == other) {
+            text = other;
+        }
+    };
+    share(item.categoryId, before.categoryId);
+    share(item.containerExtension, before.containerExtension);
+    share(item.streamUrl, item.id);
+}
+
+/// Reads the sections in one pass over the file. Nothing when the file has to be read member by
+/// member, or a section is missing.
+std::optional<Sections> readInOnePass(const QString &sourceName, const QStringList &names)
+{
+    CacheFile file(cacheFilePath(sourceName));
+    QMutexLocker lock(&filesMutex);
+    QByteArray text = file.readText();
+    lock.unlock();
+
+    Sections sections(names.size());
+    std::vector<JsonArraySink> sinks;
+    for (qsizetype index = 0; index < names.size(); ++index) {
+        CatalogCache::Section &section = sections[index];
+        sinks.push_back({names.at(index), "categories", keysOf(categoryTable),
+                         [&section](const JsonFields &fields) {
+                             setFields(section.categories.emplaceBack(), categoryTable, fields);
+                         }});
+        sinks.push_back({names.at(index), "items", keysOf(itemTable),
+                         [&section, before = MediaItem()](const JsonFields &fields) mutable {
+                             MediaItem &item = section.items.emplaceBack();
+                             setFields(item, itemTable, fields);
+                             shareTexts(item, before);
+                             before = item;
+                         }});
+    }
+    const auto places = readJsonArrays(text, sinks);
+    if (!places) {
+        return std::nullopt;
+    }
+    lock.relock();
+    file.keepPlaces(*places);
+    const auto stands = [&places](const QString &name) {
+        return std::any_of(places->begin(), places->end(),
+                           [&name](const JsonMemberPlace &place) { return place.key == name; });
+    };
+    return std::all_of(names.begin(), names.end(), stands) ? std::optional(sections)
+                                                           : std::nullopt;
+}
+
+/// The same for any file, member by member. Nothing when a section is missing.
+std::optional<Sections> readByMember(const QString &sourceName, const QStringList &names)
+{
+    QMutexLocker lock(&filesMutex);
     CacheFile file(cacheFilePath(sourceName));
     QList<QByteArray> texts;
-    for (const QString &name : sections) {
+    for (const QString &name : names) {
         if (!file.contains(name)) {
             return std::nullopt;
         }
         texts.append(file.value(name));
     }
-    return texts;
+    lock.unlock();
+    Sections sections;
+    for (const QByteArray &text : std::as_const(texts)) {
+        const JsonMembers object = readJsonMembers(text);
+        sections.append({readJsonRecords(object.value(categoriesKey), categoryTable),
+                         readJsonRecords(object.value(itemsKey), itemTable)});
+    }
+    return sections;
 }
 
 /// The time stamp that a JSON text holds; 0 when it holds none.
@@ -107,16 +170,14 @@ bool CatalogCache::load(const QString &sourceName, const QString &section, Secti
 
 bool CatalogCache::load(const QString &sourceName, const QStringList &sections, QList<Section> &out)
 {
-    const std::optional<QList<QByteArray>> texts = sectionTexts(sourceName, sections);
-    if (!texts) {
+    auto loaded = readInOnePass(sourceName, sections);
+    if (!loaded) {
+        loaded = readByMember(sourceName, sections);
+    }
+    if (!loaded) {
         return false;
     }
-    out.clear();
-    for (const QByteArray &text : *texts) {
-        const JsonMembers object = readJsonMembers(text);
-        out.append({readJsonRecords(object.value(categoriesKey), categoryTable),
-                    readJsonRecords(object.value(itemsKey), itemTable)});
-    }
+    out = std::move(*loaded);
     return true;
 }
 

@@ -2,13 +2,9 @@
 
 #include "model/ItemFilter.h"
 
-QList<int> ItemIndex::select(const QList<MediaItem> &items, const QString &categoryId,
-                             const QString &query, const QString &sortKey)
+QList<int> ItemIndex::select(const QString &categoryId, const QString &query,
+                             const QString &sortKey)
 {
-    if (items.constData() != indexed.constData() || items.size() != indexed.size()) {
-        indexed = items;
-        orders.clear();
-    }
     return filteredRows(indexed, orderBy(sortKey), categoryId, query);
 }
 

@@ -6,22 +6,30 @@
 #include <QList>
 #include <QString>
 
-/// The entries of one tab with their sort orders. Each order is computed once per load, on first
-/// use, so that a keystroke does not sort.
+/// The entries of one tab with their sort orders. Each order is computed once, on first use or ahead
+/// of it, so that a keystroke does not sort. Copies share the entries and the orders. One object for
+/// one thread at a time.
 class ItemIndex final
 {
 public:
-    /// The result of applyFilter() followed by sortItems() for these entries, as indices into
-    /// `items`. A list other than in the last call, identified by its data pointer, discards the
-    /// orders.
-    QList<int> select(const QList<MediaItem> &items, const QString &categoryId,
-                      const QString &query, const QString &sortKey);
+    ItemIndex() = default;
+    ItemIndex(const QList<MediaItem> &items)
+        : indexed(items)
+    {}
+
+    const QList<MediaItem> &items() const { return indexed; }
+    bool isEmpty() const { return indexed.isEmpty(); }
+
+    /// Computes the order by a key ahead of its first use.
+    void prepareOrder(const QString &sortKey) { orderBy(sortKey); }
+
+    /// The result of applyFilter() followed by sortItems(), as indices into items().
+    QList<int> select(const QString &categoryId, const QString &query, const QString &sortKey);
 
 private:
     /// The indices of all entries, sorted by a key.
     const QList<int> &orderBy(const QString &sortKey);
 
-    /// Shares the data of the tab's list, so that no other list can get the same data pointer.
     QList<MediaItem> indexed;
     QHash<QString, QList<int>> orders;
 };

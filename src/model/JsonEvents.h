@@ -125,21 +125,28 @@ private:
 };
 
 /// Passes the events of a text to the handler. False if RapidJSON or the handler refuses the text.
-/// RapidJSON unescapes a copy in place, so that positions in the stream are those of the text.
+/// RapidJSON unescapes texts in place, so that positions in the stream are those of the text.
 template <typename AnyHandler>
-bool readEvents(const QByteArray &json, AnyHandler &handler)
+bool readEventsInPlace(QByteArray &json, AnyHandler &handler)
 {
     if (!isReadable(json)) {
         return false;
     }
-    QByteArray buffer(json.constData(), json.size());
-    typename AnyHandler::Stream stream(buffer.data());
+    typename AnyHandler::Stream stream(json.data());
     handler.stream = &stream;
     rapidjson::Reader reader;
     constexpr unsigned flags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
     const bool read = !reader.Parse<flags>(stream, handler).IsError();
     handler.stream = nullptr;
     return read;
+}
+
+/// The same with a copy of the text.
+template <typename AnyHandler>
+bool readEvents(const QByteArray &json, AnyHandler &handler)
+{
+    QByteArray buffer(json.constData(), json.size());
+    return readEventsInPlace(buffer, handler);
 }
 
 } // namespace JsonEvents

@@ -1,13 +1,12 @@
 #include "model/JsonReader.h"
 
-#include "model/JsonEvents.h"
+#include "model/JsonHandlers.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QLocale>
-#include <QSet>
 #include <QVariant>
 
 #include <algorithm>
@@ -18,158 +17,147 @@ using namespace JsonEvents;
 
 namespace {
 
-/// Whether only Qt can decode the text.
-bool needsQt(QByteArrayView utf8)
-{
-    return utf8.startsWith(byteOrderMark) || holdsSurrogate(utf8);
-}
-
-/// Collects the requested fields of each element of the root array.
+/// Passes the elements of a root array to a collector.
 class ObjectsHandler final : public EventHandler<ObjectsHandler, rapidjson::InsituStringStream>
 {
 public:
-    ObjectsHandler(const std::vector<QByteArrayView> &requestedKeys,
-                   const std::function<void(const JsonFields &)> &callback)
-        : keys(requestedKeys)
-        , take(callback)
-        , fields(requestedKeys.size())
-    {}
+    ObjectsHandler(const std::vector<QByteArrayView> &keys,
+                   const std::function<void(const JsonFields &)> &take)
+        : elements(elementDepth)
+    {
+        elements.start(keys, take);
+    }
 
     QByteArrayView number(const char *text, qsizetype length) const { return {text, length}; }
 
-    /// Called also for a container inside an element; its contents are skipped. A value at depth 0
-    /// is a root that is not an array and is refused.
-    bool value(const JsonField &field)
-    {
-        if (depth == memberDepth && inObject) {
-            if (requested == nullptr) {
-                return true;
-            }
-            if (field.kind == JsonField::Kind::Text && needsQt(field.bytes)) {
-                return false;
-            }
-            *requested = field;
-        } else if (depth == elementDepth) {
-            clearFields();
-            take(fields);
-        }
-        return depth > 0;
-    }
-
+    /// A value at depth 0 is a root that is not an array and is refused.
+    bool value(const JsonField &field) { return elements.value(field, depth) && depth > 0; }
     bool key(QByteArrayView name)
     {
-        if (depth == memberDepth) {
-            const auto found = std::find(keys.begin(), keys.end(), name);
-            requested = found == keys.end() ? nullptr : &fields[size_t(found - keys.begin())];
-        }
+        elements.key(name, depth);
         return true;
     }
-
     bool begin(bool object)
     {
-        if (depth == elementDepth && object) {
-            inObject = true;
-            clearFields();
-            return true;
-        }
-        return (depth == 0 && !object) || value({JsonField::Kind::Other, {}, {}});
+        return (depth == 0 && !object) || (depth > 0 && elements.begin(object, depth));
     }
-
     bool end(bool object)
     {
-        if (depth == elementDepth && object) {
-            inObject = false;
-            take(fields);
-        }
+        elements.end(object, depth);
         return true;
     }
 
 private:
     static constexpr int elementDepth = 1;
-    static constexpr int memberDepth = 2;
 
-    void clearFields() { fields.assign(fields.size(), JsonField()); }
-
-    const std::vector<QByteArrayView> &keys;
-    const std::function<void(const JsonFields &)> &take;
-    JsonFields fields;
-    JsonField *requested = nullptr; ///< the field for the value that follows, if it is requested
-    bool inObject = false;
+    ElementFields elements;
 };
 
-/// A key as QString::fromUtf8() decodes it, but with a leading byte-order mark kept.
-QString keyText(QByteArrayView utf8)
-{
-    const QString text = QString::fromUtf8(utf8);
-    return utf8.startsWith(byteOrderMark) && !text.startsWith(QChar::ByteOrderMark)
-               ? QChar::ByteOrderMark + text
-               : text;
-}
-
-/// Records the positions of the root object's members. Refuses duplicate members.
+/// Records the positions of the root object's members.
 class MembersHandler final : public EventHandler<MembersHandler, PositionStream>
 {
 public:
-    explicit MembersHandler(const QByteArray &text)
-        : json(text)
+    explicit MembersHandler(QByteArrayView text)
+        : members(text)
     {}
 
-    /// With this stream RapidJSON passes the position behind the number instead of the number.
     QByteArrayView number(const char * /*text*/, qsizetype length) const
     {
-        const auto end = static_cast<qsizetype>(stream->Tell());
-        return QByteArrayView(json).sliced(end - length, length);
+        return members.number(*stream, length);
     }
-
     bool value(const JsonField & /*field*/)
     {
-        setEnd();
+        members.setEnd(*stream, depth);
         return depth > 0;
     }
-
-    bool key(QByteArrayView name)
-    {
-        if (depth != memberDepth) {
-            return true;
-        }
-        JsonMemberPlace place;
-        place.key = keyText(name);
-        if (holdsSurrogate(name) || keys.contains(place.key)) {
-            return false;
-        }
-        keys.insert(place.key);
-        // A colon and possibly whitespace follow the key.
-        place.start = static_cast<qsizetype>(stream->Tell());
-        while (place.start < json.size() &&
-               QByteArrayView(" \t\r\n:").contains(json.at(place.start))) {
-            ++place.start;
-        }
-        places.append(place);
-        return true;
-    }
-
+    bool key(QByteArrayView name) { return members.key(name, *stream, depth); }
     bool begin(bool object) { return depth > 0 || object; }
-
     bool end(bool /*object*/)
     {
-        setEnd();
+        members.setEnd(*stream, depth);
         return true;
     }
 
-    QList<JsonMemberPlace> places;
+    MemberPlaces members;
+};
 
-private:
-    static constexpr int memberDepth = 1;
+/// Passes the arrays in the root object's members to their sinks, and records the positions of the
+/// members. It refuses a text in which a sink's array is something else, or stands twice.
+class ArraysHandler final : public EventHandler<ArraysHandler, PositionStream>
+{
+public:
+    ArraysHandler(QByteArrayView text, const std::vector<JsonArraySink> &arraySinks)
+        : members(text)
+        , elements(elementDepth)
+        , sinks(arraySinks)
+        , isFilled(qsizetype(arraySinks.size()), false)
+    {}
 
-    void setEnd()
+    QByteArrayView number(const char * /*text*/, qsizetype length) const
     {
-        if (depth == memberDepth) {
-            places.last().length = static_cast<qsizetype>(stream->Tell()) - places.last().start;
+        return members.number(*stream, length);
+    }
+    bool value(const JsonField &field)
+    {
+        members.setEnd(*stream, depth);
+        return depth > 0 && !isAtSink() && (!inArray || elements.value(field, depth));
+    }
+    bool key(QByteArrayView name)
+    {
+        if (inArray) {
+            elements.key(name, depth);
+            return true;
         }
+        return depth == arrayDepth ? findSink(name) : members.key(name, *stream, depth);
+    }
+    bool begin(bool object)
+    {
+        if (inArray) {
+            return elements.begin(object, depth);
+        }
+        if (isAtSink()) {
+            inArray = true;
+            elements.start(sinks[sink].keys, sinks[sink].take);
+            return !object;
+        }
+        return depth > 0 || object;
+    }
+    bool end(bool object)
+    {
+        members.setEnd(*stream, depth);
+        if (inArray && depth == arrayDepth) {
+            inArray = false;
+            sink = noSink;
+        } else if (inArray) {
+            elements.end(object, depth);
+        }
+        return true;
     }
 
-    const QByteArray &json;
-    QSet<QString> keys;
+    MemberPlaces members;
+
+private:
+    static constexpr int arrayDepth = 2; ///< of the values that are arrays for sinks
+    static constexpr int elementDepth = 3;
+    static constexpr size_t noSink = ~size_t(0);
+
+    bool isAtSink() const { return depth == arrayDepth && sink != noSink && !inArray; }
+
+    /// Chooses the sink for the array of this key. False when it has been filled.
+    bool findSink(QByteArrayView name)
+    {
+        const auto found = std::find_if(sinks.begin(), sinks.end(), [&](const JsonArraySink &each) {
+            return each.array == name && each.member == members.current();
+        });
+        sink = found == sinks.end() ? noSink : size_t(found - sinks.begin());
+        return sink == noSink || !std::exchange(isFilled[qsizetype(sink)], true);
+    }
+
+    ElementFields elements;
+    const std::vector<JsonArraySink> &sinks;
+    QList<bool> isFilled; ///< one for each sink
+    size_t sink = noSink; ///< of the value that follows or is being read
+    bool inArray = false;
 };
 
 QByteArray numberText(const QJsonValue &number)
@@ -237,7 +225,16 @@ bool readJsonObjects(const QByteArray &json, const std::vector<QByteArrayView> &
 std::optional<QList<JsonMemberPlace>> findJsonMembers(const QByteArray &json)
 {
     MembersHandler handler(json);
-    return readEvents(json, handler) ? std::optional(handler.places) : std::nullopt;
+    return readEvents(json, handler) ? std::optional(handler.members.places()) : std::nullopt;
+}
+
+std::optional<QList<JsonMemberPlace>> readJsonArrays(QByteArray &json,
+                                                     const std::vector<JsonArraySink> &sinks)
+{
+    json.detach(); // the handler refers to the bytes that are overwritten
+    ArraysHandler handler(json, sinks);
+    return readEventsInPlace(json, handler) ? std::optional(handler.members.places())
+                                            : std::nullopt;
 }
 
 JsonMembers readJsonMembers(const QByteArray &json)

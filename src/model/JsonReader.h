@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QList>
+#include <QString>
 
 #include <functional>
 #include <optional>
@@ -48,6 +49,22 @@ QList<JsonRecord<Table>> readJsonRecords(const QByteArray &json, const Table &ta
 /// Where the members of the root object stand, in the order of the text. Nothing when the text is
 /// not JSON, when its root is not an object, or when only Qt can read it.
 std::optional<QList<JsonMemberPlace>> findJsonMembers(const QByteArray &json);
+
+/// Takes the elements of one array in the root object: root[member][array].
+struct JsonArraySink
+{
+    QString member;
+    QByteArrayView array;
+    std::vector<QByteArrayView> keys;
+    /// Receives the fields of these keys for each element, as in readJsonObjects().
+    std::function<void(const JsonFields &)> take;
+};
+
+/// Passes arrays to their sinks in one pass over the text, which is overwritten. The result is that
+/// of findJsonMembers(). Nothing also when a sink's array is something else or stands twice: what
+/// the sinks received is then void, and the text must be read member by member.
+std::optional<QList<JsonMemberPlace>> readJsonArrays(QByteArray &json,
+                                                     const std::vector<JsonArraySink> &sinks);
 
 /// The members of the root object; none when the text is not JSON or its root is not an object.
 JsonMembers readJsonMembers(const QByteArray &json);

@@ -58,6 +58,30 @@ bool isFresh(const SourceConfig &source)
     return secondsSince(source.lastUpdated) < catalogMaxAgeSeconds;
 }
 
+/// A section as its two requests would have given it.
+struct SectionReplies
+{
+    CatalogReply<Category> categories;
+    CatalogReply<MediaItem> items;
+};
+
+/// Films and shows appear by name first.
+QList<SectionReplies> withOrders(const QList<CatalogCache::Section> &cached,
+                                 const QList<CatalogSection> &sections)
+{
+    QList<SectionReplies> replies;
+    for (qsizetype index = 0; index < cached.size(); ++index) {
+        const CatalogCache::Section &section = cached.at(index);
+        SectionReplies reply{{section.categories}, {section.items}};
+        const CatalogSection kind = sections.at(index);
+        if (kind == CatalogSection::Movie || kind == CatalogSection::Series) {
+            reply.items.records.prepareOrder(u"name"_s);
+        }
+        replies.append(reply);
+    }
+    return replies;
+}
+
 SourceConfig withAccount(SourceConfig source, const ZevrinoClient::Credentials &credentials)
 {
     source.url = credentials.serverUrl;
@@ -156,21 +180,23 @@ void CatalogLoader::loadFromCache(const SourceConfig &source, const QList<Catalo
     for (const CatalogSection section : sections) {
         names << cacheName(section);
     }
-    const auto read = [name = source.name, names] {
+    const auto read = [name = source.name, names, sections] {
         QList<CatalogCache::Section> cached;
-        return CatalogCache::load(name, names, cached) ? std::optional(cached) : std::nullopt;
+        return CatalogCache::load(name, names, cached)
+                   ? std::optional(withOrders(cached, sections))
+                   : std::nullopt;
     };
-    const auto take = [=, this, load = currentLoad](const auto &cached) {
+    const auto take = [=, this, load = currentLoad](const auto &replies) {
         if (load != currentLoad) {
             return;
         }
-        if (!cached) {
+        if (!replies) {
             otherwise();
             return;
         }
-        for (qsizetype index = 0; index < cached->size(); ++index) {
-            report(sections.at(index), CatalogReply<Category>{cached->at(index).categories});
-            report(sections.at(index), CatalogReply<MediaItem>{cached->at(index).items});
+        for (qsizetype index = 0; index < replies->size(); ++index) {
+            report(sections.at(index), replies->at(index).categories);
+            report(sections.at(index), replies->at(index).items);
         }
     };
     jobs->run(CatalogCache::fileSize(source.name), read, take);
@@ -317,7 +343,7 @@ void CatalogLoader::report(CatalogSection section, const CatalogReply<MediaItem>
     if (reply.failed) {
         Q_EMIT failed({Step::Items, section, {}});
     }
-    Q_EMIT itemsLoaded(section, reply);
+    Q_EMIT itemsLoaded(section, reply.records);
 }
 
 void CatalogLoader::loadZevrinoSource(const SourceConfig &source, bool force)

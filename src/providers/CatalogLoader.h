@@ -81,7 +81,7 @@ Q_SIGNALS:
     /// Categories and items of a section arrive in any order; each list replaces the former one. A
     /// request that failed reports failed() and then an empty list.
     void categoriesLoaded(CatalogSection section, const QList<Category> &categories);
-    void itemsLoaded(CatalogSection section, const QList<MediaItem> &items);
+    void itemsLoaded(CatalogSection section, const ItemIndex &items);
     /// A step failed; its stepDone() is reported before a failure that has a `detail`.
     void failed(const LoadFailure &failure);
 

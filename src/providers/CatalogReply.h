@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/ItemIndex.h"
+
 #include <QList>
 
 /// The result of a catalog request. A failed request has no records; a request that returned no
@@ -12,4 +14,14 @@ struct CatalogReply
 
     /// For callers that treat failed and empty alike.
     operator const QList<Record> &() const { return records; }
+};
+
+/// The entries of a catalog arrive with the orders that were computed ahead.
+template <>
+struct CatalogReply<MediaItem>
+{
+    ItemIndex records;
+    bool failed = false;
+
+    operator const QList<MediaItem> &() const { return records.items(); }
 };

@@ -42,10 +42,27 @@ QString categoryItem(const QString &categoryId)
     return categoryId.isEmpty() ? QString() : "category_id="_L1 + categoryId;
 }
 
+/// Films and shows appear by name first.
+ItemIndex orderedByName(ItemIndex items)
+{
+    items.prepareOrder(u"name"_s);
+    return items;
+}
+
+ItemIndex parseFilmsInOrder(const QByteArray &body)
+{
+    return orderedByName(parseVodStreams(body));
+}
+
+ItemIndex parseShowsInOrder(const QByteArray &body)
+{
+    return orderedByName(parseSeries(body));
+}
+
 /// A callback for request() that parses the body and calls `callback`. A reply without records has
 /// failed unless `isExpected` holds for its JSON document.
-template <typename Record>
-auto parsedBy(BackgroundJobs *jobs, QList<Record> (*parse)(const QByteArray &),
+template <typename Records, typename Record>
+auto parsedBy(BackgroundJobs *jobs, Records (*parse)(const QByteArray &),
               bool (QJsonDocument::*isExpected)() const,
               std::function<void(CatalogReply<Record>)> callback)
 {
@@ -184,13 +201,13 @@ void XtreamClient::fetchLiveStreams(const QString &categoryId, ItemsCallback cal
 void XtreamClient::fetchVodStreams(const QString &categoryId, ItemsCallback callback)
 {
     request(u"get_vod_streams"_s, categoryItem(categoryId), ReplyBody::maxCatalogBytes,
-            parsedBy(parsing, &parseVodStreams, &QJsonDocument::isArray, std::move(callback)));
+            parsedBy(parsing, &parseFilmsInOrder, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeries(const QString &categoryId, ItemsCallback callback)
 {
     request(u"get_series"_s, categoryItem(categoryId), ReplyBody::maxCatalogBytes,
-            parsedBy(parsing, &parseSeries, &QJsonDocument::isArray, std::move(callback)));
+            parsedBy(parsing, &parseShowsInOrder, &QJsonDocument::isArray, std::move(callback)));
 }
 
 void XtreamClient::fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback callback)

@@ -221,17 +221,16 @@ void BrowseTab::setCategories(const QList<Category> &categories)
     }
 }
 
-void BrowseTab::setItems(const QList<MediaItem> &items)
+void BrowseTab::setItems(const ItemIndex &items)
 {
-    allItems = items;
+    entries = items;
     refilter();
 }
 
 void BrowseTab::reset()
 {
     showPage(BrowsePage::Categories);
-    // Not clear(): on a list that is shared it allocates a new one as large as the old.
-    allItems = QList<MediaItem>();
+    entries = {};
     categoryId.clear();
     categoryList->clearSelection();
     titleLabel->clear();
@@ -279,11 +278,11 @@ void BrowseTab::refilter()
     // The view's items show these until they are filled again.
     const ShownEntries previous = shown;
     if (table != nullptr) {
-        shown = {allItems, filteredRows(allItems, categoryId, search->text())};
+        shown = {entries.items(), filteredRows(entries.items(), categoryId, search->text())};
         populateTable();
     } else {
         const QString sortKey = sortCombo->currentData().toString();
-        shown = {allItems, index.select(allItems, categoryId, search->text(), sortKey)};
+        shown = {entries.items(), entries.select(categoryId, search->text(), sortKey)};
         posterGrid->fill(shown);
     }
     Q_EMIT refilled();

@@ -63,7 +63,7 @@ public:
     /// Replaces the categories. The entries stay as they are.
     void setCategories(const QList<Category> &categories);
     /// Replaces the entries and shows those that pass the category and the search.
-    void setItems(const QList<MediaItem> &items);
+    void setItems(const ItemIndex &items);
     /// Returns to the category page and drops the entries, the category choice and both searches.
     /// The view keeps its rows until the next refilter; clearing a search that held text refilters.
     void reset();
@@ -121,7 +121,6 @@ private:
     QAbstractItemView *view = nullptr; ///< whichever of the two there is
 
     QString categoryId; ///< of the chosen category; empty for all
-    QList<MediaItem> allItems;
-    ItemIndex index;    ///< the orders of the sort box
+    ItemIndex entries;
     ShownEntries shown; ///< by the view
 };

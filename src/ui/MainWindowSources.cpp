@@ -24,7 +24,7 @@ void MainWindow::createCatalogLoader(const QString &subscriptionBaseUrl)
                 browseTab(section).setCategories(categories);
             });
     connect(catalogLoader, &CatalogLoader::itemsLoaded, this,
-            [this](CatalogSection section, const QList<MediaItem> &items) {
+            [this](CatalogSection section, const ItemIndex &items) {
                 browseTab(section).setItems(items);
             });
     connect(catalogLoader, &CatalogLoader::failed, this, &MainWindow::reportLoadFailure);
