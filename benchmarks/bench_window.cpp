@@ -132,7 +132,6 @@ public:
 
     void open(const char *title, const std::function<bool(const QWidget &)> &isFilled)
     {
-        HoldMeter::restart();
         const double cpuBefore = cpuMs();
         QElapsedTimer clock;
         clock.start();
@@ -140,6 +139,7 @@ public:
         window->show();
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         const qint64 shownMs = clock.elapsed();
+        HoldMeter::restart();
         if (!runUntil([&] { return isFilled(*window) && !isCovered(*window); })) {
             std::exit(1);
         }
@@ -241,7 +241,9 @@ void measurePlaylist(const Sizes &sizes)
         if (!file.open(QIODevice::WriteOnly)) {
             std::exit(1);
         }
-        file.write(CatalogGenerator().playlist(sizes.playlist, 300, u"http://127.0.0.1/live/"_s));
+        CatalogGenerator generator;
+        generator.setIconBase(u"http://127.0.0.1/logos/"_s);
+        file.write(generator.playlist(sizes.playlist, 300, u"http://127.0.0.1/live/"_s));
     }
     SourceConfig config = defaultSourceConfig();
     config.name = playlistName;

@@ -51,6 +51,8 @@ struct MediaItem
     bool operator==(const MediaItem &) const = default;
 };
 
+Q_DECLARE_TYPEINFO(MediaItem, Q_RELOCATABLE_TYPE);
+
 /// One episode of one show.
 struct Episode
 {

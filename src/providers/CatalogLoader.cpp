@@ -235,7 +235,7 @@ void CatalogLoader::takePlaylist(const PlaylistReply &reply, const SourceConfig 
         return;
     }
     const auto parse = [body = reply.body] {
-        const M3uParser::Result parsed = M3uParser::parse(QString::fromUtf8(body));
+        const M3uParser::Result parsed = M3uParser::parseUtf8(body);
         return CatalogCache::Section{parsed.categories, parsed.items};
     };
     jobs->run(reply.body.size(), parse, [this, fetch](const CatalogCache::Section &channels) {

@@ -1,23 +1,74 @@
 #include "providers/M3uParser.h"
 
+#include <QByteArrayView>
 #include <QHash>
-#include <QStringView>
+
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QByteArrayView byteOrderMark("\xef\xbb\xbf");
+
+/// What QString::fromUtf8() makes of these bytes in the middle of a text, where it keeps a
+/// byte-order mark.
+CatalogText textOf(QByteArrayView bytes)
+{
+    return bytes.startsWith(byteOrderMark) ? CatalogText(QString::fromUtf8("_"_ba.append(bytes)).sliced(1))
+                                           : CatalogText::fromUtf8(bytes);
+}
+
+bool isSpace(QByteArrayView character)
+{
+    const char byte = character.front();
+    if (character.size() == 1) {
+        return byte == ' ' || (byte >= '\t' && byte <= '\r');
+    }
+    const QString text = QString::fromUtf8(character);
+    return text.size() == 1 && text.front().isSpace();
+}
+
+/// The length of the white space at one end: `takeEnd` gives that many bytes of it. All spaces have
+/// one to three bytes, and only ASCII has one.
+template <typename TakeEnd>
+qsizetype spaceLength(QByteArrayView bytes, char outermost, TakeEnd takeEnd)
+{
+    const bool ascii = static_cast<unsigned char>(outermost) < 0x80;
+    for (qsizetype length = ascii ? 1 : 2; length <= (ascii ? 1 : 3); ++length) {
+        if (length <= bytes.size() && isSpace(takeEnd(length))) {
+            return length;
+        }
+    }
+    return 0;
+}
+
+/// What QString::trimmed() leaves.
+QByteArrayView trimmed(QByteArrayView bytes)
+{
+    const auto first = [&bytes](qsizetype length) { return bytes.first(length); };
+    const auto last = [&bytes](qsizetype length) { return bytes.last(length); };
+    qsizetype length = 0;
+    while (!bytes.isEmpty() && (length = spaceLength(bytes, bytes.front(), first)) > 0) {
+        bytes = bytes.sliced(length);
+    }
+    while (!bytes.isEmpty() && (length = spaceLength(bytes, bytes.back(), last)) > 0) {
+        bytes.chop(length);
+    }
+    return bytes;
+}
+
 /// The value of the attribute whose name, equals sign and opening quote are `opening`; empty when
 /// the line has none. The first occurrence counts, also at the end of a longer attribute name.
-QStringView extractAttr(QStringView line, QLatin1StringView opening)
+QByteArrayView extractAttr(QByteArrayView line, std::string_view opening)
 {
-    const qsizetype found = line.indexOf(opening);
-    if (found < 0) {
+    const size_t found = std::string_view(line.data(), size_t(line.size())).find(opening);
+    if (found == std::string_view::npos) {
         return {};
     }
-    const qsizetype start = found + opening.size();
-    const qsizetype end = line.indexOf(u'"', start);
-    return end < 0 ? QStringView() : line.sliced(start, end - start);
+    const auto start = static_cast<qsizetype>(found + opening.size());
+    const qsizetype end = line.indexOf('"', start);
+    return end < 0 ? QByteArrayView() : line.sliced(start, end - start);
 }
 
 /// Builds the result line by line. The pending entry is held as views into the text, and each group
@@ -25,15 +76,15 @@ QStringView extractAttr(QStringView line, QLatin1StringView opening)
 class Scanner
 {
 public:
-    void takeLine(QStringView rawLine)
+    void takeLine(QByteArrayView rawLine)
     {
-        const QStringView line = rawLine.trimmed();
+        const QByteArrayView line = trimmed(rawLine);
         if (line.isEmpty()) {
             return;
         }
-        if (line.front() != u'#') {
+        if (line.front() != '#') {
             takeUrl(line);
-        } else if (line.startsWith("#EXTINF"_L1, Qt::CaseInsensitive)) {
+        } else if (isInfo(line)) {
             takeInfo(line);
         }
     }
@@ -41,29 +92,36 @@ public:
     M3uParser::Result takeResult() { return std::move(result); }
 
 private:
-    void takeInfo(QStringView line)
+    static bool isInfo(QByteArrayView line)
     {
-        const qsizetype comma = line.lastIndexOf(u',');
-        pendingName = comma < 0 ? QStringView(u"Unnamed") : line.sliced(comma + 1).trimmed();
-        pendingGroup = extractAttr(line, "group-title=\""_L1);
-        if (pendingGroup.isEmpty()) {
-            pendingGroup = u"Uncategorized";
-        }
-        pendingLogo = extractAttr(line, "tvg-logo=\""_L1);
+        constexpr QByteArrayView infoTag("#EXTINF");
+        return line.size() >= infoTag.size() &&
+               line.first(infoTag.size()).compare(infoTag, Qt::CaseInsensitive) == 0;
     }
 
-    void takeUrl(QStringView url)
+    void takeInfo(QByteArrayView line)
+    {
+        const qsizetype comma = line.lastIndexOf(',');
+        pendingName = comma < 0 ? QByteArrayView("Unnamed") : trimmed(line.sliced(comma + 1));
+        pendingGroup = extractAttr(line, "group-title=\"");
+        if (pendingGroup.isEmpty()) {
+            pendingGroup = "Uncategorized";
+        }
+        pendingLogo = extractAttr(line, "tvg-logo=\"");
+    }
+
+    void takeUrl(QByteArrayView url)
     {
         if (pendingName.isEmpty()) {
             return;
         }
         MediaItem item;
         item.type = StreamKind::Live;
-        item.id = url.toString();
+        item.id = textOf(url);
         item.streamUrl = item.id;
-        item.name = pendingName.toString();
+        item.name = textOf(pendingName);
         item.categoryId = sharedGroup();
-        item.iconUrl = pendingLogo.toString();
+        item.iconUrl = textOf(pendingLogo);
         result.items.append(std::move(item));
         pendingName = {};
     }
@@ -72,30 +130,32 @@ private:
     /// category.
     CatalogText sharedGroup()
     {
-        if (pendingGroup != lastGroup) {
-            lastGroup = pendingGroup.toString();
-            auto known = groups.constFind(lastGroup);
-            if (known == groups.constEnd()) {
-                known = groups.insert(lastGroup, lastGroup);
-                result.categories.append({lastGroup, lastGroup});
-            }
-            lastGroupText = *known;
+        if (const auto known = groupOfBytes.constFind(pendingGroup);
+            known != groupOfBytes.constEnd()) {
+            return *known;
         }
-        return lastGroupText;
+        // Different bytes that are not UTF-8 may decode to the same text.
+        const QString name = textOf(pendingGroup);
+        auto group = groupOfName.constFind(name);
+        if (group == groupOfName.constEnd()) {
+            group = groupOfName.insert(name, name);
+            result.categories.append({name, name});
+        }
+        groupOfBytes.insert(pendingGroup, *group);
+        return *group;
     }
 
     M3uParser::Result result;
-    QHash<QString, CatalogText> groups;
-    QString lastGroup;
-    CatalogText lastGroupText;
-    QStringView pendingName;
-    QStringView pendingGroup;
-    QStringView pendingLogo;
+    QHash<QByteArrayView, CatalogText> groupOfBytes;
+    QHash<QString, CatalogText> groupOfName;
+    QByteArrayView pendingName;
+    QByteArrayView pendingGroup;
+    QByteArrayView pendingLogo;
 };
 
 /// Calls `take` for each piece of `text` between two `separator`s, the empty ones included.
 template <typename Take>
-void forEachPiece(QStringView text, QChar separator, Take take)
+void forEachPiece(QByteArrayView text, char separator, Take take)
 {
     qsizetype start = 0;
     for (;;) {
@@ -113,10 +173,17 @@ void forEachPiece(QStringView text, QChar separator, Take take)
 
 M3uParser::Result M3uParser::parse(const QString &text)
 {
+    return parseUtf8(text.toUtf8());
+}
+
+M3uParser::Result M3uParser::parseUtf8(const QByteArray &text)
+{
     Scanner scanner;
+    const QByteArrayView content =
+        QByteArrayView(text).sliced(text.startsWith(byteOrderMark) ? byteOrderMark.size() : 0);
     // "\r\n" gives one extra empty piece, and empty lines are skipped.
-    forEachPiece(text, u'\n', [&scanner](QStringView line) {
-        forEachPiece(line, u'\r', [&scanner](QStringView part) { scanner.takeLine(part); });
+    forEachPiece(content, '\n', [&scanner](QByteArrayView line) {
+        forEachPiece(line, '\r', [&scanner](QByteArrayView part) { scanner.takeLine(part); });
     });
     return scanner.takeResult();
 }
