@@ -1,7 +1,9 @@
 // How long the window stays away from its event loop with catalogs as large as people have: an
-// account of 45,000 channels, 150,000 films and 30,000 shows, and a playlist of 300,000 entries.
+// account of 45,000 channels, 150,000 films and 30,000 shows, and a playlist of 300,000 entries;
+// then both with 600,000. The sizes are divided by the first argument of the program.
 
 #include "HoldMeter.h"
+#include "Results.h"
 #include "fakeprovider/CatalogGenerator.h"
 #include "fakeprovider/XtreamProvider.h"
 #include "model/CatalogCache.h"
@@ -9,11 +11,14 @@
 #include "support/PrivateProfile.h"
 #include "ui/MainWindow.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -31,13 +36,12 @@ constexpr int loadTimeoutMs = 120000;
 const QString accountName = u"account"_s;
 const QString playlistName = u"playlist"_s;
 
-/// How many entries the run has; all divided by the first argument of the program.
+/// How many entries an account has.
 struct Sizes
 {
-    int channels = 45000;
-    int films = 150000;
-    int shows = 30000;
-    int playlist = 300000;
+    int channels = 0;
+    int films = 0;
+    int shows = 0;
 };
 
 double cpuMs()
@@ -59,16 +63,9 @@ double residentBytes()
     return 0;
 }
 
-void row(const char *name, double value, const char *unit)
+QByteArray inContext(const QByteArray &context, const char *what)
 {
-    std::printf("%-58s %10.1f %s\n", name, value, unit);
-    std::fflush(stdout);
-}
-
-void row(const char *name, const HoldMeter::Hold &hold)
-{
-    std::printf("%-58s %10.1f ms %8.1f ms CPU\n", name, hold.wallMs, hold.cpuMs);
-    std::fflush(stdout);
+    return context + ": " + what;
 }
 
 HoldMeter::Hold longer(const HoldMeter::Hold &a, const HoldMeter::Hold &b)
@@ -130,30 +127,28 @@ public:
         sources.setLastActiveSourceName(source.name);
     }
 
-    void open(const char *title, const std::function<bool(const QWidget &)> &isFilled)
+    /// Opens the window; the rows of the table begin with `title` from here on.
+    void open(const QByteArray &title, const std::function<bool(const QWidget &)> &isFilled)
     {
+        context = title;
         const double cpuBefore = cpuMs();
         QElapsedTimer clock;
         clock.start();
         window = std::make_unique<MainWindow>(u"http://127.0.0.1:9"_s);
         window->show();
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        const qint64 shownMs = clock.elapsed();
+        report("window on screen", static_cast<double>(clock.elapsed()), "ms");
         HoldMeter::restart();
         if (!runUntil([&] { return isFilled(*window) && !isCovered(*window); })) {
             std::exit(1);
         }
-        const qint64 filledMs = clock.elapsed();
-        const double cpu = cpuMs() - cpuBefore;
+        report("lists filled", static_cast<double>(clock.elapsed()), "ms");
+        report("CPU time of the load", cpuMs() - cpuBefore, "ms");
         settle();
-        std::printf("\n%s\n", title);
-        row("  window on screen after", static_cast<double>(shownMs), "ms");
-        row("  lists filled after", static_cast<double>(filledMs), "ms");
-        row("  CPU time until then", cpu, "ms");
-        row("  longest hold", HoldMeter::longest());
+        reportHold("longest hold of the load", HoldMeter::longest());
     }
 
-    void type(const QString &field, const QString &text)
+    void type(const char *name, const QString &field, const QString &text)
     {
         auto *edit = child<QLineEdit>(*window, field);
         HoldMeter::Hold longest;
@@ -166,18 +161,29 @@ public:
         HoldMeter::restart();
         edit->clear();
         settle();
-        row("  longest hold on a keystroke", longest);
-        row("  search cleared", HoldMeter::longest());
+        reportHold(name, longer(longest, HoldMeter::longest()));
     }
 
-    void openCategory(const QString &list, int index)
+    void openCategory(const char *name, const QString &list, int index)
     {
         auto *categories = child<QListWidget>(*window, list);
         HoldMeter::restart();
         Q_EMIT categories->itemClicked(categories->item(index));
         settle();
-        row(index == 0 ? "  \"All Categories\" opened" : "  a category opened",
-            HoldMeter::longest());
+        reportHold(name, HoldMeter::longest());
+    }
+
+    void scroll(const QString &list)
+    {
+        QScrollBar *bar = child<QAbstractItemView>(*window, list)->verticalScrollBar();
+        HoldMeter::Hold longest;
+        for (int step = 0; step <= 20; ++step) {
+            HoldMeter::restart();
+            bar->setValue(bar->maximum() / 20 * step);
+            QCoreApplication::processEvents();
+            longest = longer(longest, HoldMeter::longest());
+        }
+        reportHold("longest hold of a scroll step", longest);
     }
 
     void openShow(const QString &id)
@@ -185,7 +191,7 @@ public:
         HoldMeter::restart();
         window->showEpisodesInline(id, u"A show"_s);
         settle();
-        row("  a show opened, its episodes cached", HoldMeter::longest());
+        reportHold("show opened, its episodes cached", HoldMeter::longest());
     }
 
     void refresh()
@@ -196,12 +202,24 @@ public:
             std::exit(1);
         }
         settle();
-        row("  longest hold of a refresh", HoldMeter::longest());
+        reportHold("longest hold of a refresh", HoldMeter::longest());
+    }
+
+    void report(const char *name, double value, const char *unit) const
+    {
+        reportFigure(inContext(context, name).constData(), "now", value, unit);
     }
 
     void close() { window.reset(); }
 
 private:
+    void reportHold(const char *name, const HoldMeter::Hold &hold) const
+    {
+        report(name, hold.wallMs, "ms");
+        reportFigure(inContext(context, name).constData(), "CPU", hold.cpuMs, "ms");
+    }
+
+    QByteArray context;
     std::unique_ptr<MainWindow> window;
 };
 
@@ -214,51 +232,64 @@ std::function<bool(const QWidget &)> accountFilled(const Sizes &sizes)
     };
 }
 
-void measureAccount(const Sizes &sizes)
+/// `title` names the account in the table.
+void measureAccount(const Sizes &sizes, const QByteArray &title)
 {
     XtreamProvider provider;
     provider.generateCatalog({200, sizes.channels, sizes.films, sizes.shows});
     Run run(account(provider));
-    run.open("Account, from the network", accountFilled(sizes));
+    run.open(title + " from the network", accountFilled(sizes));
     run.refresh();
-    run.type(u"movieAllSearch"_s, u"the"_s);
-    run.openCategory(u"movieCategoryList"_s, 0);
-    run.openCategory(u"movieCategoryList"_s, 5);
-    run.type(u"liveAllSearch"_s, u"the"_s);
+    run.type("longest hold on a keystroke over all films", u"movieAllSearch"_s, u"the"_s);
+    run.type("longest hold on a keystroke over all channels", u"liveAllSearch"_s, u"the"_s);
+    run.openCategory("\"All Categories\" of films opened", u"movieCategoryList"_s, 0);
+    run.openCategory("a category of films opened", u"movieCategoryList"_s, 5);
+    run.openCategory("\"All Categories\" of films opened again", u"movieCategoryList"_s, 0);
+    run.scroll(u"moviePosterList"_s);
     CatalogCache::saveEpisodes(accountName, u"1"_s, {{}, {}, {}});
     run.openShow(u"1"_s);
     run.close();
-    run.open("Account, from the cache", accountFilled(sizes));
+    run.open(title + " from its cache", accountFilled(sizes));
     run.close();
 }
 
-void measurePlaylist(const Sizes &sizes)
+void writePlaylist(const QString &path, int entries)
+{
+    CatalogGenerator generator;
+    generator.setIconBase(u"http://127.0.0.1/logos/"_s);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        std::exit(1);
+    }
+    file.write(generator.playlist(entries, 300, u"http://127.0.0.1/live/"_s));
+}
+
+void measurePlaylist(int entries, const QByteArray &title)
 {
     QTemporaryDir folder;
-    const QString path = folder.filePath(u"list.m3u"_s);
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly)) {
-            std::exit(1);
-        }
-        CatalogGenerator generator;
-        generator.setIconBase(u"http://127.0.0.1/logos/"_s);
-        file.write(generator.playlist(sizes.playlist, 300, u"http://127.0.0.1/live/"_s));
-    }
     SourceConfig config = defaultSourceConfig();
     config.name = playlistName;
-    config.url = path;
-    const auto filled = [sizes](const QWidget &window) {
-        return child<QTableWidget>(window, u"channelTable"_s)->rowCount() == sizes.playlist;
+    config.url = folder.filePath(u"list.m3u"_s);
+    const auto filled = [](int count) {
+        return [count](const QWidget &window) {
+            return child<QTableWidget>(window, u"channelTable"_s)->rowCount() == count;
+        };
     };
     Run run(config);
+    writePlaylist(config.url, 1);
+    run.open("playlist of one entry", filled(1));
     const double before = residentBytes();
-    run.open("Playlist, from its file", filled);
-    row("  resident memory per entry", (residentBytes() - before) / sizes.playlist, "bytes");
-    run.type(u"channelAllSearch"_s, u"the"_s);
-    run.openCategory(u"channelCategoryList"_s, 0);
     run.close();
-    run.open("Playlist, from the cache", filled);
+
+    SourceManager(nullptr).saveSource(config); // no longer fresh
+    writePlaylist(config.url, entries);
+    run.open(title + " from its file", filled(entries));
+    run.report("memory per entry", (residentBytes() - before) / entries, "bytes");
+    run.type("longest hold on a keystroke", u"channelAllSearch"_s, u"the"_s);
+    run.openCategory("\"All Categories\" opened", u"channelCategoryList"_s, 0);
+    run.scroll(u"channelTable"_s);
+    run.close();
+    run.open(title + " from its cache", filled(entries));
     run.close();
 }
 
@@ -272,12 +303,9 @@ int main(int argc, char **argv)
     }
     QApplication app(argc, argv);
     const int divisor = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 1;
-    Sizes sizes;
-    sizes.channels /= divisor;
-    sizes.films /= divisor;
-    sizes.shows /= divisor;
-    sizes.playlist /= divisor;
-    measurePlaylist(sizes);
-    measureAccount(sizes);
+    measurePlaylist(300000 / divisor, "playlist");
+    measureAccount({45000 / divisor, 150000 / divisor, 30000 / divisor}, "account");
+    measurePlaylist(600000 / divisor, "playlist of 600,000");
+    measureAccount({60000 / divisor, 420000 / divisor, 120000 / divisor}, "account of 600,000");
     return 0;
 }

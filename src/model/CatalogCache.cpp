@@ -119,8 +119,7 @@ std::optional<Sections> readInOnePass(const QString &sourceName, const QStringLi
         return std::any_of(places->begin(), places->end(),
                            [&name](const JsonMemberPlace &place) { return place.key == name; });
     };
-    return std::all_of(names.begin(), names.end(), stands) ? std::optional(sections)
-                                                           : std::nullopt;
+    return std::all_of(names.begin(), names.end(), stands) ? std::optional(sections) : std::nullopt;
 }
 
 /// The same for any file, member by member. Nothing when a section is missing.

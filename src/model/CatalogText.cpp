@@ -11,8 +11,8 @@
 struct CatalogText::Block
 {
     std::atomic<quint32> users{1};
-    quint32 size : 31;      ///< in bytes
-    quint32 holdsUtf8 : 1;  ///< otherwise UTF-16 in the byte order of the machine
+    quint32 size : 31;     ///< in bytes
+    quint32 holdsUtf8 : 1; ///< otherwise UTF-16 in the byte order of the machine
 
     char *content() { return reinterpret_cast<char *>(this) + sizeof(Block); }
 };
@@ -48,8 +48,8 @@ CatalogText::CatalogText(const QString &text)
 
 CatalogText CatalogText::fromUtf8(QByteArrayView utf8)
 {
-    const bool keepsBytes = QUtf8StringView(utf8.data(), utf8.size()).isValidUtf8() &&
-                            !utf8.startsWith("\xef\xbb\xbf");
+    const bool keepsBytes =
+        QUtf8StringView(utf8.data(), utf8.size()).isValidUtf8() && !utf8.startsWith("\xef\xbb\xbf");
     return keepsBytes ? CatalogText(utf8, true) : CatalogText(QString::fromUtf8(utf8));
 }
 

@@ -5,8 +5,8 @@
 #include <QStringView>
 
 /// A text of a catalog record. It takes the place of a QString where hundreds of thousands of texts
-/// are held: it has the size of a pointer, keeps the text as UTF-8 in one allocation, and decodes it
-/// on demand. It holds every text that a QString holds.
+/// are held: it has the size of a pointer, keeps the text as UTF-8 in one allocation, and decodes
+/// it on demand. It holds every text that a QString holds.
 ///
 /// Copies share the allocation, which never changes. For any thread; one object for one thread at a
 /// time. A moved-from text is empty.

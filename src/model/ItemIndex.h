@@ -6,9 +6,9 @@
 #include <QList>
 #include <QString>
 
-/// The entries of one tab with their sort orders. Each order is computed once, on first use or ahead
-/// of it, so that a keystroke does not sort. Copies share the entries and the orders. One object for
-/// one thread at a time.
+/// The entries of one tab with their sort orders. Each order is computed once, on first use or
+/// ahead of it, so that a keystroke does not sort. Copies share the entries and the orders. One
+/// object for one thread at a time.
 class ItemIndex final
 {
 public:

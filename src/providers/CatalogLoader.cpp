@@ -182,9 +182,8 @@ void CatalogLoader::loadFromCache(const SourceConfig &source, const QList<Catalo
     }
     const auto read = [name = source.name, names, sections] {
         QList<CatalogCache::Section> cached;
-        return CatalogCache::load(name, names, cached)
-                   ? std::optional(withOrders(cached, sections))
-                   : std::nullopt;
+        return CatalogCache::load(name, names, cached) ? std::optional(withOrders(cached, sections))
+                                                       : std::nullopt;
     };
     const auto take = [=, this, load = currentLoad](const auto &replies) {
         if (load != currentLoad) {

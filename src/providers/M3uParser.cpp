@@ -15,8 +15,9 @@ constexpr QByteArrayView byteOrderMark("\xef\xbb\xbf");
 /// byte-order mark.
 CatalogText textOf(QByteArrayView bytes)
 {
-    return bytes.startsWith(byteOrderMark) ? CatalogText(QString::fromUtf8("_"_ba.append(bytes)).sliced(1))
-                                           : CatalogText::fromUtf8(bytes);
+    return bytes.startsWith(byteOrderMark)
+               ? CatalogText(QString::fromUtf8("_"_ba.append(bytes)).sliced(1))
+               : CatalogText::fromUtf8(bytes);
 }
 
 bool isSpace(QByteArrayView character)
@@ -169,21 +170,25 @@ void forEachPiece(QByteArrayView text, char separator, Take take)
     }
 }
 
+M3uParser::Result parseText(QByteArrayView text)
+{
+    Scanner scanner;
+    // "\r\n" gives one extra empty piece, and empty lines are skipped.
+    forEachPiece(text, '\n', [&scanner](QByteArrayView line) {
+        forEachPiece(line, '\r', [&scanner](QByteArrayView part) { scanner.takeLine(part); });
+    });
+    return scanner.takeResult();
+}
+
 } // namespace
 
 M3uParser::Result M3uParser::parse(const QString &text)
 {
-    return parseUtf8(text.toUtf8());
+    return parseText(text.toUtf8());
 }
 
 M3uParser::Result M3uParser::parseUtf8(const QByteArray &text)
 {
-    Scanner scanner;
-    const QByteArrayView content =
-        QByteArrayView(text).sliced(text.startsWith(byteOrderMark) ? byteOrderMark.size() : 0);
-    // "\r\n" gives one extra empty piece, and empty lines are skipped.
-    forEachPiece(content, '\n', [&scanner](QByteArrayView line) {
-        forEachPiece(line, '\r', [&scanner](QByteArrayView part) { scanner.takeLine(part); });
-    });
-    return scanner.takeResult();
+    const qsizetype start = text.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
+    return parseText(QByteArrayView(text).sliced(start));
 }

@@ -22,7 +22,7 @@ public:
 
     /// Never fails: malformed lines are skipped. Accepts all kinds of line ends, also mixed.
     static Result parse(const QString &text);
-    /// The same for the bytes of a playlist in UTF-8, with or without a byte-order mark. What is not
-    /// UTF-8 is decoded as QString::fromUtf8() does.
+    /// The same for the bytes of a playlist in UTF-8, with or without a byte-order mark. What is
+    /// not UTF-8 is decoded as QString::fromUtf8() does.
     static Result parseUtf8(const QByteArray &text);
 };

@@ -34,7 +34,7 @@ QList<MediaItem> filtered(const QList<MediaItem> &items, const QString &category
     QList<MediaItem> result;
     for (const MediaItem &item : items) {
         const bool inCategory = categoryId.isEmpty() || item.categoryId == categoryId;
-        if (inCategory && item.name.contains(query, Qt::CaseInsensitive)) {
+        if (inCategory && item.name.toString().contains(query, Qt::CaseInsensitive)) {
             result.append(item);
         }
     }
@@ -110,9 +110,11 @@ QList<MediaItem> randomItems(QRandomGenerator &random, const QStringList &ownPie
     const QList<qint64> dates{0, 1'700'000'000, -5, 4'294'967'296, Times::max(), Times::min()};
     QList<MediaItem> items(120);
     for (MediaItem &item : items) {
+        QString name;
         for (int count = random.bounded(1, 9); count > 0; --count) {
-            item.name += pick(random, ownPieces);
+            name += pick(random, ownPieces);
         }
+        item.name = name;
         item.id = QString::number(&item - items.constData());
         item.categoryId = QString::number(random.bounded(3));
         item.rating = pick(random, ratings);

@@ -174,6 +174,28 @@ Values readByQt(const QByteArray &json)
     return elements;
 }
 
+/// What the one pass reads from two members around the text; nothing when it leaves the text to Qt.
+Values readInOnePass(const QByteArray &json)
+{
+    QList<QList<Value>> elements;
+    QByteArray text =
+        R"({"other":[{"a":7}],"s":{"x":[{"a":8}],"items":)" + json + R"(,"rest":5},"end":"t"})";
+    const QByteArray original(text.constData(), text.size());
+    const auto places =
+        readJsonArrays(text, {{u"s"_s, "items", keys, [&elements](const JsonFields &fields) {
+                                   elements.append({valueOf(fields.at(0)), valueOf(fields.at(1))});
+                               }}});
+    if (!places) {
+        return std::nullopt;
+    }
+    const auto textAt = [&](qsizetype index) {
+        return original.mid(places->at(index).start, places->at(index).length);
+    };
+    const bool placed = places->size() == 3 && places->at(1).key == u"s"_s &&
+                        textAt(0) == R"([{"a":7}])" && textAt(2) == R"("t")";
+    return placed ? Values(elements) : Values(QList<QList<Value>>());
+}
+
 /// Whether Qt reads the same members one by one, as a whole, and after a change.
 bool sameMembers(const QByteArray &json)
 {
@@ -204,6 +226,9 @@ class tst_JsonReader : public QObject
 private Q_SLOTS:
     void sameAsQt_data();
     void sameAsQt();
+    void onePassOverSeveralArrays();
+    void leftToTheReaderOfMembers_data();
+    void leftToTheReaderOfMembers();
     void membersAreKeptAsTheyStand();
 };
 
@@ -237,6 +262,46 @@ void tst_JsonReader::sameAsQt()
     QFETCH(const QByteArray, json);
     QVERIFY(read(json) == readByQt(json));
     QVERIFY(sameMembers(json));
+    if (const Values inOnePass = readInOnePass(json)) {
+        QVERIFY(inOnePass == readByQt(json));
+    }
+}
+
+void tst_JsonReader::onePassOverSeveralArrays()
+{
+    QStringList taken;
+    const auto takeAs = [&taken](const QString &name) {
+        return [&taken, name](const JsonFields &fields) {
+            taken << name + u' ' + fields.at(0).toText() + fields.at(1).toIntegerText();
+        };
+    };
+    const std::vector<JsonArraySink> sinks{{u"m"_s, "one", keys, takeAs(u"m.one"_s)},
+                                           {u"m"_s, "two", keys, takeAs(u"m.two"_s)},
+                                           {u"n"_s, "one", keys, takeAs(u"n.one"_s)}};
+    QByteArray text = R"({"n":{"two":[{"a":"no"}],"one":[{"b":1,"a":"A"},5]},"x":{"one":[{}]},)"
+                      R"("m":{"two":[{"a":"\u0042","c":[{"a":"no"}]}],"one":[]},"one":[{}]})";
+    const auto places = readJsonArrays(text, sinks);
+    QVERIFY(places);
+    QCOMPARE(places->size(), 4);
+    QCOMPARE(taken, QStringList({u"n.one A1"_s, u"n.one 0"_s, u"m.two B0"_s}));
+}
+
+void tst_JsonReader::leftToTheReaderOfMembers_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("no object") << "[1]"_ba;
+    QTest::newRow("no array") << R"({"m":{"one":5}})"_ba;
+    QTest::newRow("an object") << R"({"m":{"one":{"a":1}}})"_ba;
+    QTest::newRow("an array twice") << R"({"m":{"one":[],"one":[]}})"_ba;
+    QTest::newRow("a member twice") << R"({"m":{"one":[]},"m":{}})"_ba;
+    QTest::newRow("cut short") << R"({"m":{"one":[{"a":1})"_ba;
+    QTest::newRow("a text for Qt") << R"({"m":{"one":[{"a":"\ud83d"}]}})"_ba;
+}
+
+void tst_JsonReader::leftToTheReaderOfMembers()
+{
+    QFETCH(QByteArray, json);
+    QVERIFY(!readJsonArrays(json, {{u"m"_s, "one", keys, [](const JsonFields &) {}}}));
 }
 
 void tst_JsonReader::membersAreKeptAsTheyStand()

@@ -33,9 +33,9 @@ LoadRecorder::LoadRecorder(const QString &subscriptionUrl)
                          parts[partOf(section)] = namesOf(categories);
                      });
     QObject::connect(&loader, &CatalogLoader::itemsLoaded, &loader,
-                     [this](CatalogSection section, const QList<MediaItem> &items) {
+                     [this](CatalogSection section, const ItemIndex &items) {
                          events << u"items"_s;
-                         parts[partOf(section) + 1] = namesOf(items);
+                         parts[partOf(section) + 1] = namesOf(items.items());
                      });
     QObject::connect(&loader, &CatalogLoader::failed, &loader, [this](const LoadFailure &failure) {
         events << u"failed"_s;

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void parses_data();
     void parses();
     void categoriesInOrderOfFirstAppearance();
+    void bytesAreDecodedAsQtDoes();
     void hugeLines();
 
 private:
@@ -195,11 +196,28 @@ void tst_M3uParser::categoriesInOrderOfFirstAppearance()
                  {u"z"_s, u"z"_s}, {u"a"_s, u"a"_s}, {u"Z"_s, u"Z"_s}, {u"a "_s, u"a "_s}}));
 }
 
+void tst_M3uParser::bytesAreDecodedAsQtDoes()
+{
+    const QByteArray text = "\xef\xbb\xbf#EXTINF:-1 group-title=\"caf\xe9\",\xc2\xa0"
+                            "a\xff\xe3\x80\x80\nhttp://h/1\n"
+                            "#EXTINF:-1 group-title=\"caf\xfe\",\xef\xbb\xbf"
+                            "b\nhttp://h/2\n"_ba;
+    const M3uParser::Result expected = M3uParser::parse(QString::fromUtf8(text));
+    const M3uParser::Result result = M3uParser::parseUtf8(text);
+    QCOMPARE(result.items, expected.items);
+    QCOMPARE(result.categories, expected.categories);
+    QCOMPARE(result.items.size(), 2);
+    QCOMPARE(result.categories.size(), 1);
+    QCOMPARE(result.items.first().name.toString(), u"a\ufffd"_s);
+    QCOMPARE(result.items.last().name.toString(), u"\ufeffb"_s);
+}
+
 void tst_M3uParser::hugeLines()
 {
     constexpr qsizetype size = 10'000'000;
     const QString url(size, u'x');
-    QCOMPARE(M3uParser::parse(u"#EXTINF:-1,A\n"_s + url).items.first().streamUrl.size(), size);
+    QCOMPARE(M3uParser::parse(u"#EXTINF:-1,A\n"_s + url).items.first().streamUrl.toString().size(),
+             size);
     for (const QString &line :
          {u"#"_s + url, QString(size, u' '), u"#EXTINF:-1,"_s + url,
           u"#EXTINF:-1"_s + QString(size, u','), u"#EXTINF:-1"_s + QString(size, u'"'),

@@ -33,8 +33,8 @@ struct Tab
         : spec(browseTabSpecs()[static_cast<size_t>(section)])
     {
         tab.setCategories({{u"n"_s, u"News"_s}, {u"s"_s, u"Sport"_s}});
-        tab.setItems({film(u"Sky News"_s, u"n"_s, 5, 30), film(u"Newsroom"_s, u"n"_s, 0, 10),
-                      film(u"Arena"_s, u"s"_s, 9, 20), film(u"News"_s, u"s"_s, 7, 0)});
+        tab.setItems(QList{film(u"Sky News"_s, u"n"_s, 5, 30), film(u"Newsroom"_s, u"n"_s, 0, 10),
+                           film(u"Arena"_s, u"s"_s, 9, 20), film(u"News"_s, u"s"_s, 7, 0)});
         tab.resize(600, 700);
         tab.show();
         if (!QTest::qWaitForWindowActive(&tab)) {

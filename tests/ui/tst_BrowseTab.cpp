@@ -157,7 +157,7 @@ void tst_BrowseTab::entriesFillTheView()
         // The order of the source.
         QCOMPARE(tab->names(), (QStringList{u"Sky News"_s, u"Newsroom"_s, u"Arena"_s, u"News"_s}));
     }
-    tab->tab.setItems({film(u"<b>Two</b>"_s)});
+    tab->tab.setItems(QList{film(u"<b>Two</b>"_s)});
     QCOMPARE(tab->names(), QStringList{u"<b>Two</b>"_s});
     tab->tab.setItems({});
     QCOMPARE(tab->names(), QStringList());
@@ -276,7 +276,7 @@ void tst_BrowseTab::resetReturnsToTheStart()
     // The entries are gone, and no category is chosen any more.
     tab->tab.refilter();
     QCOMPARE(tab->names(), QStringList());
-    tab->tab.setItems({film(u"Other"_s, u"x"_s)});
+    tab->tab.setItems(QList{film(u"Other"_s, u"x"_s)});
     QCOMPARE(tab->names(), QStringList{u"Other"_s});
 }
 
@@ -336,7 +336,7 @@ void tst_BrowseTab::aRefillOfEqualLengthIsPainted()
     tab->view.viewport()->installEventFilter(&paints);
     // Until the page that has just been shown is painted completely.
     QTRY_VERIFY((paints.count = 0, QCoreApplication::processEvents(), paints.count == 0));
-    tab->tab.setItems({film(u"A"_s), film(u"B"_s), film(u"C"_s), film(u"D"_s)});
+    tab->tab.setItems(QList{film(u"A"_s), film(u"B"_s), film(u"C"_s), film(u"D"_s)});
     QTRY_VERIFY(paints.count > 0);
 }
 

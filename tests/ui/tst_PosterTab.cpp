@@ -15,6 +15,7 @@ private Q_SLOTS:
     void sortBox();
     void theChosenKeySorts();
     void everyChangeRefillsOnce();
+    void refillsReuseTheItems();
 
 private:
     std::unique_ptr<Tab> tab;
@@ -24,7 +25,7 @@ void tst_PosterTab::gridItems()
 {
     MediaItem entry = film(u"Film"_s);
     entry.iconUrl = u"http://127.0.0.1/poster.jpg"_s;
-    tab->tab.setItems({entry, MediaItem()});
+    tab->tab.setItems(QList{entry, MediaItem()});
     QCOMPARE(tab->names(), (QStringList{QString(), u"Film"_s}));
     QCOMPARE(tab->view.model()->index(1, 0).data(PosterRole::IconUrl).toString(), entry.iconUrl);
 }
@@ -74,6 +75,20 @@ void tst_PosterTab::everyChangeRefillsOnce()
     QCOMPARE(refillsOf([this] { tab->tab.setCategories({}); }), 0);
     QCOMPARE(refillsOf([this] { tab->tab.selectCategory(nullptr); }), 0);
     QCOMPARE(tab->title.text(), u"News"_s);
+}
+
+void tst_PosterTab::refillsReuseTheItems()
+{
+    const auto &grid = static_cast<const QListWidget &>(tab->view);
+    const QListWidgetItem *first = grid.item(0);
+    const QListWidgetItem *second = grid.item(1);
+    tab->part<QComboBox>(u"SortCombo"_s).setCurrentIndex(2);
+    QCOMPARE(grid.item(0), first);
+    tab->search.setText(u"news"_s);
+    QCOMPARE(grid.item(1), second);
+    tab->search.clear();
+    QCOMPARE(grid.item(0), first);
+    QCOMPARE(grid.item(1), second);
 }
 
 VANTIRO_TEST_MAIN(tst_PosterTab)
