@@ -74,7 +74,7 @@ QString itemsOutcome(Clients &clients,
 {
     return outcomeOf(await<QString>([&](auto callback) {
         (clients.xtream.*fetch)({}, [callback](const CatalogReply<MediaItem> &reply) {
-            callback(reply.failed ? fails : reply.records.size() == 1 ? works : u"empty"_s);
+            callback(reply.failed ? fails : reply.records.items().size() == 1 ? works : u"empty"_s);
         });
     }));
 }
