@@ -82,17 +82,21 @@ private Q_SLOTS:
 
 void tst_LibrarySurvival::killedAtRandomMoments()
 {
+#ifdef Q_OS_WIN
+    constexpr int rounds = 3; // Wine takes seconds to start a process
+#else
     constexpr int rounds = 20;
+#endif
     constexpr int mostLines = 15;
-    constexpr int endless = 1'000'000;
+    constexpr int more = 1000; // it ends by itself, too, if this process dies first
     for (int round = 0; round < rounds; ++round) {
         const QString prefix = QString::number(round) + u'-';
-        const std::unique_ptr<QProcess> child = startChild(prefix, endless);
+        const std::unique_ptr<QProcess> child = startChild(prefix, more);
         const int lines = QRandomGenerator::global()->bounded(mostLines);
         const int confirmed = readUntil(*child, lines);
         QCOMPARE(confirmed > 0, lines > 0);
         child->kill();
-        QVERIFY(child->waitForFinished());
+        QVERIFY(child->state() == QProcess::NotRunning || child->waitForFinished());
 
         const Library library(nullptr);
         const auto &favorites = library.favorites(u"S"_s, EntryKind::Movie);
