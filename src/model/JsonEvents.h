@@ -8,6 +8,16 @@
 
 #include <algorithm>
 
+// RapidJSON scans texts with vector instructions where there are any. Their loads are aligned and
+// may touch bytes behind the text, which the address sanitizer reports.
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define VANTIRO_ADDRESS_SANITIZER
+#endif
+#endif
+#if defined(__SSE2__) && !defined(VANTIRO_ADDRESS_SANITIZER) && !defined(__SANITIZE_ADDRESS__)
+#define RAPIDJSON_SSE2
+#endif
 #include <rapidjson/reader.h>
 
 /// @file

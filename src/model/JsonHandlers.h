@@ -149,8 +149,6 @@ public:
         }
     }
 
-    /// The key of the member that is being read; one must have begun.
-    const QString &current() const { return found.last().key; }
     const QList<JsonMemberPlace> &places() const { return found; }
 
 private:

@@ -82,25 +82,21 @@ public:
 };
 
 /// Passes the arrays in the root object's members to their sinks, and records the positions of the
-/// members. It refuses a text in which a sink's array is something else, or stands twice.
-class ArraysHandler final : public EventHandler<ArraysHandler, PositionStream>
+/// members. It refuses a text in which a sink's array is something else or stands twice, and one
+/// whose members are not all objects or arrays.
+class ArraysHandler final : public EventHandler<ArraysHandler, rapidjson::InsituStringStream>
 {
 public:
-    ArraysHandler(QByteArrayView text, const std::vector<JsonArraySink> &arraySinks)
-        : members(text)
-        , elements(elementDepth)
+    explicit ArraysHandler(const std::vector<JsonArraySink> &arraySinks)
+        : elements(elementDepth)
         , sinks(arraySinks)
         , isFilled(qsizetype(arraySinks.size()), false)
     {}
 
-    QByteArrayView number(const char * /*text*/, qsizetype length) const
-    {
-        return members.number(*stream, length);
-    }
+    QByteArrayView number(const char *text, qsizetype length) const { return {text, length}; }
     bool value(const JsonField &field)
     {
-        members.setEnd(*stream, depth);
-        return depth > 0 && !isAtSink() && (!inArray || elements.value(field, depth));
+        return depth > memberDepth && !isAtSink() && (!inArray || elements.value(field, depth));
     }
     bool key(QByteArrayView name)
     {
@@ -108,12 +104,15 @@ public:
             elements.key(name, depth);
             return true;
         }
-        return depth == arrayDepth ? findSink(name) : members.key(name, *stream, depth);
+        return depth == arrayDepth ? findSink(name) : depth != memberDepth || addMember(name);
     }
     bool begin(bool object)
     {
         if (inArray) {
             return elements.begin(object, depth);
+        }
+        if (depth == memberDepth) {
+            places.last().start = position() - 1;
         }
         if (isAtSink()) {
             inArray = true;
@@ -124,7 +123,9 @@ public:
     }
     bool end(bool object)
     {
-        members.setEnd(*stream, depth);
+        if (depth == memberDepth) {
+            places.last().length = position() - places.last().start;
+        }
         if (inArray && depth == arrayDepth) {
             inArray = false;
             sink = noSink;
@@ -134,20 +135,35 @@ public:
         return true;
     }
 
-    MemberPlaces members;
+    QList<JsonMemberPlace> places;
 
 private:
+    static constexpr int memberDepth = 1;
     static constexpr int arrayDepth = 2; ///< of the values that are arrays for sinks
     static constexpr int elementDepth = 3;
     static constexpr size_t noSink = ~size_t(0);
 
     bool isAtSink() const { return depth == arrayDepth && sink != noSink && !inArray; }
 
+    /// Up to date at the beginning and the end of objects and arrays only.
+    qsizetype position() const { return static_cast<qsizetype>(stream->Tell()); }
+
+    bool addMember(QByteArrayView name)
+    {
+        const QString key = keyText(name);
+        const auto hasKey = [&key](const JsonMemberPlace &place) { return place.key == key; };
+        if (holdsSurrogate(name) || std::any_of(places.begin(), places.end(), hasKey)) {
+            return false;
+        }
+        places.append({key, 0, 0});
+        return true;
+    }
+
     /// Chooses the sink for the array of this key. False when it has been filled.
     bool findSink(QByteArrayView name)
     {
         const auto found = std::find_if(sinks.begin(), sinks.end(), [&](const JsonArraySink &each) {
-            return each.array == name && each.member == members.current();
+            return each.array == name && each.member == places.last().key;
         });
         sink = found == sinks.end() ? noSink : size_t(found - sinks.begin());
         return sink == noSink || !std::exchange(isFilled[qsizetype(sink)], true);
@@ -231,10 +247,8 @@ std::optional<QList<JsonMemberPlace>> findJsonMembers(const QByteArray &json)
 std::optional<QList<JsonMemberPlace>> readJsonArrays(QByteArray &json,
                                                      const std::vector<JsonArraySink> &sinks)
 {
-    json.detach(); // the handler refers to the bytes that are overwritten
-    ArraysHandler handler(json, sinks);
-    return readEventsInPlace(json, handler) ? std::optional(handler.members.places())
-                                            : std::nullopt;
+    ArraysHandler handler(sinks);
+    return readEventsInPlace(json, handler) ? std::optional(handler.places) : std::nullopt;
 }
 
 JsonMembers readJsonMembers(const QByteArray &json)

@@ -61,8 +61,9 @@ struct JsonArraySink
 };
 
 /// Passes arrays to their sinks in one pass over the text, which is overwritten. The result is that
-/// of findJsonMembers(). Nothing also when a sink's array is something else or stands twice: what
-/// the sinks received is then void, and the text must be read member by member.
+/// of findJsonMembers(). Nothing also when a member is no object or array, or when a sink's array
+/// is something else or stands twice: what the sinks received is then void, and the text must be
+/// read member by member.
 std::optional<QList<JsonMemberPlace>> readJsonArrays(QByteArray &json,
                                                      const std::vector<JsonArraySink> &sinks);
 

@@ -178,8 +178,8 @@ Values readByQt(const QByteArray &json)
 Values readInOnePass(const QByteArray &json)
 {
     QList<QList<Value>> elements;
-    QByteArray text =
-        R"({"other":[{"a":7}],"s":{"x":[{"a":8}],"items":)" + json + R"(,"rest":5},"end":"t"})";
+    QByteArray text = R"({"other":[{"a":7}],"s":{"x":[{"a":8}],"items":)" + json +
+                      R"(,"rest":5} , "end" : {"t":-1} })";
     const QByteArray original(text.constData(), text.size());
     const auto places =
         readJsonArrays(text, {{u"s"_s, "items", keys, [&elements](const JsonFields &fields) {
@@ -192,7 +192,7 @@ Values readInOnePass(const QByteArray &json)
         return original.mid(places->at(index).start, places->at(index).length);
     };
     const bool placed = places->size() == 3 && places->at(1).key == u"s"_s &&
-                        textAt(0) == R"([{"a":7}])" && textAt(2) == R"("t")";
+                        textAt(0) == R"([{"a":7}])" && textAt(2) == R"({"t":-1})";
     return placed ? Values(elements) : Values(QList<QList<Value>>());
 }
 
@@ -292,6 +292,7 @@ void tst_JsonReader::leftToTheReaderOfMembers_data()
     QTest::newRow("no object") << "[1]"_ba;
     QTest::newRow("no array") << R"({"m":{"one":5}})"_ba;
     QTest::newRow("an object") << R"({"m":{"one":{"a":1}}})"_ba;
+    QTest::newRow("a member that is a text") << R"({"m":{"one":[]},"n":"t"})"_ba;
     QTest::newRow("an array twice") << R"({"m":{"one":[],"one":[]}})"_ba;
     QTest::newRow("a member twice") << R"({"m":{"one":[]},"m":{}})"_ba;
     QTest::newRow("cut short") << R"({"m":{"one":[{"a":1})"_ba;
