@@ -80,10 +80,11 @@ qint64 endOf(const JsonMemberPlace &place)
 /// The text between the values of two members.
 QByteArray separator(const QString &key)
 {
-    QByteArray json(",");
+    JsonText json(key.size());
+    json.append(',');
     appendJson(json, key);
-    json += ':';
-    return json;
+    json.append(':');
+    return json.take();
 }
 
 } // namespace

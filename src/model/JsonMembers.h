@@ -23,6 +23,7 @@ public:
         QByteArray json;
     };
 
+    bool isEmpty() const { return members.isEmpty(); }
     bool contains(const QString &key) const { return find(key) >= 0; }
     /// The JSON text of a member's value, empty when there is no such member.
     QByteArray value(const QString &key) const;

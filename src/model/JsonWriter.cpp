@@ -14,7 +14,7 @@ bool needsEscape(char byte)
     return byte == '"' || byte == '\\' || static_cast<unsigned char>(byte) < 0x20;
 }
 
-void appendEscaped(QByteArray &json, QByteArrayView utf8)
+void appendEscaped(JsonText &json, QByteArrayView utf8)
 {
     auto rest = utf8.begin();
     while (true) {
@@ -24,10 +24,10 @@ void appendEscaped(QByteArray &json, QByteArrayView utf8)
             return;
         }
         if (*special == '"' || *special == '\\') {
-            json += '\\';
-            json += *special;
+            json.append('\\');
+            json.append(*special);
         } else {
-            json += "\\u00"_ba + QByteArray(1, *special).toHex();
+            json.append("\\u00"_ba + QByteArray(1, *special).toHex());
         }
         rest = special + 1;
     }
@@ -35,40 +35,41 @@ void appendEscaped(QByteArray &json, QByteArrayView utf8)
 
 } // namespace
 
-void appendJson(QByteArray &json, const QString &text)
+void appendJson(JsonText &json, const QString &text)
 {
-    json += '"';
+    json.append('"');
     if (text.isValidUtf16() && !text.startsWith(QChar::ByteOrderMark)) {
         appendEscaped(json, text.toUtf8());
     } else {
         // UTF-8 has no lone surrogates, and a byte-order mark would not be read back.
         for (const QChar unit : text) {
-            json += "\\u"_ba + QByteArray::number(unit.unicode(), 16).rightJustified(4, '0');
+            json.append("\\u"_ba + QByteArray::number(unit.unicode(), 16).rightJustified(4, '0'));
         }
     }
-    json += '"';
+    json.append('"');
 }
 
-void appendJson(QByteArray &json, const CatalogText &text)
+void appendJson(JsonText &json, const CatalogText &text)
 {
     if (!text.isUtf8()) {
         appendJson(json, text.toString());
         return;
     }
-    json += '"';
+    json.append('"');
     appendEscaped(json, text.utf8());
-    json += '"';
+    json.append('"');
 }
 
-void appendJson(QByteArray &json, double number)
+void appendJson(JsonText &json, double number)
 {
-    json += std::isfinite(number) ? QByteArray::number(number, 'g', QLocale::FloatingPointShortest)
-                                  : "null"_ba;
+    json.append(std::isfinite(number)
+                    ? QByteArray::number(number, 'g', QLocale::FloatingPointShortest)
+                    : "null"_ba);
 }
 
-void appendJson(QByteArray &json, qint64 number)
+void appendJson(JsonText &json, qint64 number)
 {
-    json += QByteArray::number(number);
+    json.append(QByteArray::number(number));
 }
 
 QByteArray writeJsonMembers(const JsonMembers &members)
@@ -79,17 +80,15 @@ QByteArray writeJsonMembers(const JsonMembers &members)
         constexpr qsizetype roomForKey = 50;
         size += member.json.size() + roomForKey;
     }
-    QByteArray json;
-    json.reserve(size);
-    json += '{';
+    JsonText json(size);
+    QByteArrayView separator("{");
     for (const JsonMembers::Member &member : members) {
-        if (json.size() > 1) {
-            json += ',';
-        }
+        json.append(separator);
+        separator = QByteArrayView(",");
         appendJson(json, member.key);
-        json += ':';
-        json += member.json;
+        json.append(':');
+        json.append(member.json);
     }
-    json += '}';
-    return json;
+    json.append(members.isEmpty() ? QByteArrayView("{}") : QByteArrayView("}"));
+    return json.take();
 }

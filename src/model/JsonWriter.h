@@ -3,6 +3,7 @@
 #include "model/CatalogText.h"
 #include "model/JsonMembers.h"
 #include "model/JsonTable.h"
+#include "model/JsonText.h"
 
 #include <QByteArray>
 #include <QList>
@@ -14,11 +15,11 @@
 /// @name Appending one value
 /// Texts get quotes and the escapes that they need; a number that is not finite becomes "null".
 /// @{
-void appendJson(QByteArray &json, const QString &text);
-void appendJson(QByteArray &json, const CatalogText &text);
-void appendJson(QByteArray &json, double number);
-void appendJson(QByteArray &json, qint64 number);
-inline void appendJson(QByteArray &json, qint32 number)
+void appendJson(JsonText &json, const QString &text);
+void appendJson(JsonText &json, const CatalogText &text);
+void appendJson(JsonText &json, double number);
+void appendJson(JsonText &json, qint64 number);
+inline void appendJson(JsonText &json, qint32 number)
 {
     appendJson(json, qint64(number));
 }
@@ -32,22 +33,23 @@ template <typename Table>
 QByteArray writeJsonRecords(const QList<JsonRecord<Table>> &records, const Table &table)
 {
     constexpr qsizetype usualSize = 200;
-    QByteArray json;
-    json.reserve(records.size() * usualSize);
-    json += '[';
+    JsonText json(records.size() * usualSize);
+    json.append('[');
+    QByteArrayView separator("{");
     for (const JsonRecord<Table> &record : records) {
-        json += json.size() > 1 ? ",{" : "{";
-        bool isFirst = true;
+        json.append(separator);
+        separator = QByteArrayView(",{");
+        QByteArrayView quote("\"");
         const auto appendMember = [&](const auto &column) {
-            json += isFirst ? "\"" : ",\"";
-            isFirst = false;
-            json += column.key;
-            json += "\":";
+            json.append(quote);
+            quote = QByteArrayView(",\"");
+            json.append(column.key);
+            json.append("\":");
             appendJson(json, record.*column.field);
         };
         std::apply([&](const auto &...columns) { (appendMember(columns), ...); }, table);
-        json += '}';
+        json.append('}');
     }
-    json += ']';
-    return json;
+    json.append(']');
+    return json.take();
 }

@@ -14,8 +14,10 @@ namespace {
 template <typename Value>
 QByteArray jsonOf(const Value &value)
 {
-    QByteArray json = "x"_ba;
-    appendJson(json, value);
+    JsonText text(0);
+    text.append('x');
+    appendJson(text, value);
+    const QByteArray json = text.take();
     return json.startsWith('x') ? json.sliced(1) : "overwritten"_ba;
 }
 
