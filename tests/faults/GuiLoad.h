@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QTimer>
+
+#include <algorithm>
+#include <ctime>
+
+/// Measures, while the event loop runs, how much processor time the calling thread spends at a time
+/// without coming back to the loop. Unlike the time by the clock it does not depend on what else
+/// the machine does.
+class GuiLoad final
+{
+public:
+    GuiLoad()
+    {
+        timer.callOnTimeout(&timer, [this] { measure(); });
+        timer.start(0);
+    }
+
+    /// In ms, since the beginning.
+    double longestMs()
+    {
+        measure();
+        return longest;
+    }
+
+private:
+    static double processorMs()
+    {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    }
+
+    void measure()
+    {
+        const double now = processorMs();
+        longest = std::max(longest, now - last);
+        last = now;
+    }
+
+    QTimer timer;
+    double last = processorMs();
+    double longest = 0;
+};
