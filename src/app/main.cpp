@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "app/MallocArenas.h"
 #include "app/RegexpJit.h"
 #include "app/Theme.h"
 #include "ui/MainWindow.h"
@@ -78,6 +79,7 @@ void nameApplication()
 // On Windows Qt's entry shim defines this name as qMain and calls it from WinMain.
 int main(int argc, char **argv)
 {
+    limitMallocArenas();
     disableRegexpJit();
     // Poster images trigger these warnings in quantity.
     QLoggingCategory::setFilterRules(
