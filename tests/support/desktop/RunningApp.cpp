@@ -91,6 +91,14 @@ int RunningApp::exitCode() const
     return isRunning() || process.exitStatus() != QProcess::NormalExit ? -1 : process.exitCode();
 }
 
+QString RunningApp::takeStandardError()
+{
+    const qsizetype end = errors.lastIndexOf(u'\n') + 1;
+    const QString lines = errors.left(end);
+    errors.remove(0, end);
+    return lines;
+}
+
 QList<Accessible> RunningApp::windows() const
 {
     return isRunning() ? Accessible::windows(processId()) : QList<Accessible>();

@@ -35,6 +35,8 @@ public:
     int exitCode() const;
     /// All that the program has written to standard error, in all of its runs.
     QString standardError() const { return errors; }
+    /// The whole lines of it, which standardError() then no longer holds.
+    QString takeStandardError();
 
     /// The open menus, the latest first, then the windows, dialogs and message boxes.
     QList<Accessible> windows() const;

@@ -1,0 +1,117 @@
+// A long run in the real window: everything that the player has, in random order, while what the
+// process holds must not grow and no credential may reach the trace.
+//
+// VANTIRO_SOAK_MINUTES is how long (half a minute without it), VANTIRO_SOAK_SEED repeats an order.
+
+#include "soak/ProcessUsage.h"
+#include "soak/SecretForms.h"
+#include "soak/SoakProviders.h"
+#include "soak/SoakUser.h"
+#include "support/TestMain.h"
+
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestSoak : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void secretFormsAreFound_data();
+    void secretFormsAreFound();
+    void holdsItsOwn();
+};
+
+namespace {
+
+constexpr double allowedGrowth = 0.05;
+constexpr int actionsPerRound = 3;
+
+double runMinutes()
+{
+    bool given = false;
+    const double minutes = qEnvironmentVariable("VANTIRO_SOAK_MINUTES").toDouble(&given);
+    return given ? minutes : 0.5;
+}
+
+quint32 runSeed()
+{
+    bool given = false;
+    const uint seed = qEnvironmentVariable("VANTIRO_SOAK_SEED").toUInt(&given);
+    return given ? seed : QRandomGenerator::global()->bounded(1'000'000U);
+}
+
+void print(const QString &line)
+{
+    qInfo().noquote() << line;
+}
+
+} // namespace
+
+void TestSoak::secretFormsAreFound_data()
+{
+    const QByteArray secret = "S3cret&word+x=1"_ba;
+    QTest::addColumn<QByteArray>("output");
+    QTest::newRow("as it is") << secret;
+    QTest::newRow("percent-encoded") << secret.toPercentEncoding();
+    QTest::newRow("percent-encoded in lower case") << "S3cret%26word%2bx%3d1"_ba;
+    QTest::newRow("every character percent-encoded")
+        << "%53%33%63%72%65%74%26%77%6F%72%64%2B%78%3D%31"_ba;
+    QTest::newRow("Base64") << secret.toBase64();
+    QTest::newRow("Base64 of user and password") << "user:"_ba.append(secret).toBase64();
+    QTest::newRow("Base64 of another user and password") << "viewer:"_ba.append(secret).toBase64();
+}
+
+void TestSoak::secretFormsAreFound()
+{
+    QFETCH(const QByteArray, output);
+    const SecretForms forms({"S3cret&word+x=1"_ba});
+    QCOMPARE(forms.lineIn("first\nbefore " + output + " after\nlast"),
+             "before " + output + " after");
+    QCOMPARE(forms.lineIn("first\nbefore *** after\nlast"), QByteArray());
+}
+
+void TestSoak::holdsItsOwn()
+{
+    const quint32 seed = runSeed();
+    print(u"Seed %1"_s.arg(seed));
+    SoakProviders providers;
+    providers.store();
+    PlayerSession session;
+    QVERIFY(session.start());
+    SoakUser user(session, providers, seed);
+    const SecretForms secrets(providers.secrets());
+
+    QElapsedTimer clock;
+    clock.start();
+    const QDeadlineTimer end(static_cast<qint64>(runMinutes() * 60'000));
+    QList<ProcessUsage> samples;
+    while (!end.hasExpired()) {
+        QStringList actions;
+        for (int count = 0; count < actionsPerRound && !end.hasExpired(); ++count) {
+            QVERIFY2(user.act(), qPrintable(u"seed %1, %2"_s.arg(seed).arg(user.lastAction())));
+            actions << user.lastAction();
+        }
+        QVERIFY2(user.rest(), qPrintable(u"seed %1, rest"_s.arg(seed)));
+        const auto usage = ProcessUsage::of(session.app.processId());
+        QVERIFY(usage);
+        samples << *usage;
+        print(u"%1 s: %2 (%3)"_s.arg(clock.elapsed() / 1000)
+                  .arg(usage->text(), actions.join(u", "_s)));
+        const QByteArray trace = session.app.takeStandardError().toUtf8();
+        QVERIFY2(trace.contains("[VLC]"_ba), "nothing was traced");
+        QCOMPARE(secrets.lineIn(trace), QByteArray());
+    }
+
+    for (const UsageGrowth &growth : usageGrowth(samples)) {
+        print(growth.text());
+        QVERIFY2(growth.isWithin(allowedGrowth), qPrintable(growth.text()));
+    }
+    QVERIFY(session.close());
+}
+
+VANTIRO_TEST_MAIN(TestSoak)
+#include "tst_Soak.moc"
