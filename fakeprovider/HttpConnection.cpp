@@ -296,11 +296,21 @@ qint64 HttpConnection::sendAllowance() const
     qint64 allowance = kQueueLimit - queuedBytes(socket);
     if (bodyLimit >= 0)
         allowance = std::min(allowance, bodyLimit - sent);
-    if (reply.bytesPerSecond > 0) {
-        const qint64 due = reply.burst + bodyClock.elapsed() * reply.bytesPerSecond / 1000;
-        allowance = std::min(allowance, due - sent);
-    }
+    if (reply.bytesPerSecond > 0)
+        allowance = std::min(allowance, bytesDue() - sent);
     return allowance;
+}
+
+/// How much of a paced body may have been sent by now.
+qint64 HttpConnection::bytesDue() const
+{
+    const qint64 elapsed = bodyClock.elapsed();
+    const auto dueAfter = [this](qint64 ms) {
+        return reply.burst + ms * reply.bytesPerSecond / 1000;
+    };
+    if (reply.pauseAfter < 0 || dueAfter(elapsed) <= reply.pauseAfter)
+        return dueAfter(elapsed);
+    return std::max(reply.pauseAfter, dueAfter(elapsed - reply.pauseMs));
 }
 
 QByteArray HttpConnection::nextBytes(qint64 most)

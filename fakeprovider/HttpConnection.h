@@ -49,6 +49,7 @@ private:
     bool replyHasHeader(const QByteArray &name) const;
     void sendBody();
     qint64 sendAllowance() const;
+    qint64 bytesDue() const;
     QByteArray nextBytes(qint64 most);
     void endReply();
     void closed();

@@ -38,6 +38,9 @@ struct HttpReply
     bool neverAnswer = false; ///< nothing is ever sent; the connection stays open
     qint64 cutAfter = -1;     ///< announces the whole length, closes the connection after that many
     qint64 stallAfter = -1;   ///< sends that many bytes, then nothing; the connection stays open
+    /// After `pauseAfter` bytes a paced body pauses for `pauseMs`, then goes on where it was.
+    qint64 pauseAfter = -1;
+    int pauseMs = 0;
     bool chunked = false;
     bool gzip = false;
     bool supportRange = true; ///< answers a Range request for a status 200 body with 206

@@ -55,6 +55,19 @@ endfunction()
 
 vantiro_stream(live.ts ${picture} ${tone} -t 180 ${x264_constant} ${aac} ${transport_stream})
 vantiro_stream(short.ts ${picture} ${tone} -t 5 ${x264_constant} ${aac} ${transport_stream})
+# Parts of a channel: twelve seconds as before.ts begins them, of another kind or at another time.
+set(part -t 12 -tables_version 1 ${transport_stream} -output_ts_offset)
+vantiro_stream(before.ts ${picture} ${tone} -t 6 ${x264_constant} ${aac} ${transport_stream})
+vantiro_stream(codec.ts ${picture} ${tone} -c:v mpeg2video -g 15 -b:v 250k -minrate 250k
+    -maxrate 250k -bufsize 500k -c:a mp2 -b:a 64k ${part} 6)
+vantiro_stream(larger.ts -f lavfi -i testsrc2=size=640x360:rate=15 ${tone} ${x264_constant} ${aac}
+    ${part} 6)
+vantiro_stream(two-tracks.ts ${picture} ${tone} -f lavfi -i sine=frequency=880:sample_rate=48000
+    -map 0:v -map 1:a -map 2:a ${x264_constant} ${aac} ${part} 6)
+vantiro_stream(hour-later.ts ${picture} ${tone} ${x264_constant} ${aac} ${part} 3600)
+# The clock of 33 bits, at 90 kHz, wraps after 95443.7 seconds.
+vantiro_stream(wrap.ts ${picture} ${tone} ${x264_constant} ${aac} ${part} 95438)
+
 # In grey and as wide as the tests' screen, so that it fills it and differs from the others.
 vantiro_stream(grey.ts -f lavfi -i testsrc2=size=320x200:rate=15,hue=s=0 ${tone} -t 30
     ${x264_constant} ${aac} ${transport_stream})

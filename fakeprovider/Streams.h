@@ -9,6 +9,9 @@
 /// live.ts            180 s, constant bit rate
 /// short.ts           5 s
 /// grey.ts            30 s, without colour
+/// before.ts          6 s, and what may follow it for 12 s: codec.ts (MPEG-2), larger.ts (640x360),
+///                    two-tracks.ts (sound), hour-later.ts (its clock)
+/// wrap.ts            12 s, whose clock wraps after 5 s
 /// film.mp4           60 s, its index at the end; film-faststart.mp4 with the index in front
 /// hls/index.m3u8     30 s in segments of 2 s
 /// tracks.mkv         20 s, 30000/1001 pictures a second, sound eng and deu, subtitles eng and fra
