@@ -4,15 +4,19 @@
 #include <malloc.h>
 #endif
 
-/// Makes the threads of a program share two arenas of glibc's malloc. To be called before there are
-/// any threads.
+/// Makes glibc's malloc return what streams have freed. To be called before there are any threads.
 ///
 /// Each stream has its own threads in libVLC. By default they spread over up to eight arenas per
-/// processor, and each arena keeps what a stream has freed: pictures and compressed data of many
-/// megabytes. Threads rarely wait for each other, since each has a cache of small blocks.
+/// processor, and each arena keeps pictures and compressed data of many megabytes. Two arenas do
+/// for the few threads that allocate at a time; each has a cache of small blocks besides. By
+/// default malloc also stops returning blocks of a size that was freed once: a set threshold
+/// prevents that.
 inline void limitMallocArenas()
 {
 #ifdef __GLIBC__
+    constexpr int largeBlock = 1024 * 1024;
     mallopt(M_ARENA_MAX, 2);
+    mallopt(M_MMAP_THRESHOLD, largeBlock);
+    mallopt(M_TRIM_THRESHOLD, 2 * largeBlock);
 #endif
 }

@@ -119,27 +119,37 @@ bool SoakUser::openMenus()
 
 // ---- Faults ----
 
+// The label that tells of an attempt may go sooner than anyone can read it.
+bool SoakUser::reconnects(const QString &channel, int times, int requestsBefore) const
+{
+    return QTest::qWaitFor([&] { return providers.requests(channel) >= requestsBefore + times; },
+                           effectMs);
+}
+
 bool SoakUser::loseConnection()
 {
     if (!rest())
         return false;
+    const int requests = providers.requests(SoakProviders::calm);
     providers.dropStreams();
-    return session.showsLabel(UiTexts::reconnecting(SoakProviders::calm, 1)) &&
+    return reconnects(SoakProviders::calm, 1, requests) &&
            session.showsLabel(UiTexts::playing(SoakProviders::calm)) && session.seesPicture();
 }
 
 bool SoakUser::watchBriefChannel()
 {
+    const int requests = providers.requests(SoakProviders::brief);
     return useSource(SoakProviders::home) && watch(UiTexts::liveTab, SoakProviders::brief) &&
-           session.showsLabel(UiTexts::reconnecting(SoakProviders::brief, 1)) &&
+           reconnects(SoakProviders::brief, 2, requests) &&
            session.showsLabel(UiTexts::playing(SoakProviders::brief));
 }
 
 bool SoakUser::watchUnavailableChannel()
 {
+    const int requests = providers.requests(SoakProviders::unavailable);
     return useSource(SoakProviders::home) && openEntries(UiTexts::liveTab) &&
            session.play(SoakProviders::unavailable) &&
-           session.showsLabel(UiTexts::reconnecting(SoakProviders::unavailable, 2));
+           reconnects(SoakProviders::unavailable, 3, requests);
 }
 
 bool SoakUser::openBrokenFilm()

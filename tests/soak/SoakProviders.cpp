@@ -31,9 +31,9 @@ SoakProviders::SoakProviders()
     : first(u"viewer"_s, u"S3cret&word+x=1"_s)
     , second(u"traveller"_s, u"Pa$$ word!9q"_s)
 {
-    first.addChannel(calm, liveClip(streamPath(u"grey.ts"_s), 30, 2));
-    first.addChannel(unavailable, statusReply(503));
-    first.addChannel(brief, HttpReply::file(streamPath(u"short.ts"_s)));
+    paths[calm] = first.addChannel(calm, liveClip(streamPath(u"grey.ts"_s), 30, 2));
+    paths[unavailable] = first.addChannel(unavailable, statusReply(503));
+    paths[brief] = first.addChannel(brief, HttpReply::file(streamPath(u"short.ts"_s)));
     first.addChannel(hanging, HangingChannel::playlist());
     first.addFilm(brokenFilm, u"mp4"_s, statusReply(503));
     holdHanging();

@@ -4,6 +4,7 @@
 #include "fakeprovider/XtreamProvider.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -44,6 +45,8 @@ public:
     /// What the program must not write: as bytes that it was told.
     QList<QByteArray> secrets() const;
 
+    /// How often a faulty channel, or the calm one, was asked for so far.
+    int requests(const QString &name) { return first.http().requestCount(paths.value(name)); }
     /// Hangs up on all streams of the first account.
     void dropStreams() { first.http().dropConnections(); }
     /// Makes the hanging channel hang again after letGo().
@@ -55,6 +58,7 @@ private:
     void fill(XtreamProvider &provider);
     void servePlaylist();
 
+    QHash<QString, QString> paths; ///< of the first account's channels above
     XtreamProvider first;
     XtreamProvider second;
     std::unique_ptr<HangingChannel> hangingChannel;

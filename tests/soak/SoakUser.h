@@ -24,7 +24,7 @@ public:
 
 private:
     /// How long an effect may take on a busy machine.
-    static constexpr int effectMs = 30000;
+    static constexpr int effectMs = 60000;
 
     struct Action
     {
@@ -63,6 +63,8 @@ private:
     bool clickIfThere(const QString &button);
     bool search(const QString &line, const QString &text);
     bool watch(const QString &tab, const QString &name);
+    /// Waits until the channel was asked for again so many times.
+    bool reconnects(const QString &channel, int times, int requestsBefore) const;
     int below(int bound) { return numbers.bounded(bound); }
 
     PlayerSession &session;

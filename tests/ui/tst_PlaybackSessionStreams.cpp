@@ -28,17 +28,15 @@ struct Viewer
 {
     Viewer()
     {
-        QObject::connect(&player, &VlcPlayer::playbackProgressing, &context, [this] { ++progress; });
+        QObject::connect(&player, &VlcPlayer::playbackProgressing, &context,
+                         [this] { ++progress; });
         QObject::connect(&session, &PlaybackSession::reconnectScheduled, &context,
                          [this](int attempt) { attempts << attempt; });
         QObject::connect(&session, &PlaybackSession::failed, &context,
                          [this](const QString &message) { failures << message; });
     }
 
-    void watch(const QString &path)
-    {
-        session.play(StreamKind::Live, server.url(path), path);
-    }
+    void watch(const QString &path) { session.play(StreamKind::Live, server.url(path), path); }
     /// Waits until the stream has advanced twice more.
     [[nodiscard]] bool advances() const
     {
@@ -131,8 +129,7 @@ void tst_PlaybackSessionStreams::aChannelComesBack_data()
 {
     QTest::addColumn<Fault>("fault");
     QTest::addColumn<int>("fewestAttempts");
-    QTest::newRow("the provider still counts the lost connection")
-        << lingeringConnection() << 2;
+    QTest::newRow("the provider still counts the lost connection") << lingeringConnection() << 2;
     QTest::newRow("the token has expired") << expiredToken() << 1;
     QTest::newRow("segments are missing") << missingSegments() << 1;
 }

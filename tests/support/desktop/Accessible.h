@@ -47,7 +47,7 @@ enum class Role
 class Accessible final
 {
 public:
-    static constexpr int defaultTimeoutMs = 15000;
+    static constexpr int defaultTimeoutMs = 60000;
 
     Accessible() = default;
 

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace desktop {
 namespace {
 
-constexpr int settleTimeoutMs = 15000;
+constexpr int settleTimeoutMs = 60000;
 
 QStringList moving(const QPoint &point)
 {
@@ -101,7 +101,8 @@ bool choose(const Accessible &comboBox, const QString &text)
         return false;
     const Accessible item = comboBox.waitFor(Role::ListItem, text);
     return item && click(item) &&
-           QTest::qWaitFor([&] { return comboBox.text() == text && !comboBox.find(Role::List); });
+           QTest::qWaitFor([&] { return comboBox.text() == text && !comboBox.find(Role::List); },
+                           settleTimeoutMs);
 }
 
 bool drag(const QPoint &from, const QPoint &to)
