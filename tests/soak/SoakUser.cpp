@@ -50,7 +50,13 @@ bool SoakUser::act()
 
 bool SoakUser::rest()
 {
-    return useSource(SoakProviders::home) && watch(UiTexts::liveTab, SoakProviders::calm);
+    // A machine that is busy with other things may be late for once.
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        if (useSource(SoakProviders::home) && watch(UiTexts::liveTab, SoakProviders::calm))
+            return true;
+        (void)Keyboard::press(u"Escape"_s); // closes what an action left open
+    }
+    return false;
 }
 
 // ---- Sources ----
