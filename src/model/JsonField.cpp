@@ -35,12 +35,22 @@ CatalogText JsonField::toCatalogText() const
 
 int JsonField::toInt() const
 {
+    if (const auto digit = oneDigit()) {
+        return *digit;
+    }
     return kind == Kind::Number ? numberValue(bytes).toInt() : 0;
 }
 
 double JsonField::toDouble() const
 {
     return kind == Kind::Number ? toLenientReal() : 0.0;
+}
+
+/// The number when it has one digit, as most numbers of a catalog have.
+std::optional<int> JsonField::oneDigit() const
+{
+    const bool isDigit = kind == Kind::Number && bytes.size() == 1;
+    return isDigit ? std::optional(bytes.front() - '0') : std::nullopt;
 }
 
 qint64 JsonField::toVariantInteger() const
@@ -50,6 +60,9 @@ qint64 JsonField::toVariantInteger() const
 
 qint64 JsonField::toLenientInteger() const
 {
+    if (const auto digit = oneDigit()) {
+        return *digit;
+    }
     switch (kind) {
     case Kind::Number:
         return numberValue(bytes).toVariant().toLongLong();
@@ -62,6 +75,9 @@ qint64 JsonField::toLenientInteger() const
 
 double JsonField::toLenientReal() const
 {
+    if (const auto digit = oneDigit()) {
+        return *digit;
+    }
     double number = 0.0;
     if (kind == Kind::Number) {
         number = bytes.toDouble();

@@ -5,6 +5,7 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 /// The value of one member of a flat JSON object, with the conversions that catalogs need. Valid
@@ -45,6 +46,9 @@ struct JsonField
     /// The decimal text of toLenientInteger().
     QString toIntegerText() const;
     /// @}
+
+private:
+    std::optional<int> oneDigit() const;
 };
 
 /// One field per requested key of an object, in the order of the keys. Of duplicate members the

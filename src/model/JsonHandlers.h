@@ -63,8 +63,14 @@ public:
     void key(QByteArrayView name, int depth)
     {
         if (depth == elementDepth + 1) {
+            // Members mostly stand in the order of the keys.
+            if (next < keys->size() && (*keys)[next] == name) {
+                requested = &fields[next++];
+                return;
+            }
             const auto found = std::find(keys->begin(), keys->end(), name);
-            requested = found == keys->end() ? nullptr : &fields[size_t(found - keys->begin())];
+            next = size_t(found - keys->begin());
+            requested = found == keys->end() ? nullptr : &fields[next++];
         }
     }
 
@@ -72,6 +78,7 @@ public:
     {
         if (depth == elementDepth && object) {
             inObject = true;
+            next = 0;
             clearFields();
             return true;
         }
@@ -94,6 +101,7 @@ private:
     const std::function<void(const JsonFields &)> *take = nullptr;
     JsonFields fields;
     JsonField *requested = nullptr; ///< the field for the value that follows, if it is requested
+    size_t next = 0;                ///< the index of the key that is expected
     bool inObject = false;
 };
 
