@@ -2,10 +2,7 @@
 #include "support/PrivateProfile.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
-#include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 

@@ -3,6 +3,7 @@
 #include "support/TraceCapture.h"
 
 #include <QDir>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 /// How a URL reaches the server and the trace. Runs with VANTIRO_NET_DEBUG set.
@@ -66,16 +67,14 @@ void tst_VlcPlayerUrls::givesLibVlcNoOption()
     QFETCH(const QString, suffix);
     // libVLC writes relative to this folder.
     const QTemporaryDir folder;
-    const QString before = QDir::currentPath();
+    const auto back = qScopeGuard([before = QDir::currentPath()] { QDir::setCurrent(before); });
     QVERIFY(QDir::setCurrent(folder.path()));
     QString address = url(u"/files/audio.mp3"_s + suffix);
     address.replace(0, address.indexOf(u':'), scheme);
     probe->player.play(address, false);
     QTRY_VERIFY_WITH_TIMEOUT(probe->progress > 0 || !probe->interruptions.isEmpty(), openMs);
     probe->player.stop();
-    const QStringList written = QDir(folder.path()).entryList(QDir::Files);
-    QDir::setCurrent(before);
-    QCOMPARE(written, QStringList());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
 }
 
 void tst_VlcPlayerUrls::requestsTheUrlAndTracesItRedacted()
