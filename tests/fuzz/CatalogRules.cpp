@@ -22,7 +22,7 @@ bool mayPrecede(const MediaItem &before, const MediaItem &after, const QString &
     if (sortKey == "rating"_L1) {
         return before.rating >= after.rating;
     }
-    return before.name.compare(after.name, Qt::CaseInsensitive) <= 0;
+    return before.name.toString().compare(after.name.toString(), Qt::CaseInsensitive) <= 0;
 }
 
 } // namespace

@@ -14,8 +14,9 @@ QString playlistOf(const QList<MediaItem> &items)
 {
     QString text = u"#EXTM3U\n"_s;
     for (const MediaItem &item : items) {
-        text += "#EXTINF:-1 group-title=\""_L1 + item.categoryId + "\" tvg-logo=\""_L1 +
-                item.iconUrl + "\","_L1 + item.name + u'\n' + item.streamUrl + u'\n';
+        text += "#EXTINF:-1 group-title=\""_L1 + item.categoryId.toString() + "\" tvg-logo=\""_L1 +
+                item.iconUrl.toString() + "\","_L1 + item.name.toString() + u'\n' +
+                item.streamUrl.toString() + u'\n';
     }
     return text;
 }
@@ -27,9 +28,10 @@ void checkRecords(const M3uParser::Result &playlist)
         require(item.type == StreamKind::Live, "an entry is live");
         require(!item.name.isEmpty(), "an entry has a name");
         require(!item.streamUrl.isEmpty() && item.id == item.streamUrl, "the URL is the id");
-        require(!item.streamUrl.startsWith(u'#'), "a comment is no URL");
-        if (!groups.contains(item.categoryId)) {
-            groups << item.categoryId;
+        require(!item.streamUrl.toString().startsWith(u'#'), "a comment is no URL");
+        const QString group = item.categoryId;
+        if (!groups.contains(group)) {
+            groups << group;
         }
     }
     QStringList categories;
@@ -44,9 +46,13 @@ void checkRecords(const M3uParser::Result &playlist)
 
 void fuzz(FuzzInput &input)
 {
-    const QString text = QString::fromUtf8(input.rest());
+    const QByteArray bytes = input.rest();
+    const QString text = QString::fromUtf8(bytes);
     const M3uParser::Result playlist = M3uParser::parse(text);
     checkRecords(playlist);
+    const M3uParser::Result fromBytes = M3uParser::parseUtf8(bytes);
+    require(fromBytes.items == playlist.items && fromBytes.categories == playlist.categories,
+            "bytes read like their text");
 
     QString unixText = text;
     unixText.replace(u'\r', u'\n');
