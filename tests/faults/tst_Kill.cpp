@@ -1,5 +1,5 @@
 // The program is killed at random moments while it loads and stores: its sources stay, and nothing
-// that it stored is half true. VANTIRO_KILLS sets how often (20), VANTIRO_SEED repeats a run.
+// that it stored is half true. VANTIRO_KILLS sets how often (8), VANTIRO_SEED repeats a run.
 
 #include "fakeprovider/XtreamProvider.h"
 #include "model/SourceManager.h"
@@ -126,7 +126,7 @@ QString tst_Kill::damage() const
 void tst_Kill::keepsWhatWasStored()
 {
     constexpr int patienceMs = 60'000;
-    const int kills = environmentNumber("VANTIRO_KILLS", 20);
+    const int kills = environmentNumber("VANTIRO_KILLS", 8);
     const auto seed = static_cast<unsigned>(
         environmentNumber("VANTIRO_SEED", static_cast<int>(std::random_device()() >> 1U)));
     qInfo("VANTIRO_KILLS=%d VANTIRO_SEED=%u", kills, seed);
