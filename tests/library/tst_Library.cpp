@@ -1,5 +1,6 @@
 #include "library/Library.h"
 #include "library/LibraryFixture.h"
+#include "library/WatchedEntries.h"
 #include "support/TestFiles.h"
 #include "support/TestMain.h"
 
@@ -15,34 +16,6 @@ using namespace Qt::StringLiterals;
 // What the library answers, and that a later start answers the same.
 
 namespace {
-
-const QString source = u"S"_s;
-constexpr qint64 second = 1000;
-constexpr qint64 minute = 60 * second;
-
-Progress film(const QString &id, qint64 positionMs, qint64 durationMs = 100 * minute)
-{
-    Progress at = progressOf(makeEntry(id));
-    at.positionMs = positionMs;
-    at.durationMs = durationMs;
-    return at;
-}
-
-/// Episode `number` of show "s", which has three.
-Progress episode(int number, qint64 positionMs = 0, const QString &show = u"s"_s)
-{
-    const QString id = show + u'e' + QString::number(number);
-    Progress at = progressOf(source, show, {id, show, 1, number, u"T"_s, u"mp4"_s}, number == 3);
-    at.positionMs = positionMs;
-    at.durationMs = 100 * minute;
-    return at;
-}
-const QStringList threeEpisodes{u"se1"_s, u"se2"_s, u"se3"_s};
-
-LibraryEntry show(const QString &id = u"s"_s)
-{
-    return makeEntry(id, EntryKind::Show);
-}
 
 MediaItem channel(const QString &url, const QString &name, const QString &category = u"c1"_s)
 {
