@@ -14,6 +14,9 @@
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QTableWidget>
+#include <QThreadPool>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -276,7 +279,7 @@ void BrowseTab::selectCategory(const QListWidgetItem *item)
 void BrowseTab::refilter()
 {
     // The view's items show these until they are filled again.
-    const ShownEntries previous = shown;
+    ShownEntries previous = shown;
     if (table != nullptr) {
         shown = {entries.items(), filteredRows(entries.items(), categoryId, search->text())};
         populateTable();
@@ -284,6 +287,10 @@ void BrowseTab::refilter()
         const QString sortKey = sortCombo->currentData().toString();
         shown = {entries.items(), entries.select(categoryId, search->text(), sortKey)};
         posterGrid->fill(shown);
+    }
+    if (!previous.sharesListWith(shown)) {
+        // Freeing hundreds of thousands of entries takes longer than filling the view.
+        QThreadPool::globalInstance()->start([old = std::move(previous)] {});
     }
     Q_EMIT refilled();
 }

@@ -15,6 +15,12 @@ public:
         , rows(shownRows)
     {}
 
+    /// Whether both show rows of one list.
+    bool sharesListWith(const ShownEntries &other) const
+    {
+        return entries.isSharedWith(other.entries);
+    }
+
     int count() const { return static_cast<int>(rows.size()); }
     const MediaItem &at(int row) const { return entries.at(rows.at(row)); }
 
