@@ -97,7 +97,7 @@ void tst_Profile::loads()
     program.setProgram(QStringLiteral(VANTIRO_PLAYER));
     program.setProcessChannelMode(QProcess::ForwardedChannels);
     if (isFull) {
-        program.setChildProcessModifier([] { new FullDisk(0); }); // for the rest of its life
+        program.setChildProcessModifier([] { static const FullDisk forItsLife(0); });
     }
     program.start();
     QTRY_COMPARE_WITH_TIMEOUT(provider.actions().size(), 6, 20'000);
