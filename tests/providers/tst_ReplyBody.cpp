@@ -66,8 +66,10 @@ void tst_ReplyBody::ask(HttpServer &server, const HttpReply &reply, const HttpRe
     });
     QCOMPARE(account.calls, 1);
     QCOMPARE(account.value, succeeds);
+#ifndef Q_OS_WIN // Wine does not tell a server that is writing of a connection that was given up
     // The connections of an exchange that ended are closed, too.
     QTRY_VERIFY(succeeds || server.openConnections() == 0);
+#endif
 }
 
 void tst_ReplyBody::endsOnce_data()
