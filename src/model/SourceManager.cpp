@@ -224,7 +224,8 @@ void SourceManager::persist()
     const auto stored = storedSources(settings);
     writeSources(settings, stored ? mergeSources(knownList, sourceList, *stored) : sourceList);
     settings.sync();
-    if (settings.status() == QSettings::NoError) {
+    // A format error tells of what was read before, not of what was written.
+    if (settings.status() != QSettings::AccessError) {
         knownList = sourceList;
     }
 }

@@ -114,6 +114,7 @@ private Q_SLOTS:
     void missingAndMalformedValues();
     void arraySize_data();
     void arraySize();
+    void damagedFile_data();
     void damagedFile();
     void onlyTheOwnerMayRead();
     void unwritableStore();
@@ -313,16 +314,25 @@ void tst_SourceManager::arraySize()
     QCOMPARE(names(manager.sources()).mid(0, 2), (QStringList{u"A"_s, u"B"_s}.mid(0, count)));
 }
 
+void tst_SourceManager::damagedFile_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("bytes") << QByteArray::fromHex("00ff80010203fffe0a5b5d3d");
+    QTest::newRow("open bracket") << "[sources\n1\\na"_ba;
+    QTest::newRow("another section without values") << "[other]\nx\n"_ba;
+    QTest::newRow("only a size") << "[sources]\nsize=2147483647\n"_ba;
+}
+
 void tst_SourceManager::damagedFile()
 {
-    for (const QByteArray &text : {QByteArray::fromHex("00ff80010203fffe0a5b5d3d"),
-                                   "[sources\n1\\na"_ba, "[sources]\nsize=2147483647\n"_ba}) {
-        writeSettingsFile(text);
-        forgetSettingsInMemory();
-        SourceManager(nullptr).saveSource(source(u"A"_s));
-        QVERIFY2(names(storedSources()).contains(u"A"_s), text.toHex().constData());
-        PrivateProfile::current().clear();
-    }
+    QFETCH(const QByteArray, text);
+    writeSettingsFile(text);
+    forgetSettingsInMemory();
+    SourceManager manager(nullptr);
+    manager.saveSource(source(u"A"_s));
+    QCOMPARE(names(storedSources()), QStringList{u"A"_s});
+    manager.removeSource(u"A"_s);
+    QCOMPARE(names(storedSources()), QStringList());
 }
 
 void tst_SourceManager::onlyTheOwnerMayRead()
