@@ -1,5 +1,6 @@
 #include "ui/MainWindow.h"
 
+#include "library/Library.h"
 #include "model/Age.h"
 #include "model/SourceManager.h"
 #include "player/VlcPlayer.h"
@@ -70,6 +71,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
 
     fullscreenChrome = new FullscreenChrome(playerPanel);
     loadingOverlay = new LoadingOverlay(tabs);
+    createLibrary();
     createCatalogLoader(subscriptionBaseUrl);
     createPlayer();
     restoreSources();
@@ -83,7 +85,12 @@ MainWindow::~MainWindow()
 
 bool MainWindow::endPlayback()
 {
-    return player->finish();
+    const bool finished = player->finish();
+    if (!finished) {
+        // Its destructor, which writes the last changes, will not run.
+        library->flush();
+    }
+    return finished;
 }
 
 /// Closing destroys the surface's window, which libVLC must not draw into any more.

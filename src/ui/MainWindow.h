@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/LibraryRecords.h"
 #include "model/CatalogRecords.h"
 #include "model/CatalogSection.h"
 #include "model/SourceConfig.h"
@@ -15,11 +16,13 @@ class BrowseTab;
 class CatalogLoader;
 class EpisodePage;
 class FullscreenChrome;
+class Library;
 class LoadingOverlay;
 class PlaybackSession;
 class PlayerPanel;
 class SourceBar;
 class SourceManager;
+class UndoBar;
 class VlcPlayer;
 struct LoadFailure;
 
@@ -131,7 +134,7 @@ private:
     void buildTabs();
     void addEpisodePage();
     BrowseTab &browseTab(CatalogSection section) const;
-    void playEntry(const MediaItem &item);
+    void playEntry(CatalogSection section, const MediaItem &item);
     void openShow(const MediaItem &show);
 
     // ---- MainWindowSeries.cpp ----
@@ -139,7 +142,15 @@ private:
     void playEpisode(int index);
 
     // ---- MainWindowPlayer.cpp ----
+    /// As playMediaItem(); `entry` is the library's name for it.
+    void startPlaying(const MediaItem &item, const LibraryEntry &entry);
     void setBrowsingVisible(bool visible);
+
+    // ---- MainWindowLibrary.cpp: what the user keeps ----
+    void createLibrary();
+    /// Shows for six seconds what was removed, with a button that takes the change back; nothing
+    /// when there is none. `inverse` is what a change of the library returned.
+    void offerUndo(const QString &text, const LibraryChange &inverse);
 
     // Members, grouped by the same files.
 
@@ -152,6 +163,12 @@ private:
     SourceBar *sourceBar = nullptr;
     QVBoxLayout *centralLayout = nullptr;
     LoadingOverlay *loadingOverlay = nullptr;
+
+    // ---- MainWindowLibrary.cpp ----
+    Library *library = nullptr;
+    UndoBar *undoBar = nullptr;
+    /// What plays, or played last; of an episode its show. Its source need not be the active one.
+    LibraryEntry playingEntry;
 
     // ---- MainWindowBrowse.cpp ----
     QTabWidget *tabs = nullptr;

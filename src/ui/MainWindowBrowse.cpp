@@ -20,7 +20,8 @@ void MainWindow::buildTabs()
     }
     for (const CatalogSection section :
          {CatalogSection::Live, CatalogSection::Movie, CatalogSection::Channel}) {
-        connect(&browseTab(section), &BrowseTab::activated, this, &MainWindow::playEntry);
+        connect(&browseTab(section), &BrowseTab::activated, this,
+                [this, section](const MediaItem &item) { playEntry(section, item); });
     }
     connect(&browseTab(CatalogSection::Series), &BrowseTab::activated, this, &MainWindow::openShow);
     addEpisodePage();
@@ -105,10 +106,10 @@ void MainWindow::playChannelRow(int row, int /*column*/)
     browseTab(CatalogSection::Channel).activateRow(row);
 }
 
-void MainWindow::playEntry(const MediaItem &item)
+void MainWindow::playEntry(CatalogSection section, const MediaItem &item)
 {
     episodeQueue.clear();
-    playMediaItem(item);
+    startPlaying(item, libraryEntry(currentSource.name, entryKind(section), item));
 }
 
 void MainWindow::openShow(const MediaItem &show)

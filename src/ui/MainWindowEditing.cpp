@@ -1,5 +1,6 @@
 #include "ui/MainWindow.h"
 
+#include "library/Library.h"
 #include "model/SourceManager.h"
 #include "providers/CatalogLoader.h"
 #include "ui/PlainMessageBox.h"
@@ -75,6 +76,7 @@ void MainWindow::deleteSource(const QString &name)
     while (storedSource(name)) {
         sourceManager->removeSource(name);
     }
+    library->forgetSource(name);
     // What is still under way for it must not store it again.
     catalogLoader->forget(name);
     sourceBar->remove(name);
@@ -100,6 +102,7 @@ void MainWindow::replaceSourceAt(int index, const QString &oldName, const Source
     catalogLoader->forget(oldName);
     if (edited.name != oldName) {
         sourceManager->removeSource(oldName);
+        library->renameSource(oldName, edited.name);
     }
     sourceManager->saveSource(edited);
     const bool current = index == sourceBar->currentIndex();

@@ -32,11 +32,17 @@ void MainWindow::createPlayer()
 
 void MainWindow::playMediaItem(const MediaItem &item)
 {
+    startPlaying(item, {});
+}
+
+void MainWindow::startPlaying(const MediaItem &item, const LibraryEntry &entry)
+{
     const QString url =
         entryUrl(item, currentSource, catalogLoader->accountClient(), episodeQueue.account());
     if (url.isEmpty()) {
         return;
     }
+    playingEntry = entry;
     session->play(item.type, url, item.name);
     playerPanel->setFocus(Qt::OtherFocusReason);
 }
