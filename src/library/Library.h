@@ -76,6 +76,8 @@ public:
     /// The films that were left unfinished, the latest first; of EntryKind::Episode one episode of
     /// each show: the one that was left, or the finished one after which the show goes on.
     QList<Progress> continueWatching(const QString &source, EntryKind kind) const;
+    /// Whether continueWatching() has any.
+    bool hasContinueWatching(const QString &source, EntryKind kind) const;
 
     // ---- hidden categories ----
 
@@ -117,6 +119,7 @@ Q_SIGNALS:
 
 private:
     const LibraryState &state() const;
+    QList<const Progress *> unfinished(const QString &source, EntryKind kind) const;
     QList<WatchedEntry> historyInOrder(const QString &source, EntryKind kind) const;
     void announce(const LibraryChange &inverse);
     void report(const QString &text);

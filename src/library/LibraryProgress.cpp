@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 // The part of Library that keeps how far films and episodes were watched.
 
@@ -102,26 +103,40 @@ LibraryChange Library::noteEpisodes(const LibraryEntry &show, const QStringList 
 
 QList<Progress> Library::continueWatching(const QString &source, EntryKind kind) const
 {
-    const LibraryList<Progress> &known = progress(source, kind);
+    QList<const Progress *> rows = unfinished(source, kind);
+    std::sort(rows.begin(), rows.end(),
+              [](const Progress *a, const Progress *b) { return isLater(*a, *b); });
+    QList<Progress> ordered;
+    for (const Progress *row : std::as_const(rows)) {
+        ordered.append(*row);
+    }
+    return ordered;
+}
+
+bool Library::hasContinueWatching(const QString &source, EntryKind kind) const
+{
+    return !unfinished(source, kind).isEmpty();
+}
+
+/// The latest row of each film or show, where there is something to continue. In no order; valid
+/// until the next change.
+QList<const Progress *> Library::unfinished(const QString &source, EntryKind kind) const
+{
+    const bool ofShows = kind == EntryKind::Episode;
     const LibraryList<Progress> &wholeShows = progress(source, EntryKind::Show);
-    QHash<QString, Progress> latest; // by the film or the show
-    for (const Progress &row : known) {
-        const QString &id = kind == EntryKind::Episode ? row.showId : row.id;
-        const auto other = latest.find(id);
-        if (other == latest.end()) {
-            latest.insert(id, row);
-        } else if (isLater(row, *other)) {
-            *other = row;
+    QHash<QString, const Progress *> latest; // by the film or the show
+    for (const Progress &row : progress(source, kind)) {
+        const Progress *&other = latest[ofShows ? row.showId : row.id];
+        if (other == nullptr || isLater(row, *other)) {
+            other = &row;
         }
     }
-    QList<Progress> unfinished;
-    for (auto row = latest.cbegin(); row != latest.cend(); ++row) {
-        const bool goesOn =
-            kind == EntryKind::Episode && !row->isLast && !wholeShows.contains(row.key());
+    QList<const Progress *> rows;
+    for (const Progress *row : std::as_const(latest)) {
+        const bool goesOn = ofShows && !row->isLast && !wholeShows.contains(row->showId);
         if (row->positionMs > 0 || goesOn) {
-            unfinished.append(*row);
+            rows.append(row);
         }
     }
-    std::sort(unfinished.begin(), unfinished.end(), isLater);
-    return unfinished;
+    return rows;
 }

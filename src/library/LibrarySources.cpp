@@ -12,7 +12,9 @@
 
 namespace {
 
-using NameAndCategory = std::pair<QString, QString>;
+/// As in the catalog, whose texts are not converted to be looked up.
+using KeptEntries = QHash<CatalogText, LibraryEntry>;
+using NameAndCategory = std::pair<CatalogText, CatalogText>;
 
 NameAndCategory nameOf(const LibraryEntry &entry)
 {
@@ -20,9 +22,9 @@ NameAndCategory nameOf(const LibraryEntry &entry)
 }
 
 /// Everything that is kept of one source and kind, by the entry's id.
-QHash<QString, LibraryEntry> keptEntries(const LibraryState &state, const LibraryListId &listId)
+KeptEntries keptEntries(const LibraryState &state, const LibraryListId &listId)
 {
-    QHash<QString, LibraryEntry> kept;
+    KeptEntries kept;
     const auto collect = [&kept](const auto &list) {
         for (const auto &row : list) {
             kept.insert(row.id, row);
@@ -34,7 +36,7 @@ QHash<QString, LibraryEntry> keptEntries(const LibraryState &state, const Librar
     return kept;
 }
 
-void dropPresent(QHash<QString, LibraryEntry> &entries, const QList<MediaItem> &items)
+void dropPresent(KeptEntries &entries, const QList<MediaItem> &items)
 {
     for (const MediaItem &item : items) {
         if (entries.isEmpty()) {
@@ -46,8 +48,7 @@ void dropPresent(QHash<QString, LibraryEntry> &entries, const QList<MediaItem> &
 
 /// For each entry the id of an item of the same name and category, each item once and none of
 /// those that are kept.
-QHash<QString, QString> newIds(const QHash<QString, LibraryEntry> &missing,
-                               const QHash<QString, LibraryEntry> &kept,
+QHash<QString, QString> newIds(const KeptEntries &missing, const KeptEntries &kept,
                                const QList<MediaItem> &items)
 {
     QHash<NameAndCategory, QStringList> wanted;
@@ -60,7 +61,7 @@ QHash<QString, QString> newIds(const QHash<QString, LibraryEntry> &missing,
         std::sort(ids.begin(), ids.end());
     }
     QHash<QString, QString> found;
-    QSet<QString> taken;
+    QSet<CatalogText> taken;
     for (const MediaItem &item : items) {
         if (wanted.isEmpty()) {
             break;
@@ -100,8 +101,8 @@ LibraryChange Library::followEntries(const QString &source, EntryKind kind,
                                      const QList<MediaItem> &items)
 {
     const LibraryListId listId{source, kind};
-    const QHash<QString, LibraryEntry> kept = keptEntries(state(), listId);
-    QHash<QString, LibraryEntry> missing = kept;
+    const KeptEntries kept = keptEntries(state(), listId);
+    KeptEntries missing = kept;
     dropPresent(missing, items);
     const QHash<QString, QString> ids = newIds(missing, kept, items);
     LibraryChange change;

@@ -1,5 +1,6 @@
 #include "model/CatalogText.h"
 
+#include <QHashFunctions>
 #include <QUtf8StringView>
 
 #include <atomic>
@@ -115,4 +116,9 @@ bool operator==(const CatalogText &a, const CatalogText &b)
         return a.block == b.block;
     }
     return a.isUtf8() == b.isUtf8() && a.bytes() == b.bytes();
+}
+
+size_t qHash(const CatalogText &text, size_t seed)
+{
+    return text.isEmpty() ? seed : qHash(text.bytes(), seed);
 }

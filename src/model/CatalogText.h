@@ -36,6 +36,7 @@ public:
 
     friend bool operator==(const CatalogText &a, const CatalogText &b);
     friend bool operator==(const CatalogText &a, const QString &b) { return a == CatalogText(b); }
+    friend size_t qHash(const CatalogText &text, size_t seed);
 
 private:
     struct Block;

@@ -2,45 +2,23 @@
 
 #include "model/ItemFilter.h"
 #include "ui/ActivateKeys.h"
+#include "ui/CategoryList.h"
 #include "ui/ElidedLabel.h"
+#include "ui/EntryTable.h"
 #include "ui/PosterGrid.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStackedWidget>
-#include <QTableWidget>
 #include <QThreadPool>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// A cell that shows the name of an entry, which must outlive it.
-class NameCell final : public QTableWidgetItem
-{
-public:
-    explicit NameCell(const MediaItem &shownEntry)
-        : entry(&shownEntry)
-    {}
-
-    void show(const MediaItem &shownEntry) { entry = &shownEntry; }
-    QVariant data(int role) const override
-    {
-        return role == Qt::DisplayRole ? entry->name.toString() : QTableWidgetItem::data(role);
-    }
-
-private:
-    const MediaItem *entry;
-};
-
-} // namespace
 
 std::span<const BrowseTabSpec> browseTabSpecs()
 {
@@ -98,7 +76,7 @@ QWidget *BrowseTab::buildCategoryPage(const BrowseTabSpec &spec)
     allSearch->setPlaceholderText(tr(spec.searchAllText));
     allSearch->setAccessibleName(allSearch->placeholderText());
     categoryLabel = new QLabel(tr("Select a category:"));
-    categoryList = new QListWidget;
+    categoryList = new CategoryList;
     categoryList->setAccessibleName(tr("Categories"));
     layout->addWidget(allSearch);
     layout->addWidget(categoryLabel);
@@ -147,7 +125,7 @@ QBoxLayout *BrowseTab::buildTitleRow()
 void BrowseTab::buildView(const BrowseTabSpec &spec, PosterStore *posterStore)
 {
     if (spec.heading != nullptr) {
-        buildTable(spec);
+        table = new EntryTable(tr(spec.heading));
         view = table;
     } else {
         posterList = new QListWidget;
@@ -156,18 +134,6 @@ void BrowseTab::buildView(const BrowseTabSpec &spec, PosterStore *posterStore)
     }
     view->setAccessibleName(tr(spec.viewName));
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-}
-
-void BrowseTab::buildTable(const BrowseTabSpec &spec)
-{
-    table = new QTableWidget;
-    table->setColumnCount(1);
-    table->setHorizontalHeaderLabels({tr(spec.heading)});
-    table->horizontalHeader()->setStretchLastSection(true);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->verticalHeader()->hide();
-    // Tab leaves the table instead of moving from cell to cell.
-    table->setTabKeyNavigation(false);
 }
 
 void BrowseTab::nameWidgets(const QString &prefix)
@@ -212,16 +178,7 @@ void BrowseTab::connectLists()
 
 void BrowseTab::setCategories(const QList<Category> &categories)
 {
-    categoryList->clear();
-    const auto add = [this](const QString &name, const QString &id) {
-        auto *item = new QListWidgetItem(name);
-        item->setData(Qt::UserRole, id);
-        categoryList->addItem(item);
-    };
-    add(tr("All Categories"), u""_s);
-    for (const Category &category : categories) {
-        add(category.name, category.id);
-    }
+    categoryList->setCategories(categories);
 }
 
 void BrowseTab::setItems(const ItemIndex &items)
@@ -235,6 +192,7 @@ void BrowseTab::reset()
     showPage(BrowsePage::Categories);
     entries = {};
     categoryId.clear();
+    collection = Collection::None;
     categoryList->clearSelection();
     titleLabel->clear();
     allSearch->clear();
@@ -244,7 +202,7 @@ void BrowseTab::reset()
 void BrowseTab::clear()
 {
     reset();
-    categoryList->clear();
+    categoryList->clearCategories();
     refilter();
     // Clearing a search has set the title to that of all categories.
     titleLabel->clear();
@@ -271,6 +229,7 @@ void BrowseTab::selectCategory(const QListWidgetItem *item)
         return;
     }
     categoryId = item->data(Qt::UserRole).toString();
+    collection = CategoryList::collectionOf(*item);
     titleLabel->setText(item->text());
     refilter();
     showPage(BrowsePage::Items);
@@ -278,14 +237,33 @@ void BrowseTab::selectCategory(const QListWidgetItem *item)
 
 void BrowseTab::refilter()
 {
+    showEntries({entries.items(), filteredEntries()});
+}
+
+QList<int> BrowseTab::filteredEntries()
+{
+    if (collection != Collection::None) {
+        return collectionRows();
+    }
+    const QString query = search->text();
+    QList<int> rows = table != nullptr
+                          ? filteredRows(entries.items(), categoryId, query)
+                          : entries.select(categoryId, query, sortCombo->currentData().toString());
+    if (categoryId.isEmpty()) {
+        dropHidden(rows);
+    }
+    return rows;
+}
+
+void BrowseTab::showEntries(const ShownEntries &entriesToShow)
+{
     // The view's items show these until they are filled again.
     ShownEntries previous = shown;
+    shown = entriesToShow;
+    updateOrdering();
     if (table != nullptr) {
-        shown = {entries.items(), filteredRows(entries.items(), categoryId, search->text())};
-        populateTable();
+        table->fill(shown);
     } else {
-        const QString sortKey = sortCombo->currentData().toString();
-        shown = {entries.items(), entries.select(categoryId, search->text(), sortKey)};
         posterGrid->fill(shown);
     }
     if (!previous.sharesListWith(shown)) {
@@ -302,13 +280,18 @@ void BrowseTab::activateRow(int row)
     }
     // A copy: a dialog that playing may open runs the event loop, in which the list can change.
     const MediaItem item = shown.at(row);
-    Q_EMIT activated(item);
+    if (collection == Collection::ContinueWatching) {
+        Q_EMIT continued(item);
+    } else {
+        Q_EMIT activated(item);
+    }
 }
 
 void BrowseTab::searchAllCategories(const QString &text)
 {
     showSearchResults(!text.isEmpty());
     categoryId.clear();
+    collection = Collection::None;
     titleLabel->setText(text.isEmpty() ? tr("All Categories") : tr("Search: \"%1\"").arg(text));
     {
         const QSignalBlocker blocker(search);
@@ -343,21 +326,4 @@ void BrowseTab::moveViewTo(QWidget *page)
     if (view->parentWidget() != page) {
         static_cast<QVBoxLayout *>(page->layout())->addWidget(view, 1);
     }
-}
-
-void BrowseTab::populateTable()
-{
-    table->setRowCount(shown.count());
-    {
-        // One update of the view for all rows instead of one for each.
-        const QSignalBlocker blocker(table->model());
-        for (int row = 0; row < shown.count(); ++row) {
-            if (auto *cell = static_cast<NameCell *>(table->item(row, 0)); cell != nullptr) {
-                cell->show(shown.at(row));
-            } else {
-                table->setItem(row, 0, new NameCell(shown.at(row)));
-            }
-        }
-    }
-    table->viewport()->update();
 }

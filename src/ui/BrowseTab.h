@@ -3,6 +3,7 @@
 #include "model/CatalogRecords.h"
 #include "model/ItemIndex.h"
 #include "ui/ShownEntries.h"
+#include "ui/TabLibrary.h"
 
 #include <QList>
 #include <QString>
@@ -10,6 +11,8 @@
 
 #include <span>
 
+class CategoryList;
+class EntryTable;
 class PosterGrid;
 class PosterStore;
 
@@ -20,8 +23,9 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
+class QMenu;
+class QModelIndex;
 class QStackedWidget;
-class QTableWidget;
 
 /// The pages of a tab's stack.
 namespace BrowsePage {
@@ -56,6 +60,10 @@ public:
     /// The store gives a grid its posters, and must outlive the tab.
     BrowseTab(const BrowseTabSpec &spec, PosterStore *posterStore, QWidget *parent = nullptr);
 
+    /// Shows what the library keeps for this tab: lists beside the categories, marks, menus. Once,
+    /// before the tab is filled; not owned.
+    void setLibrary(TabLibrary *library);
+
     QString title() const { return tabTitle; }
     /// True when the tab is for accounts, false when it is for playlists.
     bool isForAccounts() const { return forAccounts; }
@@ -82,10 +90,16 @@ public:
     void refilter();
     /// Emits activated() for a row of the view; a row that has no entry does nothing.
     void activateRow(int row);
+    /// Whether the view has the focus, so that keys concern its current row.
+    bool viewHasFocus() const;
+    /// Adds the entry of the current row to the favorites, or removes it.
+    void toggleFavorite();
 
 Q_SIGNALS:
     /// The user chose an entry.
     void activated(const MediaItem &item);
+    /// The user chose an entry in "Continue Watching".
+    void continued(const MediaItem &item);
     /// The view shows the entries that pass the category and the search now.
     void refilled();
 
@@ -94,7 +108,6 @@ private:
     QWidget *buildItemsPage(const BrowseTabSpec &spec);
     QBoxLayout *buildTitleRow();
     void buildView(const BrowseTabSpec &spec, PosterStore *posterStore);
-    void buildTable(const BrowseTabSpec &spec);
     void nameWidgets(const QString &prefix);
     void connectSearches();
     void connectLists();
@@ -103,7 +116,17 @@ private:
     void showSearchResults(bool searching);
     void placeViewOn(int page);
     void moveViewTo(QWidget *page);
-    void populateTable();
+    QList<int> filteredEntries();
+    void showEntries(const ShownEntries &entriesToShow);
+
+    // ---- BrowseTabLibrary.cpp: what the user keeps ----
+    QList<int> collectionRows();
+    void showCollections(Collection changed);
+    void showHiddenCategories();
+    void dropHidden(QList<int> &rows) const;
+    void updateOrdering();
+    void moveFavorite(int from, int to);
+    void fillEntryMenu(QMenu &menu, const QModelIndex &index);
 
     QString tabTitle;
     bool forAccounts;
@@ -111,16 +134,18 @@ private:
     QStackedWidget *stack = nullptr;
     QLineEdit *allSearch = nullptr;
     QLabel *categoryLabel = nullptr;
-    QListWidget *categoryList = nullptr;
+    CategoryList *categoryList = nullptr;
     QLabel *titleLabel = nullptr;
     QLineEdit *search = nullptr;
     QComboBox *sortCombo = nullptr;    ///< with posters only
-    QTableWidget *table = nullptr;     ///< null with posters
+    EntryTable *table = nullptr;       ///< null with posters
     QListWidget *posterList = nullptr; ///< null with a table
     PosterGrid *posterGrid = nullptr;  ///< of posterList
     QAbstractItemView *view = nullptr; ///< whichever of the two there is
 
-    QString categoryId; ///< of the chosen category; empty for all
+    QString categoryId;                       ///< of the chosen category; empty for all
+    Collection collection = Collection::None; ///< shown in place of a category
+    TabLibrary *kept = nullptr;               ///< null in a tab without a library
     ItemIndex entries;
     ShownEntries shown; ///< by the view
 };

@@ -74,6 +74,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     createLibrary();
     createCatalogLoader(subscriptionBaseUrl);
     createPlayer();
+    createHistory();
     restoreSources();
 }
 
@@ -163,6 +164,7 @@ void MainWindow::loadSource(const SourceConfig &config, bool force)
     const SourceConfig source = config;
     currentSource = source;
     sourceManager->setLastActiveSourceName(source.name);
+    showLibraryOf(source.name);
     showTabsFor(source.type);
     resetBrowseTabs();
     const bool account = SourceType::isAccount(source.type);

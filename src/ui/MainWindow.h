@@ -22,6 +22,7 @@ class PlaybackSession;
 class PlayerPanel;
 class SourceBar;
 class SourceManager;
+class TabLibrary;
 class UndoBar;
 class VlcPlayer;
 struct LoadFailure;
@@ -148,6 +149,13 @@ private:
 
     // ---- MainWindowLibrary.cpp: what the user keeps ----
     void createLibrary();
+    void createHistory();
+    void showLibraryOf(const QString &sourceName);
+    void followPlaylist(const QList<MediaItem> &channels);
+    /// Of the current row of the list that has the focus; otherwise of what plays.
+    void toggleFavorite();
+    void markShow(const MediaItem &show, bool watched);
+    void markEpisodesOfShow(const LibraryEntry &show, const QList<Episode> &episodes, bool watched);
     /// Shows for six seconds what was removed, with a button that takes the change back; nothing
     /// when there is none. `inverse` is what a change of the library returned.
     void offerUndo(const QString &text, const LibraryChange &inverse);
@@ -166,7 +174,10 @@ private:
 
     // ---- MainWindowLibrary.cpp ----
     Library *library = nullptr;
+    QList<TabLibrary *> tabLibraries; ///< in the order of CatalogSection
     UndoBar *undoBar = nullptr;
+    QTimer *watchedTimer = nullptr;
+    bool isNoted = false; ///< what plays is among what was watched
     /// What plays, or played last; of an episode its show. Its source need not be the active one.
     LibraryEntry playingEntry;
 

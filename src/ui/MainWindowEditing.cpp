@@ -93,6 +93,7 @@ void MainWindow::forgetLastSource()
     catalogLoader->reset();
     currentSource = defaultSourceConfig();
     session->stop();
+    showLibraryOf({});
     emptyBrowseTabs();
 }
 

@@ -25,6 +25,9 @@ void MainWindow::createCatalogLoader(const QString &subscriptionBaseUrl)
             });
     connect(catalogLoader, &CatalogLoader::itemsLoaded, this,
             [this](CatalogSection section, const ItemIndex &items) {
+                if (section == CatalogSection::Channel) {
+                    followPlaylist(items.items());
+                }
                 browseTab(section).setItems(items);
             });
     connect(catalogLoader, &CatalogLoader::failed, this, &MainWindow::reportLoadFailure);

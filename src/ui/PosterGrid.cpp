@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QListWidget>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
@@ -17,21 +18,6 @@ constexpr int prefetchMargin = 400;
 /// A list view waits 100 ms for further changes of its size before it lays out its items.
 constexpr int relayoutDelayMs = 150;
 
-/// Reserves the space of a whole poster for each entry, whatever the size of its picture. The grid
-/// takes the size of one item for all.
-class PosterDelegate final : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->decorationSize = posterSize;
-    }
-};
-
 void setUpList(QListWidget *list)
 {
     list->setViewMode(QListView::IconMode);
@@ -40,7 +26,6 @@ void setUpList(QListWidget *list)
     list->setWrapping(true);
     list->setUniformItemSizes(true);
     list->setIconSize(posterSize);
-    list->setItemDelegate(new PosterDelegate(list));
     list->setSpacing(10);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -56,11 +41,9 @@ void setUpList(QListWidget *list)
 class PosterItem final : public QListWidgetItem
 {
 public:
-    PosterItem(const MediaItem &shownEntry, const QHash<QString, QIcon> &iconOfUrl,
-               const QIcon &placeholderIcon)
+    PosterItem(const MediaItem &shownEntry, const PosterGrid &posterGrid)
         : entry(&shownEntry)
-        , icons(&iconOfUrl)
-        , placeholder(&placeholderIcon)
+        , grid(&posterGrid)
     {}
 
     void show(const MediaItem &shownEntry)
@@ -69,6 +52,7 @@ public:
         isRequested = false;
     }
     QString url() const { return entry->iconUrl; }
+    EntryMark mark() const { return grid->mark(*entry); }
 
     QVariant data(int role) const override
     {
@@ -76,9 +60,11 @@ public:
         case Qt::DisplayRole:
             return entry->name.toString();
         case Qt::DecorationRole:
-            return icons->value(entry->iconUrl, *placeholder);
+            return grid->icon(entry->iconUrl);
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(Qt::AlignHCenter | Qt::AlignTop);
+        case Qt::AccessibleDescriptionRole:
+            return describeMark(mark());
         case PosterRole::IconUrl:
             return entry->iconUrl.toString();
         case PosterRole::Requested:
@@ -92,9 +78,68 @@ public:
 
 private:
     const MediaItem *entry;
-    const QHash<QString, QIcon> *icons;
-    const QIcon *placeholder;
+    const PosterGrid *grid;
 };
+
+namespace {
+
+/// Reserves the space of a whole poster for each entry, whatever the size of its picture. The grid
+/// takes the size of one item for all. Marks lie over the poster.
+class PosterDelegate final : public QStyledItemDelegate
+{
+public:
+    explicit PosterDelegate(QListWidget *posterList)
+        : QStyledItemDelegate(posterList)
+        , list(posterList)
+    {}
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        const auto *item = static_cast<const PosterItem *>(list->item(index.row()));
+        const EntryMark mark = item != nullptr ? item->mark() : EntryMark();
+        if (!mark.isEmpty()) {
+            QStyleOptionViewItem withPoster = option;
+            initStyleOption(&withPoster, index);
+            paintMark(
+                *painter,
+                list->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &withPoster, list),
+                mark);
+        }
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->decorationSize = posterSize;
+    }
+
+private:
+    static void paintMark(QPainter &painter, const QRect &poster, const EntryMark &mark)
+    {
+        constexpr int margin = 4;
+        const QRect corners = poster.adjusted(margin, margin, -margin, -margin);
+        const QSize size(entryMarkSize, entryMarkSize);
+        if (mark.favorite) {
+            paintStar(painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignRight | Qt::AlignTop,
+                                                   size, corners));
+        }
+        if (mark.watched) {
+            paintCheckMark(
+                painter,
+                QStyle::alignedRect(Qt::LeftToRight, Qt::AlignLeft | Qt::AlignTop, size, corners));
+        }
+        if (mark.percent > 0) {
+            paintProgressBar(painter, poster, mark.percent);
+        }
+    }
+
+    QListWidget *list;
+};
+
+} // namespace
 
 RowRange rowsInBand(const QListWidget &grid, const QRect &band)
 {
@@ -125,6 +170,7 @@ PosterGrid::PosterGrid(QListWidget *widget, PosterStore *store)
     , posters(store)
 {
     setUpList(list);
+    list->setItemDelegate(new PosterDelegate(list));
     list->viewport()->installEventFilter(this);
     connect(list->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &PosterGrid::requestVisible);
@@ -146,7 +192,7 @@ void PosterGrid::fill(const ShownEntries &newEntries)
             itemAt(row)->show(newEntries.at(row));
         }
         for (int row = list->count(); row < newEntries.count(); ++row) {
-            list->addItem(new PosterItem(newEntries.at(row), icons, posters->placeholder()));
+            list->addItem(new PosterItem(newEntries.at(row), *this));
         }
     }
     entries = newEntries;
@@ -157,6 +203,11 @@ void PosterGrid::fill(const ShownEntries &newEntries)
     }
     list->reset();
     QTimer::singleShot(0, this, &PosterGrid::requestVisible);
+}
+
+QIcon PosterGrid::icon(const QString &url) const
+{
+    return icons.value(url, posters->placeholder());
 }
 
 QRect PosterGrid::nearBand() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/EntryMarks.h"
 #include "ui/ShownEntries.h"
 
 #include <QHash>
@@ -51,6 +52,13 @@ public:
     /// Requests the posters of the items in and near the visible part.
     void requestVisible();
 
+    /// Without it, no entry has a mark. To be called before the grid is filled.
+    void setMarks(const MarkOfEntry &marks) { markOf = marks; }
+    /// Of an entry that shows.
+    EntryMark mark(const MediaItem &entry) const { return markOf ? markOf(entry) : EntryMark(); }
+    /// What an item of that URL shows.
+    QIcon icon(const QString &url) const;
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -70,6 +78,7 @@ private:
     PosterStore *posters;
     QSet<QString> awaited; ///< requested and not arrived
     QSet<QString> lost;    ///< to be requested again when an item of theirs comes near
+    MarkOfEntry markOf;
     ShownEntries entries;
     QHash<QString, QIcon> icons; ///< what the items of a URL show in place of the placeholder
 };

@@ -21,6 +21,7 @@ public:
         return entries.isSharedWith(other.entries);
     }
 
+    const QList<int> &shownRows() const { return rows; }
     int count() const { return static_cast<int>(rows.size()); }
     const MediaItem &at(int row) const { return entries.at(rows.at(row)); }
 

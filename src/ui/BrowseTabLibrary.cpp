@@ -1,0 +1,145 @@
+#include "model/ItemFilter.h"
+#include "ui/BrowseTab.h"
+#include "ui/CategoryList.h"
+#include "ui/EntryTable.h"
+#include "ui/PosterGrid.h"
+#include "ui/RowMenu.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSet>
+
+// The part of BrowseTab that shows what the user keeps.
+
+void BrowseTab::setLibrary(TabLibrary *library)
+{
+    kept = library;
+    connect(kept, &TabLibrary::collectionChanged, this, &BrowseTab::showCollections);
+    connect(kept, &TabLibrary::marksChanged, view->viewport(), qOverload<>(&QWidget::update));
+    connect(kept, &TabLibrary::hiddenCategoriesChanged, this, &BrowseTab::showHiddenCategories);
+    connect(categoryList, &CategoryList::hideRequested, kept, &TabLibrary::hideCategory);
+    connect(categoryList, &CategoryList::unhideRequested, kept, &TabLibrary::unhideCategory);
+    const MarkOfEntry marks = [this](const MediaItem &item) { return kept->markOf(item); };
+    if (table != nullptr) {
+        table->setMarks(marks);
+        connect(table, &EntryTable::rowMoved, this, &BrowseTab::moveFavorite);
+    } else {
+        posterGrid->setMarks(marks);
+    }
+    addRowMenu(view, [this](QMenu &menu, const QModelIndex &index) { fillEntryMenu(menu, index); });
+}
+
+bool BrowseTab::viewHasFocus() const
+{
+    return view->hasFocus();
+}
+
+void BrowseTab::toggleFavorite()
+{
+    const int row = view->currentIndex().row();
+    if (row >= 0 && row < shown.count()) {
+        const MediaItem item = shown.at(row);
+        kept->setFavorite(item, !kept->isFavorite(item));
+    }
+}
+
+/// The entries of the list that shows, in its order; favorites in a grid in that of the sort box.
+QList<int> BrowseTab::collectionRows()
+{
+    const QString query = search->text();
+    const QList<int> rows = kept->rowsOf(collection, entries.items());
+    if (table != nullptr || collection != Collection::Favorites) {
+        return filteredRows(entries.items(), rows, {}, query);
+    }
+    const QSet<int> chosen(rows.begin(), rows.end());
+    QList<int> sorted = entries.select({}, query, sortCombo->currentData().toString());
+    sorted.removeIf([&chosen](int row) { return !chosen.contains(row); });
+    return sorted;
+}
+
+void BrowseTab::showCollections(Collection changed)
+{
+    categoryList->setCollections(kept->collections());
+    if (changed != Collection::None && changed == collection &&
+        filteredEntries() != shown.shownRows()) {
+        refilter();
+    }
+}
+
+void BrowseTab::showHiddenCategories()
+{
+    categoryList->setHidden(kept->hiddenCategories());
+    if (categoryId.isEmpty() && collection == Collection::None &&
+        filteredEntries() != shown.shownRows()) {
+        refilter();
+    }
+}
+
+void BrowseTab::dropHidden(QList<int> &rows) const
+{
+    const QSet<QString> hidden = kept != nullptr ? kept->hiddenCategories() : QSet<QString>();
+    if (hidden.isEmpty()) {
+        return;
+    }
+    const QSet<CatalogText> ids(hidden.begin(), hidden.end());
+    const QList<MediaItem> &items = entries.items();
+    rows.removeIf([&](int row) { return ids.contains(items.at(row).categoryId); });
+}
+
+/// Lists with an order of their own have no use for the sort box; only the favorites of a table can
+/// be moved, while all of them show.
+void BrowseTab::updateOrdering()
+{
+    if (table != nullptr) {
+        table->setMovable(collection == Collection::Favorites && search->text().isEmpty());
+    } else {
+        sortCombo->setEnabled(collection == Collection::None ||
+                              collection == Collection::Favorites);
+    }
+}
+
+void BrowseTab::moveFavorite(int from, int to)
+{
+    QStringList ids;
+    for (int row = 0; row < shown.count(); ++row) {
+        ids.append(shown.at(row).id);
+    }
+    const int place = to > from ? to - 1 : to;
+    ids.move(from, place);
+    kept->setFavoriteOrder(ids);
+    table->setCurrentCell(place, 0);
+}
+
+void BrowseTab::fillEntryMenu(QMenu &menu, const QModelIndex &index)
+{
+    if (!index.isValid() || index.row() >= shown.count()) {
+        return;
+    }
+    const MediaItem item = shown.at(index.row());
+    const bool isFavorite = kept->isFavorite(item);
+    QAction *favorite =
+        menu.addAction(isFavorite ? tr("Remove from Favorites") : tr("Add to Favorites"), this,
+                       [this, item, isFavorite] { kept->setFavorite(item, !isFavorite); });
+    favorite->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
+    if (table != nullptr && collection == Collection::Favorites) {
+        menu.addActions(table->moveActions());
+    }
+    if (collection == Collection::RecentlyWatched) {
+        menu.addAction(tr("Remove from List"), this,
+                       [this, item] { kept->removeFromRecentlyWatched(item); });
+    }
+    if (!kept->hasWatchedMarks()) {
+        return;
+    }
+    menu.addSeparator();
+    const EntryMark mark = kept->markOf(item);
+    if (!mark.watched) {
+        menu.addAction(tr("Mark as Watched"), this, [this, item] { kept->setWatched(item, true); });
+    }
+    if (mark.watched || mark.percent > 0) {
+        menu.addAction(tr("Mark as Unwatched"), this,
+                       [this, item] { kept->setWatched(item, false); });
+    }
+}
