@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The size of a tenth from which on its median means something.
-constexpr qsizetype samplesPerTenth = 3;
+/// The fewest samples whose median means something.
+constexpr qsizetype fewestSamples = 6;
 
 struct Free
 {
@@ -89,12 +89,16 @@ qint64 median(QList<qint64> values)
 std::optional<ProcessUsage> ProcessUsage::of(qint64 processId)
 {
     const QString process = u"/proc/%1"_s.arg(processId);
-    const auto memory = procValue(process + "/smaps_rollup"_L1, u"Pss"_s);
-    const auto threads = procValue(process + "/status"_L1, u"Threads"_s);
-    if (!memory || !threads)
+    const QString status = process + "/status"_L1;
+    const auto written = procValue(status, u"RssAnon"_s);
+    const auto shared = procValue(status, u"RssShmem"_s);
+    const auto mapped = procValue(status, u"RssFile"_s);
+    const auto threads = procValue(status, u"Threads"_s);
+    if (!written || !shared || !mapped || !threads)
         return {};
     ProcessUsage usage;
-    usage.memoryKb = *memory;
+    usage.memoryKb = *written + *shared;
+    usage.mappedFilesKb = *mapped;
     usage.threads = *threads;
     // Every handle is a link to what is open, which often is no file.
     usage.fileHandles = QDir(process + "/fd"_L1)
@@ -106,8 +110,9 @@ std::optional<ProcessUsage> ProcessUsage::of(qint64 processId)
 
 QString ProcessUsage::text() const
 {
-    return u"memory %1 MB, file handles %2, threads %3, display resources %4"_s
+    return u"memory %1 MB, mapped files %2 MB, file handles %3, threads %4, display resources %5"_s
         .arg(static_cast<double>(memoryKb) / 1024, 0, 'f', 1)
+        .arg(static_cast<double>(mappedFilesKb) / 1024, 0, 'f', 1)
         .arg(fileHandles)
         .arg(threads)
         .arg(displayResources);
@@ -130,18 +135,20 @@ QString UsageGrowth::text() const
 QList<UsageGrowth> usageGrowth(const QList<ProcessUsage> &samples)
 {
     const qsizetype tenth = samples.size() / 10;
-    if (tenth < samplesPerTenth)
+    const qsizetype window = samples.size() / 5;
+    if (window < fewestSamples)
         return {};
     const auto growth = [&](const QString &what, qint64 ProcessUsage::*value) {
         QList<qint64> early;
         QList<qint64> late;
-        for (qsizetype index = 0; index < tenth; ++index) {
+        for (qsizetype index = 0; index < window; ++index) {
             early.append(samples.at(tenth + index).*value);
-            late.append(samples.at(samples.size() - tenth + index).*value);
+            late.append(samples.at(samples.size() - window + index).*value);
         }
         return UsageGrowth{what, median(early), median(late)};
     };
     return {growth(u"memory in kB"_s, &ProcessUsage::memoryKb),
+            growth(u"mapped files in kB"_s, &ProcessUsage::mappedFilesKb),
             growth(u"file handles"_s, &ProcessUsage::fileHandles),
             growth(u"threads"_s, &ProcessUsage::threads),
             growth(u"display resources"_s, &ProcessUsage::displayResources)};

@@ -8,8 +8,11 @@
 /// What a running program holds at one moment.
 struct ProcessUsage
 {
-    /// In kilobytes; memory shared with other processes counts by its share.
+    /// In kilobytes: what the process has written, and what it shares with the display. Unlike the
+    /// share of libraries (Pss), this does not depend on which other programs run.
     qint64 memoryKb = 0;
+    /// In kilobytes: pages of libraries and other files as they are on disk.
+    qint64 mappedFilesKb = 0;
     qint64 fileHandles = 0;
     qint64 threads = 0;
     /// Windows, pixmaps, pictures, cursors and the like, of all of its connections to the display.
@@ -25,8 +28,8 @@ struct ProcessUsage
 struct UsageGrowth
 {
     QString what;
-    qint64 early = 0; ///< the median of the second tenth of the run
-    qint64 late = 0;  ///< the median of the last tenth
+    qint64 early = 0; ///< the median of the second and third tenths of the run
+    qint64 late = 0;  ///< the median of the last two tenths
 
     bool isWithin(double share) const;
     QString text() const;

@@ -13,6 +13,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 class TestSoak : public QObject
@@ -22,6 +24,8 @@ class TestSoak : public QObject
 private Q_SLOTS:
     void secretFormsAreFound_data();
     void secretFormsAreFound();
+    void growthIsSeen_data();
+    void growthIsSeen();
     void holdsItsOwn();
 };
 
@@ -72,6 +76,42 @@ void TestSoak::secretFormsAreFound()
     QCOMPARE(forms.lineIn("first\nbefore " + output + " after\nlast"),
              "before " + output + " after");
     QCOMPARE(forms.lineIn("first\nbefore *** after\nlast"), QByteArray());
+}
+
+void TestSoak::growthIsSeen_data()
+{
+    QTest::addColumn<int>("samples");
+    QTest::addColumn<double>("swing");
+    QTest::addColumn<double>("leak");
+    QTest::addColumn<bool>("passes");
+    QTest::newRow("steady") << 40 << 0.0 << 0.0 << true;
+    QTest::newRow("swings by 10 %") << 40 << 0.1 << 0.0 << true;
+    QTest::newRow("swings for an hour") << 240 << 0.1 << 0.0 << true;
+    QTest::newRow("leaks 1 % in each tenth") << 240 << 0.0 << 0.01 << false;
+    QTest::newRow("leaks 5 % in each tenth") << 40 << 0.0 << 0.05 << false;
+    QTest::newRow("leaks 5 % and swings by 10 %") << 240 << 0.1 << 0.05 << false;
+}
+
+void TestSoak::growthIsSeen()
+{
+    QFETCH(const int, samples);
+    QFETCH(const double, swing);
+    QFETCH(const double, leak);
+    QFETCH(const bool, passes);
+    QList<ProcessUsage> usages;
+    for (int index = 0; index < samples; ++index) {
+        const double tenths = 10.0 * index / samples;
+        const double place = (index * 7 % 11) / 5.0 - 1; // from -1 to 1
+        ProcessUsage usage;
+        usage.memoryKb = qRound64(90'000 * (1 + leak * tenths + swing * place));
+        usages << usage;
+    }
+    const QList<UsageGrowth> growths = usageGrowth(usages);
+    QVERIFY(!growths.isEmpty());
+    const bool within = std::all_of(growths.begin(), growths.end(), [](const UsageGrowth &growth) {
+        return growth.isWithin(allowedGrowth);
+    });
+    QCOMPARE(within, passes);
 }
 
 void TestSoak::holdsItsOwn()
