@@ -1,13 +1,10 @@
 """Which test executes which lines of `src/`: measured once and kept until the sources change."""
 
-import contextlib
 import hashlib
 import json
 import re
 import subprocess
 import tempfile
-import threading
-from collections import defaultdict
 from pathlib import Path
 
 import workspace
@@ -71,13 +68,9 @@ def measured(space, folder, tests, jobs):
 
 def _measure(space, jobs):
     lines, seconds, broken = {}, {}, {}
-    locks = defaultdict(threading.Lock)
 
     def measure(test):
-        with contextlib.ExitStack() as held:
-            for lock in test.locks:
-                held.enter_context(locks[lock])
-            return test.program, *_measure_program(space, test)
+        return test.program, *_measure_program(space, test)
 
     with workspace.pool([space], jobs) as pool:
         for program, result, runs in pool.map(measure, space.programs().values()):

@@ -32,7 +32,6 @@ class Test:
     directory: str
     seconds: float  # the time limit
     e2e: bool
-    locks: list  # its CTest resource locks
 
     def alone(self, function):
         return replace(self, command=[*self.command, function])
@@ -148,7 +147,6 @@ class Workspace:
             found[test["name"]] = Test(
                 test["name"], test["command"], environment, properties["WORKING_DIRECTORY"],
                 properties.get("TIMEOUT", 300), "e2e" in properties.get("LABELS", []),
-                properties.get("RESOURCE_LOCK", []),
             )
         return found
 
