@@ -3,6 +3,7 @@
 
 option(VANTIRO_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 set(VANTIRO_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
+option(VANTIRO_COVERAGE "Count how often each line of src/ runs (GCC)" OFF)
 option(VANTIRO_HARDEN "Build with the compiler's and linker's hardening" OFF)
 
 add_library(vantiro_options INTERFACE)
@@ -35,6 +36,10 @@ if(VANTIRO_SANITIZE)
     target_compile_options(vantiro_options INTERFACE
         -fsanitize=${VANTIRO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(vantiro_options INTERFACE -fsanitize=${VANTIRO_SANITIZE})
+endif()
+
+if(VANTIRO_COVERAGE) # src/CMakeLists.txt compiles with it
+    target_link_options(vantiro_options INTERFACE --coverage)
 endif()
 
 if(VANTIRO_HARDEN)
