@@ -120,7 +120,8 @@ void MainWindow::markShow(const MediaItem &show, bool watched)
         return;
     }
     QList<Episode> cached;
-    if (CatalogCache::loadEpisodes(entry.source, entry.id, catalogMaxAgeSeconds, cached)) {
+    if (CatalogCache::loadEpisodes(entry.source, entry.id, catalogMaxAgeSeconds, cached) &&
+        !cached.isEmpty()) {
         markEpisodesOfShow(entry, cached, true);
         return;
     }
@@ -129,8 +130,10 @@ void MainWindow::markShow(const MediaItem &show, bool watched)
         return;
     }
     xtream->fetchSeriesEpisodes(entry.id, [this, entry](const QList<Episode> &episodes) {
-        CatalogCache::saveEpisodes(entry.source, entry.id, episodes);
-        markEpisodesOfShow(entry, episodes, true);
+        if (!episodes.isEmpty()) {
+            CatalogCache::saveEpisodes(entry.source, entry.id, episodes);
+            markEpisodesOfShow(entry, episodes, true);
+        }
     });
 }
 
@@ -150,8 +153,6 @@ void MainWindow::markEpisodesOfShow(const LibraryEntry &show, const QList<Episod
             }
         }
     }
-    if (!watched || !episodes.isEmpty()) {
-        offerUndo(watched ? tr("Marked as Watched") : tr("Marked as Unwatched"),
-                  library->setWatched(rows, watched));
-    }
+    offerUndo(watched ? tr("Marked as Watched") : tr("Marked as Unwatched"),
+              library->setWatched(rows, watched));
 }
