@@ -120,6 +120,12 @@ bool click(const Accessible &control)
     return !point.isNull() && click(point);
 }
 
+bool rightClick(const Accessible &control)
+{
+    const QPoint point = settledMiddle(control);
+    return !point.isNull() && xdotool(arriving(point) + QStringList{u"click"_s, u"3"_s});
+}
+
 } // namespace Mouse
 
 namespace Keyboard {

@@ -25,6 +25,8 @@ namespace Mouse {
 
 /// At the middle of a control, once its window has come to rest on the screen.
 [[nodiscard]] bool click(const Accessible &control);
+/// The same with the right button.
+[[nodiscard]] bool rightClick(const Accessible &control);
 /// Opens a combo box and clicks the item with this text. Returns once the box shows it.
 [[nodiscard]] bool choose(const Accessible &comboBox, const QString &text);
 

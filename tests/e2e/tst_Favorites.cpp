@@ -1,0 +1,116 @@
+// What the user keeps, in the real window: by mouse, by key, and after a restart.
+
+#include "e2e/AccountTest.h"
+#include "fakeprovider/Streams.h"
+#include "support/HttpReplies.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace desktop;
+
+class TestFavorites : public AccountTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void orderSurvivesARestart();
+    void whatPlaysAndUndo();
+    void hiddenCategoryByKey();
+
+private:
+    void fill() override;
+    Accessible table() const { return session->window.waitFor(Role::Table); }
+    /// Chooses an action of the menu that is open.
+    bool chooseFromMenu(const QString &action) const;
+    bool addToFavorites(const QString &channel) const;
+    /// Opens the favorites, or another list of the category page.
+    bool openList(const QString &name) const;
+};
+
+void TestFavorites::fill()
+{
+    for (const QString &name : {u"One"_s, u"Two"_s, u"Three"_s, u"Four"_s})
+        provider->addChannel(name, [](const HttpRequest &) { return liveTs(); });
+    provider->setNames(XtreamAction::liveCategories, {u"News"_s});
+}
+
+bool TestFavorites::chooseFromMenu(const QString &action) const
+{
+    const Accessible menu = session->app.waitForMenu();
+    return menu && Mouse::click(menu.waitFor(Role::MenuItem, action)) && menu.waitUntilGone();
+}
+
+bool TestFavorites::addToFavorites(const QString &channel) const
+{
+    return Mouse::rightClick(session->entry(channel)) && chooseFromMenu(u"Add to Favorites"_s);
+}
+
+bool TestFavorites::openList(const QString &name) const
+{
+    return session->clickButton(u"< Back to Categories"_s) && session->openCategory(name);
+}
+
+void TestFavorites::orderSurvivesARestart()
+{
+    QVERIFY(session->openAll(UiTexts::liveTab));
+    for (const QString &channel : {u"Two"_s, u"Three"_s, u"Four"_s})
+        QVERIFY(addToFavorites(channel));
+    QVERIFY(openList(u"Favorites"_s));
+    QTRY_COMPARE(table().rowTexts(), (QStringList{u"Two"_s, u"Three"_s, u"Four"_s}));
+    const QRect first = session->entry(u"Two"_s).rect();
+    const QRect last = session->entry(u"Four"_s).rect();
+    QVERIFY(Mouse::drag(last.center(), first.topLeft() + QPoint(40, 2)));
+    const QStringList moved{u"Four"_s, u"Two"_s, u"Three"_s};
+    QTRY_COMPARE(table().rowTexts(), moved);
+    session->keepScreenshot(u"favorites"_s);
+    // A drag does not play.
+    QVERIFY(!session->window.find(Role::Button, u"Pause"_s));
+    QVERIFY(session->close());
+    QVERIFY(session->start());
+    QVERIFY(session->openCategory(u"Favorites"_s));
+    QTRY_COMPARE(table().rowTexts(), moved);
+    QVERIFY(session->watch(u"Two"_s));
+}
+
+void TestFavorites::whatPlaysAndUndo()
+{
+    QVERIFY(session->openAll(UiTexts::liveTab));
+    QVERIFY(session->watch(u"Three"_s));
+    QVERIFY(Keyboard::press(u"ctrl+d"_s));
+    QVERIFY(session->showsLabel(u"Added to Favorites"_s));
+    QVERIFY(openList(u"Favorites"_s));
+    QTRY_COMPARE(table().rowTexts(), QStringList{u"Three"_s});
+    QVERIFY(Mouse::rightClick(session->entry(u"Three"_s)));
+    QVERIFY(chooseFromMenu(u"Remove from Favorites"_s));
+    QTRY_COMPARE(table().rowTexts(), QStringList());
+    QVERIFY(session->showsLabel(u"Removed from Favorites"_s));
+    session->keepScreenshot(u"undo"_s);
+    QVERIFY(session->clickButton(u"Undo"_s));
+    QTRY_COMPARE(table().rowTexts(), QStringList{u"Three"_s});
+}
+
+void TestFavorites::hiddenCategoryByKey()
+{
+    const Accessible list = session->window.waitFor(Role::List);
+    QTRY_COMPARE(list.rowTexts(), (QStringList{u"All Categories"_s, u"News"_s}));
+    QVERIFY(Mouse::click(session->window.waitFor(Role::Edit, u"Search all channels..."_s)));
+    QVERIFY(Keyboard::press(u"Tab"_s));
+    QVERIFY(Keyboard::press(u"Down"_s, 2));
+    QVERIFY(Keyboard::press(u"Menu"_s));
+    const Accessible menu = session->app.waitForMenu();
+    QVERIFY(menu.waitFor(Role::MenuItem, u"Hide Category"_s));
+    session->keepScreenshot(u"hide-category"_s);
+    QVERIFY(Keyboard::press(u"Down"_s));
+    QVERIFY(Keyboard::press(u"Return"_s));
+    QVERIFY(menu.waitUntilGone());
+    QTRY_COMPARE(list.rowTexts(), QStringList{u"All Categories"_s});
+    QVERIFY(session->close());
+    QVERIFY(session->start());
+    const Accessible again = session->window.waitFor(Role::List);
+    QTRY_COMPARE(again.rowTexts(), QStringList{u"All Categories"_s});
+}
+
+VANTIRO_TEST_MAIN(TestFavorites)
+#include "tst_Favorites.moc"
