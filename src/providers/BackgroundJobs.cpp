@@ -23,12 +23,12 @@ BackgroundJobs::~BackgroundJobs()
     thread.wait();
 }
 
-void BackgroundJobs::start(const std::function<void()> &job)
+void BackgroundJobs::start(std::function<void()> job)
 {
     if (!thread.isRunning()) {
         thread.start();
     }
-    QMetaObject::invokeMethod(context, job, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(context, std::move(job), Qt::QueuedConnection);
 }
 
 void BackgroundJobs::report(const std::function<void()> &job)

@@ -29,7 +29,7 @@ public:
             return;
         }
         ++waiting;
-        start([this, work = std::move(work), done = std::move(done)] {
+        start([this, work = std::move(work), done = std::move(done)]() mutable {
             auto result = work();
             report([this, done, result = std::move(result)] {
                 --waiting;
@@ -41,7 +41,7 @@ public:
 private:
     static constexpr qsizetype worthAThread = 256 * 1024;
 
-    void start(const std::function<void()> &job);
+    void start(std::function<void()> job);
     void report(const std::function<void()> &job);
 
     QThread thread;

@@ -233,8 +233,8 @@ void CatalogLoader::takePlaylist(const PlaylistReply &reply, const SourceConfig 
                        CatalogSection::Channel, isFile ? source.url : reply.error});
         return;
     }
-    const auto parse = [body = reply.body] {
-        const M3uParser::Result parsed = M3uParser::parseUtf8(body);
+    const auto parse = [body = reply.body]() mutable {
+        const M3uParser::Result parsed = M3uParser::parseUtf8(body.join());
         return CatalogCache::Section{parsed.categories, parsed.items};
     };
     jobs->run(reply.body.size(), parse, [this, fetch](const CatalogCache::Section &channels) {

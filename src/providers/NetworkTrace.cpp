@@ -2,8 +2,8 @@
 
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
+#include "providers/ReplyBytes.h"
 
-#include <QByteArray>
 #include <QNetworkReply>
 #include <QUrl>
 
@@ -36,9 +36,10 @@ void traceFailedReply(const char *tag, const QNetworkReply &reply)
     }
 }
 
-void traceReply(const char *tag, const QNetworkReply &reply, const QByteArray &body)
+void traceReply(const char *tag, const QNetworkReply &reply, const ReplyBytes &body)
 {
     if (netDebugEnabled()) {
-        NetLogStream() << tag << "<-" << httpStatus(reply) << traceSafeHead(body, traceBodyBytes);
+        NetLogStream() << tag << "<-" << httpStatus(reply)
+                       << traceSafeHead(body.head(), traceBodyBytes);
     }
 }

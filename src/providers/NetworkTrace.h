@@ -2,8 +2,8 @@
 
 #include <QString>
 
-class QByteArray;
 class QNetworkReply;
+class ReplyBytes;
 
 /// How much of a reply's body a trace line shows, in bytes.
 inline constexpr int traceBodyBytes = 2000;
@@ -15,4 +15,4 @@ QString traceSafeError(const QNetworkReply &reply);
 void traceFailedReply(const char *tag, const QNetworkReply &reply);
 
 /// Traces a reply's HTTP status and the head of its body under `tag`, when tracing is on.
-void traceReply(const char *tag, const QNetworkReply &reply, const QByteArray &body);
+void traceReply(const char *tag, const QNetworkReply &reply, const ReplyBytes &body);

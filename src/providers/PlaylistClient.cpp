@@ -23,7 +23,7 @@ bool isDownloadable(const QString &address)
 /// Takes the body of a finished reply, and traces it.
 PlaylistReply takeReply(const QNetworkReply &reply, ReplyBody &replyBody)
 {
-    const QByteArray body = replyBody.take();
+    const ReplyBytes body = replyBody.take();
     if (reply.error() != QNetworkReply::NoError) {
         if (netDebugEnabled()) {
             NetLogStream() << "[M3U] <- error:" << traceSafeError(reply);
@@ -60,7 +60,7 @@ PlaylistReply PlaylistClient::readFile(const QString &path)
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return {PlaylistReply::Outcome::FileNotOpened, {}, {}};
     }
-    return {PlaylistReply::Outcome::Read, file.readAll(), {}};
+    return {PlaylistReply::Outcome::Read, ReplyBytes(file.readAll()), {}};
 }
 
 void PlaylistClient::download(const QString &url, const Callback &callback)
@@ -70,7 +70,7 @@ void PlaylistClient::download(const QString &url, const Callback &callback)
     }
     QNetworkReply *reply = network->get(QNetworkRequest(QUrl(url)));
     auto *body = new ReplyBody(reply, ReplyBody::maxCatalogBytes);
-    connect(reply, &QNetworkReply::finished, this, [reply, body, callback] {
+    connect(body, &ReplyBody::finished, this, [reply, body, callback] {
         reply->deleteLater();
         callback(takeReply(*reply, *body));
     });

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "providers/ReplyBytes.h"
+
 #include <QObject>
 #include <QString>
 
@@ -19,7 +20,7 @@ struct PlaylistReply
     };
 
     Outcome outcome = Outcome::Read;
-    QByteArray body; ///< empty on failure
+    ReplyBytes body; ///< empty on failure
     QString error;   ///< of the network layer, when the download failed
 };
 

@@ -3,13 +3,28 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 
+#include <array>
 #include <utility>
+
+namespace {
+
+/// What may wait to be read: enough for a fast connection on a busy machine. Packed bytes wait in
+/// smaller number, since Qt unpacks all that wait at once.
+constexpr qint64 waitingBytes = 4LL * 1024 * 1024;
+constexpr qint64 waitingPackedBytes = 256LL * 1024;
+/// What is read at a time, as unpacked.
+constexpr qint64 sliceBytes = 1024LL * 1024;
+
+} // namespace
 
 ReplyBody::ReplyBody(QNetworkReply *networkReply, qint64 mostBytes)
     : QObject(networkReply)
     , reply(networkReply)
     , maxBytes(mostBytes)
 {
+    reply->setReadBufferSize(waitingPackedBytes);
+    nextSlice.setSingleShot(true);
+    connect(&nextSlice, &QTimer::timeout, this, &ReplyBody::readSlice);
     // Until the first head arrives, the manager's own timeout runs.
     timer.setSingleShot(true);
     timer.setInterval(reply->manager()->transferTimeout());
@@ -17,16 +32,12 @@ ReplyBody::ReplyBody(QNetworkReply *networkReply, qint64 mostBytes)
     connect(reply, &QNetworkReply::redirected, this, &ReplyBody::restartTimer);
     connect(reply, &QNetworkReply::metaDataChanged, this, &ReplyBody::checkHead);
     connect(reply, &QNetworkReply::readyRead, this, &ReplyBody::read);
-    connect(reply, &QNetworkReply::finished, &timer, &QTimer::stop);
+    connect(reply, &QNetworkReply::finished, this, &ReplyBody::readRest);
 }
 
-QByteArray ReplyBody::take()
+ReplyBytes ReplyBody::take()
 {
-    if (reply->error() == QNetworkReply::NoError) {
-        body += reply->readAll();
-    }
-    // The rest may be what cannot be unpacked.
-    return reply->error() == QNetworkReply::NoError ? std::exchange(body, {}) : QByteArray();
+    return reply->error() == QNetworkReply::NoError ? std::exchange(body, {}) : ReplyBytes();
 }
 
 void ReplyBody::restartTimer()
@@ -41,17 +52,51 @@ void ReplyBody::checkHead()
     restartTimer();
     if (reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > maxBytes) {
         reply->abort();
+    } else if (!reply->hasRawHeader("Content-Encoding")) {
+        reply->setReadBufferSize(waitingBytes);
     }
 }
 
 void ReplyBody::read()
 {
-    body += reply->readAll();
+    if (!nextSlice.isActive()) {
+        readSlice();
+    }
+}
+
+void ReplyBody::readRest()
+{
+    timer.stop();
+    if (reply->error() != QNetworkReply::NoError) {
+        nextSlice.stop();
+        Q_EMIT finished();
+    } else {
+        read();
+    }
+}
+
+void ReplyBody::readSlice()
+{
+    std::array<char, 64UL * 1024> buffer; // NOLINT: filled below
+    qint64 count = 1;
+    for (qint64 slice = 0; count > 0 && slice < sliceBytes; slice += count) {
+        count = reply->read(buffer.data(), std::ssize(buffer));
+        if (count > 0) {
+            body.append({buffer.data(), count});
+        }
+    }
     const bool cannotBeUnpacked = reply->error() != QNetworkReply::NoError;
-    if (cannotBeUnpacked || body.size() > maxBytes) {
-        body.clear();
-        reply->abort();
-    } else if (body.size() - bytesInTime >= minProgressBytes) {
+    if (reply->isRunning() && (cannotBeUnpacked || body.size() > maxBytes)) {
+        reply->abort(); // which finishes it
+        return;
+    }
+    if (!cannotBeUnpacked && count > 0) {
+        nextSlice.start();
+    } else if (reply->isFinished()) {
+        Q_EMIT finished();
+        return;
+    }
+    if (body.size() - bytesInTime >= minProgressBytes) {
         bytesInTime = body.size();
         restartTimer();
     }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "providers/ReplyBytes.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -11,9 +12,9 @@ class QNetworkReply;
 inline constexpr int replyTimeoutMs = 60000;
 inline constexpr int posterTimeoutMs = 30000;
 
-/// Reads the body of one reply as it arrives, and aborts a reply that is too large or too slow,
-/// which is a network failure like any other. A child of the reply; make it right after the request
-/// was sent. Nobody else reads from the reply.
+/// Reads the body of one reply as it arrives, a little at a time so that the GUI thread stays free,
+/// and aborts a reply that is too large or too slow, which is a network failure like any other. A
+/// child of the reply; make it right after the request was sent. Nobody else reads from the reply.
 class ReplyBody final : public QObject
 {
     Q_OBJECT
@@ -30,18 +31,25 @@ public:
 
     ReplyBody(QNetworkReply *networkReply, qint64 maxBytes);
 
-    /// The body of the reply that has finished; empty when it failed.
-    QByteArray take();
+    /// The body of the reply after finished(); empty when it failed.
+    ReplyBytes take();
+
+Q_SIGNALS:
+    /// The reply has failed, or it has finished and its body was read. Comes once.
+    void finished();
 
 private:
     void checkHead();
     void read();
+    void readSlice();
+    void readRest();
     /// Qt 6.4 forgets the manager's timeout behind a redirect.
     void restartTimer();
 
     QNetworkReply *reply;
     const qint64 maxBytes;
-    QByteArray body;
+    ReplyBytes body;
     qint64 bytesInTime = 0; ///< what had arrived when the timer was started
     QTimer timer;
+    QTimer nextSlice; ///< runs while more may be there to be read
 };

@@ -15,6 +15,8 @@
 #include <QUrl>
 #include <QUrlQuery>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -66,19 +68,20 @@ auto parsedBy(BackgroundJobs *jobs, Records (*parse)(const QByteArray &),
               bool (QJsonDocument::*isExpected)() const,
               std::function<void(CatalogReply<Record>)> callback)
 {
-    return
-        [jobs, parse, isExpected, callback = std::move(callback)](const QByteArray &body, bool ok) {
-            const auto read = [parse, isExpected, body, ok] {
-                CatalogReply<Record> reply;
-                if (ok) {
-                    reply.records = parse(body);
-                }
-                reply.failed =
-                    reply.records.isEmpty() && !(QJsonDocument::fromJson(body).*isExpected)();
-                return reply;
-            };
-            jobs->run(body.size(), read, callback);
+    return [jobs, parse, isExpected, callback = std::move(callback)](ReplyBytes bytes, bool ok) {
+        const qsizetype size = bytes.size();
+        auto read = [parse, isExpected, bytes = std::move(bytes), ok]() mutable {
+            const QByteArray body = bytes.join();
+            CatalogReply<Record> reply;
+            if (ok) {
+                reply.records = parse(body);
+            }
+            reply.failed =
+                reply.records.isEmpty() && !(QJsonDocument::fromJson(body).*isExpected)();
+            return reply;
         };
+        jobs->run(size, std::move(read), callback);
+    };
 }
 
 } // namespace
@@ -103,19 +106,22 @@ void XtreamClient::get(const QString &action, const QString &extra,
                        std::function<void(QJsonDocument, bool)> callback)
 {
     request(action, extra, ReplyBody::maxAnswerBytes,
-            [callback = std::move(callback)](const QByteArray &body, bool ok) {
-                if (!ok) {
-                    callback({}, false);
-                    return;
-                }
-                QJsonParseError error;
-                const QJsonDocument document = QJsonDocument::fromJson(body, &error);
-                callback(document, error.error == QJsonParseError::NoError);
+            [jobs = parsing, callback = std::move(callback)](ReplyBytes bytes, bool ok) {
+                const qsizetype size = bytes.size();
+                auto read = [bytes = std::move(bytes), ok]() mutable {
+                    QJsonParseError error;
+                    const QJsonDocument document = QJsonDocument::fromJson(bytes.join(), &error);
+                    return std::pair(document, ok && error.error == QJsonParseError::NoError);
+                };
+                jobs->run(size, std::move(read),
+                          [callback](const std::pair<QJsonDocument, bool> &answer) {
+                              callback(answer.first, answer.second);
+                          });
             });
 }
 
 void XtreamClient::request(const QString &action, const QString &extra, qint64 maxBytes,
-                           std::function<void(const QByteArray &, bool)> callback)
+                           std::function<void(ReplyBytes, bool)> callback)
 {
     QUrlQuery query;
     query.addQueryItem(u"username"_s, queryValue(username));
@@ -139,17 +145,17 @@ void XtreamClient::request(const QString &action, const QString &extra, qint64 m
     auto *replyBody = new ReplyBody(reply, maxBytes);
     // The captured scope redacts the password until the reply is traced, even if another account is
     // configured before that.
-    connect(reply, &QNetworkReply::finished, this,
+    connect(replyBody, &ReplyBody::finished, this,
             [reply, replyBody, sent = redaction, callback = std::move(callback)] {
                 reply->deleteLater();
-                const QByteArray body = replyBody->take();
+                ReplyBytes body = replyBody->take();
                 if (reply->error() != QNetworkReply::NoError) {
                     traceFailedReply("[Xtream]", *reply);
                     callback({}, false);
                     return;
                 }
                 traceReply("[Xtream]", *reply, body);
-                callback(body, true);
+                callback(std::move(body), true);
             });
 }
 

@@ -13,14 +13,15 @@
 
 class BackgroundJobs;
 class QNetworkAccessManager;
+class ReplyBytes;
 
 /// Talks to an Xtream Codes server: JSON requests to its "/player_api.php", the login check, the
 /// catalog, and the URLs of its streams.
 ///
 /// GUI thread only. Each callback is called exactly once, later, on the GUI thread, unless the
 /// client is destroyed first. Requests are independent and may run concurrently; one that makes no
-/// progress for replyTimeoutMs, or brings too many bytes, fails. Nothing is retried. Large catalogs
-/// are parsed on another thread; catalogs are handed over in the order in which they were received.
+/// progress for replyTimeoutMs, or brings too many bytes, fails. Nothing is retried. Large replies
+/// are parsed on another thread; results are handed over in the order in which they were received.
 class XtreamClient final : public QObject
 {
     Q_OBJECT
@@ -77,12 +78,12 @@ private:
     /// Sends one request and hands over its body, of `maxBytes` at most; the flag is true when the
     /// network succeeded.
     void request(const QString &action, const QString &extra, qint64 maxBytes,
-                 std::function<void(const QByteArray &, bool)> callback);
+                 std::function<void(ReplyBytes, bool)> callback);
     static QString streamUrl(const XtreamAccount &account, QLatin1StringView kind,
                              const QString &streamId, const QString &extension);
 
     QNetworkAccessManager *network;
-    BackgroundJobs *parsing; ///< of catalogs
+    BackgroundJobs *parsing;
     QString server;
     QString username;
     QString password;

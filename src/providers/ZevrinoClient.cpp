@@ -2,6 +2,7 @@
 
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
+#include "providers/BackgroundJobs.h"
 #include "providers/NetworkTrace.h"
 #include "providers/ReplyBody.h"
 #include "providers/SubscriptionAddress.h"
@@ -12,6 +13,8 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QUrl>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +34,7 @@ ZevrinoClient::ZevrinoClient(QObject *parent)
 ZevrinoClient::ZevrinoClient(const QString &baseUrl, QObject *parent)
     : QObject(parent)
     , network(new QNetworkAccessManager(this))
+    , parsing(new BackgroundJobs(this))
     , endpoint(baseUrl + "/api/v1/subscription/credentials"_L1)
 {
     network->setTransferTimeout(replyTimeoutMs);
@@ -72,20 +76,25 @@ void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
     }
     QNetworkReply *reply = network->post(request, question);
     auto *body = new ReplyBody(reply, ReplyBody::maxAnswerBytes);
-    connect(reply, &QNetworkReply::finished, this,
-            [reply, body, redaction, callback = std::move(callback)] {
-                reply->deleteLater();
-                const QByteArray replyBody = body->take();
+    // The captured scope redacts the key until the reply is deleted.
+    connect(body, &ReplyBody::finished, this,
+            [this, reply, body, redaction, callback = std::move(callback)] {
+                ReplyBytes bytes = body->take();
                 if (reply->error() != QNetworkReply::NoError) {
                     traceFailedReply("[Zevrino]", *reply);
+                    reply->deleteLater();
                     callback(false, {}, tr("Could not reach server: %1").arg(reply->errorString()));
                     return;
                 }
-                const Outcome outcome = readReply(replyBody);
-                // The reply may repeat the account's password outside the member of that name.
-                const RedactionScope account(outcome.credentials.password,
-                                             outcome.credentials.serverUrl);
-                traceReply("[Zevrino]", *reply, replyBody);
-                callback(outcome.ok, outcome.credentials, outcome.message);
+                const auto take = [reply, bytes, callback](const Outcome &outcome) {
+                    // The reply may repeat the account's password outside the member of that name.
+                    const RedactionScope account(outcome.credentials.password,
+                                                 outcome.credentials.serverUrl);
+                    traceReply("[Zevrino]", *reply, bytes);
+                    reply->deleteLater();
+                    callback(outcome.ok, outcome.credentials, outcome.message);
+                };
+                parsing->run(
+                    bytes.size(), [bytes]() mutable { return readReply(bytes.join()); }, take);
             });
 }

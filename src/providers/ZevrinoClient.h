@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class BackgroundJobs;
 class QNetworkAccessManager;
 
 /// Exchanges a Zevrino subscription key for the credentials of an Xtream Codes account.
@@ -54,5 +55,6 @@ public:
 
 private:
     QNetworkAccessManager *network;
+    BackgroundJobs *parsing;
     QString endpoint;
 };

@@ -171,20 +171,18 @@ void PosterStore::download(const QString &url)
     ++downloads;
     QNetworkReply *reply = network->get(QNetworkRequest(address));
     auto *body = new ReplyBody(reply, maxPosterBytes);
-    // The buffer's limit keeps a fast server from sending far more before the abort.
-    reply->setReadBufferSize(2 * maxPosterBytes);
     // A request may wait for others to the same server while its timeout runs.
     const auto waited = std::make_shared<bool>(true);
     const auto begin = [waited] { *waited = false; };
     connect(reply, &QNetworkReply::socketStartedConnecting, reply, begin);
     connect(reply, &QNetworkReply::requestSent, reply, begin);
-    connect(reply, &QNetworkReply::finished, this, [this, reply, body, waited, url] {
+    connect(body, &ReplyBody::finished, this, [this, reply, body, waited, url] {
         reply->deleteLater();
         --downloads;
         if (*waited && reply->error() == QNetworkReply::OperationCanceledError) {
             Q_EMIT requestAbandoned(url);
         } else {
-            takeReply(url, *reply, body->take());
+            takeReply(url, *reply, body->take().join());
         }
     });
 }

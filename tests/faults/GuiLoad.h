@@ -5,6 +5,20 @@
 #include <algorithm>
 #include <ctime>
 
+/// How much longer the code under test takes when it is sanitized.
+#if defined(__SANITIZE_ADDRESS__)
+#define VANTIRO_SANITIZED
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define VANTIRO_SANITIZED
+#endif
+#endif
+#ifdef VANTIRO_SANITIZED
+inline constexpr double slowness = 4;
+#else
+inline constexpr double slowness = 1;
+#endif
+
 /// Measures, while the event loop runs, how much processor time the calling thread spends at a time
 /// without coming back to the loop. Unlike the time by the clock it does not depend on what else
 /// the machine does.

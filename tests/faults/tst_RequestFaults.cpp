@@ -87,7 +87,9 @@ QString playlistOutcome(Clients &clients)
             if (failed != reply.body.isEmpty() || failed == reply.error.isEmpty()) {
                 callback(u"neither a body nor an error"_s);
             } else {
-                callback(failed ? fails : reply.body.startsWith("#EXTM3U\n") ? works : u"other"_s);
+                callback(failed                                      ? fails
+                         : reply.body.head().startsWith("#EXTM3U\n") ? works
+                                                                     : u"other"_s);
             }
         });
     }));

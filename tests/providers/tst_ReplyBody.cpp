@@ -1,5 +1,6 @@
 // Servers that stop answering or never end: the clients end the exchange, once, and only then.
 
+#include "faults/GuiLoad.h"
 #include "providers/Await.h"
 #include "providers/ReplyBody.h"
 #include "providers/XtreamClient.h"
@@ -36,6 +37,9 @@ private Q_SLOTS:
     void endsOnce_data();
     void endsOnce();
     void aSlowReplyIsNotCutOff();
+    void largeAnswer_data();
+    void largeAnswer();
+    void pieces();
 
 private:
     /// Asks the server with both clients, each of which must end as told.
@@ -113,6 +117,66 @@ void tst_ReplyBody::aSlowReplyIsNotCutOff()
     HttpServer server;
     ask(server, slow, {}, 1000, true);
     ask(server, HttpReply::redirect(u"/hop"_s, 307), slow, 1000, true);
+}
+
+void tst_ReplyBody::largeAnswer_data()
+{
+    QTest::addColumn<bool>("gzip");
+    QTest::addColumn<bool>("chunked");
+    QTest::newRow("plain") << false << false;
+    QTest::newRow("packed") << true << false;
+    QTest::newRow("chunked") << false << true;
+}
+
+/// Digits, which hardly can be packed, in a JSON array of about so many bytes.
+static QByteArray numbers(qsizetype bytes)
+{
+    QByteArray array("[0");
+    for (quint32 number = 1; array.size() < bytes; ++number) {
+        array += ',' + QByteArray::number(number * 2654435761U);
+    }
+    return array + ']';
+}
+
+// More than what waits to be read at a time, and so much that it is parsed on another thread.
+void tst_ReplyBody::largeAnswer()
+{
+    QFETCH(const bool, gzip);
+    QFETCH(const bool, chunked);
+    HttpReply large = bodyReply(numbers(12 * 1024 * 1024), "application/json"_ba);
+    large.gzip = gzip;
+    large.chunked = chunked;
+    HttpServer server;
+    server.on(u"/player_api.php"_s, large);
+    XtreamClient xtream(nullptr);
+    xtream.configure(server.url(), u"joe"_s, u"secret"_s);
+    GuiLoad load;
+    const auto document = await<QJsonDocument>([&](auto callback) {
+        xtream.get({}, {}, [callback](const QJsonDocument &answer, bool) { callback(answer); });
+    });
+    const double longestMs = load.longestMs();
+    QCOMPARE(document.calls, 1);
+    QVERIFY(document.value == QJsonDocument::fromJson(large.body));
+    QVERIFY2(longestMs < 100 * slowness, qPrintable(QString::number(longestMs)));
+}
+
+void tst_ReplyBody::pieces()
+{
+    ReplyBytes bytes;
+    QByteArray expected;
+    for (const qsizetype size : std::initializer_list<qsizetype>{
+             0, 1, ReplyBytes::pieceBytes - 1, 5, ReplyBytes::pieceBytes + 1, 1}) {
+        const QByteArray piece(size, static_cast<char>('a' + expected.size() % 26));
+        bytes.append(piece);
+        expected += piece;
+        QCOMPARE(bytes.size(), expected.size());
+        QVERIFY(expected.startsWith(bytes.head()));
+        QVERIFY(bytes.head().size() >= std::min(expected.size(), ReplyBytes::pieceBytes));
+    }
+    ReplyBytes shared = bytes;
+    QVERIFY(shared.join() == expected);
+    QVERIFY(shared.isEmpty());
+    QVERIFY(bytes.join() == expected);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_ReplyBody)
