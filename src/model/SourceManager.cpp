@@ -205,6 +205,15 @@ void SourceManager::removeSource(const QString &name)
     persist();
 }
 
+bool SourceManager::setSources(const QList<SourceConfig> &sources)
+{
+    if (!store(sources, OnFailure::GiveUp)) {
+        return false;
+    }
+    sourceList = sources;
+    return true;
+}
+
 void SourceManager::load()
 {
     QSettings settings(organization, application);
@@ -215,17 +224,31 @@ void SourceManager::load()
 
 void SourceManager::persist()
 {
+    (void)store(sourceList, OnFailure::TryAgain);
+}
+
+bool SourceManager::store(const QList<SourceConfig> &sources, OnFailure onFailure)
+{
     const StoreLock lock;
     QSettings settings(organization, application);
     if (!hasRoom(settings)) {
-        return;
+        return false;
     }
     makePrivate(settings);
     const auto stored = storedSources(settings);
-    writeSources(settings, stored ? mergeSources(knownList, sourceList, *stored) : sourceList);
+    writeSources(settings, stored ? mergeSources(knownList, sources, *stored) : sources);
     settings.sync();
     // A format error tells of what was read before, not of what was written.
     if (settings.status() != QSettings::AccessError) {
-        knownList = sourceList;
+        knownList = sources;
+        return true;
     }
+    if (onFailure == OnFailure::GiveUp) {
+        // Settings keep what they could not write, and write it with the next change.
+        settings.remove(sourcesKey);
+        if (stored) {
+            writeSources(settings, *stored);
+        }
+    }
+    return false;
 }

@@ -11,8 +11,8 @@
 /// The store may be shared with other running programs: a write adds this program's changes to what
 /// the others have stored meanwhile. Their changes show here only after a restart.
 ///
-/// GUI thread only. A store that cannot be read gives an empty list; failed writes are not
-/// reported.
+/// GUI thread only. A store that cannot be read gives an empty list; failed writes are reported by
+/// setSources() only.
 class SourceManager final : public QObject
 {
     Q_OBJECT
@@ -34,9 +34,20 @@ public:
     /// Removes the first source of that name, if any, and stores the list.
     void removeSource(const QString &name);
 
+    /// Replaces the list and stores it, all of it or nothing. False when it cannot be stored; the
+    /// list is then as it was.
+    bool setSources(const QList<SourceConfig> &sources);
+
 private:
+    enum class OnFailure
+    {
+        TryAgain, ///< with the next change
+        GiveUp
+    };
+
     void load();
     void persist();
+    bool store(const QList<SourceConfig> &sources, OnFailure onFailure);
 
     QList<SourceConfig> sourceList;
     QList<SourceConfig> knownList; ///< as it was when it was last read or written

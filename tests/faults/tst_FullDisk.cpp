@@ -115,6 +115,8 @@ void tst_FullDisk::sources()
         QVERIFY(before.contains("name=A\n"));
         {
             const FullDisk full(bytes);
+            QVERIFY(!manager.setSources({playlistSource(u"D"_s, u"d"_s)}));
+            QCOMPARE(manager.sources().size(), 1);
             manager.saveSource(playlistSource(u"B"_s, u"b"_s));
             manager.setLastActiveSourceName(u"B"_s);
             QCOMPARE(settings(), before);

@@ -83,6 +83,10 @@ void tst_SharedSources::otherProgramsChangesStay_data()
     row("edited there, removed here", editA, remove(u"A"_s), {b});
     row("removed there, added here", remove(u"A"_s), addC, {b, c});
     row("removed there, edited here", remove(u"A"_s), editA, {b, u"A=new"_s});
+    const Change replace = [](SourceManager &manager) {
+        QVERIFY(manager.setSources({source(u"B"_s, u"new"_s), source(u"D"_s, u"d"_s)}));
+    };
+    row("added there, all replaced here", addC, replace, {u"B=new"_s, c, d});
     row("removed in both", remove(u"A"_s), remove(u"A"_s), {b});
 }
 

@@ -108,6 +108,8 @@ private Q_SLOTS:
     void survivesARestart();
     void savesInPlaceOrAppends();
     void removes();
+    void replacesTheList_data();
+    void replacesTheList();
     void duplicatesAreKeptAndTheFirstCounts();
     void theListIsReadOnce();
     void lastActiveNameIsWrittenOnceChanged();
@@ -118,6 +120,7 @@ private Q_SLOTS:
     void damagedFile();
     void onlyTheOwnerMayRead();
     void unwritableStore();
+    void unwritableStoreKeepsTheList();
 };
 
 void tst_SourceManager::init()
@@ -221,6 +224,34 @@ void tst_SourceManager::removes()
     manager.removeSource(u"B"_s);
     manager.removeSource(u"C"_s);
     QCOMPARE(stored(u"sources/size"_s), u"0"_s);
+}
+
+void tst_SourceManager::replacesTheList_data()
+{
+    QTest::addColumn<QStringList>("wanted");
+    QTest::newRow("more") << QStringList{u"A"_s, u"B"_s, u"C"_s};
+    QTest::newRow("fewer") << QStringList{u"B"_s};
+    QTest::newRow("others, in another order") << QStringList{u"D"_s, u"A"_s};
+    QTest::newRow("none") << QStringList();
+    QTest::newRow("the same") << QStringList{u"A"_s, u"B"_s};
+}
+
+void tst_SourceManager::replacesTheList()
+{
+    QFETCH(const QStringList, wanted);
+    SourceManager manager(nullptr);
+    manager.saveSource(fullSource(u"A"_s));
+    manager.saveSource(source(u"B"_s));
+    QList<SourceConfig> sources;
+    for (const QString &name : wanted) {
+        sources << source(name, u"new"_s);
+    }
+    QVERIFY(manager.setSources(sources));
+    QCOMPARE(fields(manager.sources()), fields(sources));
+    QCOMPARE(fields(storedSources()), fields(sources));
+    // What is saved next adds to it.
+    manager.saveSource(source(u"E"_s));
+    QCOMPARE(names(storedSources()), wanted + QStringList{u"E"_s});
 }
 
 void tst_SourceManager::duplicatesAreKeptAndTheFirstCounts()
@@ -371,6 +402,25 @@ void tst_SourceManager::unwritableStore()
     QVERIFY(manager.sources().isEmpty());
     QVERIFY(QFileInfo(folder).isFile());
     QVERIFY(QFile::remove(folder));
+}
+
+void tst_SourceManager::unwritableStoreKeepsTheList()
+{
+    const QString folder = QFileInfo(PrivateProfile::current().settingsFile()).path();
+    SourceManager manager(nullptr);
+    manager.saveSource(source(u"A"_s));
+    const QString aside = folder + u".aside"_s;
+    QVERIFY(QDir().rename(folder, aside));
+    writeFile(folder, {});
+    QVERIFY(!manager.setSources({source(u"B"_s), source(u"C"_s)}));
+    QCOMPARE(names(manager.sources()), QStringList{u"A"_s});
+    QVERIFY(QFile::remove(folder));
+    QVERIFY(QDir().rename(aside, folder));
+    // Nothing of it is stored with the next change.
+    manager.setLastActiveSourceName(u"A"_s);
+    QCOMPARE(names(storedSources()), QStringList{u"A"_s});
+    manager.saveSource(source(u"D"_s));
+    QCOMPARE(names(storedSources()), (QStringList{u"A"_s, u"D"_s}));
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_SourceManager)
