@@ -163,6 +163,18 @@ QString LibraryBackup::withoutCredentials(const QString &url)
     return traceSafeUrl(url);
 }
 
+bool LibraryBackup::lacksCredentials(const SourceConfig &source)
+{
+    switch (source.type) {
+    case SourceType::Xtream:
+        return source.password.isEmpty();
+    case SourceType::Zevrino:
+        return source.subscriptionKey.isEmpty();
+    default:
+        return source.url.contains("***"_L1);
+    }
+}
+
 QByteArray LibraryBackup::write(const Content &content, bool withCredentials)
 {
     QJsonArray sources;

@@ -90,3 +90,9 @@ bool storePlaylistCopy(SourceConfig &config, QString *error)
     config.url = target;
     return true;
 }
+
+bool lacksPlaylistFile(const SourceConfig &source)
+{
+    return !SourceType::isAccount(source.type) && !isRemote(source.url) &&
+           !QFileInfo(source.url).isFile();
+}

@@ -12,3 +12,6 @@
 /// False when the file cannot be copied: `error` then has a sentence for the user, and the source
 /// and an earlier copy are as they were.
 bool storePlaylistCopy(SourceConfig &config, QString *error);
+
+/// Whether a source is a playlist from a local file that is not there.
+bool lacksPlaylistFile(const SourceConfig &source);

@@ -93,6 +93,8 @@ private Q_SLOTS:
     void everythingComesBack();
     void membersAreThoseOfTheDocument();
     void credentialsStayOut();
+    void lacksCredentials_data();
+    void lacksCredentials();
     void membersThatAreMissing_data();
     void membersThatAreMissing();
     void noBackup_data();
@@ -154,6 +156,33 @@ void tst_LibraryBackup::credentialsStayOut()
     QCOMPARE(content->sources.at(1).url, u"http://h/get.php?username=user&password=***&type=m3u"_s);
     QCOMPARE(content->rows.favorites.at(1).id, u"http://h/live/user/***/1.ts"_s);
     QCOMPARE(content->rows.progress, sampleRows().progress);
+}
+
+void tst_LibraryBackup::lacksCredentials_data()
+{
+    QTest::addColumn<SourceConfig>("source");
+    QTest::addColumn<bool>("withoutThem"); ///< when the backup leaves them out
+    SourceConfig open = defaultSourceConfig();
+    open.name = u"Open"_s;
+    open.url = u"http://h/list.m3u"_s;
+    QTest::newRow("account") << account() << true;
+    QTest::newRow("playlist with credentials") << playlist() << true;
+    QTest::newRow("playlist without credentials") << open << false;
+    QTest::newRow("subscription") << subscription() << true;
+}
+
+void tst_LibraryBackup::lacksCredentials()
+{
+    QFETCH(const SourceConfig, source);
+    QFETCH(const bool, withoutThem);
+    for (const bool withCredentials : {true, false}) {
+        QString error;
+        const auto content =
+            LibraryBackup::read(LibraryBackup::write({{source}, {}}, withCredentials), error);
+        QVERIFY(content);
+        QCOMPARE(LibraryBackup::lacksCredentials(content->sources.at(0)),
+                 !withCredentials && withoutThem);
+    }
 }
 
 void tst_LibraryBackup::membersThatAreMissing_data()

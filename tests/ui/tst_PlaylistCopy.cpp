@@ -42,6 +42,8 @@ private Q_SLOTS:
     void aFailureIsTold_data();
     void aFailureIsTold();
     void aFailedCopyKeepsTheEarlierOne();
+    void lacksItsFile_data();
+    void lacksItsFile();
 
 private:
     QString filePath(const QString &name) const { return directory->filePath(name); }
@@ -208,6 +210,29 @@ void tst_PlaylistCopy::aFailedCopyKeepsTheEarlierOne()
 #else
     QSKIP("no file that opens and cannot be read");
 #endif
+}
+
+void tst_PlaylistCopy::lacksItsFile_data()
+{
+    QTest::addColumn<qint32>("type");
+    QTest::addColumn<QString>("url"); ///< "*" stands for the folder of the test
+    QTest::addColumn<bool>("lacks");
+    QTest::newRow("there") << SourceType::Playlist << u"*/a.m3u"_s << false;
+    QTest::newRow("gone") << SourceType::Playlist << u"*/b.m3u"_s << true;
+    QTest::newRow("a folder") << SourceType::Playlist << u"*"_s << true;
+    QTest::newRow("web") << SourceType::Playlist << u"HTTP://h/a.m3u"_s << false;
+    QTest::newRow("account") << SourceType::Xtream << u"h:8080"_s << false;
+    QTest::newRow("subscription") << SourceType::Zevrino << QString() << false;
+}
+
+void tst_PlaylistCopy::lacksItsFile()
+{
+    QFETCH(const qint32, type);
+    QFETCH(QString, url);
+    SourceConfig config = defaultSourceConfig();
+    config.type = type;
+    config.url = url.replace(u'*', directory->path());
+    QTEST(lacksPlaylistFile(config), "lacks");
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_PlaylistCopy)
