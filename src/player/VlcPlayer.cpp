@@ -57,6 +57,11 @@ VlcPlayer::~VlcPlayer()
     discardNextMedia();
 }
 
+QString VlcPlayer::libVlcVersion()
+{
+    return QString::fromUtf8(libvlc_get_version());
+}
+
 bool VlcPlayer::finish()
 {
     discardNextMedia();

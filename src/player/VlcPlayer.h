@@ -41,6 +41,9 @@ public:
     ~VlcPlayer() override;
     Q_DISABLE_COPY_MOVE(VlcPlayer)
 
+    /// As libVLC writes it, for instance "3.0.18 Vetinari".
+    static QString libVlcVersion();
+
     /// Makes the widget native and gives its window to libVLC. play() does this as well.
     void attachToWidget();
     void reattach();

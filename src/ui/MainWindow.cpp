@@ -75,6 +75,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     createCatalogLoader(subscriptionBaseUrl);
     createPlayer();
     createHistory();
+    createMoreMenu();
     restoreSources();
 }
 
@@ -116,14 +117,19 @@ void MainWindow::createSourceBar()
     connect(sourceBar, &SourceBar::currentChanged, this, &MainWindow::onSourceSelected);
 }
 
-void MainWindow::restoreSources()
+void MainWindow::fillSourceBar()
 {
     QStringList names;
     for (const SourceConfig &source : sourceManager->sources()) {
         names << source.name;
     }
     sourceBar->setNames(names);
-    if (names.isEmpty()) {
+}
+
+void MainWindow::restoreSources()
+{
+    fillSourceBar();
+    if (sourceBar->isEmpty()) {
         // Through the event queue: the dialog must not open before the window is on screen.
         QMetaObject::invokeMethod(this, &MainWindow::addSource, Qt::QueuedConnection);
         return;

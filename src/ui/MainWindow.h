@@ -26,6 +26,7 @@ class TabLibrary;
 class UndoBar;
 class VlcPlayer;
 struct LoadFailure;
+struct RestorePlan;
 
 class QListWidgetItem;
 class QTabWidget;
@@ -113,6 +114,7 @@ private:
     // ---- MainWindow.cpp ----
     void createSourceBar();
     void createPlayer();
+    void fillSourceBar();
     void restoreSources();
     void showTabsFor(qint32 sourceType);
     void resetBrowseTabs();
@@ -124,6 +126,7 @@ private:
     bool checkDialogResult(const SourceConfig &config, const QString &title);
     bool storeCopy(SourceConfig &config, const QString &title);
     void deleteSource(const QString &name);
+    void showRemainingSources();
     void replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited);
     void forgetLastSource();
 
@@ -159,6 +162,17 @@ private:
     /// Shows for six seconds what was removed, with a button that takes the change back; nothing
     /// when there is none. `inverse` is what a change of the library returned.
     void offerUndo(const QString &text, const LibraryChange &inverse);
+
+    // ---- MainWindowMore.cpp: the menu "More" ----
+    void createMoreMenu();
+    void clearHistory();
+    void backUp();
+    void restoreBackup();
+    bool restore(const RestorePlan &plan);
+    void showRestoredSources(const std::optional<SourceConfig> &activeBefore);
+    bool hasAccount() const;
+    void showAccountInformation();
+    void showAbout();
 
     // Members, grouped by the same files.
 

@@ -80,6 +80,11 @@ void MainWindow::deleteSource(const QString &name)
     // What is still under way for it must not store it again.
     catalogLoader->forget(name);
     sourceBar->remove(name);
+    showRemainingSources();
+}
+
+void MainWindow::showRemainingSources()
+{
     if (!sourceBar->isEmpty()) {
         onSourceSelected(sourceBar->currentIndex());
     } else {

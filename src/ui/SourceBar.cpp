@@ -19,6 +19,7 @@ constexpr int sourceComboMaxWidth = 400;
 SourceBar::SourceBar(QWidget *parent)
     : QWidget(parent)
     , sourceCombo(new ElidedComboBox)
+    , moreButton(new QPushButton(tr("More")))
 {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     sourceCombo->setObjectName(u"sourceCombo"_s);
@@ -29,6 +30,9 @@ SourceBar::SourceBar(QWidget *parent)
     auto *edit = new QPushButton(tr("Edit Source..."));
     auto *refresh = new QPushButton(tr("Refresh Playlist"));
 
+    // The theme leaves the arrow too small to see; the menus of the player's buttons have none.
+    moreButton->setStyleSheet(u"QPushButton::menu-indicator { image: none; width: 0; }"_s);
+
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(new QLabel(tr("Source:")));
@@ -37,6 +41,7 @@ SourceBar::SourceBar(QWidget *parent)
     layout->addWidget(edit);
     layout->addWidget(refresh);
     layout->addStretch();
+    layout->addWidget(moreButton);
 
     connect(add, &QPushButton::clicked, this, &SourceBar::addRequested);
     connect(edit, &QPushButton::clicked, this, &SourceBar::editRequested);
@@ -44,9 +49,15 @@ SourceBar::SourceBar(QWidget *parent)
     connect(sourceCombo, &QComboBox::currentIndexChanged, this, &SourceBar::currentChanged);
 }
 
+void SourceBar::setMoreMenu(QMenu *menu)
+{
+    moreButton->setMenu(menu);
+}
+
 void SourceBar::setNames(const QStringList &names)
 {
     const QSignalBlocker blocker(sourceCombo);
+    sourceCombo->clear();
     for (const QString &name : names) {
         sourceCombo->addItem(name, name);
     }

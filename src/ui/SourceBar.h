@@ -5,9 +5,12 @@
 #include <QWidget>
 
 class QComboBox;
+class QMenu;
+class QPushButton;
 
 /// The row above the tabs: the names of the sources, one of them current, and the buttons that add,
-/// edit and refresh. Names are compared exactly; one that is stored twice has two rows.
+/// edit and refresh; at its end the button of the menu. Names are compared exactly; one that is
+/// stored twice has two rows.
 class SourceBar final : public QWidget
 {
     Q_OBJECT
@@ -15,7 +18,10 @@ class SourceBar final : public QWidget
 public:
     explicit SourceBar(QWidget *parent = nullptr);
 
-    /// Fills the empty list. The first name becomes current, without currentChanged().
+    /// The menu that "More" opens.
+    void setMoreMenu(QMenu *menu);
+
+    /// Replaces the list. The first name becomes current, without currentChanged().
     void setNames(const QStringList &names);
     bool isEmpty() const;
     /// -1 when the list is empty.
@@ -41,4 +47,5 @@ Q_SIGNALS:
 
 private:
     QComboBox *sourceCombo = nullptr;
+    QPushButton *moreButton = nullptr;
 };

@@ -30,13 +30,14 @@ void tst_MainWindowFrame::sourceBar()
     const auto *layout = qobject_cast<QHBoxLayout *>(bar.layout());
     QVERIFY(layout != nullptr);
     QCOMPARE(layout->contentsMargins(), QMargins());
-    QCOMPARE(layout->count(), 6);
+    QCOMPARE(layout->count(), 7);
     QCOMPARE(qobject_cast<QLabel *>(layout->itemAt(0)->widget())->text(), u"Source:"_s);
     QCOMPARE(layout->itemAt(1)->widget(), &combo());
     QCOMPARE(layout->itemAt(2)->widget(), &button(u"Add Source..."_s));
     QCOMPARE(layout->itemAt(3)->widget(), &button(u"Edit Source..."_s));
     QCOMPARE(layout->itemAt(4)->widget(), &button(u"Refresh Playlist"_s));
     QVERIFY(layout->itemAt(5)->spacerItem() != nullptr);
+    QCOMPARE(layout->itemAt(6)->widget(), &button(u"More"_s));
 }
 
 void tst_MainWindowFrame::aVeryLongSourceName()

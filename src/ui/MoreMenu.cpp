@@ -1,0 +1,27 @@
+#include "ui/MoreMenu.h"
+
+MoreMenu::MoreMenu(QWidget *parent)
+    : QMenu(parent)
+    , clearHistory(addAction(tr("Clear History..."), this, &MoreMenu::clearHistoryRequested))
+{
+    setAccessibleName(tr("More"));
+    addSeparator();
+    addAction(tr("Back Up..."), this, &MoreMenu::backUpRequested);
+    addAction(tr("Restore..."), this, &MoreMenu::restoreRequested);
+    addSeparator();
+    accountInformation =
+        addAction(tr("Account Information..."), this, &MoreMenu::accountInformationRequested);
+    addAction(tr("About"), this, &MoreMenu::aboutRequested);
+    setHasHistory(false);
+    setHasAccount(false);
+}
+
+void MoreMenu::setHasHistory(bool hasHistory)
+{
+    clearHistory->setEnabled(hasHistory);
+}
+
+void MoreMenu::setHasAccount(bool hasAccount)
+{
+    accountInformation->setEnabled(hasAccount);
+}
