@@ -1,11 +1,13 @@
 // How long the window stays away from its event loop with catalogs as large as people have: an
 // account of 45,000 channels, 150,000 films and 30,000 shows, and a playlist of 300,000 entries;
-// then both with 600,000. The sizes are divided by the first argument of the program.
+// both again with 10,000 favorites and 50,000 positions; then both with 600,000. The sizes are
+// divided by the first argument of the program.
 
 #include "HoldMeter.h"
 #include "Results.h"
 #include "fakeprovider/CatalogGenerator.h"
 #include "fakeprovider/XtreamProvider.h"
+#include "library/Library.h"
 #include "model/CatalogCache.h"
 #include "model/SourceManager.h"
 #include "support/PrivateProfile.h"
@@ -232,12 +234,57 @@ std::function<bool(const QWidget &)> accountFilled(const Sizes &sizes)
     };
 }
 
-/// `title` names the account in the table.
-void measureAccount(const Sizes &sizes, const QByteArray &title)
+constexpr int favoriteCount = 10000;
+constexpr int positionCount = 50000;
+
+/// Adds rows for a share of a cached section: every n-th entry, so that they lie all over it.
+void keepEntries(LibraryRows &rows, const QString &source, EntryKind kind, const QString &section,
+                 qsizetype favorites, qsizetype positions)
 {
-    XtreamProvider provider;
-    provider.generateCatalog({200, sizes.channels, sizes.films, sizes.shows});
-    Run run(account(provider));
+    CatalogCache::Section cached;
+    CatalogCache::load(source, section, cached);
+    const auto each = [&](qsizetype wanted, const auto &add) {
+        const qsizetype step =
+            std::max<qsizetype>(1, cached.items.size() / std::max<qsizetype>(1, wanted));
+        for (qsizetype row = 0; row < cached.items.size() && wanted > 0; row += step, --wanted) {
+            add(libraryEntry(source, kind, cached.items.at(row)));
+        }
+    };
+    each(favorites, [&](const LibraryEntry &entry) {
+        rows.favorites.append({entry, rows.favorites.size() + 1, 1});
+    });
+    each(positions, [&](const LibraryEntry &entry) {
+        Progress row = progressOf(entry);
+        row.positionMs = 60000;
+        row.durationMs = 120000;
+        row.updatedAt = rows.progress.size();
+        rows.progress.append(row);
+    });
+}
+
+/// Fills the library of the next window; the catalog of the source is in the cache.
+void fillLibrary(const QString &source, int divisor)
+{
+    LibraryChange change;
+    if (source == accountName) {
+        keepEntries(change.put, source, EntryKind::Live, u"live"_s, favoriteCount / 2 / divisor, 0);
+        keepEntries(change.put, source, EntryKind::Movie, u"movie"_s, favoriteCount / 2 / divisor,
+                    positionCount / divisor);
+    } else {
+        keepEntries(change.put, source, EntryKind::Channel, u"channel"_s, favoriteCount / divisor,
+                    0);
+    }
+    // One that no entry is in: every entry is looked at, and none leaves the lists.
+    change.put.hiddenCategories.append(
+        HiddenCategory{{source, EntryKind::Movie, u"none"_s, {}, {}}});
+    Library library(nullptr);
+    if (!library.applyNow(change)) {
+        std::exit(1);
+    }
+}
+
+void useAccount(Run &run, const Sizes &sizes, const QByteArray &title)
+{
     run.open(title + " from the network", accountFilled(sizes));
     run.refresh();
     run.type("longest hold on a keystroke over all films", u"movieAllSearch"_s, u"the"_s);
@@ -250,7 +297,27 @@ void measureAccount(const Sizes &sizes, const QByteArray &title)
     run.openShow(u"1"_s);
     run.close();
     run.open(title + " from its cache", accountFilled(sizes));
+}
+
+/// `title` names the account in the table. With a divisor also with a library, divided by it.
+void measureAccount(const Sizes &sizes, const QByteArray &title, int libraryDivisor = 0)
+{
+    XtreamProvider provider;
+    provider.generateCatalog({200, sizes.channels, sizes.films, sizes.shows});
+    Run run(account(provider));
+    useAccount(run, sizes, title);
     run.close();
+    if (libraryDivisor == 0) {
+        return;
+    }
+    fillLibrary(accountName, libraryDivisor);
+    SourceManager(nullptr).saveSource(account(provider)); // no longer fresh
+    useAccount(run, sizes, title + " with a library");
+    run.openCategory("favorites of films opened", u"movieCategoryList"_s, 1);
+    run.openCategory("\"Continue Watching\" opened", u"movieCategoryList"_s, 2);
+    run.close();
+    Library(nullptr).clear(
+        {LibraryPart::Favorites, LibraryPart::Progress, LibraryPart::HiddenCategories});
 }
 
 void writePlaylist(const QString &path, int entries)
@@ -264,7 +331,7 @@ void writePlaylist(const QString &path, int entries)
     file.write(generator.playlist(entries, 300, u"http://127.0.0.1/live/"_s));
 }
 
-void measurePlaylist(int entries, const QByteArray &title)
+void measurePlaylist(int entries, const QByteArray &title, int libraryDivisor = 0)
 {
     QTemporaryDir folder;
     SourceConfig config = defaultSourceConfig();
@@ -285,12 +352,22 @@ void measurePlaylist(int entries, const QByteArray &title)
     writePlaylist(config.url, entries);
     run.open(title + " from its file", filled(entries));
     run.report("memory per entry", (residentBytes() - before) / entries, "bytes");
-    run.type("longest hold on a keystroke", u"channelAllSearch"_s, u"the"_s);
-    run.openCategory("\"All Categories\" opened", u"channelCategoryList"_s, 0);
-    run.scroll(u"channelTable"_s);
-    run.close();
+    const auto use = [&run] {
+        run.type("longest hold on a keystroke", u"channelAllSearch"_s, u"the"_s);
+        run.openCategory("\"All Categories\" opened", u"channelCategoryList"_s, 0);
+        run.scroll(u"channelTable"_s);
+        run.close();
+    };
+    use();
     run.open(title + " from its cache", filled(entries));
     run.close();
+    if (libraryDivisor > 0) {
+        fillLibrary(playlistName, libraryDivisor);
+        SourceManager(nullptr).saveSource(config);
+        run.open(title + " with a library from its file", filled(entries));
+        use();
+        Library(nullptr).clear({LibraryPart::Favorites, LibraryPart::HiddenCategories});
+    }
 }
 
 } // namespace
@@ -303,8 +380,8 @@ int main(int argc, char **argv)
     }
     QApplication app(argc, argv);
     const int divisor = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 1;
-    measurePlaylist(300000 / divisor, "playlist");
-    measureAccount({45000 / divisor, 150000 / divisor, 30000 / divisor}, "account");
+    measurePlaylist(300000 / divisor, "playlist", divisor);
+    measureAccount({45000 / divisor, 150000 / divisor, 30000 / divisor}, "account", divisor);
     measurePlaylist(600000 / divisor, "playlist of 600,000");
     measureAccount({60000 / divisor, 420000 / divisor, 120000 / divisor}, "account of 600,000");
     return 0;

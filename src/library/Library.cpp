@@ -3,18 +3,25 @@
 #include "library/LibraryTables.h"
 #include "library/LibraryWriter.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
+#include <QEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 #include <QStandardPaths>
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Up to here, a file is read within a few frames.
+constexpr qint64 largeFileBytes = 1024 * 1024;
 
 qint64 now()
 {
@@ -45,18 +52,23 @@ Library::Library(const QString &filePath, QObject *parent)
         report(tr("Favorites and positions were stored by a newer version of this program. They "
                   "stay as they are, and changes are not stored."));
     });
+    followers.setMaxThreadCount(1);
+    connect(writer, &LibraryWriter::loaded, this, &Library::announceAll);
     if (QFile::exists(filePath)) {
         isLoaded = false;
+        isLarge = QFileInfo(filePath).size() > largeFileBytes;
         writer->beginLoading();
     }
 }
 
 Library::~Library()
 {
+    followers.waitForDone();
     // Before the other members: it still reports.
     delete writer;
 }
 
+/// All that there is; waits for the file.
 const LibraryState &Library::state() const
 {
     if (!isLoaded) {
@@ -64,6 +76,38 @@ const LibraryState &Library::state() const
         isLoaded = true;
     }
     return loadedState;
+}
+
+/// Before a change: it depends on what there is.
+void Library::waitUntilLoaded()
+{
+    if (isLarge) {
+        announceAll();
+    }
+    state();
+}
+
+/// What is known without a long wait.
+const LibraryState &Library::known() const
+{
+    return isLarge ? loadedState : state();
+}
+
+/// A large file was read.
+void Library::announceAll()
+{
+    if (std::exchange(isLarge, false)) {
+        LibraryTables::forEach([this](const auto &table) {
+            using Row = typename std::decay_t<decltype(table)>::Row;
+            const QList<LibraryListId> lists = state().lists<Row>().keys();
+            for (const LibraryListId &list : lists) {
+                Q_EMIT changed(table.part, list.source, list.kind);
+            }
+        });
+    }
+    if (const auto follow = std::exchange(followWhenLoaded, nullptr)) {
+        follow();
+    }
 }
 
 void Library::report(const QString &text)
@@ -91,7 +135,7 @@ void Library::keepAll(const QString &aside)
 
 LibraryChange Library::apply(const LibraryChange &change)
 {
-    state();
+    waitUntilLoaded();
     const LibraryChange inverse = loadedState.apply(change);
     // The file may have rows that another running program wrote.
     const bool concernsOthers = !change.cleared.isEmpty() || !change.moves.isEmpty();
@@ -104,7 +148,7 @@ LibraryChange Library::apply(const LibraryChange &change)
 
 bool Library::applyNow(const LibraryChange &change)
 {
-    state();
+    waitUntilLoaded();
     if (!writer->writeNow(change)) {
         return false;
     }
@@ -114,6 +158,8 @@ bool Library::applyNow(const LibraryChange &change)
 
 bool Library::flush()
 {
+    followers.waitForDone();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     return writer->flush();
 }
 
@@ -149,7 +195,7 @@ LibraryChange Library::clear(const QList<LibraryPart> &parts)
 
 const LibraryList<Favorite> &Library::favorites(const QString &source, EntryKind kind) const
 {
-    return state().list<Favorite>({source, kind});
+    return known().list<Favorite>({source, kind});
 }
 
 QList<Favorite> Library::favoritesInOrder(const QString &source, EntryKind kind) const
@@ -163,6 +209,7 @@ QList<Favorite> Library::favoritesInOrder(const QString &source, EntryKind kind)
 
 LibraryChange Library::addFavorite(const LibraryEntry &entry)
 {
+    waitUntilLoaded();
     const LibraryList<Favorite> &list = favorites(entry.source, entry.kind);
     if (list.contains(entry.id)) {
         return {};
@@ -186,6 +233,7 @@ LibraryChange Library::removeFavorite(const LibraryEntry &entry)
 LibraryChange Library::setFavoriteOrder(const QString &source, EntryKind kind,
                                         const QStringList &ids)
 {
+    waitUntilLoaded();
     QHash<QString, qsizetype> positions;
     for (const QString &id : ids) {
         positions.insert(id, positions.size());
@@ -216,7 +264,7 @@ QList<WatchedEntry> Library::recentlyWatched(const QString &source, EntryKind ki
 
 QList<WatchedEntry> Library::historyInOrder(const QString &source, EntryKind kind) const
 {
-    QList<WatchedEntry> ordered = state().list<WatchedEntry>({source, kind}).values();
+    QList<WatchedEntry> ordered = known().list<WatchedEntry>({source, kind}).values();
     std::sort(ordered.begin(), ordered.end(), [](const WatchedEntry &a, const WatchedEntry &b) {
         return std::tie(b.watchedAt, a.id) < std::tie(a.watchedAt, b.id);
     });
@@ -225,6 +273,7 @@ QList<WatchedEntry> Library::historyInOrder(const QString &source, EntryKind kin
 
 LibraryChange Library::noteWatched(const LibraryEntry &entry)
 {
+    waitUntilLoaded();
     QList<WatchedEntry> others = historyInOrder(entry.source, entry.kind);
     // The clock may stand still between two entries, or have been set back.
     const qint64 latest = others.isEmpty() ? 0 : others.constFirst().watchedAt + 1;
@@ -247,7 +296,7 @@ LibraryChange Library::removeFromRecentlyWatched(const LibraryEntry &entry)
 const LibraryList<HiddenCategory> &Library::hiddenCategories(const QString &source,
                                                              EntryKind kind) const
 {
-    return state().list<HiddenCategory>({source, kind});
+    return known().list<HiddenCategory>({source, kind});
 }
 
 LibraryChange Library::hideCategory(const QString &source, EntryKind kind, const Category &category)

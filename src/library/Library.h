@@ -7,6 +7,9 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QThreadPool>
+
+#include <functional>
 
 class LibraryWriter;
 
@@ -15,6 +18,9 @@ class LibraryWriter;
 /// Everything is in memory and answers at once; a thread writes each change to the file within
 /// moments. The file is made by the first change: without one there is no file and no thread. What
 /// another running program writes to the same file is seen after the next start. GUI thread only.
+///
+/// The first question waits for a file of usual size. A large one is read meanwhile: there is
+/// nothing until changed() reports its lists. The first change waits for it.
 ///
 /// Every change returns the change that takes it back; it is empty when nothing changed.
 class Library final : public QObject
@@ -25,7 +31,7 @@ public:
     /// "library.sqlite" in the application-data folder.
     static QString defaultFilePath();
 
-    /// Begins to read the file where there is one; the first question waits for it.
+    /// Begins to read the file where there is one.
     explicit Library(QObject *parent);
     Library(const QString &filePath, QObject *parent);
     /// Waits until all changes are on the disk.
@@ -93,10 +99,9 @@ public:
     LibraryChange renameSource(const QString &from, const QString &to);
     LibraryChange forgetSource(const QString &source);
     /// Gives the rows of a playlist whose URL is no longer there the URL of the first entry of the
-    /// same name and category that has no row. Passes over `items` once or twice when there are
-    /// rows, and does nothing otherwise.
-    LibraryChange followEntries(const QString &source, EntryKind kind,
-                                const QList<MediaItem> &items);
+    /// same name and category that has no row. Looks for them on another thread; rows that change
+    /// meanwhile stay as they are.
+    void followEntries(const QString &source, EntryKind kind, const QList<MediaItem> &items);
 
     // ---- all of it ----
 
@@ -108,7 +113,8 @@ public:
     /// As apply(), but waits until the change is on the disk. False when it cannot be written; then
     /// nothing has changed.
     bool applyNow(const LibraryChange &change);
-    /// Waits until all changes are on the disk. False when one could not be written yet.
+    /// Waits until all changes are on the disk, those of followEntries() included. False when one
+    /// could not be written yet.
     bool flush();
 
 Q_SIGNALS:
@@ -119,6 +125,10 @@ Q_SIGNALS:
 
 private:
     const LibraryState &state() const;
+    const LibraryState &known() const;
+    void waitUntilLoaded();
+    void announceAll();
+    void followIfUnchanged(const LibraryChange &change);
     QList<const Progress *> unfinished(const QString &source, EntryKind kind) const;
     QList<WatchedEntry> historyInOrder(const QString &source, EntryKind kind) const;
     void announce(const LibraryChange &inverse);
@@ -129,5 +139,8 @@ private:
     LibraryWriter *writer;
     mutable LibraryState loadedState;
     mutable bool isLoaded = true;
+    bool isLarge = false; ///< the file takes long to read
+    QThreadPool followers;
+    std::function<void()> followWhenLoaded;
     QString lastProblem;
 };

@@ -39,11 +39,12 @@ void putIfNew(LibraryChange &change, const LibraryList<Progress> &known, Progres
 
 const LibraryList<Progress> &Library::progress(const QString &source, EntryKind kind) const
 {
-    return state().list<Progress>({source, kind});
+    return known().list<Progress>({source, kind});
 }
 
 LibraryChange Library::notePosition(const Progress &at)
 {
+    waitUntilLoaded();
     const bool finished = isFinished(at);
     LibraryChange change;
     if (finished || at.positionMs >= begunAfterMs) {
@@ -58,6 +59,7 @@ LibraryChange Library::notePosition(const Progress &at)
 
 LibraryChange Library::setWatched(const QList<Progress> &entries, bool watched)
 {
+    waitUntilLoaded();
     LibraryChange change;
     for (Progress row : entries) {
         if (watched) {
@@ -73,6 +75,7 @@ LibraryChange Library::setWatched(const QList<Progress> &entries, bool watched)
 
 LibraryChange Library::noteEpisodes(const LibraryEntry &show, const QStringList &episodeIds)
 {
+    waitUntilLoaded();
     const LibraryList<Progress> &known = progress(show.source, EntryKind::Episode);
     const bool isMarked = progress(show.source, EntryKind::Show).contains(show.id);
     LibraryChange change;
@@ -122,19 +125,25 @@ bool Library::hasContinueWatching(const QString &source, EntryKind kind) const
 /// until the next change.
 QList<const Progress *> Library::unfinished(const QString &source, EntryKind kind) const
 {
-    const bool ofShows = kind == EntryKind::Episode;
-    const LibraryList<Progress> &wholeShows = progress(source, EntryKind::Show);
-    QHash<QString, const Progress *> latest; // by the film or the show
+    QList<const Progress *> rows;
+    if (kind != EntryKind::Episode) {
+        for (const Progress &row : progress(source, kind)) {
+            if (row.positionMs > 0) {
+                rows.append(&row);
+            }
+        }
+        return rows;
+    }
+    QHash<QString, const Progress *> latestOfShow;
     for (const Progress &row : progress(source, kind)) {
-        const Progress *&other = latest[ofShows ? row.showId : row.id];
+        const Progress *&other = latestOfShow[row.showId];
         if (other == nullptr || isLater(row, *other)) {
             other = &row;
         }
     }
-    QList<const Progress *> rows;
-    for (const Progress *row : std::as_const(latest)) {
-        const bool goesOn = ofShows && !row->isLast && !wholeShows.contains(row->showId);
-        if (row->positionMs > 0 || goesOn) {
+    const LibraryList<Progress> &wholeShows = progress(source, EntryKind::Show);
+    for (const Progress *row : std::as_const(latestOfShow)) {
+        if (row->positionMs > 0 || (!row->isLast && !wholeShows.contains(row->showId))) {
             rows.append(row);
         }
     }

@@ -21,8 +21,18 @@ NameAndCategory nameOf(const LibraryEntry &entry)
     return {entry.name, entry.categoryId};
 }
 
+/// The rows of one source and kind whose ids may change.
+struct KeptLists
+{
+    LibraryList<Favorite> favorites;
+    LibraryList<WatchedEntry> history;
+    LibraryList<Progress> progress;
+
+    bool isEmpty() const { return favorites.isEmpty() && history.isEmpty() && progress.isEmpty(); }
+};
+
 /// Everything that is kept of one source and kind, by the entry's id.
-KeptEntries keptEntries(const LibraryState &state, const LibraryListId &listId)
+KeptEntries keptEntries(const KeptLists &lists)
 {
     KeptEntries kept;
     const auto collect = [&kept](const auto &list) {
@@ -30,9 +40,9 @@ KeptEntries keptEntries(const LibraryState &state, const LibraryListId &listId)
             kept.insert(row.id, row);
         }
     };
-    collect(state.list<Favorite>(listId));
-    collect(state.list<WatchedEntry>(listId));
-    collect(state.list<Progress>(listId));
+    collect(lists.favorites);
+    collect(lists.history);
+    collect(lists.progress);
     return kept;
 }
 
@@ -78,6 +88,34 @@ QHash<QString, QString> newIds(const KeptEntries &missing, const KeptEntries &ke
     return found;
 }
 
+/// The change that gives rows new ids; each row that is removed stands at the index of the one that
+/// takes its place.
+LibraryChange planToFollow(const KeptLists &lists, const QList<MediaItem> &items)
+{
+    const KeptEntries kept = keptEntries(lists);
+    KeptEntries missing = kept;
+    dropPresent(missing, items);
+    LibraryChange change;
+    if (missing.isEmpty()) {
+        return change;
+    }
+    const QHash<QString, QString> ids = newIds(missing, kept, items);
+    const auto follow = [&ids](const auto &list, auto &removed, auto &put) {
+        for (auto row : list) {
+            const auto id = ids.constFind(row.id);
+            if (id != ids.constEnd()) {
+                removed.append(row);
+                row.id = *id;
+                put.append(row);
+            }
+        }
+    };
+    follow(lists.favorites, change.removed.favorites, change.put.favorites);
+    follow(lists.history, change.removed.history, change.put.history);
+    follow(lists.progress, change.removed.progress, change.put.progress);
+    return change;
+}
+
 } // namespace
 
 LibraryChange Library::renameSource(const QString &from, const QString &to)
@@ -97,27 +135,46 @@ LibraryChange Library::forgetSource(const QString &source)
     return apply(change);
 }
 
-LibraryChange Library::followEntries(const QString &source, EntryKind kind,
-                                     const QList<MediaItem> &items)
+void Library::followEntries(const QString &source, EntryKind kind, const QList<MediaItem> &items)
 {
-    const LibraryListId listId{source, kind};
-    const KeptEntries kept = keptEntries(state(), listId);
-    KeptEntries missing = kept;
-    dropPresent(missing, items);
-    const QHash<QString, QString> ids = newIds(missing, kept, items);
-    LibraryChange change;
-    const auto follow = [&ids](const auto &list, auto &removed, auto &put) {
-        for (auto row : list) {
-            const auto id = ids.constFind(row.id);
-            if (id != ids.constEnd()) {
+    if (isLarge) {
+        followWhenLoaded = [this, source, kind, items] { followEntries(source, kind, items); };
+        return;
+    }
+    const LibraryListId id{source, kind};
+    const KeptLists lists{state().list<Favorite>(id), state().list<WatchedEntry>(id),
+                          state().list<Progress>(id)};
+    if (lists.isEmpty()) {
+        return;
+    }
+    followers.start([this, lists, items] {
+        const LibraryChange change = planToFollow(lists, items);
+        if (!change.isEmpty()) {
+            QMetaObject::invokeMethod(
+                this, [this, change] { followIfUnchanged(change); }, Qt::QueuedConnection);
+        }
+    });
+}
+
+/// Makes a change of planToFollow(), as far as its rows are still what they were.
+void Library::followIfUnchanged(const LibraryChange &change)
+{
+    LibraryChange valid;
+    const auto check = [this](const auto &from, const auto &to, auto &removed, auto &put) {
+        using Row = typename std::decay_t<decltype(from)>::value_type;
+        for (qsizetype index = 0; index < from.size(); ++index) {
+            const Row &row = from.at(index);
+            const auto &list = state().list<Row>({row.source, row.kind});
+            const auto found = list.constFind(row.id);
+            if (found != list.constEnd() && *found == row && !list.contains(to.at(index).id)) {
                 removed.append(row);
-                row.id = *id;
-                put.append(row);
+                put.append(to.at(index));
             }
         }
     };
-    follow(state().list<Favorite>(listId), change.removed.favorites, change.put.favorites);
-    follow(state().list<WatchedEntry>(listId), change.removed.history, change.put.history);
-    follow(state().list<Progress>(listId), change.removed.progress, change.put.progress);
-    return apply(change);
+    check(change.removed.favorites, change.put.favorites, valid.removed.favorites,
+          valid.put.favorites);
+    check(change.removed.history, change.put.history, valid.removed.history, valid.put.history);
+    check(change.removed.progress, change.put.progress, valid.removed.progress, valid.put.progress);
+    apply(valid);
 }

@@ -121,6 +121,7 @@ void LibraryWriter::load(LibraryStore &store, std::unique_lock<std::mutex> &lock
     loadedState = std::move(state);
     loading = false;
     done.notify_all();
+    Q_EMIT loaded();
 }
 
 void LibraryWriter::writeQueue(LibraryStore &store, std::unique_lock<std::mutex> &lock)

@@ -40,6 +40,8 @@ public:
     bool flush();
 
 Q_SIGNALS:
+    /// takeState() no longer waits.
+    void loaded();
     /// The file was damaged and stands at `path` now. A new one was begun.
     void setAside(const QString &path);
     /// The file cannot be read or written. Emitted once until it can be again.

@@ -184,6 +184,7 @@ void BrowseTab::setCategories(const QList<Category> &categories)
 void BrowseTab::setItems(const ItemIndex &items)
 {
     entries = items;
+    noteHiddenRows();
     refilter();
 }
 
@@ -191,6 +192,7 @@ void BrowseTab::reset()
 {
     showPage(BrowsePage::Categories);
     entries = {};
+    noteHiddenRows();
     categoryId.clear();
     collection = Collection::None;
     categoryList->clearSelection();

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <span>
+#include <vector>
 
 class CategoryList;
 class EntryTable;
@@ -123,6 +124,7 @@ private:
     QList<int> collectionRows();
     void showCollections(Collection changed);
     void showHiddenCategories();
+    void noteHiddenRows();
     void dropHidden(QList<int> &rows) const;
     void updateOrdering();
     void moveFavorite(int from, int to);
@@ -147,5 +149,6 @@ private:
     Collection collection = Collection::None; ///< shown in place of a category
     TabLibrary *kept = nullptr;               ///< null in a tab without a library
     ItemIndex entries;
-    ShownEntries shown; ///< by the view
+    std::vector<bool> isHiddenRow; ///< of the entries; empty when none is hidden
+    ShownEntries shown;            ///< by the view
 };

@@ -11,6 +11,8 @@
 #include <QMenu>
 #include <QSet>
 
+#include <algorithm>
+
 // The part of BrowseTab that shows what the user keeps.
 
 void BrowseTab::setLibrary(TabLibrary *library)
@@ -71,21 +73,34 @@ void BrowseTab::showCollections(Collection changed)
 void BrowseTab::showHiddenCategories()
 {
     categoryList->setHidden(kept->hiddenCategories());
+    noteHiddenRows();
     if (categoryId.isEmpty() && collection == Collection::None &&
         filteredEntries() != shown.shownRows()) {
         refilter();
     }
 }
 
-void BrowseTab::dropHidden(QList<int> &rows) const
+/// Once for each catalog, in the order of the entries: a keystroke looks at them in another order,
+/// in which each look at a category takes longer.
+void BrowseTab::noteHiddenRows()
 {
+    isHiddenRow.clear();
     const QSet<QString> hidden = kept != nullptr ? kept->hiddenCategories() : QSet<QString>();
     if (hidden.isEmpty()) {
         return;
     }
     const QSet<CatalogText> ids(hidden.begin(), hidden.end());
     const QList<MediaItem> &items = entries.items();
-    rows.removeIf([&](int row) { return ids.contains(items.at(row).categoryId); });
+    isHiddenRow.resize(static_cast<size_t>(items.size()));
+    std::transform(items.begin(), items.end(), isHiddenRow.begin(),
+                   [&ids](const MediaItem &item) { return ids.contains(item.categoryId); });
+}
+
+void BrowseTab::dropHidden(QList<int> &rows) const
+{
+    if (!isHiddenRow.empty()) {
+        rows.removeIf([this](int row) { return isHiddenRow[static_cast<size_t>(row)]; });
+    }
 }
 
 /// Lists with an order of their own have no use for the sort box; only the favorites of a table can

@@ -54,6 +54,9 @@ private Q_SLOTS:
     void sources();
     void followsUrls_data();
     void followsUrls();
+    void followingLeavesWhatChangesMeanwhile();
+    void aLargeFileIsReadMeanwhile_data();
+    void aLargeFileIsReadMeanwhile();
     void clearing();
     void signalsPerList();
 
@@ -337,12 +340,62 @@ void tst_Library::followsUrls()
     }
     library->addFavorite(makeEntry(u"News"_s, EntryKind::Channel, u"T"_s));
     library->followEntries(source, EntryKind::Channel, items);
+    QVERIFY(library->flush());
     for (int start = 0; start < 2; ++start) {
         QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)), expected);
         QCOMPARE(sortedIdsOf(library->recentlyWatched(source, EntryKind::Channel)), expected);
         QCOMPARE(library->favorites(u"T"_s, EntryKind::Channel).size(), 1);
         restart();
     }
+}
+
+void tst_Library::followingLeavesWhatChangesMeanwhile()
+{
+    for (const QString &url : {u"old1"_s, u"old2"_s, u"old3"_s})
+        library->addFavorite(libraryEntry(source, EntryKind::Channel, channel(url, url)));
+    library->followEntries(source, EntryKind::Channel,
+                           {channel(u"new1"_s, u"old1"_s), channel(u"new2"_s, u"old2"_s),
+                            channel(u"new3"_s, u"old3"_s)});
+    library->removeFavorite(makeEntry(u"old1"_s, EntryKind::Channel));
+    library->addFavorite(makeEntry(u"new2"_s, EntryKind::Channel));
+    QVERIFY(library->flush());
+    QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)),
+             (QStringList{u"new2"_s, u"new3"_s, u"old2"_s}));
+}
+
+void tst_Library::aLargeFileIsReadMeanwhile_data()
+{
+    QTest::addColumn<bool>("changedAtOnce");
+    QTest::newRow("looked at") << false;
+    QTest::newRow("changed before it was read") << true;
+}
+
+void tst_Library::aLargeFileIsReadMeanwhile()
+{
+    QFETCH(bool, changedAtOnce);
+    constexpr int count = 20'000;
+    LibraryChange change;
+    for (int number = 0; number < count; ++number) {
+        const QString url = u"http://provider.example/live/user/password/%1.ts"_s.arg(number);
+        change.put.favorites.append({makeEntry(url, EntryKind::Channel), number, 1});
+    }
+    library->apply(change);
+    restart();
+    QSignalSpy changes(library.get(), &Library::changed);
+    const auto &favorites = library->favorites(source, EntryKind::Channel);
+    if (changedAtOnce) {
+        library->addFavorite(makeEntry(u"one more"_s, EntryKind::Channel));
+    } else {
+        QVERIFY(favorites.isEmpty());
+        library->followEntries(source, EntryKind::Channel,
+                               {channel(u"followed"_s, change.put.favorites.at(7).name)});
+    }
+    QTRY_VERIFY(!changes.isEmpty());
+    QCOMPARE(library->favorites(source, EntryKind::Channel).size(),
+             count + (changedAtOnce ? 1 : 0));
+    QVERIFY(library->flush());
+    restart();
+    QCOMPARE(library->rows().favorites.size(), count + (changedAtOnce ? 1 : 0));
 }
 
 void tst_Library::clearing()

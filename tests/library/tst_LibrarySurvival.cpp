@@ -159,6 +159,7 @@ void tst_LibrarySurvival::hundredThousandRows()
         library.addFavorite(makeEntry(u"last"_s, EntryKind::Channel));
     }
     Library library(nullptr);
+    QCOMPARE(library.rows().favorites.size(), perPart + 1);
     const QList<Favorite> ordered = library.favoritesInOrder(u"S"_s, EntryKind::Channel);
     QCOMPARE(ordered.size(), perPart + 1);
     QCOMPARE(ordered.constLast().id, u"last"_s);

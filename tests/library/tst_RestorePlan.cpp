@@ -260,6 +260,7 @@ void tst_RestorePlan::channelsWithoutCredentials()
         items[index].categoryId = u"c1"_s;
     }
     library.followEntries(u"S"_s, EntryKind::Channel, items);
+    QVERIFY(library.flush());
     QCOMPARE(sortedIdsOf(library.favorites(u"S"_s, EntryKind::Channel)),
              (QStringList{items.at(0).id, items.at(1).id}));
 }

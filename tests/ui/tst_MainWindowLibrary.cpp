@@ -248,10 +248,10 @@ void tst_MainWindowLibrary::newTokensAreFollowed()
     QTRY_COMPARE(server->requestCount(u"/list"_s), 2);
     QTRY_VERIFY(!overlayShown());
     QCOMPARE(favorites(u"A"_s), QStringList{u"Two"_s});
-    QVERIFY(library()
-                .favoritesInOrder(u"A"_s, EntryKind::Channel)
-                .constFirst()
-                .id.endsWith(u"token=second"_s));
+    QTRY_VERIFY(library()
+                    .favoritesInOrder(u"A"_s, EntryKind::Channel)
+                    .constFirst()
+                    .id.endsWith(u"token=second"_s));
     window().selectChannelCategory(find<QListWidget>(u"channelCategoryList"_s).item(1));
     QCOMPARE(shownChannels(), QStringList{u"Two"_s});
 }
