@@ -39,6 +39,7 @@ AccountInformationDialog::AccountInformationDialog(const SourceConfig &source, Q
     message->setObjectName(u"accountMessage"_s);
     addRow(tr("Source"), source.name);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Retry | QDialogButtonBox::Close);
+    buttons->button(QDialogButtonBox::Close)->setObjectName(u"closeButton"_s);
     retry = buttons->button(QDialogButtonBox::Retry);
     connect(retry, &QPushButton::clicked, this, &AccountInformationDialog::ask);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

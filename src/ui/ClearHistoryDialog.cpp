@@ -19,8 +19,10 @@ ClearHistoryDialog::ClearHistoryDialog(const LibraryRows &rows, QWidget *parent)
     progress->setObjectName(u"progressCheck"_s);
     auto *text = new WrappedLabel;
     text->setText(tr("What goes, of all sources? Favorites and hidden categories stay."));
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    auto *buttons = new QDialogButtonBox;
     auto *clear = buttons->addButton(tr("Clear"), QDialogButtonBox::AcceptRole);
+    // Added last: Tab would not reach it otherwise.
+    buttons->addButton(QDialogButtonBox::Cancel);
     clear->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -70,8 +70,10 @@ RestoreDialog::RestoreDialog(const LibraryBackup::Content &currentContent,
         counts.append(count);
         form->addRow(part, count);
     }
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    auto *buttons = new QDialogButtonBox;
     restore = buttons->addButton(tr("Restore"), QDialogButtonBox::AcceptRole);
+    // Added last: Tab would not reach it otherwise.
+    buttons->addButton(QDialogButtonBox::Cancel);
     restore->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -2,6 +2,7 @@
 #include "library/Library.h"
 #include "library/LibraryBackup.h"
 #include "library/RestorePlan.h"
+#include "providers/SubscriptionEndpoint.h"
 #include "support/TestFiles.h"
 
 #include <QCheckBox>
@@ -464,11 +465,29 @@ void tst_MainWindowMore::accountIsAskedForOnlyThen()
 
 void tst_MainWindowMore::subscriptionShowsItsExchangedAccount()
 {
-    // As long as the key was not exchanged, there is no account.
+    SubscriptionEndpoint endpoint;
+    XtreamProvider provider(u"joe"_s, u"exchanged"_s);
     store(subscriptionSource(u"Sub"_s, u"key"_s));
-    open(server->url());
+    // As long as the key was not exchanged, there is no account.
+    open(endpoint.url());
     QTRY_COMPARE(dialogs.seen().size(), 1); // the exchange has failed
     QVERIFY(!offers(u"Account Information..."_s));
+    endpoint.accept(u"key"_s, provider);
+    window().refreshActiveSource();
+    QTRY_COMPARE(provider.actions().size(), 6);
+
+    dialogs.next([&provider](QDialog &dialog) {
+        const auto isAsked = [&provider] {
+            return provider.requestCount(XtreamAction::login) == 1;
+        };
+        QVERIFY(QTest::qWaitFor(isAsked));
+        dialog.reject();
+    });
+    choose(u"Account Information..."_s);
+    const HttpRequest request = provider.http().requests().last();
+    QCOMPARE(request.queryValue(u"username"_s), u"joe"_s);
+    QCOMPARE(request.queryValue(u"password"_s), u"exchanged"_s);
+    QCOMPARE(endpoint.keys().size(), 2);
 }
 
 void tst_MainWindowMore::about()
