@@ -179,6 +179,16 @@ void Library::announce(const LibraryChange &inverse)
     });
 }
 
+bool Library::isEmpty(LibraryPart part) const
+{
+    bool empty = true;
+    LibraryTables::forEach([&](const auto &table) {
+        using Row = typename std::decay_t<decltype(table)>::Row;
+        empty = empty && (table.part != part || known().lists<Row>().isEmpty());
+    });
+    return empty;
+}
+
 LibraryRows Library::rows() const
 {
     return state().rows();

@@ -106,6 +106,8 @@ public:
     // ---- all of it ----
 
     LibraryRows rows() const;
+    /// Whether a part has no rows, of any source.
+    bool isEmpty(LibraryPart part) const;
     /// Removes all rows of these parts, of all sources.
     LibraryChange clear(const QList<LibraryPart> &parts);
     /// Makes a change, for instance one that takes another back.

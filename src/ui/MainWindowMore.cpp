@@ -48,8 +48,8 @@ void MainWindow::createMoreMenu()
 {
     auto *menu = new MoreMenu(this);
     connect(menu, &MoreMenu::aboutToShow, this, [this, menu] {
-        const LibraryRows rows = library->rows();
-        menu->setHasHistory(!rows.history.isEmpty() || !rows.progress.isEmpty());
+        menu->setHasHistory(!library->isEmpty(LibraryPart::History) ||
+                            !library->isEmpty(LibraryPart::Progress));
         menu->setHasAccount(hasAccount());
     });
     connect(menu, &MoreMenu::clearHistoryRequested, this, &MainWindow::clearHistory);

@@ -405,7 +405,10 @@ void tst_Library::clearing()
     library->apply(change);
     // Another running program adds to the same file.
     Library(nullptr).addFavorite(makeEntry(u"other"_s));
+    QVERIFY(!library->isEmpty(LibraryPart::Favorites));
     library->clear({LibraryPart::Favorites, LibraryPart::History});
+    QVERIFY(library->isEmpty(LibraryPart::Favorites));
+    QVERIFY(!library->isEmpty(LibraryPart::Progress));
     LibraryRows expected = sampleRows();
     expected.favorites.clear();
     expected.history.clear();
