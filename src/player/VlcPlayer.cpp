@@ -219,7 +219,7 @@ qint64 VlcPlayer::lengthMs() const
 qint64 VlcPlayer::timeMs() const
 {
     if (isWaiting()) {
-        return pending.timeMs.value_or(0);
+        return pending.timeMs.value_or(pending.continueMs.value_or(0));
     }
     libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
     return player != nullptr ? libvlc_media_player_get_time(player) : 0;
@@ -227,6 +227,7 @@ qint64 VlcPlayer::timeMs() const
 
 void VlcPlayer::seek(qint64 ms)
 {
+    pending.continueMs.reset();
     if (isWaiting()) {
         pending.timeMs = ms;
         return;
@@ -290,6 +291,7 @@ void VlcPlayer::handleEnd(quint64 number)
     }
     const qint64 length = lengthMs();
     if (length < 1 || timeMs() >= length - normalEndMs) {
+        Q_EMIT finished();
         return;
     }
     Q_EMIT playbackInterrupted(

@@ -64,6 +64,9 @@ public:
     qint64 lengthMs() const;
     qint64 timeMs() const;
     void seek(qint64 ms);
+    /// Seeks as soon as the stream plays and its length is known. A stream that is not that long,
+    /// or has no length, plays on from where it is. Another seek takes its place.
+    void continueAt(qint64 ms);
     /// Seeks by `deltaMs`, but not before the start or into the last second of a known length.
     void seekRelative(qint64 deltaMs);
 
@@ -102,6 +105,8 @@ Q_SIGNALS:
     void playbackProgressing();
     void playing();
     void stopped();
+    /// The stream, which is not live, has played to its end.
+    void finished();
     void pausedChanged(bool paused);
     /// Twice a second while the stream plays.
     void positionChanged(qint64 currentMs, qint64 totalMs);
@@ -112,6 +117,7 @@ private:
     {
         bool paused = false;
         std::optional<qint64> timeMs;
+        std::optional<qint64> continueMs; ///< instead of timeMs
         std::optional<int> audioTrack;
         std::optional<int> subtitleTrack;
         QStringList subtitleFiles;
@@ -129,6 +135,7 @@ private:
 
     // ---- VlcPlayerPending.cpp ----
     void applyPending();
+    void applyPendingContinue();
     void applyPendingTracks();
     void discardPending();
 

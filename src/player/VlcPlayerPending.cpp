@@ -12,7 +12,8 @@
 
 bool VlcPlayer::PendingSelection::isEmpty() const
 {
-    return !paused && !timeMs && !audioTrack && !subtitleTrack && subtitleFiles.isEmpty();
+    return !paused && !timeMs && !continueMs && !audioTrack && !subtitleTrack &&
+           subtitleFiles.isEmpty();
 }
 
 void VlcPlayer::discardPending()
@@ -38,11 +39,41 @@ void VlcPlayer::applyPending()
     if (pending.timeMs) {
         seek(*pending.timeMs);
     }
+    applyPendingContinue();
     applyPendingTracks();
-    // A paused stream announces no more tracks, so the pause comes last.
-    const bool tracksAreSet = !pending.audioTrack && !pending.subtitleTrack;
-    if (tracksAreSet && std::exchange(pending.paused, false)) {
+    // A paused stream announces neither tracks nor its length, so the pause comes last.
+    const bool othersAreSet = !pending.continueMs && !pending.audioTrack && !pending.subtitleTrack;
+    if (othersAreSet && std::exchange(pending.paused, false)) {
         libvlc_media_player_set_pause(mediaPlayer->handle(), 1);
+    }
+}
+
+void VlcPlayer::continueAt(qint64 ms)
+{
+    pending.timeMs.reset();
+    pending.continueMs = ms;
+    if (isWaiting()) {
+        return;
+    }
+    if (!isOpening()) {
+        applyPendingContinue();
+    }
+    if (pending.continueMs) {
+        pendingTimer->start();
+    }
+}
+
+/// The length may be known some time after the stream began to play. A stream that never has one
+/// ignores seeks.
+void VlcPlayer::applyPendingContinue()
+{
+    const qint64 length = lengthMs();
+    if (!pending.continueMs || (length < 1 && !stall.sawProgress())) {
+        return;
+    }
+    const qint64 ms = *std::exchange(pending.continueMs, std::nullopt);
+    if (ms < length) {
+        seek(ms);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "ui/EntryMarks.h"
 
+#include "library/LibraryRecords.h"
+
 #include <QCoreApplication>
 #include <QPainter>
 #include <QPolygonF>
@@ -35,6 +37,16 @@ QPolygonF starOfRadius(double radius)
 }
 
 } // namespace
+
+int percentOf(const Progress &row)
+{
+    constexpr qint64 whole = 100;
+    if (row.positionMs <= 0 || row.durationMs <= 0) {
+        return 0;
+    }
+    // What was begun shows, however little it is.
+    return static_cast<int>(std::clamp(row.positionMs * whole / row.durationMs, 1LL, whole));
+}
 
 QString describeMark(const EntryMark &mark)
 {

@@ -7,6 +7,7 @@
 class QPainter;
 class QRect;
 struct MediaItem;
+struct Progress;
 
 /// What the library says of an entry, as a view shows it.
 struct EntryMark
@@ -21,6 +22,9 @@ struct EntryMark
 
 /// What the library says of an entry.
 using MarkOfEntry = std::function<EntryMark(const MediaItem &)>;
+
+/// How far the entry was watched; 0 when there is nothing to continue, or its length is unknown.
+int percentOf(const Progress &row);
 
 /// What a screen reader says of a mark; empty when there is none.
 QString describeMark(const EntryMark &mark);

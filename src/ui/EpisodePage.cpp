@@ -2,13 +2,42 @@
 
 #include "ui/ActivateKeys.h"
 #include "ui/ElidedLabel.h"
+#include "ui/EntryMarks.h"
+#include "ui/EpisodeDelegate.h"
+#include "ui/RowMenu.h"
 
 #include <QBoxLayout>
 #include <QHash>
+#include <QMenu>
 #include <QPushButton>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Changes nothing, and so repaints nothing, where the value stands already.
+void setRowData(QTreeWidgetItem &row, int role, const QVariant &value)
+{
+    if (row.data(0, role) != value) {
+        row.setData(0, role, value);
+    }
+}
+
+/// The row itself, or the episodes of a season's row.
+QList<const QTreeWidgetItem *> episodeRowsOf(const QTreeWidgetItem &row)
+{
+    if (row.parent() != nullptr) {
+        return {&row};
+    }
+    QList<const QTreeWidgetItem *> rows;
+    for (int child = 0; child < row.childCount(); ++child) {
+        rows << row.child(child);
+    }
+    return rows;
+}
+
+} // namespace
 
 EpisodePage::EpisodePage(QWidget *parent)
     : QWidget(parent)
@@ -25,6 +54,12 @@ EpisodePage::EpisodePage(QWidget *parent)
     episodeTree->setObjectName(u"episodeTree"_s);
     episodeTree->setAccessibleName(tr("Episodes"));
     episodeTree->setHeaderHidden(true);
+    episodeTree->setItemDelegate(new EpisodeDelegate(episodeTree));
+    addRowMenu(episodeTree, [this](QMenu &menu, const QModelIndex &index) {
+        if (const QTreeWidgetItem *row = episodeTree->itemFromIndex(index)) {
+            fillRowMenu(menu, *row);
+        }
+    });
     connect(episodeTree, &QTreeWidget::itemClicked, this, &EpisodePage::playEpisodeTreeItem);
     addActivateKeyShortcuts(episodeTree, this,
                             [this] { playEpisodeTreeItem(episodeTree->currentItem()); });
@@ -39,13 +74,22 @@ EpisodePage::EpisodePage(QWidget *parent)
 
 void EpisodePage::open(const QString &seriesName)
 {
-    currentSeriesName = seriesName;
+    shownShow.name = seriesName;
     episodeTitleLabel->setText(seriesName);
-    showEpisodes({}, {});
+    clear();
 }
 
-void EpisodePage::showEpisodes(const QList<Episode> &episodes, const XtreamAccount &account)
+void EpisodePage::clear()
 {
+    showEpisodes({}, {}, {}, {});
+}
+
+void EpisodePage::showEpisodes(const QString &source, const QString &showId,
+                               const QList<Episode> &episodes, const XtreamAccount &account)
+{
+    shownShow.source = source;
+    shownShow.kind = EntryKind::Show;
+    shownShow.id = showId;
     shownEpisodes = episodes;
     shownAccount = account;
     episodeTree->clear();
@@ -71,6 +115,54 @@ QTreeWidgetItem *EpisodePage::addSeasonRow(qint32 season)
     row->setFont(0, font);
     row->setFlags(Qt::ItemIsEnabled);
     return row;
+}
+
+void EpisodePage::showProgress(const LibraryList<Progress> &progress)
+{
+    for (int top = 0; top < episodeTree->topLevelItemCount(); ++top) {
+        const QTreeWidgetItem &season = *episodeTree->topLevelItem(top);
+        for (int child = 0; child < season.childCount(); ++child) {
+            QTreeWidgetItem &row = *season.child(child);
+            const int index = row.data(0, Qt::UserRole).toInt();
+            markRow(row, progress.value(shownEpisodes.at(index).id));
+        }
+    }
+}
+
+void EpisodePage::markRow(QTreeWidgetItem &row, const Progress &progress)
+{
+    const EntryMark mark{.watched = progress.watched, .percent = percentOf(progress)};
+    setRowData(row, EpisodeDelegate::PercentRole, mark.percent > 0 ? mark.percent : QVariant());
+    setRowData(row, EpisodeDelegate::WatchedRole, mark.watched ? QVariant(true) : QVariant());
+    setRowData(row, Qt::AccessibleDescriptionRole,
+               mark.isEmpty() ? QVariant() : describeMark(mark));
+}
+
+Progress EpisodePage::episodeOf(const QTreeWidgetItem &row) const
+{
+    const int index = row.data(0, Qt::UserRole).toInt();
+    return progressOf(shownShow.source, shownShow.id, shownEpisodes.at(index),
+                      index + 1 == shownEpisodes.size());
+}
+
+void EpisodePage::fillRowMenu(QMenu &menu, const QTreeWidgetItem &row)
+{
+    QList<Progress> episodes;
+    bool allWatched = true;
+    bool anyMarked = false;
+    for (const QTreeWidgetItem *episodeRow : episodeRowsOf(row)) {
+        episodes << episodeOf(*episodeRow);
+        allWatched = allWatched && episodeRow->data(0, EpisodeDelegate::WatchedRole).toBool();
+        anyMarked = anyMarked || episodeRow->data(0, Qt::AccessibleDescriptionRole).isValid();
+    }
+    if (!allWatched) {
+        menu.addAction(tr("Mark as Watched"), this,
+                       [this, episodes] { Q_EMIT markRequested(episodes, true); });
+    }
+    if (anyMarked) {
+        menu.addAction(tr("Mark as Unwatched"), this,
+                       [this, episodes] { Q_EMIT markRequested(episodes, false); });
+    }
 }
 
 void EpisodePage::playEpisodeTreeItem(const QTreeWidgetItem *item)

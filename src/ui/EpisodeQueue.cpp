@@ -2,11 +2,11 @@
 
 #include "ui/EpisodeItem.h"
 
-void EpisodeQueue::start(const QString &seriesName, const QList<Episode> &episodes,
+void EpisodeQueue::start(const LibraryEntry &show, const QList<Episode> &episodes,
                          const XtreamAccount &account, qint32 index)
 {
     Q_ASSERT(index >= 0 && index < episodes.size());
-    playingSeriesName = seriesName;
+    playingShow = show;
     episodePlaylist = episodes;
     playingAccount = account;
     currentEpisodeIndex = index;
@@ -33,7 +33,13 @@ bool EpisodeQueue::next()
 
 MediaItem EpisodeQueue::current() const
 {
-    return mediaItemFromEpisode(episodePlaylist.at(currentEpisodeIndex), playingSeriesName);
+    return mediaItemFromEpisode(episodePlaylist.at(currentEpisodeIndex), playingShow.name);
+}
+
+Progress EpisodeQueue::currentProgress() const
+{
+    return progressOf(playingShow.source, playingShow.id, episodePlaylist.at(currentEpisodeIndex),
+                      !hasNext());
 }
 
 std::optional<XtreamAccount> EpisodeQueue::account() const

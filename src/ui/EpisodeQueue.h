@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/LibraryRecords.h"
 #include "model/CatalogRecords.h"
 #include "providers/XtreamAccount.h"
 
@@ -14,7 +15,7 @@ class EpisodeQueue final
 {
 public:
     /// Replaces the show; `index` is the playing episode, a valid index of `episodes`.
-    void start(const QString &seriesName, const QList<Episode> &episodes,
+    void start(const LibraryEntry &show, const QList<Episode> &episodes,
                const XtreamAccount &account, qint32 index);
     void clear();
 
@@ -24,11 +25,18 @@ public:
 
     /// The playable entry of the playing episode; only while a show plays.
     MediaItem current() const;
+    /// How the library knows the playing episode; only while a show plays.
+    Progress currentProgress() const;
+    /// How the library knows the show; empty while no show plays.
+    const LibraryEntry &show() const { return playingShow; }
+    const QList<Episode> &episodes() const { return episodePlaylist; }
+    /// The show's source has another name now.
+    void renameSource(const QString &name) { playingShow.source = name; }
     /// The account of the show; none while no show plays.
     std::optional<XtreamAccount> account() const;
 
 private:
-    QString playingSeriesName;
+    LibraryEntry playingShow;
     QList<Episode> episodePlaylist;
     XtreamAccount playingAccount;
     /// -1 while no show plays.

@@ -12,6 +12,7 @@
 #include "ui/LoadingOverlay.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlayerPanel.h"
+#include "ui/ResumeKeeper.h"
 #include "ui/SourceBar.h"
 
 #include <QApplication>
@@ -87,6 +88,7 @@ MainWindow::~MainWindow()
 
 bool MainWindow::endPlayback()
 {
+    resumeKeeper->keepPlace();
     const bool finished = player->finish();
     if (!finished) {
         // Its destructor, which writes the last changes, will not run.
@@ -198,7 +200,7 @@ void MainWindow::emptyBrowseTabs()
     for (BrowseTab *tab : std::as_const(browseTabs)) {
         tab->clear();
     }
-    episodePage->showEpisodes({}, {});
+    episodePage->clear();
     episodeQueue.clear();
 }
 

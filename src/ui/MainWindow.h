@@ -20,6 +20,7 @@ class Library;
 class LoadingOverlay;
 class PlaybackSession;
 class PlayerPanel;
+class ResumeKeeper;
 class SourceBar;
 class SourceManager;
 class TabLibrary;
@@ -64,6 +65,14 @@ public:
     void showEpisodesInline(const QString &seriesId, const QString &seriesName);
     void playNextEpisode();
     void updateNextEpisodeButton();
+
+    // ---- MainWindowResume.cpp: where films and episodes were left ----
+
+    /// Plays a film of the active source where it was left; from its start if that is not known.
+    void continueEntry(const MediaItem &film);
+    /// Opens the page of a show of the active source. When its episodes are there, plays the one
+    /// that was left where it was left, or the one that follows a finished one.
+    void continueShow(const MediaItem &show);
 
     // ---- MainWindowPlayer.cpp: the player ----
 
@@ -142,8 +151,22 @@ private:
     void openShow(const MediaItem &show);
 
     // ---- MainWindowSeries.cpp ----
+    void openEpisodes(const QString &seriesId, const QString &seriesName);
+    void fillEpisodePage(const QString &source, const QString &seriesId,
+                         const QList<Episode> &episodes, const XtreamAccount &account);
     /// Plays an episode of the show whose page is open.
     void playEpisode(int index);
+
+    // ---- MainWindowResume.cpp ----
+    void createResumeKeeper();
+    /// How far the entry was watched is kept under this; none for what has no place to resume.
+    std::optional<Progress> keptProgress(const MediaItem &item, const LibraryEntry &entry) const;
+    void continueOpenShow();
+    void markEpisodes(const QList<Progress> &episodes, bool watched);
+    /// Brings the marks of the page and the shows' own marks up to date.
+    void updateEpisodeMarks();
+    /// What plays belongs to the source under its new name, or to none when that is empty.
+    void moveWhatPlays(const QString &from, const QString &to);
 
     // ---- MainWindowPlayer.cpp ----
     /// As playMediaItem(); `entry` is the library's name for it.
@@ -202,6 +225,12 @@ private:
     // ---- MainWindowSeries.cpp ----
     EpisodePage *episodePage = nullptr;
     EpisodeQueue episodeQueue;
+    /// The id of the show that goes on when its episodes are there.
+    QString showToContinue;
+
+    // ---- MainWindowResume.cpp ----
+    ResumeKeeper *resumeKeeper = nullptr;
+    bool updatingEpisodeMarks = false;
 
     // ---- MainWindowPlayer.cpp ----
     VlcPlayer *player = nullptr;

@@ -77,6 +77,7 @@ void MainWindow::deleteSource(const QString &name)
         sourceManager->removeSource(name);
     }
     library->forgetSource(name);
+    moveWhatPlays(name, {});
     // What is still under way for it must not store it again.
     catalogLoader->forget(name);
     sourceBar->remove(name);
@@ -109,6 +110,7 @@ void MainWindow::replaceSourceAt(int index, const QString &oldName, const Source
     if (edited.name != oldName) {
         sourceManager->removeSource(oldName);
         library->renameSource(oldName, edited.name);
+        moveWhatPlays(oldName, edited.name);
     }
     sourceManager->saveSource(edited);
     const bool current = index == sourceBar->currentIndex();

@@ -6,6 +6,7 @@
 #include "ui/FullscreenChrome.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlayerPanel.h"
+#include "ui/ResumeKeeper.h"
 #include "ui/SourceBar.h"
 
 #include <QBoxLayout>
@@ -18,6 +19,7 @@ void MainWindow::createPlayer()
     player = new VlcPlayer(playerPanel->surface(), this);
     session = new PlaybackSession(player, this);
     playerPanel->setPlayback(player, session);
+    createResumeKeeper();
     connect(session, &PlaybackSession::entryChanged, this, &MainWindow::updateNextEpisodeButton);
     connect(session, &PlaybackSession::failed, this, &MainWindow::onPlaybackError);
     connect(playerPanel, &PlayerPanel::nextEpisodeRequested, this, &MainWindow::playNextEpisode);
@@ -43,6 +45,7 @@ void MainWindow::startPlaying(const MediaItem &item, const LibraryEntry &entry)
         return;
     }
     playingEntry = entry;
+    resumeKeeper->follow(keptProgress(item, entry));
     session->play(item.type, url, item.name);
     playerPanel->setFocus(Qt::OtherFocusReason);
 }

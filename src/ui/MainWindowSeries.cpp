@@ -12,6 +12,12 @@
 
 void MainWindow::showEpisodesInline(const QString &seriesId, const QString &seriesName)
 {
+    showToContinue.clear();
+    openEpisodes(seriesId, seriesName);
+}
+
+void MainWindow::openEpisodes(const QString &seriesId, const QString &seriesName)
+{
     XtreamClient *xtream = catalogLoader->accountClient();
     if (xtream == nullptr) {
         return;
@@ -23,7 +29,7 @@ void MainWindow::showEpisodesInline(const QString &seriesId, const QString &seri
     const XtreamAccount account = xtream->account();
     QList<Episode> cached;
     if (CatalogCache::loadEpisodes(currentSource.name, seriesId, catalogMaxAgeSeconds, cached)) {
-        episodePage->showEpisodes(cached, account);
+        fillEpisodePage(currentSource.name, seriesId, cached, account);
         return;
     }
     xtream->fetchSeriesEpisodes(seriesId, [this, &shows, sourceName = currentSource.name, seriesId,
@@ -32,21 +38,32 @@ void MainWindow::showEpisodesInline(const QString &seriesId, const QString &seri
             return;
         }
         CatalogCache::saveEpisodes(sourceName, seriesId, episodes);
-        episodePage->showEpisodes(episodes, account);
+        fillEpisodePage(sourceName, seriesId, episodes, account);
     });
+}
+
+void MainWindow::fillEpisodePage(const QString &source, const QString &seriesId,
+                                 const QList<Episode> &episodes, const XtreamAccount &account)
+{
+    episodePage->showEpisodes(source, seriesId, episodes, account);
+    updateEpisodeMarks();
+    if (!showToContinue.isEmpty() && showToContinue == seriesId) {
+        showToContinue.clear();
+        continueOpenShow();
+    }
 }
 
 void MainWindow::playEpisode(int index)
 {
-    episodeQueue.start(episodePage->seriesName(), episodePage->episodes(), episodePage->account(),
+    episodeQueue.start(episodePage->currentShow(), episodePage->episodes(), episodePage->account(),
                        index);
-    playMediaItem(episodeQueue.current());
+    startPlaying(episodeQueue.current(), episodeQueue.show());
 }
 
 void MainWindow::playNextEpisode()
 {
     if (episodeQueue.next()) {
-        playMediaItem(episodeQueue.current());
+        startPlaying(episodeQueue.current(), episodeQueue.show());
     }
 }
 

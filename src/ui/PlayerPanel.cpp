@@ -78,6 +78,8 @@ QWidget *PlayerPanel::buildSeekRow()
     seekSlider = new ClickToSeekSlider(Qt::Horizontal);
     seekSlider->setObjectName(u"seekSlider"_s);
     seekSlider->setAccessibleName(tr("Position"));
+    continueButton = makeButton({}, u"continueButton"_s);
+    continueButton->hide();
     timeLabel = new QLabel;
     timeLabel->setObjectName(u"timeLabel"_s);
 
@@ -85,11 +87,13 @@ QWidget *PlayerPanel::buildSeekRow()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(back);
     layout->addWidget(seekSlider, 1);
+    layout->addWidget(continueButton);
     layout->addWidget(forward);
     layout->addWidget(timeLabel);
     seekRow->hide();
 
     connect(back, &QPushButton::clicked, this, [this] { player->seekRelative(-skipMs); });
+    connect(continueButton, &QPushButton::clicked, this, &PlayerPanel::continueRequested);
     connect(forward, &QPushButton::clicked, this, [this] { player->seekRelative(skipMs); });
     connect(seekSlider, &QSlider::sliderPressed, this, &PlayerPanel::beginSeek);
     connect(seekSlider, &QSlider::sliderReleased, this, &PlayerPanel::finishSeek);
@@ -141,6 +145,7 @@ void PlayerPanel::addPlayerShortcuts()
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
         shortcut->setAutoRepeat(repeats);
         connect(shortcut, &QShortcut::activated, this, action);
+        return shortcut;
     };
     add(Qt::Key_Space, false, [this] { togglePlayPause(); });
     add(Qt::Key_F, false, [this] { Q_EMIT fullscreenToggled(); });
@@ -149,6 +154,8 @@ void PlayerPanel::addPlayerShortcuts()
     add(Qt::Key_M, false, [this] { toggleMute(); });
     add(Qt::Key_Left, true, [this] { seekByKey(-skipMs); });
     add(Qt::Key_Right, true, [this] { seekByKey(skipMs); });
+    continueShortcut = add(Qt::Key_C, false, [this] { Q_EMIT continueRequested(); });
+    continueShortcut->setEnabled(false);
 }
 
 void PlayerPanel::setPlayback(VlcPlayer *newPlayer, PlaybackSession *newSession)
@@ -261,6 +268,19 @@ void PlayerPanel::showNextEpisodeButton(bool visible, bool enabled)
     nextEpisodeButton->setEnabled(enabled);
 }
 
+void PlayerPanel::offerToContinue(qint64 positionMs)
+{
+    continueButton->setText(tr("Continue at %1").arg(formatMs(positionMs)));
+    continueButton->show();
+    continueShortcut->setEnabled(true);
+}
+
+void PlayerPanel::withdrawOffer()
+{
+    setRowVisible(continueButton, false);
+    continueShortcut->setEnabled(false);
+}
+
 void PlayerPanel::setMargin(int margin)
 {
     playerLayout->setContentsMargins(margin, margin, margin, margin);
@@ -301,7 +321,7 @@ void PlayerPanel::updatePlayerChrome()
 void PlayerPanel::setRowVisible(QWidget *row, bool visible)
 {
     if (!visible && row->isAncestorOf(window()->focusWidget())) {
-        // The row would hand the focus to the next widget of the window, outside the panel.
+        // It would hand the focus to the next widget of the window, outside the panel.
         setFocus(Qt::OtherFocusReason);
     }
     row->setVisible(visible);

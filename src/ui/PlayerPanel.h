@@ -9,6 +9,7 @@ class VlcPlayer;
 
 class QLabel;
 class QPushButton;
+class QShortcut;
 class QSlider;
 class QVBoxLayout;
 
@@ -43,6 +44,9 @@ public:
     bool areRowsHidden() const { return rowsHidden; }
 
     void showNextEpisodeButton(bool visible, bool enabled);
+    /// Shows a button that continues at that time; C does the same while it is offered.
+    void offerToContinue(qint64 positionMs);
+    void withdrawOffer();
 
     void togglePlayPause();
     /// Percent.
@@ -68,6 +72,7 @@ public:
 Q_SIGNALS:
     void fullscreenToggled();
     void nextEpisodeRequested();
+    void continueRequested();
     /// The rows were shown or hidden.
     void rowsUpdated(bool shown);
 
@@ -90,6 +95,7 @@ private:
     QLabel *nowPlayingLabel = nullptr;
     QWidget *seekRow = nullptr;
     ClickToSeekSlider *seekSlider = nullptr;
+    QPushButton *continueButton = nullptr;
     QLabel *timeLabel = nullptr;
     QWidget *controlsRow = nullptr;
     QPushButton *playPauseButton = nullptr;
@@ -97,6 +103,8 @@ private:
     QPushButton *audioButton = nullptr;
     QPushButton *subtitlesButton = nullptr;
     QSlider *volumeSlider = nullptr;
+    /// Enabled while the offer stands.
+    QShortcut *continueShortcut = nullptr;
     /// The user holds the seek slider.
     bool seeking = false;
     bool rowsHidden = false;

@@ -3,8 +3,6 @@
 #include "library/Library.h"
 #include "model/ItemIds.h"
 
-#include <algorithm>
-
 namespace {
 
 template <typename Rows>
@@ -15,16 +13,6 @@ QStringList idsOf(const Rows &rows)
         ids.append(row.id);
     }
     return ids;
-}
-
-int percentOf(const Progress &row)
-{
-    constexpr qint64 whole = 100;
-    if (row.positionMs <= 0 || row.durationMs <= 0) {
-        return 0;
-    }
-    // What was begun shows, however little it is.
-    return static_cast<int>(std::clamp(row.positionMs * whole / row.durationMs, 1LL, whole));
 }
 
 } // namespace

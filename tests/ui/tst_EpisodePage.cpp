@@ -44,7 +44,7 @@ void tst_EpisodePage::init()
 {
     page = std::make_unique<EpisodePage>();
     page->open(u"Show"_s);
-    page->showEpisodes(twoSeasons, account);
+    page->showEpisodes(u"S"_s, u"9"_s, twoSeasons, account);
 }
 
 void tst_EpisodePage::widgets()
@@ -68,7 +68,7 @@ void tst_EpisodePage::widgets()
     const QSignalSpy backRequests(page.get(), &EpisodePage::backRequested);
     QTest::mouseClick(back, Qt::LeftButton);
     QCOMPARE(backRequests.count(), 1);
-    QCOMPARE(page->seriesName(), u"Show"_s);
+    QCOMPARE(page->currentShow(), (LibraryEntry{u"S"_s, EntryKind::Show, u"9"_s, u"Show"_s, {}}));
     QCOMPARE(page->account().server, account.server);
 
     // Another show, without episodes as yet.
@@ -76,7 +76,7 @@ void tst_EpisodePage::widgets()
     page->open(longName);
     QCOMPARE(title().text(), longName);
     QCOMPARE(title().minimumSizeHint().width(), 0);
-    QCOMPARE(page->seriesName(), longName);
+    QCOMPARE(page->currentShow(), (LibraryEntry{{}, EntryKind::Show, {}, longName, {}}));
     QVERIFY(page->episodes().isEmpty());
     QCOMPARE(tree().topLevelItemCount(), 0);
 }
@@ -84,6 +84,7 @@ void tst_EpisodePage::widgets()
 void tst_EpisodePage::treeRows()
 {
     page->showEpisodes(
+        u"S"_s, u"9"_s,
         QList(twoSeasons) << episode(0, 0, {}) << episode(2024, 123, u"<b>News</b> %1"_s), account);
     QStringList texts;
     for (int top = 0; top < tree().topLevelItemCount(); ++top) {

@@ -12,11 +12,16 @@ Episode episode(qint32 season, qint32 number, const QString &title)
     return {u"47"_s, u"Name in the catalog"_s, season, number, title, u"mkv"_s};
 }
 
+LibraryEntry showNamed(const QString &name)
+{
+    return {u"Source"_s, EntryKind::Show, u"9"_s, name, {}};
+}
+
 /// A queue at the episode of that index of "Show": S02E01 "Return", S01E01 "Start", S01E02 "End".
 EpisodeQueue queueAt(qint32 index)
 {
     EpisodeQueue queue;
-    queue.start(u"Show"_s,
+    queue.start(showNamed(u"Show"_s),
                 {episode(2, 1, u"Return"_s), episode(1, 1, u"Start"_s), episode(1, 2, u"End"_s)},
                 account, index);
     return queue;
@@ -33,6 +38,7 @@ private Q_SLOTS:
     void entryOfAnEpisode_data();
     void entryOfAnEpisode();
     void startsAtTheGivenEpisodeAndEndsAfterTheLast();
+    void theLibraryKnowsTheEpisode();
     void anotherShowReplacesIt();
 };
 
@@ -71,7 +77,7 @@ void tst_EpisodeQueue::entryOfAnEpisode()
     QFETCH(Episode, playing);
     QFETCH(QString, name);
     EpisodeQueue queue;
-    queue.start(show, {playing}, account, 0);
+    queue.start(showNamed(show), {playing}, account, 0);
     MediaItem expected;
     expected.type = 3;
     expected.id = u"47"_s;
@@ -96,11 +102,27 @@ void tst_EpisodeQueue::startsAtTheGivenEpisodeAndEndsAfterTheLast()
     QCOMPARE(queue.account()->password, account.password);
 }
 
+void tst_EpisodeQueue::theLibraryKnowsTheEpisode()
+{
+    EpisodeQueue queue = queueAt(1);
+    Progress expected = progressOf({u"Source"_s, EntryKind::Episode, u"47"_s, u"Start"_s, {}});
+    expected.showId = u"9"_s;
+    expected.season = 1;
+    expected.episodeNumber = 1;
+    QCOMPARE(queue.currentProgress(), expected);
+    queue.renameSource(u"Renamed"_s);
+    QVERIFY(queue.next());
+    QCOMPARE(queue.currentProgress().source, u"Renamed"_s);
+    QCOMPARE(queue.show().source, u"Renamed"_s);
+    QVERIFY(queue.currentProgress().isLast);
+}
+
 void tst_EpisodeQueue::anotherShowReplacesIt()
 {
     EpisodeQueue queue = queueAt(0);
     QVERIFY(queue.hasNext());
-    queue.start(u"Other"_s, {episode(1, 1, u"Only"_s)}, {u"http://other.example"_s, {}, {}}, 0);
+    queue.start(showNamed(u"Other"_s), {episode(1, 1, u"Only"_s)},
+                {u"http://other.example"_s, {}, {}}, 0);
     QCOMPARE(queue.current().name, u"Other - S01E01 - Only"_s);
     QCOMPARE(queue.account()->server, u"http://other.example"_s);
     QVERIFY(!queue.hasNext());

@@ -77,7 +77,7 @@ void tst_PlayerPanel::isBuiltInOrder()
     QCOMPARE(fixture->window.grab().toImage().pixelColor(middle), QColor(Qt::black));
 
     const auto &seekRow = fixture->find<QWidget>(u"seekRow"_s);
-    QCOMPARE(widgetsOf(seekRow), u"<< 10s|seekSlider|10s >>|00:00 / 00:00"_s);
+    QCOMPARE(widgetsOf(seekRow), u"<< 10s|seekSlider|continueButton|10s >>|00:00 / 00:00"_s);
     QCOMPARE(qobject_cast<QHBoxLayout *>(seekRow.layout())->stretch(1), 1);
     QCOMPARE(seekRow.layout()->contentsMargins(), QMargins());
     QCOMPARE(fixture->seekSlider.maximum(), 0);
