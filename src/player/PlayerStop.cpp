@@ -1,5 +1,7 @@
 #include "player/PlayerStop.h"
 
+#include "player/FreedMemory.h"
+
 #include <condition_variable>
 #include <mutex>
 #include <thread>
@@ -22,9 +24,12 @@ PlayerStop PlayerStop::begin(MediaPlayerPtr mediaPlayer)
         libvlc_media_player_stop(player.get());
         // Release an abandoned player before the stop is reported as done.
         player.reset();
-        const std::lock_guard guard(shared->mutex);
-        shared->done = true;
-        shared->changed.notify_all();
+        {
+            const std::lock_guard guard(shared->mutex);
+            shared->done = true;
+            shared->changed.notify_all();
+        }
+        returnFreedMemory();
     }).detach();
     return stop;
 }
