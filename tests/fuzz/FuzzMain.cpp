@@ -1,7 +1,7 @@
 #include "FuzzTarget.h"
 #include "support/PrivateProfile.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <cstdlib>
@@ -49,7 +49,9 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
     // Read once, so before anything asks.
     qputenv("VANTIRO_NET_DEBUG", "1");
     static const PrivateProfile profile;
-    static const QCoreApplication application(*argc, *argv);
+    // As in the program, a value of the settings may be a picture.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const QGuiApplication application(*argc, *argv);
     // Picture formats complain about almost every input.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     return 0;
