@@ -8,6 +8,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace desktop;
 
@@ -75,6 +77,8 @@ private Q_SLOTS:
     void browseChannels();
     void searchAllChannels();
     void playAChannel();
+    void keepAFavorite();
+    void hideACategory();
     void reconnectAChannel();
     void browsePosters();
     void sortFilms();
@@ -84,8 +88,10 @@ private Q_SLOTS:
     void loadSubtitles();
     void readStreamInfo();
     void watchInFullscreen();
+    void continueTheFilm();
     void openAShow();
     void playEpisodes();
+    void readAccountInformation();
     void addAPlaylist();
 
 private:
@@ -174,6 +180,29 @@ void TestTour::playAChannel()
 {
     QVERIFY(session.watch(u"Night News 24"_s));
     keep(u"live"_s);
+}
+
+void TestTour::keepAFavorite()
+{
+    QVERIFY(Keyboard::press(u"ctrl+d"_s));
+    QVERIFY(session.showsLabel(u"Added to Favorites"_s));
+    QVERIFY(search(u"Search all channels..."_s, {}));
+    QVERIFY(session.openCategory(u"Favorites"_s));
+    QTRY_COMPARE(table().rowTexts(), QStringList{u"Night News 24"_s});
+    keep(u"favorites"_s);
+    QVERIFY(session.clickButton(u"< Back to Categories"_s));
+}
+
+void TestTour::hideACategory()
+{
+    QVERIFY(Mouse::rightClick(session.window.waitFor(Role::ListItem, u"Sports"_s)));
+    const Accessible menu = session.app.waitForMenu();
+    QVERIFY(menu.find(Role::MenuItem, u"Hide Category"_s));
+    keep(u"category-menu"_s);
+    QVERIFY(choose(menu, 0));
+    QTRY_VERIFY(!session.window.find(Role::ListItem, u"Sports"_s));
+    QVERIFY(session.clickButton(u"Undo"_s));
+    QVERIFY(session.window.waitFor(Role::ListItem, u"Sports"_s));
 }
 
 void TestTour::reconnectAChannel()
@@ -291,6 +320,33 @@ void TestTour::watchInFullscreen()
     QVERIFY(session.seesPicture());
 }
 
+void TestTour::continueTheFilm()
+{
+    // Past its first half minute it is kept where the film is left.
+    QVERIFY(Mouse::click(slider().rect().center() + QPoint(slider().rect().width() / 5, 0)));
+    QTRY_VERIFY(playedSeconds() >= 40);
+    QVERIFY(search(u"Search..."_s, {}));
+    QVERIFY(session.watch(u"Seven Bridges"_s));
+    QVERIFY(session.watch(u"The Long Tide"_s));
+    const auto offer = [this] {
+        const QList<Accessible> buttons = session.window.findAll(Role::Button);
+        const auto found =
+            std::find_if(buttons.begin(), buttons.end(), [](const Accessible &button) {
+                return button.name().startsWith(u"Continue at 00:4"_s);
+            });
+        return found != buttons.end() ? *found : Accessible();
+    };
+    QTRY_VERIFY(offer());
+    keep(u"continue"_s);
+    QVERIFY(Mouse::click(offer()));
+    QTRY_VERIFY(playedSeconds() >= 40);
+    QVERIFY(session.seesPicture());
+    QVERIFY(session.clickButton(u"< Back to Categories"_s));
+    QVERIFY(session.openCategory(u"Continue Watching"_s));
+    QTRY_COMPARE(session.window.waitFor(Role::List).rowTexts(), QStringList{u"The Long Tide"_s});
+    keep(u"continue-watching"_s);
+}
+
 void TestTour::openAShow()
 {
     QVERIFY(session.openTab(UiTexts::showsTab));
@@ -311,6 +367,18 @@ void TestTour::playEpisodes()
     QVERIFY(session.showsLabel(UiTexts::playing(u"Lighthouse - S02E01 - Spring Tide"_s)));
     QVERIFY(session.seesPicture());
     keep(u"next-episode"_s);
+}
+
+void TestTour::readAccountInformation()
+{
+    const Accessible menu = session.openMenu(u"More"_s);
+    keep(u"more"_s);
+    QVERIFY(Mouse::click(menu.find(Role::MenuItem, u"Account Information..."_s)));
+    const Accessible dialog = session.app.waitForWindow(u"Account Information"_s);
+    QVERIFY(dialog.waitFor(Role::Label, u"Active"_s));
+    keep(u"account-information"_s);
+    QVERIFY(Keyboard::press(u"Escape"_s));
+    QVERIFY(dialog.waitUntilGone());
 }
 
 void TestTour::addAPlaylist()
