@@ -130,6 +130,13 @@ void HttpConnection::hangUp()
     socket->abort();
 }
 
+void HttpConnection::hangUpAfterReply()
+{
+    isLast = true;
+    if (!replying)
+        hangUp();
+}
+
 void HttpConnection::closed()
 {
     timer.stop();
@@ -358,7 +365,7 @@ void HttpConnection::endReply()
     timer.stop();
     replying = false;
     service.replyEnds(request.path);
-    if (!keepAlive) {
+    if (!keepAlive || isLast) {
         socket->disconnectFromHost();
         return;
     }

@@ -36,6 +36,8 @@ public:
     void release();
     /// Closes the connection without sending what is still queued.
     void hangUp();
+    /// At once when no reply is under way.
+    void hangUpAfterReply();
 
 private:
     void readRequest();
@@ -67,6 +69,7 @@ private:
     bool headSent = false;
     bool held = false;
     bool keepAlive = false;
+    bool isLast = false;   ///< the reply under way, whatever the client wants
     qint64 bodyLimit = -1; ///< bytes after which the reply stalls or is cut; -1 for none
     qint64 sent = 0;       ///< body bytes given to the socket
     bool bodyEnded = false;

@@ -2,6 +2,7 @@
 
 #include "fakeprovider/HttpConnection.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -169,8 +170,15 @@ void HttpServer::Private::start(std::unique_ptr<QTcpServer> tcpServer)
 
 bool HttpServer::Private::listen()
 {
-    if (!server->listen(QHostAddress::LocalHost, port))
-        return false;
+    // A process that libVLC starts holds the closed socket for a moment, and with it the port.
+    constexpr int patienceMs = 3000;
+    constexpr int pauseMs = 5;
+    const QDeadlineTimer deadline(patienceMs);
+    while (!server->listen(QHostAddress::LocalHost, port)) {
+        if (port == 0 || deadline.hasExpired())
+            return false;
+        QThread::msleep(pauseMs);
+    }
     port = server->serverPort();
     return true;
 }
@@ -373,10 +381,8 @@ void HttpServer::refuse()
     d->onThread([this] {
         d->server->close();
         const QList<HttpConnection *> connections = d->connections({});
-        for (HttpConnection *connection : connections) {
-            if (!connection->isReplying())
-                connection->hangUp();
-        }
+        for (HttpConnection *connection : connections)
+            connection->hangUpAfterReply();
     });
 }
 

@@ -132,7 +132,8 @@ public:
     /// listens nowhere.
     bool listenOn(quint16 port);
 
-    /// Stops listening and closes idle connections: the next connect is refused.
+    /// Stops listening and closes the connections, each after the reply that is under way: the next
+    /// connect is refused.
     void refuse();
     /// Listens again, on the same port, after refuse(). False when the port was taken meanwhile.
     bool listenAgain();

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void stallsAndIsDropped();
     void holdsUntilReleased();
     void refusesAndListensAgain();
+    void refusesAfterTheReplyUnderWay();
     void endsPromptlyWithRepliesInFlight();
 };
 
@@ -73,6 +74,19 @@ void tst_HttpServerFaults::refusesAndListensAgain()
     QCOMPARE(fetch(u"/x"_s)->error(), QNetworkReply::ConnectionRefusedError);
     QVERIFY(server->listenAgain());
     QCOMPARE(fetch(u"/x"_s)->readAll(), "x"_ba);
+}
+
+void tst_HttpServerFaults::refusesAfterTheReplyUnderWay()
+{
+    server->on(u"/x"_s, heldReply("x"_ba));
+    QNetworkReply *reply = get(u"/x"_s);
+    QTRY_COMPARE(server->openConnections(u"/x"_s), 1);
+    server->refuse();
+    server->release(u"/x"_s);
+    QTRY_VERIFY(reply->isFinished());
+    QCOMPARE(reply->readAll(), "x"_ba);
+    // Not on the same connection.
+    QCOMPARE(fetch(u"/x"_s)->error(), QNetworkReply::ConnectionRefusedError);
 }
 
 void tst_HttpServerFaults::endsPromptlyWithRepliesInFlight()

@@ -101,7 +101,8 @@ void tst_WindowFaults::refresh_data()
     // tst_RequestFaults tries each request under each fault; here is one fault of each class.
     const QList<QByteArray> chosen{"shorter than announced", "silent",
                                    "302 to another host",    "200 with a page",
-                                   "100 MB of zeros",        "100 MB of zeros, packed"};
+                                   "100 MB of zeros",        "100 MB of zeros, packed",
+                                   "an expired certificate"};
     for (int kind = 0; kind < kinds().size(); ++kind) {
         for (int fault = 0; fault < FaultyProvider::faults().size(); ++fault) {
             const char *name = FaultyProvider::faults().at(fault).name;
