@@ -28,7 +28,8 @@ public:
     GuiLoad()
     {
         timer.callOnTimeout(&timer, [this] { measure(); });
-        timer.start(0);
+        timer.setTimerType(Qt::PreciseTimer);
+        timer.start(beatMs);
     }
 
     /// In ms, since the beginning.
@@ -39,6 +40,8 @@ public:
     }
 
 private:
+    static constexpr int beatMs = 2;
+
     static double processorMs()
     {
         timespec time{};

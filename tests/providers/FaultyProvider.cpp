@@ -1,5 +1,6 @@
 #include "providers/FaultyProvider.h"
 
+#include "fakeprovider/Streams.h"
 #include "support/HttpReplies.h"
 #include "support/TestFiles.h"
 
@@ -60,6 +61,12 @@ HttpReply goodAnswer(const HttpRequest &request, const QByteArray &base)
     }
     if (request.path == "/poster.png"_L1) {
         return bodyReply(poster(), "image/png"_ba);
+    }
+    if (request.path == "/channel.ts"_L1) {
+        return liveTs();
+    }
+    if (request.path == "/film.mp4"_L1) {
+        return HttpReply::file(streamPath(u"film-faststart.mp4"_s));
     }
     return HttpReply::json(R"({"status":"success","data":{"username":"u","password":"p",)"
                            R"("server_url":")" +
