@@ -243,9 +243,6 @@ void SecretMatcher::addBase64(const QByteArray &utf8, qsizetype offset)
     const qsizetype begin = firstKnown.at(size_t(offset));
     const qsizetype bits = (offset + utf8.size()) * 8;
     const qsizetype size = bits / 6 - begin;
-    if (size <= 0) {
-        return;
-    }
     const QByteArray whole = (QByteArray(offset, '\0') + utf8).toBase64();
     const QByteArray plain = whole.mid(begin, size);
     const QByteArray urlSafe = QByteArray(plain).replace('+', '-').replace('/', '_');

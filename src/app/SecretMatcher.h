@@ -17,6 +17,7 @@ struct TextRange
 class SecretMatcher final
 {
 public:
+    /// The secret has at least two characters.
     explicit SecretMatcher(const QString &secret);
 
     /// The maximum length of an encoded secret of `bytes` bytes of UTF-8.

@@ -57,6 +57,9 @@ void tst_TraceSecrets::redactsEveryEncoding_data()
     QTest::newRow("backslash") << backslash << uR"(x m\n\w y)"_s << u"x *** y"_s;
     QTest::newRow("JSON backslash") << backslash << uR"("m\\n\\w")"_s << u"\"***\""_s;
 
+    QTest::newRow("JSON control characters")
+        << u"a\nb\rc\td\be\fg"_s << uR"("a\nb\rc\td\be\fg")"_s << u"\"***\""_s;
+
     const QString spaces = u"two words+plus"_s;
     QTest::newRow("space as %20") << spaces << u"x=two%20words%2Bplus"_s << u"x=***"_s;
     QTest::newRow("space as plus") << spaces << u"x=two+words%2bplus"_s << u"x=***"_s;
@@ -68,6 +71,11 @@ void tst_TraceSecrets::redactsEveryEncoding_data()
         << foreign << u"p%C3%A4ss%E2%82%AC%F0%9F%94%91"_s << u"***"_s;
     QTest::newRow("not ASCII, JSON") << foreign << uR"(p\u00e4ss\u20AC\ud83d\uDD11)"_s << u"***"_s;
     QTest::newRow("not ASCII, HTML") << foreign << u"p&#228;ss&#x20ac;&#128273;"_s << u"***"_s;
+
+    QTest::newRow("percent, cut within a character")
+        << foreign << u"p%C3 p%C3%A4ss%E2%82"_s << u"p%C3 p%C3%A4ss%E2%82"_s;
+    QTest::newRow("HTML, cut or too long") << u"&r&s&t"_s << u"&#38;r&#38;s&#38 &#12345678;r&#"_s
+                                           << u"&#38;r&#38;s&#38 &#12345678;r&#"_s;
 
     QTest::newRow("Base64") << u"abcdef~?>1234"_s << u"x YWJjZGVmfj8+MTIzNA== y"_s
                             << u"x ***== y"_s;

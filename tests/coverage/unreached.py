@@ -1,8 +1,8 @@
 """Reports the lines and branches of `src/` that no test reached, from the counts in a build folder.
 
-A branch is a way out of a condition; the ways that only an exception takes are left out. Lines in
-`unreached.txt` are named with a reason there and are not listed again. Inline functions of headers
-count only where a source of `src/` uses them.
+A branch is a way out of a condition; the ways that only an exception takes are left out, as are lines
+without a word. Lines in `unreached.txt` are named with a reason there and are not listed again.
+Headers are left out: of an inline function the linker may take a test's copy, which does not count.
 
 Exits with 1 if a line is neither reached nor named.
 """
@@ -26,16 +26,29 @@ class Reached:
     def __init__(self):
         self.lines = defaultdict(lambda: defaultdict(int))
         self.branches = defaultdict(dict)
+        self._texts = {}
 
     def add(self, report):
         for entry in report["files"]:
             file = project_path(entry["file"])
             if not file:
                 continue
+            texts = self.texts(file)
             for line in entry["lines"]:
                 number = line["line_number"]
+                if number > len(texts):
+                    raise SystemExit(f"{file} has changed since the build; run scripts/coverage")
+                if not re.search(r"\w", texts[number - 1]):
+                    continue  # the end of a block, which destroys what an exception leaves
                 self.lines[file][number] += line["count"]
                 self._add_branches(file, number, line)
+
+    def texts(self, file):
+        """The lines of a file, with single spaces."""
+        if file not in self._texts:
+            lines = (PROJECT / file).read_text().splitlines()
+            self._texts[file] = [" ".join(line.split()) for line in lines]
+        return self._texts[file]
 
     def _add_branches(self, file, number, line):
         taken = [way["count"] for way in line["branches"] if not way["throw"]]
@@ -49,7 +62,7 @@ class Reached:
 
 def project_path(file):
     """The path in the project of a file in gcov's output, which is relative to the build folder."""
-    match = re.search(r"(?:^|/)(src/.*)$", file)
+    match = re.search(r"(?:^|/)(src/.*\.cpp)$", file)
     return match.group(1) if match and (PROJECT / match.group(1)).is_file() else None
 
 
@@ -57,6 +70,10 @@ def counted(build):
     """What gcov makes of the counts, and of objects that no test has loaded."""
     reached = Reached()
     notes = sorted(path for path in (build / "src").rglob("*.gcno") if "autogen" not in str(path))
+    for note in notes:
+        counts = note.with_suffix(".gcda")
+        if counts.exists() and counts.stat().st_mtime < note.stat().st_mtime:
+            counts.unlink()  # of another version of the source, which gcov refuses
     with tempfile.TemporaryDirectory() as folder:
         output = subprocess.run(
             ["gcov", "--json-format", "--stdout", "--branch-probabilities", *map(str, notes)],
@@ -109,9 +126,8 @@ def print_missing(reached, known):
     """Prints the lines that are neither reached nor named, and returns how many these are."""
     missing, one_way = [], []
     for file in sorted(reached.lines):
-        texts = (PROJECT / file).read_text().splitlines()
         for number, count in sorted(reached.lines[file].items()):
-            text = " ".join(texts[number - 1].split())
+            text = reached.texts(file)[number - 1]
             if (file, text) in known:
                 continue
             if not count:

@@ -81,6 +81,7 @@ QList<QByteArray> documents()
         R"(|[{"a":1,"a":2},{"a":1,"\u0061":"x"},{"a":1,"a":{}})"
         R"(,{"a":1,"a":null}]|{"a":1,"a":2}|{"a":1,"b":2,"\u0061":3})"
         R"(|{"":1," ":2,"\n":3,"\u00e9":4,"\ufeffa":5,"\ud83d":6,"\u0000":7})"
+        R"(|[{"a":true,"b":"\ud83d"},{"a":false,"b":true}])"
         R"(|{ "a" : [ 1 , 2 ] , "b":{ } })"_ba.split('|');
     // White space that counts and some that does not, byte-order marks, NUL.
     texts << " \t\r\n[ \n] "_ba
