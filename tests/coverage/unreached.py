@@ -86,17 +86,22 @@ def counted(build):
     return reached
 
 
-def named():
-    """The lines that are named with a reason, as pairs of file and text."""
+def named(texts):
+    """The lines that are named with a reason, as pairs of file and number. `texts` gives a file's."""
     found = set()
     for block in NAMED.read_text().split("\n\n"):
-        lines = [line.strip() for line in block.splitlines() if line and not line.startswith("#")]
-        if not lines:
+        lines = [" ".join(line.split()) for line in block.splitlines() if not line.startswith("#")]
+        if not any(lines):
             continue
-        reason = next((n for n, line in enumerate(lines) if line.startswith("Reason:")), 0)
-        if reason < 2:
+        end = next((n for n, line in enumerate(lines) if line.startswith("Reason:")), 0)
+        if end < 2:
             raise SystemExit(f"{NAMED}: not a file, lines and a reason:\n{block}")
-        found.update((lines[0], line) for line in lines[1:reason])
+        file, wanted = lines[0], lines[1:end]
+        there = texts(file)
+        places = [n for n in range(len(there)) if there[n:n + len(wanted)] == wanted]
+        if not places:
+            raise SystemExit(f"{NAMED}: {file} has no such lines:\n{block}")
+        found.update((file, place + n) for place in places for n in range(1, len(wanted) + 1))
     return found
 
 
@@ -127,9 +132,9 @@ def print_missing(reached, known):
     missing, one_way = [], []
     for file in sorted(reached.lines):
         for number, count in sorted(reached.lines[file].items()):
-            text = reached.texts(file)[number - 1]
-            if (file, text) in known:
+            if (file, number) in known:
                 continue
+            text = reached.texts(file)[number - 1]
             if not count:
                 missing.append(f"{file}:{number}: {text}")
             elif not all(reached.branches[file].get(number, [])):
@@ -144,7 +149,7 @@ def print_missing(reached, known):
 def main(build):
     reached = counted(build)
     print_table(reached)
-    return 1 if print_missing(reached, named()) else 0
+    return 1 if print_missing(reached, named(reached.texts)) else 0
 
 
 if __name__ == "__main__":
