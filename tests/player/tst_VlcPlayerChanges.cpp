@@ -19,6 +19,11 @@ private Q_SLOTS:
     void selectsForAWaitingStream();
     void subtitleFileForAWaitingStream();
     void resumedBeforeItStarts();
+    void continuesAt_data();
+    void continuesAt();
+    void continuesAfterAWait_data();
+    void continuesAfterAWait();
+    void continuesWhilePaused();
     void togglingWhileItOpensReportsNothing();
     void reportsOfAnEarlierStreamAreIgnored();
 
@@ -172,6 +177,66 @@ void tst_VlcPlayerChanges::resumedBeforeItStarts()
     QCOMPARE(probe->log, (QStringList{u"paused"_s, u"not paused"_s}));
     channel->letGo();
     QVERIFY(probe->advances());
+}
+
+void tst_VlcPlayerChanges::continuesAt_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<qint64>("ms");
+    QTest::addColumn<qint64>("fromMs"); ///< where it plays then
+    const auto row = [](const char *kind, const QString &path, qint64 ms, qint64 fromMs) {
+        QTest::newRow(kind) << path << ms << fromMs;
+    };
+    row("index at the end", u"/files/film.mp4"_s, 40000, 39000);
+    row("index in front", u"/files/film-faststart.mp4"_s, 40000, 39000);
+    row("segments", u"/files/hls/index.m3u8"_s, 20000, 15000);
+    row("a shorter stream", u"/files/audio.mp3"_s, 10500, 0);
+    row("a stream without a length", u"/files/live.ts"_s, 40000, 0);
+}
+
+void tst_VlcPlayerChanges::continuesAt()
+{
+    QFETCH(const QString, path);
+    QFETCH(const qint64, ms);
+    QFETCH(const qint64, fromMs);
+    play(path);
+    probe->player.continueAt(ms);
+    QTRY_VERIFY_WITH_TIMEOUT(probe->currentMs > fromMs, openMs);
+    QVERIFY(probe->advances(2));
+    QVERIFY2(probe->currentMs < fromMs + 10000, qPrintable(QString::number(probe->currentMs)));
+}
+
+void tst_VlcPlayerChanges::continuesAfterAWait_data()
+{
+    QTest::addColumn<bool>("seeksThen");
+    QTest::addColumn<qint64>("fromMs");
+    QTest::newRow("where it was told to") << false << qint64(40000);
+    QTest::newRow("another seek takes its place") << true << qint64(20000);
+}
+
+void tst_VlcPlayerChanges::continuesAfterAWait()
+{
+    QFETCH(const bool, seeksThen);
+    QFETCH(const qint64, fromMs);
+    playAfterTheHangingChannel(u"/files/film.mp4"_s);
+    probe->player.continueAt(40000);
+    if (seeksThen)
+        probe->player.seek(20000);
+    QCOMPARE(probe->player.timeMs(), fromMs);
+    channel->letGo();
+    QTRY_VERIFY_WITH_TIMEOUT(probe->currentMs >= fromMs - 1000, openMs);
+    QVERIFY(probe->advances(2));
+    QVERIFY(probe->currentMs < fromMs + 10000);
+}
+
+void tst_VlcPlayerChanges::continuesWhilePaused()
+{
+    QVERIFY(starts(u"/files/film.mp4"_s));
+    probe->player.togglePause();
+    QTRY_VERIFY(!probe->player.isPlaying());
+    probe->player.continueAt(40000);
+    probe->player.togglePause();
+    QTRY_VERIFY_WITH_TIMEOUT(probe->currentMs >= 39000, openMs);
 }
 
 void tst_VlcPlayerChanges::togglingWhileItOpensReportsNothing()

@@ -1,4 +1,6 @@
+#include "RowMenus.h"
 #include "support/TestMain.h"
+#include "ui/EpisodeDelegate.h"
 #include "ui/EpisodePage.h"
 
 #include <QBoxLayout>
@@ -21,6 +23,26 @@ Episode episode(qint32 season, qint32 number, const QString &title)
 const QList<Episode> twoSeasons{episode(2, 1, u"Return"_s), episode(1, 1, u"Start"_s),
                                 episode(1, 12, u"Pilot"_s), episode(2, 2, u"End"_s)};
 
+/// Two episodes of season 1, "a" and "b", and one of season 2, "c".
+const QList<Episode> threeEpisodes{{u"a"_s, {}, 1, 1, u"One"_s, {}},
+                                   {u"b"_s, {}, 1, 2, u"Two"_s, {}},
+                                   {u"c"_s, {}, 2, 1, u"Three"_s, {}}};
+
+Progress watchedEpisode()
+{
+    Progress row;
+    row.watched = true;
+    return row;
+}
+
+Progress leftEpisode(qint64 percent)
+{
+    Progress row;
+    row.positionMs = percent * 1000;
+    row.durationMs = 100'000;
+    return row;
+}
+
 } // namespace
 
 class tst_EpisodePage : public QObject
@@ -32,6 +54,9 @@ private Q_SLOTS:
     void widgets();
     void treeRows();
     void episodesAreChosen();
+    void marks();
+    void menus_data();
+    void menus();
 
 private:
     QTreeWidget &tree() const { return *page->findChild<QTreeWidget *>(u"episodeTree"_s); }
@@ -143,6 +168,100 @@ void tst_EpisodePage::episodesAreChosen()
     back.setFocus();
     QTest::keyClick(&back, Qt::Key_Return);
     QCOMPARE(chosen.size(), 3);
+}
+
+void tst_EpisodePage::marks()
+{
+    page->resize(400, 400);
+    page->showEpisodes(u"S"_s, u"9"_s, threeEpisodes, account);
+    page->show();
+    QVERIFY(QTest::qWaitForWindowActive(page.get()));
+    const auto pictures = [this] {
+        QList<QImage> rows;
+        for (const auto &[season, row] : {std::pair(0, 0), std::pair(0, 1), std::pair(1, 0)}) {
+            const QRect place = tree().visualItemRect(tree().topLevelItem(season)->child(row));
+            rows << tree().viewport()->grab(place).toImage();
+        }
+        return rows;
+    };
+    const auto said = [this](int season, int row) {
+        const QAbstractItemModel &model = *tree().model();
+        return model.index(row, 0, model.index(season, 0)).data(Qt::AccessibleDescriptionRole);
+    };
+    const QList<QImage> plain = pictures();
+    page->showProgress({});
+    QCOMPARE(pictures(), plain);
+    QVERIFY(!said(0, 0).isValid());
+
+    page->showProgress({{u"a"_s, watchedEpisode()}, {u"b"_s, leftEpisode(40)}});
+    const QList<QImage> marked = pictures();
+    QVERIFY(marked[0] != plain[0]);
+    QVERIFY(marked[1] != plain[1]);
+    QVERIFY(marked[1] != marked[0]);
+    QCOMPARE(marked[2], plain[2]);
+    QCOMPARE(said(0, 0), QVariant(u"Watched"_s));
+    QCOMPARE(said(0, 1), QVariant(u"40 % watched"_s));
+    QVERIFY(!said(1, 0).isValid());
+
+    page->showProgress({});
+    QCOMPARE(pictures(), plain);
+    QVERIFY(!said(0, 0).isValid());
+}
+
+void tst_EpisodePage::menus_data()
+{
+    QTest::addColumn<int>("season");
+    QTest::addColumn<int>("row"); ///< -1 for the season's own
+    QTest::addColumn<LibraryList<Progress>>("progress");
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<QString>("episodes"); ///< that the actions mark
+    const QString watch = u"Mark as Watched"_s;
+    const QString unwatch = u"Mark as Unwatched"_s;
+    const LibraryList<Progress> none;
+    const LibraryList<Progress> first{{u"a"_s, watchedEpisode()}};
+    const LibraryList<Progress> both{{u"a"_s, watchedEpisode()}, {u"b"_s, watchedEpisode()}};
+    const LibraryList<Progress> left{{u"b"_s, leftEpisode(40)}};
+    QTest::newRow("an episode") << 0 << 0 << none << QStringList{watch} << u"a"_s;
+    QTest::newRow("a watched episode") << 0 << 0 << first << QStringList{unwatch} << u"a"_s;
+    QTest::newRow("an episode that was left")
+        << 0 << 1 << left << QStringList{watch, unwatch} << u"b"_s;
+    QTest::newRow("the last episode") << 1 << 0 << none << QStringList{watch} << u"c, the last"_s;
+    QTest::newRow("a season") << 0 << -1 << none << QStringList{watch} << u"a b"_s;
+    QTest::newRow("a season that was begun")
+        << 0 << -1 << first << QStringList{watch, unwatch} << u"a b"_s;
+    QTest::newRow("a watched season") << 0 << -1 << both << QStringList{unwatch} << u"a b"_s;
+}
+
+void tst_EpisodePage::menus()
+{
+    QFETCH(const int, season);
+    QFETCH(const int, row);
+    QFETCH(const LibraryList<Progress>, progress);
+    QFETCH(const QStringList, texts);
+    QFETCH(const QString, episodes);
+    page->showEpisodes(u"S"_s, u"9"_s, threeEpisodes, account);
+    page->showProgress(progress);
+    page->show();
+    QTreeWidgetItem *item = tree().topLevelItem(season);
+    tree().setCurrentItem(row < 0 ? item : item->child(row));
+    QStringList marked;
+    bool asWatched = false;
+    connect(page.get(), &EpisodePage::markRequested, this,
+            [&](const QList<Progress> &requested, bool watched) {
+                for (const Progress &episode : requested) {
+                    QCOMPARE(episode.showId, u"9"_s);
+                    marked << episode.id + (episode.isLast ? u", the last"_s : QString());
+                }
+                asWatched = watched;
+            });
+    for (const QString &text : texts) {
+        QMenu *menu = RowMenus::openByKey(tree());
+        QCOMPARE(RowMenus::texts(menu), texts);
+        marked.clear();
+        QVERIFY(RowMenus::choose(menu, text));
+        QCOMPARE(marked.join(u' '), episodes);
+        QCOMPARE(asWatched, text == u"Mark as Watched"_s);
+    }
 }
 
 VANTIRO_TEST_MAIN(tst_EpisodePage)

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void theButtonsSeek();
     void theButtonPauses();
     void everyStartSetsThePanelsVolume();
+    void offersToContinue();
 
 private:
     /// A place on the slider behind its middle.
@@ -340,6 +341,34 @@ void tst_PlayerPanel::everyStartSetsThePanelsVolume()
     QTRY_COMPARE(fixture->player.volume(), 30);
     fixture->session.replay();
     QTRY_COMPARE(fixture->player.volume(), 70);
+}
+
+void tst_PlayerPanel::offersToContinue()
+{
+    fixture->play(StreamKind::Movie);
+    const auto &button = fixture->find<QPushButton>(u"continueButton"_s);
+    const QSignalSpy requests(&fixture->panel, &PlayerPanel::continueRequested);
+    fixture->pressKey(Qt::Key_C);
+    QVERIFY(!button.isVisible());
+    QCOMPARE(requests.count(), 0);
+
+    const QSize surface = fixture->panel.surface()->size();
+    fixture->panel.offerToContinue(754'000);
+    QVERIFY(button.isVisible());
+    QCOMPARE(button.text(), u"Continue at 12:34"_s);
+    QApplication::processEvents();
+    QCOMPARE(fixture->panel.surface()->size(), surface);
+    fixture->pressKey(Qt::Key_C);
+    QCOMPARE(requests.count(), 1);
+    QTest::mouseClick(&fixture->button(u"Continue at 12:34"_s), Qt::LeftButton);
+    QCOMPARE(requests.count(), 2);
+
+    fixture->find<QPushButton>(u"continueButton"_s).setFocus();
+    fixture->panel.withdrawOffer();
+    QVERIFY(!button.isVisible());
+    QVERIFY(fixture->panel.hasFocus());
+    fixture->pressKey(Qt::Key_C);
+    QCOMPARE(requests.count(), 2);
 }
 
 VANTIRO_TEST_MAIN(tst_PlayerPanel)
