@@ -140,6 +140,9 @@ bool MainWindow::restore(const RestorePlan &plan)
             // What is still under way for it came from the source as it was.
             catalogLoader->forget(source.name);
         }
+        if (!storedSource(source.name)) {
+            moveWhatPlays(source.name, {});
+        }
     }
     return true;
 }

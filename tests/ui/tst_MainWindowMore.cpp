@@ -56,6 +56,8 @@ private Q_SLOTS:
     void aFileThatIsNoBackup();
     void activeSourceFollows_data();
     void activeSourceFollows();
+    void lateReplyOfAChangedSource();
+    void nothingIsKeptOfASourceThatWent();
     void restoringNothingButSources();
     void nothingLeftIsLikeDeletingTheLast();
     void allOrNothing_data();
@@ -362,6 +364,45 @@ void tst_MainWindowMore::activeSourceFollows()
     QTRY_COMPARE(shownChannels(), QStringList{channel});
     QTRY_VERIFY(repliesUnderWay().isEmpty());
     QCOMPARE(server->requestCount(), requests + loads);
+}
+
+void tst_MainWindowMore::lateReplyOfAChangedSource()
+{
+    server->on(u"/b"_s, heldReply(oneChannel(u"b"_s)));
+    openWith({u"a"_s, u"b"_s});
+    combo().setCurrentIndex(1);
+    QTRY_COMPARE(server->requestCount(u"/b"_s), 1);
+    combo().setCurrentIndex(0);
+    QTRY_COMPARE(shownChannels(), QStringList{u"a"_s});
+    writeBackup({{stored(u"a"_s), served(u"b"_s, u"/c"_s)}, {}});
+    nextRestores(RestoreMode::Replace);
+    choose(u"Restore..."_s);
+    server->release(u"/b"_s);
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    QCOMPARE(cachedChannels(u"b"_s), notCached);
+    QCOMPARE(shownChannels(), QStringList{u"a"_s});
+}
+
+void tst_MainWindowMore::nothingIsKeptOfASourceThatWent()
+{
+    server->on(u"/stream"_s, heldReply());
+    server->on(u"/a"_s, bodyReply("#EXTM3U\n#EXTINF:-1,a\n" + server->url(u"/stream"_s).toUtf8()));
+    openWith({u"a"_s});
+    window().selectChannelCategory(find<QListWidget>(u"channelCategoryList"_s).item(0));
+    window().playChannelRow(0, 0);
+    const auto pressCtrlD = [this] {
+        find<QWidget>(u"playerPanel"_s).setFocus();
+        QTest::keyClick(&window(), Qt::Key_D, Qt::ControlModifier);
+    };
+    pressCtrlD();
+    QCOMPARE(library().rows().favorites.size(), 1);
+    writeBackup({{served(u"b"_s, u"/b"_s)}, {}});
+    nextRestores(RestoreMode::Replace);
+    choose(u"Restore..."_s);
+    QTRY_COMPARE(shownChannels(), QStringList{u"b"_s});
+    // It goes on playing.
+    pressCtrlD();
+    QCOMPARE(library().rows(), LibraryRows());
 }
 
 void tst_MainWindowMore::restoringNothingButSources()
