@@ -1,38 +1,16 @@
 #include "providers/AccountInformation.h"
 
+#include "providers/LenientJson.h"
+
 #include <QDateTime>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QRegularExpression>
 
-#include <cmath>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The integer of a number, a flag, or a text with a number.
-std::optional<qint64> integerOf(const QJsonValue &value)
-{
-    if (value.isBool()) {
-        return value.toBool() ? 1 : 0;
-    }
-    bool isNumber = value.isDouble();
-    const double number =
-        isNumber ? value.toDouble() : value.toString().trimmed().toDouble(&isNumber);
-    constexpr double largest = 9e15; // what a double holds exactly
-    if (!isNumber || !std::isfinite(number) || std::abs(number) > largest) {
-        return std::nullopt;
-    }
-    return static_cast<qint64>(number);
-}
-
-/// The text of a text or a number, without white space around it.
-QString textOf(const QJsonValue &value)
-{
-    return value.toVariant().toString().trimmed();
-}
 
 /// Seconds since the epoch; none for what does not expire. Some servers write the time as a text.
 std::optional<qint64> expiryOf(const QJsonValue &value)
@@ -43,19 +21,6 @@ std::optional<qint64> expiryOf(const QJsonValue &value)
         seconds = time.toSecsSinceEpoch();
     }
     return seconds && *seconds > 0 ? seconds : std::nullopt;
-}
-
-std::optional<bool> flagOf(const QJsonValue &value)
-{
-    const QString text = textOf(value).toLower();
-    if (text == "true"_L1 || text == "yes"_L1) {
-        return true;
-    }
-    if (text == "false"_L1 || text == "no"_L1) {
-        return false;
-    }
-    const std::optional<qint64> number = integerOf(value);
-    return number ? std::optional(*number != 0) : std::nullopt;
 }
 
 /// The texts of an array, of an object's values, or of a text with separators.
