@@ -391,6 +391,8 @@ void tst_MainWindowMore::nothingIsKeptOfASourceThatWent()
     window().selectChannelCategory(find<QListWidget>(u"channelCategoryList"_s).item(0));
     window().playChannelRow(0, 0);
     const auto pressCtrlD = [this] {
+        window().activateWindow(); // after the dialogs
+        QVERIFY(QTest::qWaitForWindowActive(&window()));
         find<QWidget>(u"playerPanel"_s).setFocus();
         QTest::keyClick(&window(), Qt::Key_D, Qt::ControlModifier);
     };
