@@ -45,6 +45,7 @@ private Q_SLOTS:
     void watchedAfterHalfAMinute();
     void changingChannelsIsNotWatching();
     void renamingTakesItAlong();
+    void whatPlaysFollowsItsSource();
     void deletingTakesItAway();
     void aRefreshKeepsEverything();
     void newTokensAreFollowed();
@@ -212,6 +213,18 @@ void tst_MainWindowLibrary::renamingTakesItAlong()
     QCOMPARE(favorites(u"A"_s), QStringList());
     QCOMPARE(favorites(u"B"_s), QStringList{u"Three"_s});
     QTRY_COMPARE(categories(), (QStringList{u"Favorites"_s, u"News"_s}));
+}
+
+void tst_MainWindowLibrary::whatPlaysFollowsItsSource()
+{
+    openPlaylist();
+    playFirstChannel();
+    QTRY_VERIFY(watchedTimer().isActive());
+    dialogs.nextForm(SourceType::Playlist, {{u"m3uNameEdit"_s, u"B"_s}});
+    button(u"Edit Source..."_s).click();
+    watchedTimer().start(0);
+    QTRY_COMPARE(library().recentlyWatched(u"B"_s, EntryKind::Channel).size(), 1);
+    QVERIFY(library().recentlyWatched(u"A"_s, EntryKind::Channel).isEmpty());
 }
 
 void tst_MainWindowLibrary::deletingTakesItAway()
