@@ -53,14 +53,13 @@ GuideMatch GuideMatcher::match(const QString &guideId, const QString &guideName,
                                const QString &channelName) const
 {
     using Rule = GuideMatch::Rule;
-    if (const auto found = channelOfId.constFind(foldedId(guideId)); found != channelOfId.cend()) {
-        return {ids.at(*found), Rule::Id};
+    if (const qsizetype found = channelOfId.value(foldedId(guideId), -1); found >= 0) {
+        return {ids.at(found), Rule::Id};
     }
     for (const auto &[name, rule] :
          {std::pair(guideName, Rule::GuideName), std::pair(channelName, Rule::ChannelName)}) {
-        if (const auto found = channelOfName.constFind(foldedName(name));
-            found != channelOfName.cend()) {
-            return {ids.at(*found), rule};
+        if (const qsizetype found = channelOfName.value(foldedName(name), -1); found >= 0) {
+            return {ids.at(found), rule};
         }
     }
     const GuideMatch byGuideName = suggestionFor(guideName);
