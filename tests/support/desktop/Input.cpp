@@ -105,6 +105,16 @@ bool choose(const Accessible &comboBox, const QString &text)
                            settleTimeoutMs);
 }
 
+bool press(const QPoint &point)
+{
+    return xdotool(arriving(point) + QStringList{u"mousedown"_s, u"1"_s});
+}
+
+bool release()
+{
+    return xdotool({u"mouseup"_s, u"1"_s});
+}
+
 bool drag(const QPoint &from, const QPoint &to)
 {
     constexpr int steps = 8;

@@ -20,6 +20,9 @@ namespace Mouse {
 [[nodiscard]] bool moveTo(const QPoint &point);
 [[nodiscard]] bool click(const QPoint &point);
 [[nodiscard]] bool doubleClick(const QPoint &point);
+/// Presses the left button, and holds it until release().
+[[nodiscard]] bool press(const QPoint &point);
+[[nodiscard]] bool release();
 /// Presses the left button at `from`, moves to `to` in small steps and releases it there.
 [[nodiscard]] bool drag(const QPoint &from, const QPoint &to);
 
