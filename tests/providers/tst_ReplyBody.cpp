@@ -9,6 +9,9 @@
 #include "support/TestMain.h"
 
 #include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +42,8 @@ private Q_SLOTS:
     void aSlowReplyIsNotCutOff();
     void largeAnswer_data();
     void largeAnswer();
+    void wholeBodies_data();
+    void wholeBodies();
     void pieces();
 
 private:
@@ -158,6 +163,47 @@ void tst_ReplyBody::largeAnswer()
     QCOMPARE(document.calls, 1);
     QVERIFY(document.value == QJsonDocument::fromJson(large.body));
     QVERIFY2(longestMs < 100 * slowness, qPrintable(QString::number(longestMs)));
+}
+
+void tst_ReplyBody::wholeBodies_data()
+{
+    QTest::addColumn<bool>("gzip");
+    QTest::addColumn<bool>("chunked");
+    QTest::newRow("with a length") << false << false;
+    QTest::newRow("in chunks") << false << true;
+    QTest::newRow("packed") << true << false;
+    QTest::newRow("packed, in chunks") << true << true;
+}
+
+/// Bodies below, at and beyond what waits to be read, however well they pack.
+void tst_ReplyBody::wholeBodies()
+{
+    QFETCH(const bool, gzip);
+    QFETCH(const bool, chunked);
+    constexpr int kib = 1024;
+    HttpServer server;
+    QNetworkAccessManager network;
+    network.setTransferTimeout(5000);
+    QRandomGenerator random(7);
+    for (const int size : {0, 1, 63 * kib, 64 * kib, 255 * kib, 256 * kib, 256 * kib + 1,
+                           1024 * kib, 1024 * kib + 1, 4096 * kib, 6000 * kib}) {
+        for (const int distinct : {1, 256}) {
+            HttpReply reply;
+            reply.gzip = gzip;
+            reply.chunked = chunked;
+            reply.body.resize(size);
+            for (char &byte : reply.body)
+                byte = static_cast<char>(random.bounded(distinct));
+            server.on(u"/body"_s, reply);
+            QNetworkReply *answer = network.get(QNetworkRequest(QUrl(server.url(u"/body"_s))));
+            auto *body = new ReplyBody(answer, ReplyBody::maxCatalogBytes);
+            QSignalSpy finished(body, &ReplyBody::finished);
+            QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, 10'000);
+            QCOMPARE(answer->error(), QNetworkReply::NoError);
+            QVERIFY(body->take().join() == reply.body);
+            delete answer;
+        }
+    }
 }
 
 void tst_ReplyBody::pieces()
