@@ -153,10 +153,16 @@ bool tst_Program::closeWindow()
 /// The registry key and the cache file are in the usual places of Windows.
 void tst_Program::checkStoredPlaylist(const QString &url)
 {
-    const auto sources = [] { return SourceManager(nullptr).sources(); };
-    QTRY_COMPARE_WITH_TIMEOUT(sources().size(), 1, startMs);
-    QCOMPARE(sources().constFirst().name, u"Home"_s);
-    QCOMPARE(sources().constFirst().url, url);
+    // Read once: the registry has no sources while the player writes them again.
+    QList<SourceConfig> sources;
+    const auto isStored = [&sources] {
+        sources = SourceManager(nullptr).sources();
+        return sources.size() == 1;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isStored(), startMs);
+    const SourceConfig &source = sources.constFirst();
+    QCOMPARE(source.name, u"Home"_s);
+    QCOMPARE(source.url, url);
     const QSettings registry(u"HKEY_CURRENT_USER\\Software\\Vantiro\\Player"_s,
                              QSettings::NativeFormat);
     QVERIFY(!registry.allKeys().isEmpty());
@@ -164,8 +170,7 @@ void tst_Program::checkStoredPlaylist(const QString &url)
     const QString folder = PrivateProfile::current().appDataDir();
     QVERIFY2(folder.endsWith("/AppData/Roaming/Vantiro/Vantiro Player"_L1), qPrintable(folder));
     CatalogCache::Section section;
-    QTRY_VERIFY_WITH_TIMEOUT(CatalogCache::load(sources().constFirst().name, u"channel"_s, section),
-                             startMs);
+    QTRY_VERIFY_WITH_TIMEOUT(CatalogCache::load(source.name, u"channel"_s, section), startMs);
     QCOMPARE(section.items.size(), 3);
 }
 
