@@ -206,23 +206,23 @@ void tst_Program::checkFullscreen()
 {
     const QRect screen = Screen::area();
     NativeKeyboard::press(Key::F);
-    QTRY_COMPARE(window->clientRect(), screen);
+    QTRY_COMPARE_WITH_TIMEOUT(window->clientRect(), screen, startMs);
     // The stream has the shape of the screen, so the picture reaches every edge.
     QRect corner(screen.topLeft(), QSize(200, 60));
-    QTRY_VERIFY(!Screen::isMostlyBlack(corner));
+    QTRY_VERIFY_WITH_TIMEOUT(!Screen::isMostlyBlack(corner), startMs);
     corner.moveBottomRight(screen.bottomRight());
-    QTRY_VERIFY(!Screen::isMostlyBlack(corner));
+    QTRY_VERIFY_WITH_TIMEOUT(!Screen::isMostlyBlack(corner), startMs);
     QVERIFY(Screen::waitUntilMoving(screen));
 
     NativeMouse::moveTo(QPoint(300, 300));
     NativeMouse::moveTo(QPoint(320, 310));
     QRect chrome;
-    QTRY_VERIFY(!(chrome = find(u"fullscreenChrome"_s)).isEmpty());
-    QTRY_VERIFY(shareOf(Qt::black, chrome) > 0.4);
+    QTRY_VERIFY_WITH_TIMEOUT(!(chrome = find(u"fullscreenChrome"_s)).isEmpty(), startMs);
+    QTRY_VERIFY_WITH_TIMEOUT(shareOf(Qt::black, chrome) > 0.4, startMs);
     keepScreenshot(u"fullscreen"_s);
 
     NativeKeyboard::press(Key::Escape);
-    QTRY_VERIFY(window->clientRect().width() < screen.width());
+    QTRY_VERIFY_WITH_TIMEOUT(window->clientRect().width() < screen.width(), startMs);
     QVERIFY(Screen::waitUntilMoving(find(u"videoSurface"_s)));
 }
 
