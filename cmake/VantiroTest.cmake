@@ -24,7 +24,9 @@ function(vantiro_add_test name)
     elseif(NOT ARG_DISPLAY MATCHES "^(offscreen|xvfb)$")
         message(FATAL_ERROR "vantiro_add_test(${name}): unknown display ${ARG_DISPLAY}")
     endif()
-    if(NOT ARG_TIMEOUT)
+    if(NOT ARG_TIMEOUT AND WIN32) # Wine shares one server among all tests
+        set(ARG_TIMEOUT 180)
+    elseif(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 60)
     endif()
 

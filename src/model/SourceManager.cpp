@@ -141,7 +141,7 @@ public:
     }
 
 private:
-    static constexpr int longestWaitMs = 5000; // a slow disk and several programs
+    static constexpr int longestWaitMs = 20'000; // a slow disk and several programs
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     QLockFile file{folder + "/sources.lock"_L1};
 };
