@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QJsonDocument>
 #include <QTest>
+#include <QTimeZone>
 
 using namespace Qt::StringLiterals;
 
@@ -299,7 +300,8 @@ void tst_CatchUp::serverZones_data()
     const auto row = [](const char *name, const QByteArray &server, int secondsAhead) {
         QTest::newRow(name) << server << secondsAhead;
     };
-    row("named", R"({"timezone":"Asia/Kolkata"})", 19'800);
+    if (QTimeZone::isTimeZoneIdAvailable("Asia/Kolkata")) // Wine knows few zones
+        row("named", R"({"timezone":"Asia/Kolkata"})", 19'800);
     row("named, before its clock",
         R"({"timezone":"UTC","time_now":"2026-03-01 22:00:00","timestamp_now":1772395200})", 0);
     row("a path", R"({"timezone":"../../etc/passwd"})", 0);
