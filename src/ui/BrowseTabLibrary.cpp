@@ -72,7 +72,10 @@ void BrowseTab::showCollections(Collection changed)
 
 void BrowseTab::showHiddenCategories()
 {
-    categoryList->setHidden(kept->hiddenCategories());
+    // A change of source mostly changes nothing here, and the entries may be many.
+    if (!categoryList->setHidden(kept->hiddenCategories())) {
+        return;
+    }
     noteHiddenRows();
     if (categoryId.isEmpty() && collection == Collection::None &&
         filteredEntries() != shown.shownRows()) {

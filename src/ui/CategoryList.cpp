@@ -54,13 +54,15 @@ void CategoryList::setCollections(const QList<Collection> &newCollections)
     }
 }
 
-void CategoryList::setHidden(const QSet<QString> &categoryIds)
+bool CategoryList::setHidden(const QSet<QString> &categoryIds)
 {
-    if (hidden != categoryIds) {
-        hidden = categoryIds;
-        showsHidden = showsHidden && !hidden.isEmpty();
-        refill();
+    if (hidden == categoryIds) {
+        return false;
     }
+    hidden = categoryIds;
+    showsHidden = showsHidden && !hidden.isEmpty();
+    refill();
+    return true;
 }
 
 Collection CategoryList::collectionOf(const QListWidgetItem &item)

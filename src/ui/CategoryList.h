@@ -22,7 +22,8 @@ public:
     /// Empties the list, as before the first setCategories().
     void clearCategories();
     void setCollections(const QList<Collection> &newCollections);
-    void setHidden(const QSet<QString> &categoryIds);
+    /// False when nothing changed.
+    bool setHidden(const QSet<QString> &categoryIds);
     /// None for the row of a category.
     static Collection collectionOf(const QListWidgetItem &item);
 
