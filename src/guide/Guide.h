@@ -1,14 +1,18 @@
 #pragma once
 
 #include "guide/GuideRecords.h"
+#include "guide/GuideResult.h"
 
 #include <QHash>
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <functional>
+#include <memory>
 
+class BackgroundJobs;
 class GuideReader;
 
 /// The stored guide of one source, to be asked. Entries are named by their catalog ids.
@@ -25,6 +29,7 @@ public:
     using OnNowCallback = std::function<void(const QHash<QString, OnNow> &)>;
     using SchedulesCallback = std::function<void(const QHash<QString, GuideSchedule> &)>;
     using HitsCallback = std::function<void(const QList<GuideHit> &)>;
+    using ResultCallback = std::function<void(const GuideResult &)>;
     using ChannelsCallback = std::function<void(const QList<GuideChannel> &)>;
 
     /// The file of a source's guide, in the application-data folder.
@@ -41,6 +46,8 @@ public:
     bool isOpen() const { return reader != nullptr; }
     /// To be called when the file has changed: reports changed().
     void reload();
+    /// What came of the last update.
+    void fetchLastResult(const ResultCallback &callback);
 
     /// What runs at that time, and what follows; with descriptions.
     void fetchOnNow(const QStringList &entryIds, qint64 at, const OnNowCallback &callback);
@@ -63,5 +70,12 @@ Q_SIGNALS:
     void changed();
 
 private:
-    GuideReader *reader = nullptr;
+    template <typename Question, typename Callback>
+    void ask(Question question, const Callback &callback);
+
+    BackgroundJobs *jobs;
+    std::shared_ptr<GuideReader> reader; ///< used and destroyed on the thread of the jobs
+    quint64 generation = 0;              ///< of the guide that is open
+    /// The number of the latest search; read on the thread.
+    std::shared_ptr<std::atomic<quint64>> latestSearch;
 };

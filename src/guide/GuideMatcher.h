@@ -17,7 +17,8 @@ struct GuideMatch
         Id,          ///< the source names the guide's id
         GuideName,   ///< the source names one of the guide's names
         ChannelName, ///< the channel is called like one of the guide's names
-        Suggestion   ///< by looser rules: to be confirmed by the user
+        Suggestion,  ///< by looser rules: to be confirmed by the user
+        Chosen       ///< by the user
     };
 
     QString id; ///< in the guide, as the guide writes it; empty for no match

@@ -23,7 +23,7 @@ enum class GuideProblem
 /// What came of one address.
 struct GuideAddressResult
 {
-    QString address; ///< as in the settings
+    QString address; ///< to be shown: without credentials
     GuideProblem problem = GuideProblem::None;
     QString detail;
     qint64 programmes = 0;         ///< of this source's channels
@@ -46,3 +46,8 @@ struct GuideResult
 
     bool operator==(const GuideResult &) const = default;
 };
+
+/// As one text, to be kept.
+QString guideResultToJson(const GuideResult &result);
+/// Of such a text; of any other, that of no update.
+GuideResult guideResultOfJson(const QString &json);

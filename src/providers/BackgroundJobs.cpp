@@ -1,12 +1,10 @@
 #include "providers/BackgroundJobs.h"
 
-using namespace Qt::StringLiterals;
-
-BackgroundJobs::BackgroundJobs(QObject *parent)
+BackgroundJobs::BackgroundJobs(QObject *parent, const QString &threadName)
     : QObject(parent)
     , context(new QObject)
 {
-    thread.setObjectName(u"catalog"_s);
+    thread.setObjectName(threadName);
     context->moveToThread(&thread);
     connect(&thread, &QThread::finished, context, &QObject::deleteLater);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <QThread>
 
 #include <functional>
@@ -13,7 +14,8 @@ class BackgroundJobs final : public QObject
     Q_OBJECT
 
 public:
-    explicit BackgroundJobs(QObject *parent);
+    /// `threadName` is what a debugger shows.
+    explicit BackgroundJobs(QObject *parent, const QString &threadName = QStringLiteral("catalog"));
     /// Waits until all jobs that were given have run. Their results are not reported any more.
     ~BackgroundJobs() override;
     Q_DISABLE_COPY_MOVE(BackgroundJobs)
@@ -28,6 +30,13 @@ public:
             done(work());
             return;
         }
+        runApart(std::move(work), std::move(done));
+    }
+
+    /// As run(), but never within the call.
+    template <typename Work, typename Done>
+    void runApart(Work work, Done done)
+    {
         ++waiting;
         start([this, work = std::move(work), done = std::move(done)]() mutable {
             auto result = work();
