@@ -13,7 +13,8 @@
 
 class LibraryWriter;
 
-/// What the user keeps: favorites, what was watched and how far, and which categories are hidden.
+/// What the user keeps: favorites, what was watched and how far, which categories are hidden, and
+/// what concerns programme guides.
 ///
 /// Everything is in memory and answers at once; a thread writes each change to the file within
 /// moments. The file is made by the first change: without one there is no file and no thread. What
@@ -93,6 +94,26 @@ public:
     LibraryChange hideCategory(const QString &source, EntryKind kind, const Category &category);
     LibraryChange unhideCategory(const QString &source, EntryKind kind, const QString &categoryId);
 
+    // ---- programme guides ----
+
+    /// As they are at first when the user has set nothing.
+    GuideSettings guideSettings(const QString &source) const;
+    /// Those of the source that `settings` names.
+    LibraryChange setGuideSettings(const GuideSettings &settings);
+
+    /// By the entry's id.
+    const LibraryList<GuideCorrection> &guideCorrections(const QString &source,
+                                                         EntryKind kind) const;
+    LibraryChange setGuideCorrection(const GuideCorrection &correction);
+    /// The channel has again what is found without the user.
+    LibraryChange removeGuideCorrection(const LibraryEntry &entry);
+
+    /// Of all sources, the earliest first; also those that are over.
+    QList<Reminder> reminders() const;
+    /// As reminderOf() makes it.
+    LibraryChange addReminder(const Reminder &reminder);
+    LibraryChange removeReminder(const Reminder &reminder);
+
     // ---- sources ----
 
     /// Takes the rows along to the new name. A row that is there already gives way.
@@ -133,6 +154,8 @@ private:
     void followIfUnchanged(const LibraryChange &change);
     QList<const Progress *> unfinished(const QString &source, EntryKind kind) const;
     QList<WatchedEntry> historyInOrder(const QString &source, EntryKind kind) const;
+    template <typename Row>
+    LibraryChange putChanged(const Row &row, QList<Row> LibraryRows::*rows);
     void announce(const LibraryChange &inverse);
     void report(const QString &text);
     void keepAll(const QString &aside);

@@ -73,13 +73,28 @@ bool readSource(const QJsonObject &object, SourceConfig &source)
     return !source.name.isEmpty();
 }
 
+/// @name Leaving credentials out of a row
+/// @{
+template <typename Row>
+void leaveOutCredentials(Row &row)
+{
+    if (row.kind == EntryKind::Channel) {
+        setEntryId(row, LibraryBackup::withoutCredentials(entryIdOf(row)));
+    }
+}
+void leaveOutCredentials(GuideSettings &row)
+{
+    row.addresses = LibraryBackup::guideAddressesWithoutCredentials(row.addresses);
+}
+/// @}
+
 template <typename Table>
 QJsonArray writeRows(const Table &table, const LibraryRows &rows, bool withCredentials)
 {
     QJsonArray array;
     for (auto row : rows.*table.rows) {
-        if (!withCredentials && row.kind == EntryKind::Channel) {
-            row.id = LibraryBackup::withoutCredentials(row.id);
+        if (!withCredentials) {
+            leaveOutCredentials(row);
         }
         QJsonObject object;
         LibraryTables::forEachColumn(table, [&](const auto &column) {
@@ -161,6 +176,15 @@ QString readParts(const QJsonObject &root, LibraryBackup::Content &content)
 QString LibraryBackup::withoutCredentials(const QString &url)
 {
     return traceSafeUrl(url);
+}
+
+QString LibraryBackup::guideAddressesWithoutCredentials(const QString &addresses)
+{
+    QStringList lines = addresses.split(u'\n');
+    for (QString &line : lines) {
+        line = withoutCredentials(line);
+    }
+    return lines.join(u'\n');
 }
 
 bool LibraryBackup::lacksCredentials(const SourceConfig &source)

@@ -42,6 +42,8 @@ public:
 
     /// A URL with "***" in place of the credentials that it shows by their positions.
     static QString withoutCredentials(const QString &url);
+    /// GuideSettings::addresses, each of them so.
+    static QString guideAddressesWithoutCredentials(const QString &addresses);
     /// Whether a source is of no use before the credentials that a backup left out are entered.
     static bool lacksCredentials(const SourceConfig &source);
 };

@@ -36,6 +36,26 @@ std::span<const LibraryStore::Migration> LibraryStore::migrations()
                 end,
             u"CREATE TABLE hiddenCategories ("_s + key + end,
         },
+        Migration{
+            u"CREATE TABLE guideSettings ("_s + key +
+                u"enabled INTEGER NOT NULL DEFAULT 0, "
+                "addresses TEXT NOT NULL DEFAULT '', "
+                "timeOffset INTEGER NOT NULL DEFAULT 0, "
+                "refresh INTEGER NOT NULL DEFAULT 1, "
+                "archiveForm INTEGER NOT NULL DEFAULT -1, "_s +
+                end,
+            u"CREATE TABLE guideCorrections ("_s + key +
+                u"category TEXT NOT NULL DEFAULT '', "
+                "guideId TEXT NOT NULL DEFAULT '', "_s +
+                end,
+            u"CREATE TABLE reminders ("_s + key +
+                u"category TEXT NOT NULL DEFAULT '', "
+                "entry TEXT NOT NULL DEFAULT '', "
+                "start INTEGER NOT NULL DEFAULT 0, "
+                "stop INTEGER NOT NULL DEFAULT 0, "
+                "title TEXT NOT NULL DEFAULT '', "_s +
+                end,
+        },
     };
     return steps;
 }

@@ -102,13 +102,88 @@ struct HiddenCategory : LibraryEntry
     bool operator==(const HiddenCategory &) const = default;
 };
 
-/// The four parts of the library.
+/// What the user chose for the programme guide of a source. A source has one such row: its kind is
+/// EntryKind::Live, its id and name are empty.
+struct GuideSettings : LibraryEntry
+{
+    bool enabled = false;
+    /// URLs and paths of files, one per line, the preferred one first. The line
+    /// accountGuideAddress stands for the account's own guide.
+    QString addresses;
+    qint64 offsetSeconds = 0; ///< added to the guide's times
+    bool refresh = true;      ///< every 12 hours
+    /// The AccountArchiveForm that worked last; -1 when none is known.
+    qint32 archiveForm = -1;
+
+    bool operator==(const GuideSettings &) const = default;
+};
+
+inline constexpr QStringView accountGuideAddress = u"account";
+
+/// Which channel of the guide a channel is, as the user has set it.
+struct GuideCorrection : LibraryEntry
+{
+    QString guideId; ///< empty: the channel has no guide
+
+    bool operator==(const GuideCorrection &) const = default;
+};
+
+/// A programme that the user wants to be reminded of. A channel may have several, so that its `id`
+/// is made of `entryId` and `start`.
+struct Reminder : LibraryEntry
+{
+    QString entryId;  ///< of the channel
+    qint64 start = 0; ///< seconds since the epoch, like `stop`
+    qint64 stop = 0;
+    QString title;
+
+    bool operator==(const Reminder &) const = default;
+};
+
+/// Of a programme of the channel `entry`.
+inline Reminder reminderOf(const LibraryEntry &entry, qint64 start, qint64 stop,
+                           const QString &title)
+{
+    return {{entry.source, entry.kind, QString::number(start) + u' ' + entry.id, entry.name,
+             entry.categoryId},
+            entry.id,
+            start,
+            stop,
+            title};
+}
+
+/// @name The id of the entry of the catalog that a row belongs to
+/// @{
+inline const QString &entryIdOf(const LibraryEntry &row)
+{
+    return row.id;
+}
+inline const QString &entryIdOf(const Reminder &row)
+{
+    return row.entryId;
+}
+inline void setEntryId(LibraryEntry &row, const QString &id)
+{
+    row.id = id;
+}
+inline void setEntryId(Reminder &row, const QString &id)
+{
+    LibraryEntry entry = row;
+    entry.id = id;
+    row = reminderOf(entry, row.start, row.stop, row.title);
+}
+/// @}
+
+/// The parts of the library.
 enum class LibraryPart
 {
     Favorites,
     History,
     Progress,
-    HiddenCategories
+    HiddenCategories,
+    GuideSettings,
+    GuideCorrections,
+    Reminders
 };
 
 /// Rows of all parts.
@@ -118,6 +193,9 @@ struct LibraryRows
     QList<WatchedEntry> history;
     QList<Progress> progress;
     QList<HiddenCategory> hiddenCategories;
+    QList<GuideSettings> guideSettings;
+    QList<GuideCorrection> guideCorrections;
+    QList<Reminder> reminders;
 
     bool operator==(const LibraryRows &) const = default;
 };

@@ -21,28 +21,26 @@ NameAndCategory nameOf(const LibraryEntry &entry)
     return {entry.name, entry.categoryId};
 }
 
-/// The rows of one source and kind whose ids may change.
-struct KeptLists
+/// Whether the rows of a part belong to entries, whose ids may change.
+bool belongsToEntries(LibraryPart part)
 {
-    LibraryList<Favorite> favorites;
-    LibraryList<WatchedEntry> history;
-    LibraryList<Progress> progress;
-
-    bool isEmpty() const { return favorites.isEmpty() && history.isEmpty() && progress.isEmpty(); }
-};
+    return part != LibraryPart::HiddenCategories && part != LibraryPart::GuideSettings;
+}
 
 /// Everything that is kept of one source and kind, by the entry's id.
-KeptEntries keptEntries(const KeptLists &lists)
+KeptEntries keptEntries(const LibraryState &state, const LibraryListId &id)
 {
     KeptEntries kept;
-    const auto collect = [&kept](const auto &list) {
-        for (const auto &row : list) {
-            kept.insert(row.id, row);
+    LibraryTables::forEach([&](const auto &table) {
+        using Row = typename std::decay_t<decltype(table)>::Row;
+        if (belongsToEntries(table.part)) {
+            for (const Row &row : state.list<Row>(id)) {
+                LibraryEntry entry = row;
+                entry.id = entryIdOf(row);
+                kept.insert(entry.id, entry);
+            }
         }
-    };
-    collect(lists.favorites);
-    collect(lists.history);
-    collect(lists.progress);
+    });
     return kept;
 }
 
@@ -90,9 +88,10 @@ QHash<QString, QString> newIds(const KeptEntries &missing, const KeptEntries &ke
 
 /// The change that gives rows new ids; each row that is removed stands at the index of the one that
 /// takes its place.
-LibraryChange planToFollow(const KeptLists &lists, const QList<MediaItem> &items)
+LibraryChange planToFollow(const LibraryState &state, const LibraryListId &listId,
+                           const QList<MediaItem> &items)
 {
-    const KeptEntries kept = keptEntries(lists);
+    const KeptEntries kept = keptEntries(state, listId);
     KeptEntries missing = kept;
     dropPresent(missing, items);
     LibraryChange change;
@@ -100,19 +99,20 @@ LibraryChange planToFollow(const KeptLists &lists, const QList<MediaItem> &items
         return change;
     }
     const QHash<QString, QString> ids = newIds(missing, kept, items);
-    const auto follow = [&ids](const auto &list, auto &removed, auto &put) {
-        for (auto row : list) {
-            const auto id = ids.constFind(row.id);
+    LibraryTables::forEach([&](const auto &table) {
+        using Row = typename std::decay_t<decltype(table)>::Row;
+        if (!belongsToEntries(table.part)) {
+            return;
+        }
+        for (Row row : state.list<Row>(listId)) {
+            const auto id = ids.constFind(entryIdOf(row));
             if (id != ids.constEnd()) {
-                removed.append(row);
-                row.id = *id;
-                put.append(row);
+                (change.removed.*table.rows).append(row);
+                setEntryId(row, *id);
+                (change.put.*table.rows).append(row);
             }
         }
-    };
-    follow(lists.favorites, change.removed.favorites, change.put.favorites);
-    follow(lists.history, change.removed.history, change.put.history);
-    follow(lists.progress, change.removed.progress, change.put.progress);
+    });
     return change;
 }
 
@@ -142,13 +142,16 @@ void Library::followEntries(const QString &source, EntryKind kind, const QList<M
         return;
     }
     const LibraryListId id{source, kind};
-    const KeptLists lists{state().list<Favorite>(id), state().list<WatchedEntry>(id),
-                          state().list<Progress>(id)};
-    if (lists.isEmpty()) {
+    bool hasRows = false;
+    LibraryTables::forEach([&](const auto &table) {
+        using Row = typename std::decay_t<decltype(table)>::Row;
+        hasRows = hasRows || (belongsToEntries(table.part) && !state().list<Row>(id).isEmpty());
+    });
+    if (!hasRows) {
         return;
     }
-    followers.start([this, lists, items] {
-        const LibraryChange change = planToFollow(lists, items);
+    followers.start([this, id, items, snapshot = state()] {
+        const LibraryChange change = planToFollow(snapshot, id, items);
         if (!change.isEmpty()) {
             QMetaObject::invokeMethod(
                 this, [this, change] { followIfUnchanged(change); }, Qt::QueuedConnection);
@@ -160,21 +163,19 @@ void Library::followEntries(const QString &source, EntryKind kind, const QList<M
 void Library::followIfUnchanged(const LibraryChange &change)
 {
     LibraryChange valid;
-    const auto check = [this](const auto &from, const auto &to, auto &removed, auto &put) {
-        using Row = typename std::decay_t<decltype(from)>::value_type;
+    LibraryTables::forEach([&](const auto &table) {
+        using Row = typename std::decay_t<decltype(table)>::Row;
+        const QList<Row> &from = change.removed.*table.rows;
+        const QList<Row> &to = change.put.*table.rows;
         for (qsizetype index = 0; index < from.size(); ++index) {
             const Row &row = from.at(index);
             const auto &list = state().list<Row>({row.source, row.kind});
             const auto found = list.constFind(row.id);
             if (found != list.constEnd() && *found == row && !list.contains(to.at(index).id)) {
-                removed.append(row);
-                put.append(to.at(index));
+                (valid.removed.*table.rows).append(row);
+                (valid.put.*table.rows).append(to.at(index));
             }
         }
-    };
-    check(change.removed.favorites, change.put.favorites, valid.removed.favorites,
-          valid.put.favorites);
-    check(change.removed.history, change.put.history, valid.removed.history, valid.put.history);
-    check(change.removed.progress, change.put.progress, valid.removed.progress, valid.put.progress);
+    });
     apply(valid);
 }

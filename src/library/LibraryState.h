@@ -25,7 +25,7 @@ inline size_t qHash(const LibraryListId &id, size_t seed = 0)
 template <typename Row>
 using LibraryList = QHash<QString, Row>;
 
-/// The library in memory.
+/// The library in memory. A copy shares the rows.
 class LibraryState final
 {
 public:
@@ -63,5 +63,7 @@ private:
     template <typename Row>
     void put(const Row &row, QList<Row> &added, QList<Row> &before);
 
-    std::tuple<Lists<Favorite>, Lists<WatchedEntry>, Lists<Progress>, Lists<HiddenCategory>> parts;
+    std::tuple<Lists<Favorite>, Lists<WatchedEntry>, Lists<Progress>, Lists<HiddenCategory>,
+               Lists<GuideSettings>, Lists<GuideCorrection>, Lists<Reminder>>
+        parts;
 };

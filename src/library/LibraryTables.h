@@ -85,6 +85,26 @@ inline constexpr std::tuple all{
                                 })},
     LibraryTable{LibraryPart::HiddenCategories, "hiddenCategories"_L1,
                  &LibraryRows::hiddenCategories, namedKey},
+    LibraryTable{LibraryPart::GuideSettings, "guideSettings"_L1, &LibraryRows::guideSettings,
+                 std::tuple_cat(namedKey,
+                                std::tuple{
+                                    LibraryColumn{"enabled"_L1, &GuideSettings::enabled},
+                                    LibraryColumn{"addresses"_L1, &GuideSettings::addresses},
+                                    LibraryColumn{"timeOffset"_L1, &GuideSettings::offsetSeconds},
+                                    LibraryColumn{"refresh"_L1, &GuideSettings::refresh},
+                                    LibraryColumn{"archiveForm"_L1, &GuideSettings::archiveForm},
+                                })},
+    LibraryTable{
+        LibraryPart::GuideCorrections, "guideCorrections"_L1, &LibraryRows::guideCorrections,
+        std::tuple_cat(entry, std::tuple{LibraryColumn{"guideId"_L1, &GuideCorrection::guideId}})},
+    LibraryTable{LibraryPart::Reminders, "reminders"_L1, &LibraryRows::reminders,
+                 std::tuple_cat(entry,
+                                std::tuple{
+                                    LibraryColumn{"entry"_L1, &Reminder::entryId},
+                                    LibraryColumn{"start"_L1, &Reminder::start},
+                                    LibraryColumn{"stop"_L1, &Reminder::stop},
+                                    LibraryColumn{"title"_L1, &Reminder::title},
+                                })},
 };
 
 /// Calls `visit` with each table.

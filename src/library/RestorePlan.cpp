@@ -77,8 +77,8 @@ void takeUrls(LibraryRows &rows, const LibraryRows &current)
     LibraryTables::forEach([&](const auto &table) {
         for (const auto &row : current.*table.rows) {
             if (row.kind == EntryKind::Channel) {
-                urls[{row.source, row.kind}].insert(LibraryBackup::withoutCredentials(row.id),
-                                                    row.id);
+                const QString &url = entryIdOf(row);
+                urls[{row.source, row.kind}].insert(LibraryBackup::withoutCredentials(url), url);
             }
         }
     });
@@ -86,19 +86,36 @@ void takeUrls(LibraryRows &rows, const LibraryRows &current)
         for (auto &row : rows.*table.rows) {
             const auto list = urls.constFind({row.source, row.kind});
             if (list != urls.constEnd()) {
-                row.id = list->value(row.id, row.id);
+                setEntryId(row, list->value(entryIdOf(row), entryIdOf(row)));
             }
         }
     });
 }
 
+/// The same for the addresses of guides.
+void takeGuideAddresses(LibraryRows &rows, const LibraryRows &current)
+{
+    QHash<QString, QHash<QString, QString>> addresses; // by source, and without credentials
+    for (const GuideSettings &row : current.guideSettings) {
+        const QStringList lines = row.addresses.split(u'\n');
+        for (const QString &line : lines) {
+            addresses[row.source].insert(LibraryBackup::withoutCredentials(line), line);
+        }
+    }
+    for (GuideSettings &row : rows.guideSettings) {
+        const QHash<QString, QString> known = addresses.value(row.source);
+        QStringList lines = row.addresses.split(u'\n');
+        for (QString &line : lines) {
+            line = known.value(line, line);
+        }
+        row.addresses = lines.join(u'\n');
+    }
+}
+
 /// @name What a row becomes when another copy of it is merged in
 /// @{
-Favorite merged(const Favorite &existing, const Favorite &)
-{
-    return existing;
-}
-HiddenCategory merged(const HiddenCategory &existing, const HiddenCategory &)
+template <typename Row>
+Row merged(const Row &existing, const Row &)
 {
     return existing;
 }
@@ -174,9 +191,15 @@ RestoreCounts &countsOf(RestorePlan &plan, LibraryPart part)
     case LibraryPart::Progress:
         return plan.progressCounts;
     case LibraryPart::HiddenCategories:
+        return plan.hiddenCategoryCounts;
+    case LibraryPart::GuideSettings:
+        return plan.guideSettingsCounts;
+    case LibraryPart::GuideCorrections:
+        return plan.guideCorrectionCounts;
+    case LibraryPart::Reminders:
         break;
     }
-    return plan.hiddenCategoryCounts;
+    return plan.reminderCounts;
 }
 
 } // namespace
@@ -190,6 +213,7 @@ RestorePlan planRestore(const LibraryBackup::Content &current, const LibraryBack
     LibraryRows rows = backup.rows;
     if (!backup.hasCredentials) {
         takeUrls(rows, current.rows);
+        takeGuideAddresses(rows, current.rows);
     }
     if (mode == RestoreMode::Merge) {
         placeBehind(rows, state);

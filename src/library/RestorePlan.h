@@ -8,8 +8,8 @@
 
 enum class RestoreMode
 {
-    /// Adds what is missing. Sources and favorites that are there stay as they are; of what was
-    /// watched twice the later counts.
+    /// Adds what is missing. What is there stays as it is; of what was watched twice the later
+    /// counts.
     Merge,
     /// Afterwards there is what the backup holds, and nothing else.
     Replace
@@ -34,6 +34,9 @@ struct RestorePlan
     RestoreCounts historyCounts;
     RestoreCounts progressCounts;
     RestoreCounts hiddenCategoryCounts;
+    RestoreCounts guideSettingsCounts;
+    RestoreCounts guideCorrectionCounts;
+    RestoreCounts reminderCounts;
 
     /// All sources that there will be, in their order.
     QList<SourceConfig> sources;

@@ -72,10 +72,17 @@ void MainWindow::clearHistory()
 void MainWindow::backUp()
 {
     const QString title = tr("Back Up");
-    PlainMessageBox box(QMessageBox::NoIcon, title,
-                        tr("The backup holds your sources, favorites, history, positions and "
-                           "hidden categories."),
-                        QMessageBox::Save | QMessageBox::Cancel, this);
+    // Who uses no guide reads nothing of it.
+    const bool hasGuides = !library->isEmpty(LibraryPart::GuideSettings) ||
+                           !library->isEmpty(LibraryPart::GuideCorrections) ||
+                           !library->isEmpty(LibraryPart::Reminders);
+    const QString text = hasGuides ? tr("The backup holds your sources, favorites, history, "
+                                        "positions, hidden categories, the settings of programme "
+                                        "guides and reminders.")
+                                   : tr("The backup holds your sources, favorites, history, "
+                                        "positions and hidden categories.");
+    PlainMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Save | QMessageBox::Cancel,
+                        this);
     box.setInformativeText(tr("Whoever has the file can read the passwords and keys in it."));
     auto *withCredentials = new QCheckBox(tr("Include passwords and keys"));
     box.setCheckBox(withCredentials);

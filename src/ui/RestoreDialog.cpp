@@ -43,6 +43,19 @@ QString namesOf(const QList<SourceConfig> &sources, Predicate holds)
     return names.join(", "_L1);
 }
 
+/// The sources that get the address of a guide without its credentials.
+QString guidesWithoutCredentials(const RestorePlan &plan)
+{
+    QStringList names;
+    for (const GuideSettings &settings : plan.change.put.guideSettings) {
+        if (settings.addresses.contains("***"_L1)) {
+            names << settings.source;
+        }
+    }
+    names.sort();
+    return names.join(", "_L1);
+}
+
 } // namespace
 
 RestoreDialog::RestoreDialog(const LibraryBackup::Content &currentContent,
@@ -63,12 +76,26 @@ RestoreDialog::RestoreDialog(const LibraryBackup::Content &currentContent,
     connect(replace, &QRadioButton::toggled, this, &RestoreDialog::showPlan);
 
     auto *form = new QFormLayout;
-    for (const QString &part : {tr("Sources:"), tr("Favorites:"), tr("Recently watched:"),
-                                tr("Positions and watched marks:"), tr("Hidden categories:")}) {
-        auto *count = new QLabel;
-        count->setTextFormat(Qt::PlainText);
-        counts.append(count);
-        form->addRow(part, count);
+    const auto addPart = [this, form](const QString &name, RestoreCounts RestorePlan::*counts) {
+        auto *label = new QLabel;
+        label->setTextFormat(Qt::PlainText);
+        parts.append({counts, label});
+        form->addRow(name, label);
+    };
+    addPart(tr("Sources:"), &RestorePlan::sourceCounts);
+    addPart(tr("Favorites:"), &RestorePlan::favoriteCounts);
+    addPart(tr("Recently watched:"), &RestorePlan::historyCounts);
+    addPart(tr("Positions and watched marks:"), &RestorePlan::progressCounts);
+    addPart(tr("Hidden categories:"), &RestorePlan::hiddenCategoryCounts);
+    // Who uses no guide reads nothing of it.
+    if (hasRows(&LibraryRows::guideSettings)) {
+        addPart(tr("Settings of programme guides:"), &RestorePlan::guideSettingsCounts);
+    }
+    if (hasRows(&LibraryRows::guideCorrections)) {
+        addPart(tr("Guide channels that were set by hand:"), &RestorePlan::guideCorrectionCounts);
+    }
+    if (hasRows(&LibraryRows::reminders)) {
+        addPart(tr("Reminders:"), &RestorePlan::reminderCounts);
     }
     auto *buttons = new QDialogButtonBox;
     restore = buttons->addButton(tr("Restore"), QDialogButtonBox::AcceptRole);
@@ -93,26 +120,39 @@ RestoreMode RestoreDialog::mode() const
     return replace->isChecked() ? RestoreMode::Replace : RestoreMode::Merge;
 }
 
+template <typename Row>
+bool RestoreDialog::hasRows(QList<Row> LibraryRows::*rows) const
+{
+    return !(current.rows.*rows).isEmpty() || !(backup.rows.*rows).isEmpty();
+}
+
 void RestoreDialog::showPlan()
 {
     const RestorePlan plan = planRestore(current, backup, mode());
     const QLocale locale;
-    const QList<RestoreCounts> planned{plan.sourceCounts, plan.favoriteCounts, plan.historyCounts,
-                                       plan.progressCounts, plan.hiddenCategoryCounts};
-    for (qsizetype part = 0; part < planned.size(); ++part) {
-        const RestoreCounts &count = planned.at(part);
-        counts.at(part)->setText(count == RestoreCounts()
-                                     ? tr("no change")
-                                     : tr("%1 added, %2 changed, %3 removed")
-                                           .arg(locale.toString(count.added),
-                                                locale.toString(count.changed),
-                                                locale.toString(count.removed)));
+    bool hasChanges = false;
+    for (const Part &part : std::as_const(parts)) {
+        const RestoreCounts &count = plan.*part.counts;
+        hasChanges = hasChanges || count != RestoreCounts();
+        part.label->setText(count == RestoreCounts() ? tr("no change")
+                                                     : tr("%1 added, %2 changed, %3 removed")
+                                                           .arg(locale.toString(count.added),
+                                                                locale.toString(count.changed),
+                                                                locale.toString(count.removed)));
     }
-    restore->setEnabled(planned.count(RestoreCounts()) < planned.size());
+    restore->setEnabled(hasChanges);
+    const QString text = notesOf(plan);
+    notes->setText(text);
+    notes->setVisible(!text.isEmpty());
+}
 
+/// What the user must do afterwards.
+QString RestoreDialog::notesOf(const RestorePlan &plan) const
+{
     const QList<SourceConfig> restored = restoredSources(plan, current);
     const QString withoutCredentials = namesOf(restored, LibraryBackup::lacksCredentials);
     const QString withoutFile = namesOf(restored, lacksPlaylistFile);
+    const QString withoutGuide = guidesWithoutCredentials(plan);
     QStringList texts;
     if (!withoutCredentials.isEmpty()) {
         texts << tr("The backup has no passwords and keys. Enter them afterwards with \"Edit "
@@ -124,6 +164,10 @@ void RestoreDialog::showPlan()
                     "Source...\" for: %1")
                      .arg(withoutFile);
     }
-    notes->setText(texts.join(u'\n'));
-    notes->setVisible(!texts.isEmpty());
+    if (!withoutGuide.isEmpty()) {
+        texts << tr("The backup has no passwords in addresses of guides. Enter them afterwards "
+                    "with \"Programme Guide...\" for: %1")
+                     .arg(withoutGuide);
+    }
+    return texts.join(u'\n');
 }

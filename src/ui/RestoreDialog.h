@@ -25,12 +25,23 @@ public:
     RestoreMode mode() const;
 
 private:
+    /// A part of the backup, and the label that tells what becomes of it.
+    struct Part
+    {
+        RestoreCounts RestorePlan::*counts;
+        QLabel *label;
+    };
+
+    /// Whether there are rows here or in the backup.
+    template <typename Row>
+    bool hasRows(QList<Row> LibraryRows::*rows) const;
     void showPlan();
+    QString notesOf(const RestorePlan &plan) const;
 
     const LibraryBackup::Content current;
     const LibraryBackup::Content backup;
     QRadioButton *replace;
-    QList<QLabel *> counts; ///< one for each part
+    QList<Part> parts;
     WrappedLabel *notes;
     QPushButton *restore;
 };

@@ -54,6 +54,10 @@ void TabLibrary::report(LibraryPart part, const QString &changedSource, EntryKin
     case LibraryPart::HiddenCategories:
         Q_EMIT hiddenCategoriesChanged();
         break;
+    case LibraryPart::GuideSettings:
+    case LibraryPart::GuideCorrections:
+    case LibraryPart::Reminders:
+        break;
     }
 }
 

@@ -4,6 +4,7 @@
 #include "FuzzTarget.h"
 
 #include "library/LibraryBackup.h"
+#include "library/LibraryTables.h"
 #include "library/RestorePlan.h"
 
 #include <QSet>
@@ -47,10 +48,7 @@ void checkPlan(const LibraryBackup::Content &current, const LibraryBackup::Conte
 {
     const RestorePlan plan = planRestore(current, backup, mode);
     for (const LibraryRows &rows : {plan.change.put, plan.change.removed}) {
-        requireSingleKeys(rows.favorites);
-        requireSingleKeys(rows.history);
-        requireSingleKeys(rows.progress);
-        requireSingleKeys(rows.hiddenCategories);
+        LibraryTables::forEach([&rows](const auto &table) { requireSingleKeys(rows.*table.rows); });
     }
     QSet<QString> names;
     for (const SourceConfig &source : plan.sources) {

@@ -36,6 +36,16 @@ inline LibraryRows sampleRows()
         {episode, QStringLiteral("s1"), 3, 4, true, 90'000, 5'400'000'000, true, 1'700'000'003}};
     rows.hiddenCategories = {
         {{QStringLiteral("S"), EntryKind::Show, QStringLiteral("c9"), QStringLiteral("Nine"), {}}}};
+    rows.guideSettings = {{{QStringLiteral("S"), EntryKind::Live, {}, {}, {}},
+                           true,
+                           QStringLiteral("account\nhttp://h/guide.xml.gz"),
+                           -5400,
+                           false,
+                           2}};
+    rows.guideCorrections = {
+        {makeEntry(QStringLiteral("3"), EntryKind::Live), QStringLiteral("three.tv")}};
+    rows.reminders = {reminderOf(makeEntry(QStringLiteral("4"), EntryKind::Live), 1'700'000'004,
+                                 1'700'000'005, QStringLiteral("Evening News"))};
     return rows;
 }
 

@@ -26,6 +26,11 @@ MediaItem channel(const QString &url, const QString &name, const QString &catego
     return item;
 }
 
+Reminder reminder(const QString &id, qint64 start, const QString &ofSource = u"S"_s)
+{
+    return reminderOf(makeEntry(id, EntryKind::Channel, ofSource), start, start + 60, u"T"_s);
+}
+
 } // namespace
 
 class tst_Library : public QObject
@@ -50,6 +55,9 @@ private Q_SLOTS:
     void recentlyWatchedPerKindAndSource();
 
     void hiddenCategories();
+    void guideSettings();
+    void guideCorrections();
+    void reminders();
     void sources_data();
     void sources();
     void followsUrls_data();
@@ -90,6 +98,9 @@ void tst_Library::unusedMakesNothing()
     QVERIFY(library->progress(source, EntryKind::Movie).isEmpty());
     QVERIFY(library->continueWatching(source, EntryKind::Episode).isEmpty());
     QVERIFY(library->hiddenCategories(source, EntryKind::Live).isEmpty());
+    QVERIFY(!library->guideSettings(source).enabled);
+    QVERIFY(library->guideCorrections(source, EntryKind::Live).isEmpty());
+    QVERIFY(library->reminders().isEmpty());
     QCOMPARE(library->rows(), LibraryRows());
     QVERIFY(library->flush());
     library.reset();
@@ -109,6 +120,9 @@ void tst_Library::ineffectiveChangesMakeNothing()
     library->forgetSource(source);
     library->followEntries(source, EntryKind::Channel, {channel(u"u"_s, u"n"_s)});
     library->clear({LibraryPart::Favorites, LibraryPart::Progress});
+    library->setGuideSettings(library->guideSettings(source));
+    library->removeGuideCorrection(makeEntry(u"1"_s, EntryKind::Live));
+    library->removeReminder(reminder(u"1"_s, 1));
     library.reset();
     QVERIFY(!QDir(PrivateProfile::current().appDataDir()).exists());
 }
@@ -185,6 +199,9 @@ void tst_Library::takingBack_data()
     });
     QTest::newRow("removing from what was watched") << Change(
         [](Library &l) { return l.removeFromRecentlyWatched(makeEntry(u"2"_s, EntryKind::Live)); });
+    QTest::newRow("setting a guide's channel") << Change([](Library &l) {
+        return l.setGuideCorrection({makeEntry(u"3"_s, EntryKind::Live), u"other.tv"_s});
+    });
     QTest::newRow("clearing") << Change([](Library &l) {
         return l.clear({LibraryPart::History, LibraryPart::Progress});
     });
@@ -265,6 +282,67 @@ void tst_Library::hiddenCategories()
     QCOMPARE(sortedIdsOf(library->hiddenCategories(source, EntryKind::Live)), QStringList{u"c1"_s});
 }
 
+// ---- programme guides ----
+
+void tst_Library::guideSettings()
+{
+    GuideSettings settings = library->guideSettings(source);
+    GuideSettings atFirst;
+    atFirst.source = source;
+    QCOMPARE(settings, atFirst);
+    QVERIFY(settings.refresh);
+    QCOMPARE(settings.archiveForm, -1);
+
+    settings.enabled = true;
+    settings.addresses = u"http://h/g.xml\naccount"_s;
+    settings.offsetSeconds = 1800;
+    // The key is the source's, whatever else is set.
+    settings.id = u"other"_s;
+    settings.kind = EntryKind::Movie;
+    QVERIFY(!library->setGuideSettings(settings).isEmpty());
+    restart();
+    const GuideSettings stored = library->guideSettings(source);
+    QCOMPARE(stored.addresses, settings.addresses);
+    QCOMPARE(stored.offsetSeconds, 1800);
+    QVERIFY(stored.enabled);
+    QVERIFY2(library->setGuideSettings(stored).isEmpty(), "nothing has changed");
+    QVERIFY(!library->setGuideSettings(atFirst).isEmpty());
+    QCOMPARE(library->guideSettings(source), atFirst);
+    QCOMPARE(library->rows().guideSettings.size(), 1);
+}
+
+void tst_Library::guideCorrections()
+{
+    const LibraryEntry live = makeEntry(u"1"_s, EntryKind::Live);
+    library->setGuideCorrection({live, u"one.tv"_s});
+    library->setGuideCorrection({makeEntry(u"2"_s, EntryKind::Live), {}});
+    QVERIFY2(library->setGuideCorrection({live, u"one.tv"_s}).isEmpty(), "nothing has changed");
+    restart();
+    const auto &corrections = library->guideCorrections(source, EntryKind::Live);
+    QCOMPARE(corrections.value(u"1"_s), (GuideCorrection{live, u"one.tv"_s}));
+    QVERIFY(corrections.contains(u"2"_s));
+    QCOMPARE(corrections.value(u"2"_s).guideId, QString());
+    QVERIFY(library->guideCorrections(source, EntryKind::Channel).isEmpty());
+    library->removeGuideCorrection(live);
+    QCOMPARE(sortedIdsOf(library->guideCorrections(source, EntryKind::Live)), QStringList{u"2"_s});
+}
+
+void tst_Library::reminders()
+{
+    const QList<Reminder> ordered{reminder(u"b"_s, 9), reminder(u"a"_s, 10, u"T"_s),
+                                  reminder(u"a"_s, 100)};
+    for (const qsizetype index : {2, 0, 1})
+        library->addReminder(ordered.at(index));
+    QVERIFY2(library->addReminder(ordered.at(0)).isEmpty(), "it is there already");
+    QCOMPARE(library->reminders(), ordered);
+    restart();
+    QCOMPARE(library->reminders(), ordered);
+    const LibraryChange undo = library->removeReminder(ordered.at(1));
+    QCOMPARE(library->reminders(), (QList{ordered.at(0), ordered.at(2)}));
+    library->apply(undo);
+    QCOMPARE(library->reminders(), ordered);
+}
+
 void tst_Library::sources_data()
 {
     QTest::addColumn<QString>("from");
@@ -337,6 +415,9 @@ void tst_Library::followsUrls()
             libraryEntry(source, EntryKind::Channel, channel(url, u"News"_s));
         library->addFavorite(entry);
         library->noteWatched(entry);
+        library->setGuideCorrection({entry, url});
+        for (const qint64 start : {1, 2})
+            library->addReminder(reminderOf(entry, start, start + 1, {}));
     }
     library->addFavorite(makeEntry(u"News"_s, EntryKind::Channel, u"T"_s));
     library->followEntries(source, EntryKind::Channel, items);
@@ -344,6 +425,16 @@ void tst_Library::followsUrls()
     for (int start = 0; start < 2; ++start) {
         QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)), expected);
         QCOMPARE(sortedIdsOf(library->recentlyWatched(source, EntryKind::Channel)), expected);
+        QCOMPARE(sortedIdsOf(library->guideCorrections(source, EntryKind::Channel)), expected);
+        QStringList channels;
+        const QList<Reminder> reminders = library->reminders();
+        for (const Reminder &row : reminders) {
+            QCOMPARE(row.id, QString::number(row.start) + u' ' + row.entryId);
+            channels << row.entryId;
+        }
+        channels.sort();
+        QCOMPARE(channels,
+                 (QStringList{expected.at(0), expected.at(0), expected.at(1), expected.at(1)}));
         QCOMPARE(library->favorites(u"T"_s, EntryKind::Channel).size(), 1);
         restart();
     }

@@ -52,6 +52,12 @@ LibraryBackup::Content sampleContent()
         {{u"Playlist"_s, EntryKind::Channel, u"http://h/live/user/pass-word/1.ts"_s, u"One"_s, {}},
          2,
          3});
+    content.rows.guideSettings[0].addresses +=
+        u"\nhttp://h/xmltv.php?username=user&password=pass-word\n/home/me/guide.xml"_s;
+    const LibraryEntry channel{
+        u"Playlist"_s, EntryKind::Channel, u"http://h/live/user/pass-word/2.ts"_s, u"Two"_s, {}};
+    content.rows.guideCorrections.append({channel, u"two.tv"_s});
+    content.rows.reminders.append(reminderOf(channel, 1'700'000'006, 1'700'000'007, u"Film"_s));
     return content;
 }
 
@@ -156,6 +162,12 @@ void tst_LibraryBackup::credentialsStayOut()
     QCOMPARE(content->sources.at(1).url, u"http://h/get.php?username=user&password=***&type=m3u"_s);
     QCOMPARE(content->rows.favorites.at(1).id, u"http://h/live/user/***/1.ts"_s);
     QCOMPARE(content->rows.progress, sampleRows().progress);
+    QCOMPARE(content->rows.guideSettings.at(0).addresses,
+             u"account\nhttp://h/guide.xml.gz\n"
+             "http://h/xmltv.php?username=user&password=***\n/home/me/guide.xml"_s);
+    QCOMPARE(content->rows.guideCorrections.at(1).id, u"http://h/live/user/***/2.ts"_s);
+    QCOMPARE(content->rows.reminders.at(1).entryId, u"http://h/live/user/***/2.ts"_s);
+    QCOMPARE(content->rows.reminders.at(1).id, u"1700000006 http://h/live/user/***/2.ts"_s);
 }
 
 void tst_LibraryBackup::lacksCredentials_data()

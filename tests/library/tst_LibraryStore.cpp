@@ -218,6 +218,13 @@ void tst_LibraryStore::migratesFromEachVersion()
             "addedAt) VALUES ('S', 'movie', '1', 'Name 1', 'c1', 7, 1700000001)"_s);
         expected.favorites = sampleRows().favorites;
     }
+    if (version > 1) {
+        RawLibraryFile().run(u"INSERT INTO guideSettings (source, kind, id) "
+                             "VALUES ('S', 'live', '')"_s);
+        GuideSettings atFirst;
+        atFirst.source = u"S"_s;
+        expected.guideSettings = {atFirst};
+    }
     QCOMPARE(stored(), expected);
     QCOMPARE(RawLibraryFile().run(u"PRAGMA user_version"_s).toInt(), currentVersion());
     store(sampleRows());

@@ -79,9 +79,11 @@ private Q_SLOTS:
     void emptyLibraryGetsAll();
     void mergedFavorites();
     void mergedTimes();
+    void mergedGuideSettings();
     void replacing();
     void rowsTwice();
     void channelsWithoutCredentials();
+    void guideAddressesWithoutCredentials();
 
 private:
     /// Carries the plan out on a library that holds `before`.
@@ -160,6 +162,11 @@ void tst_RestorePlan::ownBackupChangesNothing()
     Content content{{source(u"A"_s)}, sampleRows(), true};
     content.rows.favorites.append(
         favorite(u"http://h/live/user/secret/1.ts"_s, 3, EntryKind::Channel));
+    content.rows.guideSettings[0].addresses = u"account\nhttp://h/g.xml?password=secret"_s;
+    const LibraryEntry channel = makeEntry(u"http://h/live/user/secret/2.ts"_s, EntryKind::Channel);
+    content.rows.guideCorrections = {{channel, u"two.tv"_s}};
+    content.rows.reminders = {reminderOf(channel, 1, 2, u"One"_s),
+                              reminderOf(channel, 3, 4, u"Two"_s)};
     const RestorePlan plan = planRestore(content, throughAFile(content, withCredentials), mode);
     QVERIFY(plan.change.isEmpty());
     QCOMPARE(plan.sourceCounts, RestoreCounts());
@@ -171,7 +178,8 @@ void tst_RestorePlan::emptyLibraryGetsAll()
 {
     const RestorePlan plan = planRestore({}, {{}, sampleRows(), true}, RestoreMode::Merge);
     for (const RestoreCounts &counts :
-         {plan.favoriteCounts, plan.historyCounts, plan.progressCounts, plan.hiddenCategoryCounts})
+         {plan.favoriteCounts, plan.historyCounts, plan.progressCounts, plan.hiddenCategoryCounts,
+          plan.guideSettingsCounts, plan.guideCorrectionCounts, plan.reminderCounts})
         QCOMPARE(counts, (RestoreCounts{1, 0, 0}));
     QCOMPARE(carryOut({}, plan), sampleRows());
 }
@@ -205,21 +213,41 @@ void tst_RestorePlan::mergedTimes()
     QCOMPARE(plan.change.put.progress, QList{progress(u"new"_s, 2, 6)});
 }
 
+void tst_RestorePlan::mergedGuideSettings()
+{
+    Content current;
+    current.rows.guideSettings = sampleRows().guideSettings;
+    current.rows.guideCorrections = sampleRows().guideCorrections;
+    Content backup = current;
+    backup.rows.guideSettings[0].offsetSeconds = 3600;
+    backup.rows.guideCorrections[0].guideId = u"another.tv"_s;
+    const RestorePlan plan = planRestore(current, backup, RestoreMode::Merge);
+    QVERIFY2(plan.change.isEmpty(), "what is there stays as it is");
+}
+
 void tst_RestorePlan::replacing()
 {
     Content current;
     current.rows.favorites = {favorite(u"a"_s, 1), favorite(u"b"_s, 2), favorite(u"c"_s, 3)};
     current.rows.hiddenCategories = sampleRows().hiddenCategories;
+    current.rows.guideSettings = sampleRows().guideSettings;
+    current.rows.guideCorrections = sampleRows().guideCorrections;
+    current.rows.reminders = sampleRows().reminders;
     Content backup;
     backup.rows.favorites = {favorite(u"a"_s, 1), favorite(u"b"_s, 9), favorite(u"d"_s, 3)};
     const RestorePlan plan = planRestore(current, backup, RestoreMode::Replace);
     QCOMPARE(plan.favoriteCounts, (RestoreCounts{1, 1, 1}));
-    QCOMPARE(plan.hiddenCategoryCounts, (RestoreCounts{0, 0, 1}));
+    for (const RestoreCounts &counts : {plan.hiddenCategoryCounts, plan.guideSettingsCounts,
+                                        plan.guideCorrectionCounts, plan.reminderCounts})
+        QCOMPARE(counts, (RestoreCounts{0, 0, 1}));
     const LibraryRows after = carryOut(current.rows, plan);
     QCOMPARE(after.favorites.size(), 3);
     for (const Favorite &row : std::as_const(backup.rows.favorites))
         QVERIFY(after.favorites.contains(row));
     QVERIFY(after.hiddenCategories.isEmpty());
+    QVERIFY(after.guideSettings.isEmpty());
+    QVERIFY(after.guideCorrections.isEmpty());
+    QVERIFY(after.reminders.isEmpty());
 }
 
 void tst_RestorePlan::rowsTwice()
@@ -263,6 +291,29 @@ void tst_RestorePlan::channelsWithoutCredentials()
     QVERIFY(library.flush());
     QCOMPARE(sortedIdsOf(library.favorites(u"S"_s, EntryKind::Channel)),
              (QStringList{items.at(0).id, items.at(1).id}));
+}
+
+void tst_RestorePlan::guideAddressesWithoutCredentials()
+{
+    const auto settings = [](const QString &name, const QString &addresses) {
+        GuideSettings row;
+        row.source = name;
+        row.addresses = addresses;
+        return row;
+    };
+    const QString one = u"http://h/1.xml?password=secret"_s;
+    const QString two = u"http://h/2.xml?password=secret"_s;
+    Content complete;
+    complete.rows.guideSettings = {settings(u"A"_s, one + u'\n' + two), settings(u"B"_s, two)};
+    const Content backup = throughAFile(complete, false);
+    Content current;
+    current.rows.guideSettings = {settings(u"A"_s, two)};
+    const RestorePlan plan = planRestore(current, backup, RestoreMode::Replace);
+    QCOMPARE(plan.change.put.guideSettings.size(), 2);
+    for (const GuideSettings &row : plan.change.put.guideSettings) {
+        QCOMPARE(row.addresses, row.source == u'A' ? u"http://h/1.xml?password=***\n"_s + two
+                                                   : u"http://h/2.xml?password=***"_s);
+    }
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_RestorePlan)

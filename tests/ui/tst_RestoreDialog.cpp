@@ -36,7 +36,7 @@ Content hereNow()
     return content;
 }
 
-/// The texts of the five parts.
+/// The texts of the parts.
 QStringList counts(const RestoreDialog &dialog)
 {
     const auto *form = dialog.findChild<QFormLayout *>();
@@ -64,6 +64,8 @@ class tst_RestoreDialog : public QObject
 private Q_SLOTS:
     void countsFollowTheMode();
     void ownBackupHasNothingToDo();
+    void guidesAreToldWhereThereAreSome();
+    void guideAddressesWithoutPasswords();
     void whatIsMissingIsTold_data();
     void whatIsMissingIsTold();
 };
@@ -102,6 +104,37 @@ void tst_RestoreDialog::ownBackupHasNothingToDo()
     const RestoreDialog dialog(hereNow(), backup, nullptr);
     QCOMPARE(counts(dialog), QStringList(5, nothing));
     QVERIFY(!restoreButton(dialog).isEnabled());
+}
+
+void tst_RestoreDialog::guidesAreToldWhereThereAreSome()
+{
+    const LibraryEntry channel{u"A"_s, EntryKind::Live, u"1"_s, u"One"_s, {}};
+    GuideSettings settings;
+    settings.source = u"A"_s;
+    Content here = hereNow();
+    here.rows.reminders = {reminderOf(channel, 1, 2, u"News"_s)};
+    Content backup = hereNow();
+    backup.rows.guideSettings = {settings};
+    backup.rows.guideCorrections = {{channel, u"one.tv"_s}};
+    const RestoreDialog dialog(here, backup, nullptr);
+    const QString added = u"1 added, 0 changed, 0 removed"_s;
+    QCOMPARE(counts(dialog), (QStringList(5, nothing) + QStringList{added, added, nothing}));
+    dialog.findChild<QRadioButton *>(u"replaceButton"_s)->click();
+    QCOMPARE(counts(dialog).last(), u"0 added, 0 changed, 1 removed"_s);
+    QVERIFY(restoreButton(dialog).isEnabled());
+}
+
+void tst_RestoreDialog::guideAddressesWithoutPasswords()
+{
+    GuideSettings settings;
+    settings.source = u"A"_s;
+    settings.addresses = u"http://h/guide.xml?password=***"_s;
+    Content backup = hereNow();
+    backup.rows.guideSettings = {settings};
+    const RestoreDialog dialog(hereNow(), backup, nullptr);
+    QCOMPARE(dialog.findChild<QLabel *>(u"restoreNotes"_s)->text(),
+             u"The backup has no passwords in addresses of guides. Enter them afterwards with "
+             "\"Programme Guide...\" for: A"_s);
 }
 
 void tst_RestoreDialog::whatIsMissingIsTold_data()
