@@ -18,6 +18,12 @@ QString queryValue(const QString &text)
     return QString::fromLatin1(QUrl::toPercentEncoding(text)).replace("%25"_L1, "%"_L1);
 }
 
+QString credentialsQuery(const XtreamAccount &account)
+{
+    return "?username="_L1 + queryValue(account.username) + "&password="_L1 +
+           queryValue(account.password);
+}
+
 } // namespace
 
 GuideClient::GuideClient(const XtreamAccount &account, const QTimeZone &serverZone, QObject *parent)
@@ -30,8 +36,13 @@ GuideClient::GuideClient(const XtreamAccount &account, const QTimeZone &serverZo
 
 QString GuideClient::guideUrl(const XtreamAccount &account)
 {
-    return account.server + "/xmltv.php?username="_L1 + queryValue(account.username) +
-           "&password="_L1 + queryValue(account.password);
+    return account.server + "/xmltv.php"_L1 + credentialsQuery(account);
+}
+
+QString GuideClient::channelsUrl(const XtreamAccount &account)
+{
+    return account.server + "/player_api.php"_L1 + credentialsQuery(account) +
+           "&action=get_live_streams"_L1;
 }
 
 void GuideClient::fetchShort(const QString &streamId, const Callback &callback)

@@ -40,6 +40,8 @@ public:
     void cancelWaiting();
     /// Where the whole guide is, as an XMLTV file. It holds the account's credentials.
     static QString guideUrl(const XtreamAccount &account);
+    /// Where the account's live channels are listed. It holds the account's credentials.
+    static QString channelsUrl(const XtreamAccount &account);
 
 private:
     void ask(const QString &action, const QString &streamId, const Callback &take);

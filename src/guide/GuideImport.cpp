@@ -1,6 +1,5 @@
 #include "guide/GuideImport.h"
 
-#include "app/TraceSecrets.h"
 #include "guide/GuideEntries.h"
 #include "guide/GuideFileImport.h"
 #include "guide/GuideMatching.h"
@@ -106,26 +105,35 @@ bool GuideImport::update(GuideStore &store)
            matching.store() && finish(store, matching);
 }
 
-/// Replaces the source's channels by those of the file.
+/// Replaces the source's channels by those of the file, if it has any.
 bool GuideImport::takeEntries(GuideStore &store)
 {
     QFile file(job.entriesPath);
     if (job.entriesPath.isEmpty() || !file.open(QIODevice::ReadOnly)) {
         return true;
     }
-    return store.inTransaction([&] {
-        if (!store.run(u"DELETE FROM entry"_s)) {
-            return false;
-        }
+    qint64 count = 0;
+    bool isStored = true;
+    const bool isTaken = store.inTransaction([&] {
+        isStored = store.run(u"DELETE FROM entry"_s);
         QSqlQuery insert = store.prepared(
             u"INSERT OR IGNORE INTO entry (id, name, guideId, guideName, shift, archiveForm, "
             "archiveSource, archiveDays, archiveCorrection) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"_s);
         const auto take = [&](const GuideSourceEntry &entry) {
-            return !cancelled && insertEntry(store, insert, entry);
+            ++count;
+            isStored = isStored && insertEntry(store, insert, entry);
+            return isStored && !cancelled;
         };
-        return job.entriesAreOfAccount ? readAccountEntries(file.readAll(), take)
-                                       : readPlaylistEntries(file, take);
+        const bool isRead = job.entriesAreOfAccount ? readAccountEntries(file.readAll(), take)
+                                                    : readPlaylistEntries(file, take);
+        return isRead && count > 0;
     });
+    if (!isTaken && isStored && !cancelled) {
+        // An error page, most likely.
+        result.addresses.append({{}, GuideProblem::ChannelsNotLoaded, {}, 0, false});
+        return true;
+    }
+    return isTaken;
 }
 
 /// Removes what came from addresses that are no longer used.
@@ -155,7 +163,7 @@ bool GuideImport::takeGuide(GuideStore &store, GuideMatching &matching,
 {
     const qint64 guide = numberOf(store, u"SELECT number FROM guide WHERE address = ?"_s,
                                   {checksumOf(file.address)});
-    GuideAddressResult one{traceSafeUrl(file.address), file.problem, file.detail, 0, false};
+    GuideAddressResult one{file.shown, file.problem, file.detail, 0, false};
     if (file.problem == GuideProblem::None) {
         bool isStored = true;
         const bool isTaken = store.inTransaction([&] {
@@ -182,7 +190,7 @@ bool GuideImport::takeGuide(GuideStore &store, GuideMatching &matching,
 GuideAddressResult GuideImport::importFile(GuideStore &store, GuideMatching &matching,
                                            const GuideImportJob::File &file, qint64 guide)
 {
-    GuideAddressResult one{traceSafeUrl(file.address), GuideProblem::None, {}, 0, false};
+    GuideAddressResult one{file.shown, GuideProblem::None, {}, 0, false};
     QFile device(file.path);
     if (!device.open(QIODevice::ReadOnly)) {
         one.problem = GuideProblem::FileNotOpened;

@@ -17,7 +17,8 @@ struct GuideImportJob
 {
     struct File
     {
-        QString address; ///< where it came from; in the file as a checksum only
+        QString address; ///< where it came from; kept as a checksum only
+        QString shown;   ///< the address without its credentials
         QString path;    ///< of the file to read; empty with a problem
         GuideProblem problem = GuideProblem::None;
         QString detail;

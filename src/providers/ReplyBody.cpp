@@ -79,14 +79,13 @@ void ReplyBody::readSlice()
 {
     std::array<char, 64UL * 1024> buffer; // NOLINT: filled below
     qint64 count = 1;
-    for (qint64 slice = 0; count > 0 && slice < sliceBytes; slice += count) {
+    bool isKept = true;
+    for (qint64 slice = 0; count > 0 && isKept && slice < sliceBytes; slice += count) {
         count = reply->read(buffer.data(), std::ssize(buffer));
-        if (count > 0) {
-            body.append({buffer.data(), count});
-        }
+        isKept = count <= 0 || keep({buffer.data(), count});
     }
     const bool cannotBeUnpacked = reply->error() != QNetworkReply::NoError;
-    if (reply->isRunning() && (cannotBeUnpacked || body.size() > maxBytes)) {
+    if (reply->isRunning() && (cannotBeUnpacked || !isKept || arrived > maxBytes)) {
         reply->abort(); // which finishes it
         return;
     }
@@ -96,8 +95,18 @@ void ReplyBody::readSlice()
         Q_EMIT finished();
         return;
     }
-    if (body.size() - bytesInTime >= minProgressBytes) {
-        bytesInTime = body.size();
+    if (arrived - bytesInTime >= minProgressBytes) {
+        bytesInTime = arrived;
         restartTimer();
     }
+}
+
+bool ReplyBody::keep(QByteArrayView bytes)
+{
+    arrived += bytes.size();
+    if (receive) {
+        return receive(bytes);
+    }
+    body.append(bytes);
+    return true;
 }

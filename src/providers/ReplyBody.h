@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <functional>
+
 class QNetworkReply;
 
 /// How long a reply may go without any progress, in ms. Set on the network access managers; each
@@ -31,8 +33,13 @@ public:
 
     ReplyBody(QNetworkReply *networkReply, qint64 maxBytes);
 
+    /// Hands the body to `take` as it arrives, instead of keeping it; false aborts the reply.
+    void setReceiver(const std::function<bool(QByteArrayView)> &take) { receive = take; }
+
     /// The body of the reply after finished(); empty when it failed.
     ReplyBytes take();
+    /// How many bytes of the body have arrived, as unpacked.
+    qint64 size() const { return arrived; }
 
 Q_SIGNALS:
     /// The reply has failed, or it has finished and its body was read. Comes once.
@@ -43,12 +50,15 @@ private:
     void read();
     void readSlice();
     void readRest();
+    bool keep(QByteArrayView bytes);
     /// Qt 6.4 forgets the manager's timeout behind a redirect.
     void restartTimer();
 
     QNetworkReply *reply;
     const qint64 maxBytes;
     ReplyBytes body;
+    std::function<bool(QByteArrayView)> receive;
+    qint64 arrived = 0;
     qint64 bytesInTime = 0; ///< what had arrived when the timer was started
     QTimer timer;
     QTimer nextSlice; ///< runs while more may be there to be read

@@ -38,7 +38,7 @@ private Q_SLOTS:
     void failures();
     void fewAtATime();
     void cancelled();
-    void guideUrl();
+    void addresses();
     void tracesShowNoPassword();
 
 private:
@@ -189,10 +189,14 @@ void tst_GuideClient::cancelled()
     QCOMPARE(server->requestCount(api), GuideClient::mostRequests + 1);
 }
 
-void tst_GuideClient::guideUrl()
+void tst_GuideClient::addresses()
 {
-    QCOMPARE(GuideClient::guideUrl({u"http://h/tv"_s, u"joe"_s, u"p&w +%26"_s}),
+    const XtreamAccount account{u"http://h/tv"_s, u"joe"_s, u"p&w +%26"_s};
+    QCOMPARE(GuideClient::guideUrl(account),
              u"http://h/tv/xmltv.php?username=joe&password=p%26w%20%2B%26"_s);
+    QCOMPARE(GuideClient::channelsUrl(account),
+             u"http://h/tv/player_api.php?username=joe&password=p%26w%20%2B%26"
+             "&action=get_live_streams"_s);
 }
 
 void tst_GuideClient::tracesShowNoPassword()

@@ -60,6 +60,8 @@ private Q_SLOTS:
     void corrections();
     void preference();
     void accountChannels();
+    void channelsOfNoSource_data();
+    void channelsOfNoSource();
     void packed();
     void problems_data();
     void problems();
@@ -278,6 +280,34 @@ void tst_GuideImport::accountChannels()
     QCOMPARE(found.value(u"7"_s).entry.catchUp.form, CatchUpForm::Account);
     QCOMPARE(found.value(u"7"_s).entry.catchUp.days, 2.0);
     QCOMPARE(found.value(u"9"_s).entry.catchUp.form, CatchUpForm::None);
+}
+
+void tst_GuideImport::channelsOfNoSource_data()
+{
+    QTest::addColumn<QByteArray>("entries");
+    QTest::addColumn<bool>("ofAccount");
+    QTest::newRow("a page for a playlist") << QByteArray("<html></html>") << false;
+    QTest::newRow("nothing for a playlist") << QByteArray() << false;
+    QTest::newRow("a page for an account") << QByteArray("<html></html>") << true;
+    QTest::newRow("an error for an account") << QByteArray(R"({"user_info":{"auth":0}})") << true;
+    QTest::newRow("cut short") << QByteArray(R"([{"stream_id":7},{"stream_id")") << true;
+}
+
+void tst_GuideImport::channelsOfNoSource()
+{
+    QFETCH(QByteArray, entries);
+    QFETCH(bool, ofAccount);
+    addTwoHours();
+    guide->store();
+    GuideImportJob job = guide->job();
+    writeFile(job.entriesPath, entries);
+    job.entriesAreOfAccount = ofAccount;
+    const GuideResult result = GuideImport(job).run();
+    QCOMPARE(result.addresses.size(), 2);
+    QCOMPARE(result.addresses.first().problem, GuideProblem::ChannelsNotLoaded);
+    // The channels of the last update stay.
+    QCOMPARE(result.channels, 1);
+    QCOMPARE(titles(*guide, one).size(), 2);
 }
 
 void tst_GuideImport::packed()
