@@ -9,16 +9,23 @@ MoreMenu::MoreMenu(QWidget *parent)
     addAction(tr("Back Up..."), this, &MoreMenu::backUpRequested);
     addAction(tr("Restore..."), this, &MoreMenu::restoreRequested);
     addSeparator();
+    guide = addAction(tr("Programme Guide..."), this, &MoreMenu::guideRequested);
     accountInformation =
         addAction(tr("Account Information..."), this, &MoreMenu::accountInformationRequested);
     addAction(tr("About"), this, &MoreMenu::aboutRequested);
     setHasHistory(false);
+    setHasSource(false);
     setHasAccount(false);
 }
 
 void MoreMenu::setHasHistory(bool hasHistory)
 {
     clearHistory->setEnabled(hasHistory);
+}
+
+void MoreMenu::setHasSource(bool hasSource)
+{
+    guide->setEnabled(hasSource);
 }
 
 void MoreMenu::setHasAccount(bool hasAccount)

@@ -2,7 +2,7 @@
 
 #include <QMenu>
 
-/// What does not belong to one tab: the history, the backup, the account, the program.
+/// What does not belong to one tab: the history, the backup, the guide, the account, the program.
 class MoreMenu final : public QMenu
 {
     Q_OBJECT
@@ -12,6 +12,8 @@ public:
 
     /// Whether there is a history to clear.
     void setHasHistory(bool hasHistory);
+    /// Whether there is an active source.
+    void setHasSource(bool hasSource);
     /// Whether the active source is an account.
     void setHasAccount(bool hasAccount);
 
@@ -19,10 +21,13 @@ Q_SIGNALS:
     void clearHistoryRequested();
     void backUpRequested();
     void restoreRequested();
+    /// Of the active source.
+    void guideRequested();
     void accountInformationRequested();
     void aboutRequested();
 
 private:
     QAction *clearHistory;
+    QAction *guide;
     QAction *accountInformation;
 };

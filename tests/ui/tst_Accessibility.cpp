@@ -1,8 +1,10 @@
 // Everything can be reached and named without eyes and without a mouse.
 
 #include "WindowFixture.h"
+#include "guide/GuideResult.h"
 #include "ui/AccountInformationDialog.h"
 #include "ui/ClearHistoryDialog.h"
+#include "ui/GuideDialog.h"
 #include "ui/RestoreDialog.h"
 #include "ui/SourceDialog.h"
 
@@ -162,10 +164,15 @@ void tst_Accessibility::moreDialogs()
     ClearHistoryDialog clearHistory(rows, nullptr);
     RestoreDialog restore({}, {{source}, rows}, nullptr);
     AccountInformationDialog account(source, nullptr);
+    GuideSettings settings;
+    settings.enabled = true;
+    settings.addresses = u"http://h/guide.xml"_s;
+    GuideDialog guide(settings, true, nullptr);
+    guide.setResult({1, 0, 0, 0, 0, 0, {}, false});
     using Case = std::tuple<QDialog *, int, QString>;
     for (const auto &[dialog, controls, first] :
          {Case(&clearHistory, 4, u"watchedCheck"_s), Case(&restore, 4, u"mergeButton"_s),
-          Case(&account, 1, u"closeButton"_s)}) {
+          Case(&account, 1, u"closeButton"_s), Case(&guide, 10, u"guideEnabled"_s)}) {
         dialog->show();
         QVERIFY(QTest::qWaitForWindowActive(dialog));
         expectAccessible(*dialog, controls, first);
