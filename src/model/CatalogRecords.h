@@ -13,11 +13,13 @@ inline constexpr qint32 Movie = 1;
 inline constexpr qint32 Series = 2;
 /// An episode converted to a playable entry; never stored.
 inline constexpr qint32 Episode = 3;
+/// A programme from a channel's archive; never stored.
+inline constexpr qint32 Archive = 4;
 
 /// True for the kinds that have a duration and can be seeked.
 constexpr bool isSeekable(qint32 kind)
 {
-    return kind == Movie || kind == Episode;
+    return kind == Movie || kind == Episode || kind == Archive;
 }
 } // namespace StreamKind
 

@@ -12,13 +12,19 @@ PlaybackSession::PlaybackSession(VlcPlayer *vlcPlayer, QObject *parent)
     : QObject(parent)
     , player(vlcPlayer)
     , reconnectTimer(new QTimer(this))
+    , seekTimer(new QTimer(this))
 {
     reconnectTimer->setObjectName(u"reconnectTimer"_s);
     reconnectTimer->setSingleShot(true);
     connect(reconnectTimer, &QTimer::timeout, this, &PlaybackSession::replay);
-    connect(player, &VlcPlayer::playbackError, this, &PlaybackSession::failed);
+    connect(player, &VlcPlayer::playbackError, this, [this](const QString &message) {
+        if (!tryNextAddress()) {
+            Q_EMIT failed(message);
+        }
+    });
     connect(player, &VlcPlayer::playbackInterrupted, this, &PlaybackSession::interrupt);
     connect(player, &VlcPlayer::playbackProgressing, this, &PlaybackSession::cancelLiveReconnect);
+    connectArchive();
 }
 
 bool PlaybackSession::hasMedia() const
@@ -28,10 +34,19 @@ bool PlaybackSession::hasMedia() const
 
 void PlaybackSession::play(qint32 kind, const QString &url, const QString &title)
 {
+    archive.reset();
+    currentUrl = url;
+    begin(kind, title);
+}
+
+void PlaybackSession::begin(qint32 kind, const QString &title)
+{
     cancelLiveReconnect();
     currentKind = kind;
-    currentUrl = url;
     currentTitle = title;
+    addressIndex = 0;
+    streamFromMs = 0;
+    soughtMs.reset();
     Q_EMIT entryChanged();
     start();
 }
@@ -48,6 +63,13 @@ void PlaybackSession::start()
 {
     // Only progress, another entry or a cancel ends the attempts.
     currentState = reconnectAttempts > 0 ? State::Reconnecting : State::Playing;
+    seekTimer->stop();
+    hasAdvanced = false;
+    if (archive) {
+        streamFromMs = soughtMs.value_or(streamFromMs);
+        soughtMs.reset();
+        currentUrl = archive->addresses(streamFromMs).value(addressIndex);
+    }
     Q_EMIT starting();
     player->play(currentUrl, currentKind == StreamKind::Live);
     Q_EMIT started();
@@ -56,6 +78,9 @@ void PlaybackSession::start()
 void PlaybackSession::stop()
 {
     cancelLiveReconnect();
+    seekTimer->stop();
+    soughtMs.reset();
+    archive.reset();
     currentUrl.clear();
     player->stop();
     currentState = State::Idle;
@@ -83,6 +108,10 @@ void PlaybackSession::interrupt(const QString &reason)
         Q_EMIT reconnectScheduled(reconnectAttempts);
         return;
     }
+    if (tryNextAddress()) {
+        return;
+    }
+    keepArchivePlace();
     if (canReplay()) {
         currentState = State::Interrupted;
     }

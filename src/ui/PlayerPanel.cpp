@@ -92,9 +92,9 @@ QWidget *PlayerPanel::buildSeekRow()
     layout->addWidget(timeLabel);
     seekRow->hide();
 
-    connect(back, &QPushButton::clicked, this, [this] { player->seekRelative(-skipMs); });
+    connect(back, &QPushButton::clicked, this, [this] { session->seekRelative(-skipMs); });
     connect(continueButton, &QPushButton::clicked, this, &PlayerPanel::continueRequested);
-    connect(forward, &QPushButton::clicked, this, [this] { player->seekRelative(skipMs); });
+    connect(forward, &QPushButton::clicked, this, [this] { session->seekRelative(skipMs); });
     connect(seekSlider, &QSlider::sliderPressed, this, &PlayerPanel::beginSeek);
     connect(seekSlider, &QSlider::sliderReleased, this, &PlayerPanel::finishSeek);
     return seekRow;
@@ -162,7 +162,7 @@ void PlayerPanel::setPlayback(VlcPlayer *newPlayer, PlaybackSession *newSession)
 {
     player = newPlayer;
     session = newSession;
-    connect(player, &VlcPlayer::positionChanged, this, &PlayerPanel::showPosition);
+    connect(session, &PlaybackSession::positionChanged, this, &PlayerPanel::showPosition);
     connect(player, &VlcPlayer::pausedChanged, this,
             [this](bool paused) { playPauseButton->setText(paused ? tr("Play") : tr("Pause")); });
     followSession();
@@ -220,7 +220,7 @@ void PlayerPanel::toggleMute()
 void PlayerPanel::seekByKey(qint64 deltaMs)
 {
     if (StreamKind::isSeekable(session->kind())) {
-        player->seekRelative(deltaMs);
+        session->seekRelative(deltaMs);
     }
 }
 
@@ -233,7 +233,7 @@ void PlayerPanel::finishSeek()
 {
     seeking = false;
     if (seekSlider->maximum() > 0) {
-        player->seek(seekSlider->value());
+        session->seek(seekSlider->value());
     }
 }
 
