@@ -4,6 +4,7 @@
 #include "model/SafeFileName.h"
 #include "providers/BackgroundJobs.h"
 
+#include <QFile>
 #include <QStandardPaths>
 
 #include <utility>
@@ -49,6 +50,24 @@ void Guide::close()
     jobs->runApart([last = std::exchange(reader, nullptr)]() mutable { return last.reset(), 0; },
                    [](int) {});
     Q_EMIT changed();
+}
+
+void Guide::moveFile(const QString &from, const QString &to)
+{
+    jobs->runApart(
+        [from, to] {
+            for (const QString &suffix : {u"-wal"_s, u"-shm"_s, QString()}) {
+                if (from != to && !to.isEmpty()) {
+                    QFile::remove(to + suffix);
+                    QFile::rename(from + suffix, to + suffix);
+                }
+                if (to.isEmpty()) {
+                    QFile::remove(from + suffix);
+                }
+            }
+            return 0;
+        },
+        [](int) {});
 }
 
 void Guide::reload()

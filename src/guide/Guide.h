@@ -44,6 +44,9 @@ public:
     void open(const QString &path, qint64 offsetSeconds);
     void close();
     bool isOpen() const { return reader != nullptr; }
+    /// Renames the file of a guide that is closed, behind all questions that were asked; removes it
+    /// when `to` is empty. A file at the new path gives way.
+    void moveFile(const QString &from, const QString &to);
     /// To be called when the file has changed: reports changed().
     void reload();
     /// What came of the last update.

@@ -97,12 +97,32 @@ bool GuideImport::update(GuideStore &store)
             {{}, GuideProblem::ChannelsNotLoaded, job.entriesProblem, 0, false});
     }
     GuideMatching matching(store, job.corrections, [this] { return cancelled.load(); });
+    if (job.onlyMatches) {
+        return matchAgain(store, matching);
+    }
     return takeEntries(store) && removeOldGuides(store) &&
            std::all_of(job.guides.cbegin(), job.guides.cend(),
                        [&](const GuideImportJob::File &file) {
                            return takeGuide(store, matching, file);
                        }) &&
            matching.store() && finish(store, matching);
+}
+
+/// The result stays that of the last update, but for the numbers.
+bool GuideImport::matchAgain(GuideStore &store, GuideMatching &matching)
+{
+    result = guideResultOfJson(store.state(u"result"_s));
+    QSqlQuery query = store.prepared(u"SELECT number FROM guide ORDER BY place"_s);
+    if (!store.run(query)) {
+        return false;
+    }
+    while (query.next()) {
+        if (!matching.match(query.value(0).toLongLong())) {
+            return false;
+        }
+        matching.keep();
+    }
+    return matching.store() && finish(store, matching);
 }
 
 /// Replaces the source's channels by those of the file, if it has any.
@@ -223,8 +243,8 @@ GuideAddressResult GuideImport::importFile(GuideStore &store, GuideMatching &mat
 /// Completes the times, the index and what is told of the update.
 bool GuideImport::finish(GuideStore &store, const GuideMatching &matching)
 {
-    if (!GuideTimes::completeStops(store) ||
-        !store.run(u"INSERT INTO titles (titles) VALUES ('rebuild')"_s)) {
+    if (!job.onlyMatches && (!GuideTimes::completeStops(store) ||
+                             !store.run(u"INSERT INTO titles (titles) VALUES ('rebuild')"_s))) {
         return false;
     }
     result.programmes = numberOf(store, u"SELECT count(*) FROM programme"_s);

@@ -31,6 +31,8 @@ struct GuideImportJob
     bool entriesAreOfAccount = false;
     QString entriesProblem; ///< why there is no file; empty when nothing failed
     QList<File> guides;     ///< in the order of preference
+    /// Reads no files: matches the entries with the stored channels anew.
+    bool onlyMatches = false;
     /// Guide ids that the user chose, by the entries' ids; empty for an entry without a guide.
     QHash<QString, QString> corrections;
     QString language; ///< preferred for titles, for instance "de"
@@ -53,6 +55,7 @@ public:
 
 private:
     bool update(GuideStore &store);
+    bool matchAgain(GuideStore &store, GuideMatching &matching);
     bool takeEntries(GuideStore &store);
     bool removeOldGuides(GuideStore &store);
     bool takeGuide(GuideStore &store, GuideMatching &matching, const GuideImportJob::File &file);

@@ -63,7 +63,7 @@ GuideUpdate::~GuideUpdate()
     cancel();
 }
 
-void GuideUpdate::start(const GuideUpdateRequest &wanted)
+void GuideUpdate::begin(const GuideUpdateRequest &wanted)
 {
     cancel();
     running = true;
@@ -72,6 +72,18 @@ void GuideUpdate::start(const GuideUpdateRequest &wanted)
     job.storePath = request.storePath;
     job.corrections = request.corrections;
     job.language = request.language;
+}
+
+void GuideUpdate::rematch(const GuideUpdateRequest &wanted)
+{
+    begin(wanted);
+    job.onlyMatches = true;
+    import();
+}
+
+void GuideUpdate::start(const GuideUpdateRequest &wanted)
+{
+    begin(wanted);
     const QDir parent = QFileInfo(request.storePath).dir();
     parent.mkpath(u"."_s);
     removeOldFolders(parent);

@@ -43,6 +43,8 @@ public:
 
     /// Begins, in place of an update that runs.
     void start(const GuideUpdateRequest &request);
+    /// As start(), but fetches nothing: matches the channels of the last update anew.
+    void rematch(const GuideUpdateRequest &request);
     /// Ends the update that runs; finished() is not reported. The stored guide stays as it was.
     void cancel();
     bool isRunning() const { return running; }
@@ -53,6 +55,7 @@ Q_SIGNALS:
     void finished(const GuideResult &result);
 
 private:
+    void begin(const GuideUpdateRequest &wanted);
     void fetchEntries();
     void fetchNextGuide();
     void download(const QString &url, GuideDownload::Packing packing, const QString &path,

@@ -176,6 +176,11 @@ void BrowseTab::connectLists()
     addActivateKeyShortcuts(view, this, [this] { activateRow(view->currentIndex().row()); });
 }
 
+void BrowseTab::setGuide(Guide *guide)
+{
+    table->setGuide(guide);
+}
+
 void BrowseTab::setCategories(const QList<Category> &categories)
 {
     categoryList->setCategories(categories);

@@ -9,11 +9,13 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <span>
 #include <vector>
 
 class CategoryList;
 class EntryTable;
+class Guide;
 class PosterGrid;
 class PosterStore;
 
@@ -64,6 +66,13 @@ public:
     /// Shows what the library keeps for this tab: lists beside the categories, marks, menus. Once,
     /// before the tab is filled; not owned.
     void setLibrary(TabLibrary *library);
+
+    /// Shows what runs on the channels, by this guide; null for none, as at first. Of a tab with a
+    /// table only; not owned.
+    void setGuide(Guide *guide);
+    /// Called with the context menu of an entry, to add to it.
+    using EntryMenuExtension = std::function<void(QMenu &, const MediaItem &)>;
+    void setEntryMenuExtension(const EntryMenuExtension &extension) { extendMenu = extension; }
 
     QString title() const { return tabTitle; }
     /// True when the tab is for accounts, false when it is for playlists.
@@ -148,6 +157,7 @@ private:
     QString categoryId;                       ///< of the chosen category; empty for all
     Collection collection = Collection::None; ///< shown in place of a category
     TabLibrary *kept = nullptr;               ///< null in a tab without a library
+    EntryMenuExtension extendMenu;
     ItemIndex entries;
     std::vector<bool> isHiddenRow; ///< of the entries; empty when none is hidden
     ShownEntries shown;            ///< by the view

@@ -148,6 +148,9 @@ void BrowseTab::fillEntryMenu(QMenu &menu, const QModelIndex &index)
         menu.addAction(tr("Remove from List"), this,
                        [this, item] { kept->removeFromRecentlyWatched(item); });
     }
+    if (extendMenu) {
+        extendMenu(menu, item);
+    }
     if (!kept->hasWatchedMarks()) {
         return;
     }

@@ -1,24 +1,34 @@
 #include "ui/EntryTable.h"
 
+#include "ui/EntryRowDelegate.h"
+#include "ui/OnNowLines.h"
+
 #include <QAction>
 #include <QDropEvent>
 #include <QHeaderView>
-#include <QPainter>
+#include <QScrollBar>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
+
+/// While the user scrolls, the rows are asked for this often.
+constexpr int visibleRowsMs = 60;
 
 /// A cell that shows the name of an entry, which must outlive it.
 class NameCell final : public QTableWidgetItem
 {
 public:
-    explicit NameCell(const MediaItem &shownEntry)
-        : entry(&shownEntry)
+    explicit NameCell(const MediaItem &entryToShow)
+        : entry(&entryToShow)
     {}
 
-    void show(const MediaItem &shownEntry) { entry = &shownEntry; }
-    EntryMark mark() const { return static_cast<const EntryTable *>(tableWidget())->mark(*entry); }
+    void show(const MediaItem &entryToShow) { entry = &entryToShow; }
 
     QVariant data(int role) const override
     {
@@ -26,43 +36,25 @@ public:
         case Qt::DisplayRole:
             return entry->name.toString();
         case Qt::AccessibleDescriptionRole:
-            return describeMark(mark());
+            return description();
+        case Qt::ToolTipRole:
+            return onNow() ? onNowToolTip(*onNow()) : QVariant();
         default:
             return QTableWidgetItem::data(role);
         }
     }
 
 private:
-    const MediaItem *entry;
-};
-
-/// Paints the star of a favorite at the end of its row.
-class StarDelegate final : public QStyledItemDelegate
-{
-public:
-    explicit StarDelegate(EntryTable *entryTable)
-        : QStyledItemDelegate(entryTable)
-        , table(entryTable)
-    {}
-
-    void paint(QPainter *painter, const QStyleOptionViewItem &option,
-               const QModelIndex &index) const override
+    const EntryTable *table() const { return static_cast<const EntryTable *>(tableWidget()); }
+    std::optional<OnNow> onNow() const { return table()->onNow(*entry); }
+    QString description() const
     {
-        const auto *cell = static_cast<const NameCell *>(table->item(index.row(), index.column()));
-        if (cell == nullptr || !cell->mark().favorite) {
-            QStyledItemDelegate::paint(painter, option, index);
-            return;
-        }
-        constexpr int margin = 4;
-        const QRect star = QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
-                                               QSize(entryMarkSize, entryMarkSize),
-                                               option.rect.adjusted(margin, 0, -margin, 0));
-        QStyledItemDelegate::paint(painter, option, index);
-        paintStar(*painter, star);
+        const QString mark = describeMark(table()->mark(*entry));
+        const QString running = onNow() ? onNowText(*onNow()) : QString();
+        return mark.isEmpty() || running.isEmpty() ? mark + running : mark + u", "_s + running;
     }
 
-private:
-    EntryTable *table;
+    const MediaItem *entry;
 };
 
 } // namespace
@@ -79,12 +71,17 @@ EntryTable::EntryTable(const QString &heading, QWidget *parent)
     verticalHeader()->hide();
     // Tab leaves the table instead of moving from cell to cell.
     setTabKeyNavigation(false);
-    setItemDelegate(new StarDelegate(this));
+    setItemDelegate(new EntryRowDelegate(this, [this](int row) {
+        const MediaItem &entry = shown.at(row);
+        return EntryRow{mark(entry), onNow(entry), onNowLines != nullptr};
+    }));
+    plainRowHeight = verticalHeader()->defaultSectionSize();
     setMovable(false);
 }
 
 void EntryTable::fill(const ShownEntries &entries)
 {
+    shown = entries;
     setRowCount(entries.count());
     {
         // One update of the view for all rows instead of one for each.
@@ -98,6 +95,63 @@ void EntryTable::fill(const ShownEntries &entries)
         }
     }
     viewport()->update();
+    noteVisibleRows();
+}
+
+// ---- what runs ----
+
+void EntryTable::setGuide(Guide *guide)
+{
+    delete std::exchange(onNowLines, nullptr);
+    delete std::exchange(visibleRowsTimer, nullptr);
+    verticalHeader()->setDefaultSectionSize(
+        guide != nullptr ? EntryRowDelegate::heightWithGuide(*this) : plainRowHeight);
+    viewport()->update();
+    if (guide == nullptr) {
+        return;
+    }
+    onNowLines = new OnNowLines(guide, this);
+    connect(onNowLines, &OnNowLines::changed, viewport(), qOverload<>(&QWidget::update));
+    visibleRowsTimer = new QTimer(this);
+    visibleRowsTimer->setSingleShot(true);
+    visibleRowsTimer->setInterval(visibleRowsMs);
+    connect(visibleRowsTimer, &QTimer::timeout, this, [this] {
+        QStringList ids;
+        const int first = std::max(0, rowAt(0));
+        const int last = rowAt(viewport()->height() - 1);
+        for (int row = first; isVisible() && row <= (last < 0 ? shown.count() - 1 : last); ++row) {
+            ids << shown.at(row).id.toString();
+        }
+        onNowLines->setVisible(ids);
+    });
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, visibleRowsTimer,
+            [this] { noteVisibleRows(); });
+    noteVisibleRows();
+}
+
+std::optional<OnNow> EntryTable::onNow(const MediaItem &entry) const
+{
+    return onNowLines != nullptr ? onNowLines->find(entry.id) : std::nullopt;
+}
+
+/// Asks for the rows that are visible once scrolling pauses.
+void EntryTable::noteVisibleRows()
+{
+    if (visibleRowsTimer != nullptr && !visibleRowsTimer->isActive()) {
+        visibleRowsTimer->start();
+    }
+}
+
+void EntryTable::resizeEvent(QResizeEvent *event)
+{
+    QTableWidget::resizeEvent(event);
+    noteVisibleRows();
+}
+
+void EntryTable::showEvent(QShowEvent *event)
+{
+    QTableWidget::showEvent(event);
+    noteVisibleRows();
 }
 
 QAction *EntryTable::addMoveAction(const QString &text, const QKeySequence &keys, int distance)

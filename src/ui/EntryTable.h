@@ -5,9 +5,18 @@
 
 #include <QTableWidget>
 
-class QAction;
+#include <optional>
 
-/// Shows the names of entries as the rows of a table with one column.
+class Guide;
+class OnNowLines;
+
+class QAction;
+class QTimer;
+
+struct OnNow;
+
+/// Shows the names of entries as the rows of a table with one column; with a guide, what runs on
+/// each below its name.
 class EntryTable final : public QTableWidget
 {
     Q_OBJECT
@@ -23,6 +32,12 @@ public:
     /// Of an entry that shows.
     EntryMark mark(const MediaItem &entry) const { return markOf ? markOf(entry) : EntryMark(); }
 
+    /// Shows what runs on the entries by this guide, which is not owned; without one (null) the
+    /// rows have their names only, as at first.
+    void setGuide(Guide *guide);
+    /// What is known to run on an entry that shows; nothing without a guide.
+    std::optional<OnNow> onNow(const MediaItem &entry) const;
+
     /// Whether the user may move rows, by dragging and by key. Not at first.
     void setMovable(bool movable);
     /// What moves the current row; disabled when the rows cannot be moved.
@@ -34,11 +49,18 @@ Q_SIGNALS:
 
 protected:
     void dropEvent(QDropEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
+    void noteVisibleRows();
     QAction *addMoveAction(const QString &text, const QKeySequence &keys, int distance);
 
     MarkOfEntry markOf;
+    ShownEntries shown;
+    OnNowLines *onNowLines = nullptr;
+    QTimer *visibleRowsTimer = nullptr; ///< together with `onNowLines`
+    int plainRowHeight = 0;
     QAction *moveUp;
     QAction *moveDown;
 };

@@ -14,6 +14,7 @@
 #include "ui/PlayerPanel.h"
 #include "ui/ResumeKeeper.h"
 #include "ui/SourceBar.h"
+#include "ui/SourceGuide.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -76,6 +77,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     createCatalogLoader(subscriptionBaseUrl);
     createPlayer();
     createHistory();
+    createGuide();
     createMoreMenu();
     restoreSources();
 }
@@ -176,6 +178,7 @@ void MainWindow::loadSource(const SourceConfig &config, bool force)
     showTabsFor(source.type);
     resetBrowseTabs();
     const bool account = SourceType::isAccount(source.type);
+    sourceGuide->setSource(source);
     tabs->setCurrentWidget(&browseTab(account ? CatalogSection::Live : CatalogSection::Channel));
     catalogLoader->load(source, force);
 }

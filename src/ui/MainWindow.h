@@ -9,6 +9,7 @@
 
 #include <QList>
 #include <QMainWindow>
+#include <QPointer>
 
 #include <optional>
 
@@ -18,10 +19,13 @@ class EpisodePage;
 class FullscreenChrome;
 class Library;
 class LoadingOverlay;
+class OnNowLines;
 class PlaybackSession;
 class PlayerPanel;
 class ResumeKeeper;
+class ScheduleDialog;
 class SourceBar;
+class SourceGuide;
 class SourceManager;
 class TabLibrary;
 class UndoBar;
@@ -30,6 +34,7 @@ struct LoadFailure;
 struct RestorePlan;
 
 class QListWidgetItem;
+class QMenu;
 class QTabWidget;
 class QTimer;
 class QVBoxLayout;
@@ -197,6 +202,18 @@ private:
     void showAccountInformation();
     void showAbout();
 
+    // ---- MainWindowGuide.cpp: the programme guide ----
+    void createGuide();
+    void showGuide(bool on);
+    void showGuideDialog();
+    void fillGuideMenu(QMenu &menu, const MediaItem &channel);
+    /// The schedule of an entry of the active source.
+    void showSchedule(const MediaItem &channel);
+    /// Whether the channel that plays belongs to the guide of the active source.
+    bool playsGuideChannel() const;
+    /// Tells under what plays what runs there.
+    void showWhatRuns();
+
     // Members, grouped by the same files.
 
     // ---- MainWindow.cpp ----
@@ -217,6 +234,12 @@ private:
     bool isNoted = false; ///< what plays is among what was watched
     /// What plays, or played last; of an episode its show. Its source need not be the active one.
     LibraryEntry playingEntry;
+
+    // ---- MainWindowGuide.cpp ----
+    SourceGuide *sourceGuide = nullptr;
+    OnNowLines *playingLine = nullptr; ///< while the guide is on
+    QPointer<ScheduleDialog> scheduleDialog;
+    MediaItem playingChannel; ///< what startPlaying() played last
 
     // ---- MainWindowBrowse.cpp ----
     QTabWidget *tabs = nullptr;

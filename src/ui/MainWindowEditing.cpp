@@ -8,6 +8,7 @@
 #include "ui/PlaylistCopy.h"
 #include "ui/SourceBar.h"
 #include "ui/SourceDialog.h"
+#include "ui/SourceGuide.h"
 
 bool MainWindow::storeCopy(SourceConfig &config, const QString &title)
 {
@@ -100,6 +101,7 @@ void MainWindow::forgetLastSource()
     currentSource = defaultSourceConfig();
     session->stop();
     showLibraryOf({});
+    sourceGuide->setSource(currentSource);
     emptyBrowseTabs();
 }
 

@@ -50,11 +50,13 @@ void MainWindow::createMoreMenu()
     connect(menu, &MoreMenu::aboutToShow, this, [this, menu] {
         menu->setHasHistory(!library->isEmpty(LibraryPart::History) ||
                             !library->isEmpty(LibraryPart::Progress));
+        menu->setHasSource(!currentSource.name.isEmpty());
         menu->setHasAccount(hasAccount());
     });
     connect(menu, &MoreMenu::clearHistoryRequested, this, &MainWindow::clearHistory);
     connect(menu, &MoreMenu::backUpRequested, this, &MainWindow::backUp);
     connect(menu, &MoreMenu::restoreRequested, this, &MainWindow::restoreBackup);
+    connect(menu, &MoreMenu::guideRequested, this, &MainWindow::showGuideDialog);
     connect(menu, &MoreMenu::accountInformationRequested, this,
             &MainWindow::showAccountInformation);
     connect(menu, &MoreMenu::aboutRequested, this, &MainWindow::showAbout);

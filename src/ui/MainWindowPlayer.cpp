@@ -45,6 +45,7 @@ void MainWindow::startPlaying(const MediaItem &item, const LibraryEntry &entry)
         return;
     }
     playingEntry = entry;
+    playingChannel = item;
     resumeKeeper->follow(keptProgress(item, entry));
     session->play(item.type, url, item.name);
     playerPanel->setFocus(Qt::OtherFocusReason);

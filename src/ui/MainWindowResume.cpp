@@ -4,6 +4,7 @@
 #include "ui/MainWindow.h"
 #include "ui/PlayerPanel.h"
 #include "ui/ResumeKeeper.h"
+#include "ui/SourceGuide.h"
 
 #include <QScopedValueRollback>
 
@@ -131,4 +132,5 @@ void MainWindow::moveWhatPlays(const QString &from, const QString &to)
     if (playingEntry.source == from) {
         playingEntry.source = to;
     }
+    sourceGuide->moveSource(from, to);
 }

@@ -5,12 +5,15 @@
 #include "ui/BrowseTab.h"
 #include "ui/LoadingOverlay.h"
 #include "ui/PlainMessageBox.h"
+#include "ui/SourceGuide.h"
 
 void MainWindow::createCatalogLoader(const QString &subscriptionBaseUrl)
 {
     catalogLoader = new CatalogLoader(subscriptionBaseUrl, this);
-    connect(catalogLoader, &CatalogLoader::resolved, this,
-            [this](const SourceConfig &source) { currentSource = source; });
+    connect(catalogLoader, &CatalogLoader::resolved, this, [this](const SourceConfig &source) {
+        currentSource = source;
+        sourceGuide->setSource(source);
+    });
     connect(catalogLoader, &CatalogLoader::stamped, this, [this](const SourceConfig &source) {
         currentSource = source;
         sourceManager->saveSource(source);

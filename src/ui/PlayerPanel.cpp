@@ -46,6 +46,7 @@ PlayerPanel::PlayerPanel(QWidget *parent)
     , playerLayout(new QVBoxLayout(this))
     , videoSurface(new QWidget)
     , nowPlayingLabel(new ElidedLabel(tr("Nothing playing")))
+    , onNowLabel(new ElidedLabel)
 {
     setObjectName(u"playerPanel"_s);
     setMouseTracking(true);
@@ -60,9 +61,12 @@ PlayerPanel::PlayerPanel(QWidget *parent)
     videoSurface->setMouseTracking(true);
     nowPlayingLabel->setObjectName(u"mutedLabel"_s);
     nowPlayingLabel->hide();
+    onNowLabel->setObjectName(u"mutedLabel"_s);
+    onNowLabel->hide();
 
     playerLayout->addWidget(videoSurface, 1);
     playerLayout->addWidget(nowPlayingLabel);
+    playerLayout->addWidget(onNowLabel);
     playerLayout->addWidget(buildSeekRow());
     playerLayout->addWidget(buildControlsRow());
     resetPosition();
@@ -156,6 +160,13 @@ void PlayerPanel::addPlayerShortcuts()
     add(Qt::Key_Right, true, [this] { seekByKey(skipMs); });
     continueShortcut = add(Qt::Key_C, false, [this] { Q_EMIT continueRequested(); });
     continueShortcut->setEnabled(false);
+    scheduleShortcut = add(Qt::Key_S, false, [this] { Q_EMIT scheduleRequested(); });
+    scheduleShortcut->setEnabled(false);
+}
+
+void PlayerPanel::setScheduleAvailable(bool available)
+{
+    scheduleShortcut->setEnabled(available);
 }
 
 void PlayerPanel::setPlayback(VlcPlayer *newPlayer, PlaybackSession *newSession)
@@ -288,7 +299,15 @@ void PlayerPanel::setMargin(int margin)
 
 QList<QWidget *> PlayerPanel::rows() const
 {
-    return {nowPlayingLabel, seekRow, controlsRow};
+    return {nowPlayingLabel, onNowLabel, seekRow, controlsRow};
+}
+
+void PlayerPanel::showOnNow(const QString &text)
+{
+    if (text != onNowLabel->text()) {
+        onNowLabel->setText(text);
+        updatePlayerChrome();
+    }
 }
 
 void PlayerPanel::takeRowsBack()
@@ -313,6 +332,7 @@ void PlayerPanel::updatePlayerChrome()
         endSeekHold();
     }
     nowPlayingLabel->setVisible(shown);
+    onNowLabel->setVisible(shown && !onNowLabel->text().isEmpty());
     setRowVisible(seekRow, seekRowShown);
     setRowVisible(controlsRow, shown);
     Q_EMIT rowsUpdated(shown);

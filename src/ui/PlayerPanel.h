@@ -43,6 +43,10 @@ public:
     void setRowsHidden(bool hidden);
     bool areRowsHidden() const { return rowsHidden; }
 
+    /// A line under what plays: what runs there now, and what comes next. An empty text hides it.
+    void showOnNow(const QString &text);
+    /// Whether S asks for the schedule of the channel that plays. Not at first.
+    void setScheduleAvailable(bool available);
     void showNextEpisodeButton(bool visible, bool enabled);
     /// Shows a button that continues at that time; C does the same while it is offered.
     void offerToContinue(qint64 positionMs);
@@ -73,6 +77,8 @@ Q_SIGNALS:
     void fullscreenToggled();
     void nextEpisodeRequested();
     void continueRequested();
+    /// The schedule of the channel that plays.
+    void scheduleRequested();
     /// The rows were shown or hidden.
     void rowsUpdated(bool shown);
 
@@ -93,6 +99,7 @@ private:
     QVBoxLayout *playerLayout = nullptr;
     QWidget *videoSurface = nullptr;
     QLabel *nowPlayingLabel = nullptr;
+    QLabel *onNowLabel = nullptr;
     QWidget *seekRow = nullptr;
     ClickToSeekSlider *seekSlider = nullptr;
     QPushButton *continueButton = nullptr;
@@ -105,6 +112,7 @@ private:
     QSlider *volumeSlider = nullptr;
     /// Enabled while the offer stands.
     QShortcut *continueShortcut = nullptr;
+    QShortcut *scheduleShortcut = nullptr;
     /// The user holds the seek slider.
     bool seeking = false;
     bool rowsHidden = false;
