@@ -2,6 +2,7 @@
 
 #include "guide/Guide.h"
 #include "ui/ActivateKeys.h"
+#include "ui/GuideTexts.h"
 #include "ui/ScheduleItem.h"
 #include "ui/WrappedLabel.h"
 
@@ -11,7 +12,6 @@
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QListWidget>
-#include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -34,21 +34,6 @@ constexpr qint64 noStart = -1;
 qint64 currentTime()
 {
     return QDateTime::currentSecsSinceEpoch();
-}
-
-QString dayText(QDate day, QDate today)
-{
-    const QString date = QLocale().toString(day, QLocale::LongFormat);
-    if (day == today) {
-        return ScheduleDialog::tr("Today, %1").arg(date);
-    }
-    if (day == today.addDays(1)) {
-        return ScheduleDialog::tr("Tomorrow, %1").arg(date);
-    }
-    if (day == today.addDays(-1)) {
-        return ScheduleDialog::tr("Yesterday, %1").arg(date);
-    }
-    return date;
 }
 
 } // namespace
@@ -263,7 +248,7 @@ void ScheduleDialog::showCurrent()
     if (row != nullptr && row->isHour) {
         text = row->programme.title;
     } else if (row != nullptr) {
-        text = model->spanText(row->programme) + u"  "_s + row->programme.title;
+        text = spanText(row->programme, model->timeZone()) + u"  "_s + row->programme.title;
         if (!row->programme.description.isEmpty()) {
             text += u"\n\n"_s + row->programme.description;
         }
@@ -298,8 +283,9 @@ const ScheduleRow *ScheduleDialog::currentRow() const
 
 QString ScheduleDialog::rowText(const ScheduleRow &row) const
 {
-    return row.isHour ? row.programme.title
-                      : model->timeText(row.programme.start) + u"  "_s + row.programme.title;
+    return row.isHour
+               ? row.programme.title
+               : clockText(row.programme.start, model->timeZone()) + u"  "_s + row.programme.title;
 }
 
 QString ScheduleDialog::emptyText() const

@@ -1,10 +1,9 @@
 #include "ui/ScheduleModel.h"
 
 #include "guide/CatchUp.h"
+#include "ui/GuideTexts.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
-#include <QLocale>
 
 #include <algorithm>
 #include <utility>
@@ -79,18 +78,6 @@ QDate ScheduleModel::dayOf(qint64 seconds) const
     return QDateTime::fromSecsSinceEpoch(seconds, zone).date();
 }
 
-QString ScheduleModel::timeText(qint64 seconds) const
-{
-    return QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds, zone).time(),
-                              QLocale::ShortFormat);
-}
-
-QString ScheduleModel::spanText(const GuideProgramme &programme) const
-{
-    return QCoreApplication::translate("ScheduleModel", "%1 - %2")
-        .arg(timeText(programme.start), timeText(programme.stop));
-}
-
 qint64 ScheduleModel::startOf(QDate day) const
 {
     return day.startOfDay(zone).toSecsSinceEpoch();
@@ -122,7 +109,7 @@ QList<ScheduleRow> ScheduleModel::hours(QDate day, qint64 now) const
         const qint64 stop = nextFullHour(start);
         GuideProgramme hour{start, stop, {}, {}};
         if (holds(hour, now)) {
-            hour.title = spanText(hour);
+            hour.title = spanText(hour, zone);
             rows.append({hour, phaseOf(hour, now), true, true});
         }
         start = stop;

@@ -4,7 +4,6 @@
 
 #include <QDate>
 #include <QList>
-#include <QString>
 #include <QTimeZone>
 
 /// A row of a channel's schedule: a programme, or an hour of the archive where the guide has none.
@@ -47,10 +46,7 @@ public:
     qint64 nextChange(qint64 now) const;
 
     QDate dayOf(qint64 seconds) const;
-    /// The time of day in the user's format.
-    QString timeText(qint64 seconds) const;
-    /// "20:15 - 21:45".
-    QString spanText(const GuideProgramme &programme) const;
+    const QTimeZone &timeZone() const { return zone; }
 
 private:
     qint64 startOf(QDate day) const;
