@@ -23,6 +23,7 @@ constexpr int longestToolTip = 600;
 constexpr int textMargin = 12; ///< at each end, at least what the theme leaves
 
 const QColor archiveColor(0x3fb950);
+const QColor outlineColor(0x16181d);
 const QColor reminderColor(0xf5c518);
 
 /// What a screen reader says beside the text.
@@ -104,7 +105,7 @@ void ScheduleDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     QRect area = option.rect.adjusted(markMargin, 0, -markMargin, 0);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
+    painter->setPen(QPen(outlineColor, 1)); // shows on a selected row as well
     const auto next = [&] {
         const QRect mark = QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
                                                QSize(markSize, markSize), area);
