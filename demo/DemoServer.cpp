@@ -3,6 +3,7 @@
 #include "DemoCatalog.h"
 #include "fakeprovider/Streams.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int channelSeconds = 60;
 constexpr int dropOutSeconds = 30;
+constexpr int archiveDays = 3;
 constexpr qint64 daySeconds = 24 * 60 * 60;
 /// 2024-01-01, in seconds since the epoch.
 constexpr qint64 firstAdded = 1704067200;
@@ -31,6 +33,15 @@ HttpReply channelReply(const QString &file, bool dropsOut)
         };
     }
     return reply;
+}
+
+/// A channel of the playlist: what runs, or what ran at the time that is asked for.
+HttpReply playlistReply(const HttpRequest &request, const QString &file, bool dropsOut)
+{
+    const qint64 start = request.queryValue(u"utc"_s).toLongLong();
+    const qint64 age = QDateTime::currentSecsSinceEpoch() - start;
+    const bool isKept = start > 0 && age > 0 && age <= archiveDays * daySeconds;
+    return isKept ? archivedClip(file, age) : channelReply(file, dropsOut);
 }
 
 QByteArray showReply()
@@ -85,16 +96,29 @@ XtreamEntry DemoServer::listed(const DemoEntry &entry, const QString &line)
 
 void DemoServer::offerChannels()
 {
-    QString playlist = u"#EXTM3U\n"_s;
+    const QString guidePath = u"/guide.xml"_s;
+    QString playlist = u"#EXTM3U x-tvg-url=\"%1\" catchup=\"shift\" catchup-days=\"%2\"\n"_s.arg(
+        provider.http().url(guidePath), QString::number(archiveDays));
     for (const DemoEntry &demo : DemoCatalog::channels()) {
         XtreamEntry entry = listed(demo, {});
-        entry.stream = [file = streams + u'/' + demo.file, dropsOut = demo.dropsOut](
-                           const HttpRequest &) { return channelReply(file, dropsOut); };
+        const QString file = streams + u'/' + demo.file;
+        entry.stream = [file, dropsOut = demo.dropsOut](const HttpRequest &request) {
+            return playlistReply(request, file, dropsOut);
+        };
+        entry.archiveDays = archiveDays;
+        entry.archive = [file](qint64 seconds) { return archivedClip(file, seconds); };
+        entry.guideId = u"channel%1.demo"_s.arg(demo.id);
         const QString path = provider.add(XtreamAction::liveStreams, entry);
-        playlist += u"#EXTINF:-1 tvg-logo=\"%1\" group-title=\"%2\",%3\n%4\n"_s.arg(
-            entry.poster, DemoCatalog::channelCategories().at(demo.category - 1), demo.name,
-            provider.http().url(path));
+        playlist += u"#EXTINF:-1 tvg-id=\"%1\" tvg-logo=\"%2\" group-title=\"%3\",%4\n%5\n"_s.arg(
+            entry.guideId, entry.poster, DemoCatalog::channelCategories().at(demo.category - 1),
+            demo.name, provider.http().url(path));
     }
+    provider.http().on(guidePath, [this](const HttpRequest &) {
+        HttpReply guide;
+        guide.contentType = "application/xml"_ba;
+        guide.body = provider.guide();
+        return guide;
+    });
     HttpReply reply;
     reply.contentType = "audio/x-mpegurl"_ba;
     reply.body = playlist.toUtf8();

@@ -7,7 +7,8 @@
 struct DemoEntry;
 
 /// The demo provider: an account with channels, films and one show, all with posters, and a
-/// playlist of the same channels.
+/// playlist of the same channels. Both have a programme guide that moves with the clock, and an
+/// archive of three days.
 class DemoServer final
 {
 public:

@@ -60,7 +60,10 @@ int main(int argc, char **argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(
         u"A provider of internet television on this machine, for trying players. The account is "
-        "demo / demo."_s);
+        "demo / demo. Its own channels have a programme guide that moves with the clock "
+        "(xmltv.php, get_short_epg, get_simple_data_table; the playlist names guide.xml) and an "
+        "archive of three days (/timeshift/, /streaming/timeshift.php; in the playlist with utc "
+        "and lutc)."_s);
     parser.addHelpOption();
     parser.addOptions({options.port, options.streams, options.channels, options.films,
                        options.shows, options.fault});

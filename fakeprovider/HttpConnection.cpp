@@ -1,5 +1,7 @@
 #include "fakeprovider/HttpConnection.h"
 
+#include "fakeprovider/Gzip.h"
+
 #include <QSslSocket>
 #include <QTcpSocket>
 #include <QUrl>
@@ -50,36 +52,6 @@ QByteArray reasonPhrase(int status)
     default:
         return "Status"_ba;
     }
-}
-
-quint32 crc32(const QByteArray &data)
-{
-    quint32 crc = 0xFFFFFFFFU;
-    for (const char character : data) {
-        crc ^= static_cast<quint8>(character);
-        for (int bit = 0; bit < 8; ++bit)
-            crc = (crc >> 1U) ^ ((crc & 1U) != 0U ? 0xEDB88320U : 0U);
-    }
-    return ~crc;
-}
-
-void appendLittleEndian(QByteArray &bytes, quint32 number)
-{
-    for (unsigned shift = 0; shift < 32; shift += 8)
-        bytes.append(static_cast<char>((number >> shift) & 0xFFU));
-}
-
-QByteArray gzipped(const QByteArray &data)
-{
-    // qCompress gives four bytes of length, then a zlib stream: two bytes of head, the deflated
-    // data, four bytes of check sum. gzip wraps the same deflated data in another way.
-    // It makes no stream of empty data; that deflates to one empty block.
-    const QByteArray zlib = qCompress(data);
-    QByteArray result("\x1f\x8b\x08\x00\x00\x00\x00\x00\x00\xff", 10);
-    result += data.isEmpty() ? QByteArray("\x03\x00", 2) : zlib.sliced(6, zlib.size() - 10);
-    appendLittleEndian(result, crc32(data));
-    appendLittleEndian(result, static_cast<quint32>(data.size()));
-    return result;
 }
 
 qint64 queuedBytes(const QTcpSocket *socket)
@@ -233,14 +205,34 @@ void HttpConnection::sendHead()
 void HttpConnection::prepareBody()
 {
     if (reply.gzip) {
-        reply.body = gzipped(reply.body);
+        reply.body = packedWithGzip(reply.body);
         reply.headers.append({"Content-Encoding"_ba, "gzip"_ba});
     }
-    if (reply.supportRange && !reply.producer && !reply.chunked && reply.status == 200) {
+    if (reply.supportRange && hasLength() && !reply.chunked && reply.status == 200) {
         reply.headers.append({"Accept-Ranges"_ba, "bytes"_ba});
         applyRange();
     }
-    keepAlive = clientKeepsAlive && (reply.chunked || !reply.producer);
+    keepAlive = clientKeepsAlive && (reply.chunked || hasLength());
+}
+
+bool HttpConnection::hasLength() const
+{
+    return !reply.producer || reply.producedBytes >= 0;
+}
+
+qint64 HttpConnection::bodySize() const
+{
+    return reply.producer ? reply.producedBytes : reply.body.size();
+}
+
+void HttpConnection::keepPart(qint64 from, qint64 size)
+{
+    if (!reply.producer) {
+        reply.body = reply.body.sliced(from, size);
+        return;
+    }
+    reply.producedBytes = size;
+    reply.producer = [whole = reply.producer, from](qint64 offset) { return whole(from + offset); };
 }
 
 void HttpConnection::applyRange()
@@ -251,7 +243,7 @@ void HttpConnection::applyRange()
         return;
     const QByteArray fromText = range.sliced(6, dash - 6);
     const QByteArray toText = range.sliced(dash + 1);
-    const qint64 size = reply.body.size();
+    const qint64 size = bodySize();
     qint64 from = fromText.toLongLong();
     qint64 to = toText.isEmpty() ? size - 1 : std::min(toText.toLongLong(), size - 1);
     if (fromText.isEmpty()) { // the last so many bytes
@@ -260,12 +252,13 @@ void HttpConnection::applyRange()
     }
     if (from > to) {
         reply.status = 416;
+        reply.producer = nullptr;
         reply.body.clear();
         reply.headers.append({"Content-Range"_ba, "bytes */" + QByteArray::number(size)});
         return;
     }
     reply.status = 206;
-    reply.body = reply.body.sliced(from, to - from + 1);
+    keepPart(from, to - from + 1);
     reply.headers.append({"Content-Range"_ba, "bytes " + QByteArray::number(from) + '-' +
                                                   QByteArray::number(to) + '/' +
                                                   QByteArray::number(size)});
@@ -292,8 +285,8 @@ void HttpConnection::writeHead()
         addHeader("Content-Type"_ba, reply.contentType);
     if (reply.chunked)
         addHeader("Transfer-Encoding"_ba, "chunked"_ba);
-    else if (!reply.producer)
-        addHeader("Content-Length"_ba, QByteArray::number(reply.body.size()));
+    else if (hasLength())
+        addHeader("Content-Length"_ba, QByteArray::number(bodySize()));
     addHeader("Connection"_ba, keepAlive ? "keep-alive"_ba : "close"_ba);
     socket->write(head + "\r\n");
 }
@@ -326,6 +319,8 @@ QByteArray HttpConnection::nextBytes(qint64 most)
         return reply.body.sliced(sent, std::min(most, reply.body.size() - sent));
     if (producedTaken == produced.size()) {
         produced = reply.producer(producedOffset);
+        if (reply.producedBytes >= 0)
+            produced.truncate(reply.producedBytes - producedOffset);
         producedOffset += produced.size();
         producedTaken = 0;
     }

@@ -46,6 +46,9 @@ private:
     void startDelay();
     void sendHead();
     void prepareBody();
+    bool hasLength() const;
+    qint64 bodySize() const;
+    void keepPart(qint64 from, qint64 size);
     void applyRange();
     void writeHead();
     bool replyHasHeader(const QByteArray &name) const;

@@ -48,6 +48,9 @@ struct HttpReply
     /// An endless or computed body instead of `body`: called with the offset, returns the next
     /// bytes; an empty array ends the body. Runs on the server's thread and must not block.
     std::function<QByteArray(qint64 offset)> producer;
+    /// How many bytes of the producer make up the body; its length is announced then, and ranges
+    /// of it are answered. -1: as many as there are.
+    qint64 producedBytes = -1;
     qint64 bytesPerSecond = 0; ///< paces the body; 0 sends as fast as the client reads
     qint64 burst = 0;          ///< bytes sent at once before the pacing begins
 

@@ -1,5 +1,7 @@
 #include "fakeprovider/Streams.h"
 
+#include "fakeprovider/TransportClip.h"
+
 #include <QElapsedTimer>
 
 #include <algorithm>
@@ -49,6 +51,17 @@ HttpReply liveClip(const QString &path, int seconds, int burstSeconds)
         const qint64 position = offset % clip.size();
         return clip.sliced(position, std::min<qint64>(piece, clip.size() - position));
     };
+    return reply;
+}
+
+HttpReply archivedClip(const QString &path, qint64 seconds)
+{
+    HttpReply reply = HttpReply::file(path);
+    if (reply.body.isEmpty())
+        return reply;
+    const TransportClip clip(std::exchange(reply.body, {}));
+    reply.producedBytes = clip.bytesFor(seconds);
+    reply.producer = [clip](qint64 offset) { return clip.bytesAt(offset); };
     return reply;
 }
 

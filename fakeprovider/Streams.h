@@ -27,6 +27,10 @@ HttpReply liveClip(const QString &path, int seconds, int burstSeconds = 0);
 /// The channel of live.ts.
 HttpReply liveTs();
 
+/// A transport stream of any length, for a player to move in: a clip of constant rate over and
+/// over, with a clock that runs on. 404 when the file cannot be read.
+HttpReply archivedClip(const QString &path, qint64 seconds);
+
 /// Serves a live HLS channel at `prefix` + "/index.m3u8": a window of four segments that moves on
 /// with the clock from this call on. Segments that left the window are answered with 404.
 void serveLiveHls(HttpServer &server, const QString &prefix);

@@ -87,6 +87,12 @@ QJsonObject element(const QString &action, const XtreamEntry &entry)
         object.insert(show ? u"last_modified"_s : u"added"_s, QString::number(entry.added));
     if (action == XtreamAction::vodStreams)
         object.insert(u"container_extension"_s, entry.extension);
+    if (!entry.guideId.isEmpty())
+        object.insert(u"epg_channel_id"_s, entry.guideId);
+    if (entry.archiveDays > 0) {
+        object.insert(u"tv_archive"_s, 1);
+        object.insert(u"tv_archive_duration"_s, entry.archiveDays);
+    }
     return object;
 }
 
@@ -126,6 +132,7 @@ XtreamProvider::XtreamProvider(const QString &user, const QString &password)
         return poster(paintPoster({}, {}, number));
     });
     serveLiveHls(server, hlsPrefix);
+    serveGuide();
 }
 
 QString XtreamProvider::streamPathOf(const QString &kind, int id, const QString &extension) const
@@ -149,6 +156,7 @@ QString XtreamProvider::add(const QString &action, const XtreamEntry &entry)
     if (numbered.id == 0)
         numbered.id = static_cast<int>(QJsonDocument::fromJson(reply(action)).array().size()) + 1;
     append(action, compact(QJsonArray{element(action, numbered)}));
+    offerGuide(numbered);
     if (action == XtreamAction::series)
         return {};
     const QString path = action == XtreamAction::liveStreams
@@ -329,6 +337,9 @@ HttpReply XtreamProvider::document(const QString &action, const HttpRequest &req
     }
     if (action == XtreamAction::seriesInfo) {
         return HttpReply::json(seriesInfo(request.queryValue(u"series_id"_s)));
+    }
+    if (action == XtreamAction::shortSchedule || action == XtreamAction::fullSchedule) {
+        return HttpReply::json(schedule(action, request));
     }
     return HttpReply::json(reply(action));
 }

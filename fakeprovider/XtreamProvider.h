@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fakeprovider/HttpServer.h"
+#include "fakeprovider/ProviderGuide.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -19,6 +20,8 @@ inline const QString vodStreams = QStringLiteral("get_vod_streams");
 inline const QString seriesCategories = QStringLiteral("get_series_categories");
 inline const QString series = QStringLiteral("get_series");
 inline const QString seriesInfo = QStringLiteral("get_series_info");
+inline const QString shortSchedule = QStringLiteral("get_short_epg");
+inline const QString fullSchedule = QStringLiteral("get_simple_data_table");
 
 /// The six that make up a whole catalog: categories and entries of the three kinds.
 QStringList catalog();
@@ -36,6 +39,12 @@ struct XtreamEntry
     qint64 added = 0; ///< seconds since the epoch
     /// What the stream answers with, in place of the provider's own streams.
     HttpServer::Handler stream;
+
+    QString guideId;     ///< of a channel: its id in the provider's guide; empty for no guide
+    int archiveDays = 0; ///< of a channel
+    /// What a channel's archive answers with, in place of the provider's own stream: so many
+    /// seconds that can be moved in.
+    std::function<HttpReply(qint64 seconds)> archive;
 };
 
 /// An Xtream Codes provider with one account, on a web server of its own.
@@ -44,6 +53,10 @@ struct XtreamEntry
 /// "/live/<user>/<password>/<id>.<ext>"     an endless channel; "m3u8" gives HLS, all else TS
 /// "/movie/..." and "/series/..."           a film of one minute, with Range support
 /// "/posters/<n>.png"                       a poster, another colour for each number
+/// "/xmltv.php"                             the guide of the channels that have one, as a gzip file
+/// "/timeshift/<user>/<password>/<minutes>/<start in UTC>/<id>.ts"
+///                                          what a channel with an archive has shown; also as
+///                                          "/streaming/timeshift.php", and 500 for "m3u8"
 ///
 /// Whoever does not know the account gets "auth" 0 from the interface and 403 for a stream. The
 /// streams are those of Streams.h; a test that plays needs them built. All members may be
@@ -112,6 +125,9 @@ public:
     /// Lets the held answers to this action go, those that are yet to be asked for as well.
     void release(const QString &action);
 
+    /// The guide of the channels that have one, as XMLTV. It moves with the clock.
+    QByteArray guide() const;
+
     /// The actions asked for so far, in the order of arrival; a request that is redirected counts
     /// once.
     QStringList actions() const;
@@ -128,6 +144,10 @@ private:
     HttpReply document(const QString &action, const HttpRequest &request) const;
     QByteArray seriesInfo(const QString &seriesId) const;
     HttpReply stream(const HttpRequest &request) const;
+    void serveGuide();
+    void offerGuide(const XtreamEntry &channel);
+    QByteArray schedule(const QString &action, const HttpRequest &request) const;
+    HttpReply archived(const QString &stream, const QString &start, const QString &minutes) const;
     bool knows(const QString &user, const QString &password) const;
 
     const QString accountUser;
@@ -139,6 +159,8 @@ private:
     QHash<QString, QByteArray> replies;
     QHash<QString, Manner> manners;
     QStringList askedFor;
+    ProviderGuide programmes;
+    QHash<int, XtreamEntry> archives; ///< the channels that have one, by their ids
 
     /// Last, so that no handler runs any more when the rest goes.
     HttpServer server;

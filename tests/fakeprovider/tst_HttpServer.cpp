@@ -100,9 +100,13 @@ void tst_HttpServer::range_data()
     QTest::addColumn<int>("status");
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<QByteArray>("contentRange");
+    QTest::addColumn<bool>("produced");
     const auto row = [](const QByteArray &header, int status, const QByteArray &body,
                         const QByteArray &contentRange) {
-        QTest::newRow(header.constData()) << header << status << body << contentRange;
+        QTest::addRow("%s", header.constData())
+            << header << status << body << contentRange << false;
+        QTest::addRow("%s of a computed body", header.constData())
+            << header << status << body << contentRange << true;
     };
     row("bytes=2-4"_ba, 206, "234"_ba, "bytes 2-4/10"_ba);
     row("bytes=7-"_ba, 206, "789"_ba, "bytes 7-9/10"_ba);
@@ -114,7 +118,13 @@ void tst_HttpServer::range_data()
 void tst_HttpServer::range()
 {
     QFETCH(const QByteArray, header);
+    QFETCH(const bool, produced);
     HttpReply sent = bodyReply("0123456789"_ba);
+    if (produced) {
+        sent.body.clear();
+        sent.producedBytes = 10;
+        sent.producer = [](qint64 offset) { return "0123456789 and more"_ba.sliced(offset, 3); };
+    }
     server->on(u"/x"_s, sent);
     QNetworkReply *reply = fetch(u"/x"_s, header);
     QTEST(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), "status");

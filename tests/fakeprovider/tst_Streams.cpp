@@ -17,6 +17,7 @@ private Q_SLOTS:
     void indexOfTheFilmStandsAtItsEnd();
     void liveTsIsEndlessAndPaced();
     void liveHlsMovesOn();
+    void archivedClipIsOneLongStream();
 };
 
 void tst_Streams::indexOfTheFilmStandsAtItsEnd()
@@ -57,6 +58,39 @@ void tst_Streams::liveHlsMovesOn()
     QVERIFY(fetch(u"/channel/segment400.ts"_s)->error() != QNetworkReply::NoError);
     QTRY_VERIFY(fetch(playlist)->readAll().contains("\nsegment4.ts\n"));
     QVERIFY(!fetch(playlist)->readAll().contains("segment0.ts"));
+}
+
+void tst_Streams::archivedClipIsOneLongStream()
+{
+    constexpr int seconds = 17;
+    server->on(u"/archive"_s, archivedClip(streamPath(u"short.ts"_s), seconds));
+    const QByteArray whole = fetch(u"/archive"_s)->readAll();
+    QCOMPARE(fetch(u"/archive"_s, "bytes=300000-300999"_ba)->readAll(), whole.mid(300'000, 1000));
+
+    // Every packet follows the last one of its stream, and the clock never goes back.
+    QHash<int, int> counters;
+    double lastClock = -1;
+    double firstClock = -1;
+    for (qsizetype packet = 0; packet < whole.size(); packet += 188) {
+        const auto byte = [&](qsizetype index) { return quint8(whole.at(packet + index)); };
+        QCOMPARE(byte(0), 0x47);
+        const int stream = ((byte(1) & 0x1f) << 8) | byte(2);
+        if ((byte(3) & 0x10) != 0 && stream != 0x1fff) {
+            const int expected = (counters.value(stream, (byte(3) & 0x0f) - 1) + 1) & 0x0f;
+            QCOMPARE(byte(3) & 0x0f, expected);
+            counters[stream] = expected;
+        }
+        if ((byte(3) & 0x20) != 0 && byte(4) > 0 && (byte(5) & 0x10) != 0) {
+            const quint32 high = (quint32(byte(6)) << 24U) | (quint32(byte(7)) << 16U) |
+                                 (quint32(byte(8)) << 8U) | byte(9);
+            const double clock = (2.0 * high + (byte(10) >> 7U)) / 90'000;
+            QVERIFY(clock > lastClock);
+            firstClock = firstClock < 0 ? clock : firstClock;
+            lastClock = clock;
+        }
+    }
+    QVERIFY2(qAbs(lastClock - firstClock - seconds) < 0.5,
+             qPrintable(QString::number(lastClock - firstClock)));
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_Streams)
