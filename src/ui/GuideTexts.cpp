@@ -29,17 +29,20 @@ QString spanText(const GuideProgramme &programme, const QTimeZone &zone)
 
 QString dayText(const QDate &day, const QDate &today)
 {
-    const QString date = QLocale().toString(day, QLocale::LongFormat);
     switch (today.daysTo(day)) {
     case -1:
-        return translated(QT_TRANSLATE_NOOP("GuideTexts", "Yesterday, %1")).arg(date);
+        return translated(QT_TRANSLATE_NOOP("GuideTexts", "Yesterday"));
     case 0:
-        return translated(QT_TRANSLATE_NOOP("GuideTexts", "Today, %1")).arg(date);
+        return translated(QT_TRANSLATE_NOOP("GuideTexts", "Today"));
     case 1:
-        return translated(QT_TRANSLATE_NOOP("GuideTexts", "Tomorrow, %1")).arg(date);
+        return translated(QT_TRANSLATE_NOOP("GuideTexts", "Tomorrow"));
     default:
-        return date;
+        break;
     }
+    const QLocale locale;
+    return translated(QT_TRANSLATE_NOOP("GuideTexts", "%1 %2"))
+        .arg(locale.dayName(day.dayOfWeek(), QLocale::ShortFormat),
+             locale.toString(day, QLocale::ShortFormat));
 }
 
 QString whenText(qint64 time, qint64 now, const QTimeZone &zone)

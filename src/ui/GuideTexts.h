@@ -17,7 +17,7 @@ QString clockText(qint64 time, const QTimeZone &zone);
 /// "20:15 - 21:45"
 QString spanText(const GuideProgramme &programme, const QTimeZone &zone);
 
-/// "Today, Sunday, 22 November 2026"
+/// "Yesterday", "Today", "Tomorrow", otherwise "Wed 25/11/2026"
 QString dayText(const QDate &day, const QDate &today);
 
 /// "Today 20:15", "Tomorrow 20:15", "Wednesday 20:15" up to six days ahead, otherwise the date and
