@@ -5,6 +5,8 @@
 #include "ui/CategoryList.h"
 #include "ui/ElidedLabel.h"
 #include "ui/EntryTable.h"
+#include "ui/GuideGrid.h"
+#include "ui/GuideView.h"
 #include "ui/PosterGrid.h"
 
 #include <QBoxLayout>
@@ -176,11 +178,6 @@ void BrowseTab::connectLists()
     addActivateKeyShortcuts(view, this, [this] { activateRow(view->currentIndex().row()); });
 }
 
-void BrowseTab::setGuide(Guide *guide)
-{
-    table->setGuide(guide);
-}
-
 void BrowseTab::setCategories(const QList<Category> &categories)
 {
     categoryList->setCategories(categories);
@@ -273,6 +270,9 @@ void BrowseTab::showEntries(const ShownEntries &entriesToShow)
     } else {
         posterGrid->fill(shown);
     }
+    if (guideView != nullptr) {
+        guideView->grid().setEntries(shown);
+    }
     if (!previous.sharesListWith(shown)) {
         // Freeing hundreds of thousands of entries takes longer than filling the view.
         QThreadPool::globalInstance()->start([old = std::move(previous)] {});
@@ -315,14 +315,14 @@ void BrowseTab::showSearchResults(bool searching)
     if (searching) {
         moveViewTo(stack->widget(BrowsePage::Categories));
     }
-    view->setVisible(searching);
+    setViewVisible(searching);
 }
 
 void BrowseTab::placeViewOn(int page)
 {
     if (page == BrowsePage::Items) {
         moveViewTo(stack->widget(BrowsePage::Items));
-        view->setVisible(true);
+        setViewVisible(true);
     } else if (page == BrowsePage::Categories) {
         showSearchResults(!allSearch->text().isEmpty());
     }
@@ -330,7 +330,21 @@ void BrowseTab::placeViewOn(int page)
 
 void BrowseTab::moveViewTo(QWidget *page)
 {
+    auto *layout = static_cast<QVBoxLayout *>(page->layout());
     if (view->parentWidget() != page) {
-        static_cast<QVBoxLayout *>(page->layout())->addWidget(view, 1);
+        layout->addWidget(view, 1);
+    }
+    if (guideView != nullptr && guideView->parentWidget() != page) {
+        layout->addWidget(guideView, 1);
+    }
+}
+
+/// Of the view, or of the guide that is chosen in its place.
+void BrowseTab::setViewVisible(bool visible)
+{
+    const bool isGuide = showsGuide();
+    view->setVisible(visible && !isGuide);
+    if (guideView != nullptr) {
+        guideView->setVisible(visible && isGuide);
     }
 }

@@ -10,14 +10,17 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
 class CategoryList;
 class EntryTable;
 class Guide;
+class GuideView;
 class PosterGrid;
 class PosterStore;
+struct GuideProgramme;
 
 class QAbstractItemView;
 class QBoxLayout;
@@ -28,6 +31,7 @@ class QListWidget;
 class QListWidgetItem;
 class QMenu;
 class QModelIndex;
+class QPushButton;
 class QStackedWidget;
 
 /// The pages of a tab's stack.
@@ -67,8 +71,9 @@ public:
     /// before the tab is filled; not owned.
     void setLibrary(TabLibrary *library);
 
-    /// Shows what runs on the channels, by this guide; null for none, as at first. Of a tab with a
-    /// table only; not owned.
+    /// Shows what runs on the channels, by this guide, and offers the guide in place of the table.
+    /// Null for none, as at first. Of a tab with a table only; not owned: it must outlive the tab,
+    /// or be replaced.
     void setGuide(Guide *guide);
     /// Called with the context menu of an entry, to add to it.
     using EntryMenuExtension = std::function<void(QMenu &, const MediaItem &)>;
@@ -110,6 +115,10 @@ Q_SIGNALS:
     void activated(const MediaItem &item);
     /// The user chose an entry in "Continue Watching".
     void continued(const MediaItem &item);
+    /// The user chose a programme in the guide that does not run now.
+    void programmeActivated(const MediaItem &item, const GuideProgramme &programme);
+    /// The user chose a programme to come that a search in the guide has found.
+    void scheduleRequested(const MediaItem &item, const GuideProgramme &programme);
     /// The view shows the entries that pass the category and the search now.
     void refilled();
 
@@ -126,8 +135,21 @@ private:
     void showSearchResults(bool searching);
     void placeViewOn(int page);
     void moveViewTo(QWidget *page);
+    void setViewVisible(bool visible);
+    int currentRow() const;
     QList<int> filteredEntries();
     void showEntries(const ShownEntries &entriesToShow);
+
+    // ---- BrowseTabGuide.cpp: the guide in place of the table ----
+    bool showsGuide() const;
+    void buildGuide();
+    QPushButton *addGuideButton(QLineEdit *beside, const QString &suffix);
+    void connectGuide();
+    void chooseGuide(bool choose);
+    void openGuide();
+    void updateGuide();
+    void openGuideMenu(const QPoint &globalPlace);
+    std::optional<MediaItem> entryOf(const QString &id) const;
 
     // ---- BrowseTabLibrary.cpp: what the user keeps ----
     QList<int> collectionRows();
@@ -153,6 +175,12 @@ private:
     QListWidget *posterList = nullptr; ///< null with a table
     PosterGrid *posterGrid = nullptr;  ///< of posterList
     QAbstractItemView *view = nullptr; ///< whichever of the two there is
+
+    Guide *guide = nullptr;
+    GuideView *guideView = nullptr; ///< null before the first guide
+    QPushButton *categoryPageGuideButton = nullptr;
+    QPushButton *itemsPageGuideButton = nullptr;
+    bool guideChosen = false; ///< in place of the table
 
     QString categoryId;                       ///< of the chosen category; empty for all
     Collection collection = Collection::None; ///< shown in place of a category

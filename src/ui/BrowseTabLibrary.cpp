@@ -2,6 +2,8 @@
 #include "ui/BrowseTab.h"
 #include "ui/CategoryList.h"
 #include "ui/EntryTable.h"
+#include "ui/GuideGrid.h"
+#include "ui/GuideView.h"
 #include "ui/PosterGrid.h"
 #include "ui/RowMenu.h"
 
@@ -35,12 +37,17 @@ void BrowseTab::setLibrary(TabLibrary *library)
 
 bool BrowseTab::viewHasFocus() const
 {
-    return view->hasFocus();
+    return view->hasFocus() || (showsGuide() && guideView->grid().hasFocus());
+}
+
+int BrowseTab::currentRow() const
+{
+    return showsGuide() ? guideView->grid().currentRow() : view->currentIndex().row();
 }
 
 void BrowseTab::toggleFavorite()
 {
-    const int row = view->currentIndex().row();
+    const int row = currentRow();
     if (row >= 0 && row < shown.count()) {
         const MediaItem item = shown.at(row);
         kept->setFavorite(item, !kept->isFavorite(item));

@@ -125,8 +125,8 @@ GuideGridLayout GuideGrid::gridLayout() const
     GuideGridLayout layout;
     layout.viewport = viewport()->size();
     // A narrow window leaves the cells two thirds.
-    layout.namesWidth = std::clamp(layout.viewport.width() / 3, narrowestNames,
-                                   charactersOfNames * character);
+    layout.namesWidth =
+        std::clamp(layout.viewport.width() / 3, narrowestNames, charactersOfNames * character);
     layout.headerHeight = metrics.height() + padding;
     layout.rowHeight = metrics.height() + 2 * padding;
     layout.hourWidth = charactersOfAnHour * character;
@@ -162,8 +162,8 @@ void GuideGrid::updateDays()
     const QDate oldest = dayOf(now - titles->archiveReach(), zone);
     const qint64 newBegin = startOfDay(oldest, zone);
     const QDate today = dayOf(now, zone);
-    const QDate newest = titles->newest() > 0 ? dayOf(titles->newest(), zone)
-                                              : today.addDays(usualDaysAhead);
+    const QDate newest =
+        titles->newest() > 0 ? dayOf(titles->newest(), zone) : today.addDays(usualDaysAhead);
     const QDate last = std::clamp(newest, today, today.addDays(mostDaysAhead));
     const qint64 newEnd = startOfDay(last.addDays(1), zone);
     if (newBegin == begin && newEnd == end) {

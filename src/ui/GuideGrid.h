@@ -122,8 +122,8 @@ private:
     MarkOfEntry markOf;
     QTimeZone zone = QTimeZone::systemTimeZone();
     bool awaitsTitles = false; ///< of rows that were painted without them
-    QTimer clock; ///< runs while the grid is on screen
-    qint64 begin = 0; ///< of the first day
+    QTimer clock;              ///< runs while the grid is on screen
+    qint64 begin = 0;          ///< of the first day
     qint64 end = 0;
     int row = -1;    ///< the current one
     qint64 time = 0; ///< the current one

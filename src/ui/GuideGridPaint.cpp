@@ -29,8 +29,8 @@ void paintArchiveMark(QPainter &painter, const QRect &area, const QColor &color)
     const double size = area.width() / 4.0;
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    painter.drawPolygon(QPolygonF{middle + QPointF(-size * 0.7, -size),
-                                  middle + QPointF(size, 0), middle + QPointF(-size * 0.7, size)});
+    painter.drawPolygon(QPolygonF{middle + QPointF(-size * 0.7, -size), middle + QPointF(size, 0),
+                                  middle + QPointF(-size * 0.7, size)});
     painter.restore();
 }
 
@@ -98,10 +98,9 @@ void GuideGrid::paintRow(QPainter &painter, const GuideGridLayout &layout, int o
     bool isEmpty = isHere;
     for (const GuideProgramme &programme : schedule.programmes) {
         if (programme.stop > layout.firstTime() && programme.start < layout.lastTime()) {
-            const bool inArchive =
-                programme.stop <= now &&
-                archiveHolds(schedule.entry.catchUp,
-                             {programme.start, programme.stop, QString(), now});
+            const bool inArchive = programme.stop <= now &&
+                                   archiveHolds(schedule.entry.catchUp,
+                                                {programme.start, programme.stop, QString(), now});
             paintCell(painter, layout, ofRow, programme, inArchive);
             isEmpty = false;
         }
@@ -124,8 +123,8 @@ void GuideGrid::paintCell(QPainter &painter, const GuideGridLayout &layout, int 
     const bool isOver = programme.stop <= now;
     QRect cell = layout.cellOf(ofRow, programme.start, programme.stop);
     // The title begins at the visible edge.
-    QRect text = cell.intersected(layout.cells().adjusted(0, -layout.rowHeight, 0,
-                                                          layout.rowHeight));
+    QRect text =
+        cell.intersected(layout.cells().adjusted(0, -layout.rowHeight, 0, layout.rowHeight));
     if (isRightToLeft()) {
         cell = layout.mirrored(cell);
         text = layout.mirrored(text);
@@ -163,7 +162,8 @@ void GuideGrid::paintNow(QPainter &painter, const GuideGridLayout &layout) const
     painter.fillRect(isRightToLeft() ? layout.mirrored(line) : line, nowColor);
 }
 
-void GuideGrid::paintNames(QPainter &painter, const GuideGridLayout &layout, int first, int last) const
+void GuideGrid::paintNames(QPainter &painter, const GuideGridLayout &layout, int first,
+                           int last) const
 {
     for (int shown = first; shown <= last; ++shown) {
         QRect area = layout.nameOf(shown);
@@ -173,9 +173,9 @@ void GuideGrid::paintNames(QPainter &painter, const GuideGridLayout &layout, int
                          palette().color(isCurrent ? QPalette::Highlight : QPalette::Window));
         QRect text = area.adjusted(padding, 0, -padding, 0);
         if (markOf && markOf(entries.at(shown)).favorite) {
-            paintStar(painter, QStyle::alignedRect(layoutDirection(),
-                                                   Qt::AlignRight | Qt::AlignVCenter,
-                                                   QSize(entryMarkSize, entryMarkSize), text));
+            paintStar(painter,
+                      QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter,
+                                          QSize(entryMarkSize, entryMarkSize), text));
             const int taken = entryMarkSize + padding;
             text.adjust(isRightToLeft() ? taken : 0, 0, isRightToLeft() ? 0 : -taken, 0);
         }
@@ -211,6 +211,5 @@ void GuideGrid::paintHeader(QPainter &painter, const GuideGridLayout &layout) co
     const QString date = dayText(shownDay(), today);
     painter.drawText(corner.adjusted(padding, 0, -padding, 0),
                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(date, Qt::ElideRight,
-                                              corner.width() - 2 * padding));
+                     fontMetrics().elidedText(date, Qt::ElideRight, corner.width() - 2 * padding));
 }

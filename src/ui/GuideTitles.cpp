@@ -113,7 +113,9 @@ void GuideTitles::ask()
     for (qint64 number = blockOf(wantedFrom); number <= blockOf(wantedTo); ++number) {
         QStringList missing;
         std::copy_if(wantedIds.begin(), wantedIds.end(), std::back_inserter(missing),
-                     [&](const QString &id) { return !blocks.contains({id, number}); });
+                     [&](const QString &id) {
+                         return !blocks.contains({id, number});
+                     });
         if (!missing.isEmpty()) {
             ask(missing, number);
         }

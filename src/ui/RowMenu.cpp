@@ -43,15 +43,7 @@ protected:
 private:
     void open(const QModelIndex &index, const QPoint &place)
     {
-        auto *menu = new QMenu(view);
-        menu->setObjectName(u"rowMenu"_s);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        build(*menu, index);
-        if (menu->isEmpty()) {
-            delete menu;
-        } else {
-            menu->popup(place);
-        }
+        openRowMenu(view, place, [&](QMenu &menu) { build(menu, index); });
     }
 
     QAbstractItemView *view;
@@ -63,4 +55,18 @@ private:
 void addRowMenu(QAbstractItemView *view, const RowMenuBuilder &build)
 {
     new RowMenu(view, build);
+}
+
+void openRowMenu(QWidget *widget, const QPoint &globalPlace,
+                 const std::function<void(QMenu &menu)> &build)
+{
+    auto *menu = new QMenu(widget);
+    menu->setObjectName(u"rowMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    build(*menu);
+    if (menu->isEmpty()) {
+        delete menu;
+    } else {
+        menu->popup(globalPlace);
+    }
 }

@@ -95,6 +95,7 @@ const QList<std::pair<const char *, const char *>> expectedRules{
                     "border-radius: 6px; padding: 6px 14px"},
     {"QPushButton:hover", "background-color: #383b47; border-color: #4a4e5c"},
     {"QPushButton:pressed", "background-color: #26282f"},
+    {"QPushButton:checked", "background-color: #3b82f6; border-color: #3b82f6; color: white"},
     {"QPushButton:disabled", "color: #6b6f7a; background-color: #26282f"},
     {"QPushButton#accentButton",
      "background-color: #3b82f6; border-color: #3b82f6; color: white; font-weight: 600"},

@@ -322,8 +322,8 @@ void tst_GuideGrid::lineForNow()
     QList<int> places = nowLine(viewport, below);
     QCOMPARE(places.size(), 2);
     // The visible part begins at the last half hour, so that the line is near the names.
-    const int fromNames = direction == Qt::LeftToRight ? places.first()
-                                                       : viewport.width() - places.last();
+    const int fromNames =
+        direction == Qt::LeftToRight ? places.first() : viewport.width() - places.last();
     QVERIFY(fromNames < viewport.width() / 2);
     // It moves with the time.
     grid->horizontalScrollBar()->setValue(grid->horizontalScrollBar()->value() - 40);
