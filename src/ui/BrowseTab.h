@@ -1,5 +1,6 @@
 #pragma once
 
+#include "guide/GuideRecords.h"
 #include "model/CatalogRecords.h"
 #include "model/ItemIndex.h"
 #include "ui/ShownEntries.h"
@@ -20,7 +21,6 @@ class Guide;
 class GuideView;
 class PosterGrid;
 class PosterStore;
-struct GuideProgramme;
 
 class QAbstractItemView;
 class QBoxLayout;

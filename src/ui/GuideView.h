@@ -1,12 +1,13 @@
 #pragma once
 
+#include "guide/GuideRecords.h"
+
 #include <QDate>
 #include <QWidget>
 
 class Guide;
 class GuideGrid;
 class GuideSearchList;
-struct GuideProgramme;
 
 class QBoxLayout;
 class QComboBox;
