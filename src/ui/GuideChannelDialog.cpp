@@ -127,7 +127,6 @@ QWidget *GuideChannelDialog::buildSearch(const QString &text)
     search->setAccessibleName(tr("Search the guide's channels"));
     search->setPlaceholderText(tr("Search the guide's channels..."));
     search->setText(text);
-    search->setClearButtonEnabled(true);
     list->setObjectName(u"guideChannels"_s);
     list->setAccessibleName(tr("Channels of the guide"));
     list->setUniformItemSizes(true);

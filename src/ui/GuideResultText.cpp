@@ -39,16 +39,6 @@ QString shownNumber(qint64 number)
     return QLocale().toString(number);
 }
 
-/// A reason that the network or the system gives; it may repeat the address.
-QString shownDetail(const GuideAddressResult &result)
-{
-    QString detail = result.detail;
-    if (!result.address.isEmpty()) {
-        detail.replace(result.address, guideAddressName(result.address));
-    }
-    return traceSafe(detail);
-}
-
 QStringList Texts::summary(const GuideResult &result)
 {
     if (result.cancelled) {
@@ -72,7 +62,8 @@ QStringList Texts::summary(const GuideResult &result)
 QString Texts::problem(const GuideAddressResult &result)
 {
     const QString name = guideAddressName(result.address);
-    const QString detail = shownDetail(result);
+    // The network layer repeats the address.
+    const QString detail = traceSafe(result.detail);
     switch (result.problem) {
     case GuideProblem::None:
         break;

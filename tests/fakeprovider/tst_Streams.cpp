@@ -71,6 +71,7 @@ void tst_Streams::archivedClipIsOneLongStream()
     QHash<int, int> counters;
     double lastClock = -1;
     double firstClock = -1;
+    int pictures = 0;
     for (qsizetype packet = 0; packet < whole.size(); packet += 188) {
         const auto byte = [&](qsizetype index) { return quint8(whole.at(packet + index)); };
         QCOMPARE(byte(0), 0x47);
@@ -88,7 +89,19 @@ void tst_Streams::archivedClipIsOneLongStream()
             firstClock = firstClock < 0 ? clock : firstClock;
             lastClock = clock;
         }
+        const qsizetype start = 4 + ((byte(3) & 0x20) != 0 ? 1 + byte(4) : 0);
+        const bool isPicture = (byte(1) & 0x40) != 0 && start < 170 && byte(start) == 0 &&
+                               byte(start + 2) == 1 && byte(start + 3) == 0xe0;
+        if (isPicture) {
+            const double shown = ((byte(start + 9) >> 1 & 7) * double(1 << 30) +
+                                  ((byte(start + 10) << 7) | (byte(start + 11) >> 1)) * 32768.0 +
+                                  ((byte(start + 12) << 7) | (byte(start + 13) >> 1))) /
+                                 90'000;
+            QVERIFY2(shown > lastClock && shown < lastClock + 3, "pictures follow the clock");
+            ++pictures;
+        }
     }
+    QVERIFY(pictures > 10 * seconds);
     QVERIFY2(qAbs(lastClock - firstClock - seconds) < 0.5,
              qPrintable(QString::number(lastClock - firstClock)));
 }

@@ -1,9 +1,11 @@
 // Everything can be reached and named without eyes and without a mouse.
 
 #include "WindowFixture.h"
+#include "guide/Guide.h"
 #include "guide/GuideResult.h"
 #include "ui/AccountInformationDialog.h"
 #include "ui/ClearHistoryDialog.h"
+#include "ui/GuideChannelDialog.h"
 #include "ui/GuideDialog.h"
 #include "ui/RestoreDialog.h"
 #include "ui/SourceDialog.h"
@@ -169,10 +171,14 @@ void tst_Accessibility::moreDialogs()
     settings.addresses = u"http://h/guide.xml"_s;
     GuideDialog guide(settings, true, nullptr);
     guide.setResult({1, 0, 0, 0, 0, 0, {}, false});
+    Guide stored(nullptr);
+    GuideChannelDialog guideChannel(&stored, {u"A"_s, EntryKind::Live, u"1"_s, u"One"_s, {}},
+                                    {u"one"_s, GuideMatch::Rule::Suggestion}, {}, nullptr);
     using Case = std::tuple<QDialog *, int, QString>;
     for (const auto &[dialog, controls, first] :
          {Case(&clearHistory, 4, u"watchedCheck"_s), Case(&restore, 4, u"mergeButton"_s),
-          Case(&account, 1, u"closeButton"_s), Case(&guide, 10, u"guideEnabled"_s)}) {
+          Case(&account, 1, u"closeButton"_s), Case(&guide, 10, u"guideEnabled"_s),
+          Case(&guideChannel, 7, u"automaticGuide"_s)}) {
         dialog->show();
         QVERIFY(QTest::qWaitForWindowActive(dialog));
         expectAccessible(*dialog, controls, first);
