@@ -99,7 +99,7 @@ void tst_PlayerPanel::rowsOfEachKind()
 {
     // From any kind to any other.
     for (const qint32 kind : {StreamKind::Live, StreamKind::Movie, StreamKind::Live,
-                              StreamKind::Episode, StreamKind::Movie}) {
+                              StreamKind::Episode, StreamKind::Archive, StreamKind::Movie}) {
         fixture->play(kind);
         QCOMPARE(fixture->shownRows(), kind == StreamKind::Live ? liveRows : allRows);
     }
