@@ -66,7 +66,7 @@ void tst_PlayerPanel::isBuiltInOrder()
     const PlayerPanel &panel = fixture->panel;
     QCOMPARE(panel.layout()->contentsMargins(), QMargins(4, 4, 4, 4));
     QCOMPARE(panel.focusPolicy(), Qt::StrongFocus);
-    QCOMPARE(widgetsOf(panel), u"videoSurface|Nothing playing|seekRow|controlsRow"_s);
+    QCOMPARE(widgetsOf(panel), u"videoSurface|Nothing playing|mutedLabel|seekRow|controlsRow"_s);
     QCOMPARE(qobject_cast<QVBoxLayout *>(panel.layout())->stretch(0), 1);
     QCOMPARE(fixture->shownRows(), QString());
 
