@@ -119,15 +119,16 @@ QString guideResultText(const GuideResult &result)
         return {};
     }
     QStringList lines = Texts::summary(result);
+    if (result.cancelled) {
+        return lines.join(u'\n');
+    }
     for (const GuideAddressResult &address : result.addresses) {
-        if (address.problem != GuideProblem::None || !result.cancelled) {
-            lines << Texts::ofAddress(address);
-        }
+        lines << Texts::ofAddress(address);
     }
     const bool allFailed =
         std::all_of(result.addresses.cbegin(), result.addresses.cend(),
                     [](const auto &address) { return address.problem != GuideProblem::None; });
-    if (allFailed && !result.addresses.isEmpty() && !result.cancelled) {
+    if (allFailed && !result.addresses.isEmpty()) {
         lines << Texts::kept();
     }
     return lines.join(u'\n');

@@ -392,7 +392,7 @@ void tst_GuideDialog::cancelledUpdate()
     make(stored(account), true);
     GuideResult update;
     update.cancelled = true;
-    update.addresses = {{account, GuideProblem::None, {}, 0, false}};
+    update.addresses = {{account, GuideProblem::NotAGuide, {}, 0, false}}; // of the one before
     dialog->setResult(update);
     QCOMPARE(result(), u"The update was cancelled. The guide of the last update stays."_s);
 }
