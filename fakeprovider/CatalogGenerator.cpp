@@ -1,5 +1,6 @@
 #include "fakeprovider/CatalogGenerator.h"
 
+#include <QDateTime>
 #include <QStringList>
 
 #include <array>
@@ -163,6 +164,34 @@ QByteArray CatalogGenerator::playlist(int count, int groups, const QString &urlB
                 base + number(index) + '\n';
     }
     return text;
+}
+
+QByteArray CatalogGenerator::guide(int channels, int programmesOfEach, qint64 from)
+{
+    constexpr quint32 halfHour = 1800;
+    const auto time = [](qint64 seconds) {
+        return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC)
+            .toString(u"yyyyMMddhhmmss"_s)
+            .toLatin1();
+    };
+    QByteArray text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<tv>\n"_ba;
+    for (int index = 0; index < channels; ++index) {
+        text += "  <channel id=\"id."_ba + number(index) + "\"><display-name>"_ba +
+                name().toHtmlEscaped().toUtf8() + "</display-name></channel>\n"_ba;
+    }
+    for (int index = 0; index < channels; ++index) {
+        qint64 start = from;
+        for (int count = 0; count < programmesOfEach; ++count) {
+            const qint64 stop = start + halfHour * (1 + below(4));
+            text += "  <programme start=\""_ba + time(start) + " +0000\" stop=\""_ba + time(stop) +
+                    " +0000\" channel=\"id."_ba + number(index) +
+                    "\">\n    <title lang=\"en\">"_ba + name().toHtmlEscaped().toUtf8() +
+                    "</title>\n    <desc lang=\"en\">"_ba + name().toHtmlEscaped().toUtf8() + ' ' +
+                    name().toHtmlEscaped().toUtf8() + "</desc>\n  </programme>\n"_ba;
+            start = stop;
+        }
+    }
+    return text + "</tv>\n"_ba;
 }
 
 QList<MediaItem> CatalogGenerator::movies(int count, int categories)

@@ -32,6 +32,10 @@ public:
     /// The text of an extended M3U playlist; every URL begins with `urlBase`.
     QByteArray playlist(int count, int groups, const QString &urlBase);
 
+    /// A guide of the playlist's first channels as XMLTV, with so many programmes of each from that
+    /// time on, in seconds since the epoch. A programme has about 300 bytes.
+    QByteArray guide(int channels, int programmesOfEach, qint64 from);
+
     /// Records as a movie tab holds them.
     QList<MediaItem> movies(int count, int categories);
 
