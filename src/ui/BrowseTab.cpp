@@ -1,5 +1,6 @@
 #include "ui/BrowseTab.h"
 
+#include "guide/GuideRecords.h"
 #include "model/ItemFilter.h"
 #include "ui/ActivateKeys.h"
 #include "ui/CategoryList.h"
@@ -176,6 +177,11 @@ void BrowseTab::connectLists()
                 [this](QListWidgetItem *item) { activateRow(posterList->row(item)); });
     }
     addActivateKeyShortcuts(view, this, [this] { activateRow(view->currentIndex().row()); });
+}
+
+std::optional<OnNow> BrowseTab::onNow(const MediaItem &channel) const
+{
+    return table->onNow(channel);
 }
 
 void BrowseTab::setCategories(const QList<Category> &categories)

@@ -21,6 +21,7 @@ class Guide;
 class GuideView;
 class PosterGrid;
 class PosterStore;
+struct OnNow;
 
 class QAbstractItemView;
 class QBoxLayout;
@@ -75,6 +76,8 @@ public:
     /// Null for none, as at first. Of a tab with a table only; not owned: it must outlive the tab,
     /// or be replaced.
     void setGuide(Guide *guide);
+    /// What is known to run on a channel that shows; nothing without a guide.
+    std::optional<OnNow> onNow(const MediaItem &channel) const;
     /// Called with the context menu of an entry, to add to it.
     using EntryMenuExtension = std::function<void(QMenu &, const MediaItem &)>;
     void setEntryMenuExtension(const EntryMenuExtension &extension) { extendMenu = extension; }
@@ -98,6 +101,9 @@ public:
     void addPage(QWidget *page);
     void showPage(int page);
     int currentPage() const;
+
+    /// The first entry with this id, whether it shows or not.
+    std::optional<MediaItem> entryOf(const QString &id) const;
 
     /// Shows the entries of that row's category. A null item changes nothing.
     void selectCategory(const QListWidgetItem *item);
@@ -149,7 +155,6 @@ private:
     void openGuide();
     void updateGuide();
     void openGuideMenu(const QPoint &globalPlace);
-    std::optional<MediaItem> entryOf(const QString &id) const;
 
     // ---- BrowseTabLibrary.cpp: what the user keeps ----
     QList<int> collectionRows();

@@ -15,6 +15,7 @@
 
 class BrowseTab;
 class CatalogLoader;
+class CatchUpPlayer;
 class EpisodePage;
 class FullscreenChrome;
 class Library;
@@ -22,6 +23,7 @@ class LoadingOverlay;
 class OnNowLines;
 class PlaybackSession;
 class PlayerPanel;
+class ReminderKeeper;
 class ResumeKeeper;
 class ScheduleDialog;
 class SourceBar;
@@ -30,7 +32,10 @@ class SourceManager;
 class TabLibrary;
 class UndoBar;
 class VlcPlayer;
+struct CatchUpRules;
+struct GuideProgramme;
 struct LoadFailure;
+struct OnNow;
 struct RestorePlan;
 
 class QListWidgetItem;
@@ -206,13 +211,26 @@ private:
     void createGuide();
     void showGuide(bool on);
     void showGuideDialog();
-    void fillGuideMenu(QMenu &menu, const MediaItem &channel);
-    /// The schedule of an entry of the active source.
-    void showSchedule(const MediaItem &channel);
+    /// `onNow` is what is known to run on the channel.
+    void fillGuideMenu(QMenu &menu, const MediaItem &channel, const std::optional<OnNow> &onNow);
+    void chooseGuideChannel(const MediaItem &channel);
     /// Whether the channel that plays belongs to the guide of the active source.
     bool playsGuideChannel() const;
     /// Tells under what plays what runs there.
     void showWhatRuns();
+
+    // ---- MainWindowSchedule.cpp: schedules, archives and reminders ----
+    void createSchedules();
+    void playGuideChannel(const MediaItem &channel);
+    /// The schedule of an entry of the active source.
+    void showSchedule(const MediaItem &channel);
+    void openProgramme(const MediaItem &channel, const GuideProgramme &programme);
+    void createCatchUp();
+    void playFromArchive(const MediaItem &channel, const CatchUpRules &archive,
+                         const GuideProgramme &programme);
+    void createReminders();
+    void watch(const Reminder &reminder);
+    void watchWhenLoaded();
 
     // Members, grouped by the same files.
 
@@ -238,8 +256,13 @@ private:
     // ---- MainWindowGuide.cpp ----
     SourceGuide *sourceGuide = nullptr;
     OnNowLines *playingLine = nullptr; ///< while the guide is on
+    MediaItem playingChannel;          ///< what startPlaying() played last
+
+    // ---- MainWindowSchedule.cpp ----
+    CatchUpPlayer *catchUp = nullptr;
+    ReminderKeeper *reminders = nullptr;
     QPointer<ScheduleDialog> scheduleDialog;
-    MediaItem playingChannel; ///< what startPlaying() played last
+    std::optional<Reminder> channelToWatch; ///< of a source whose catalog is not there yet
 
     // ---- MainWindowBrowse.cpp ----
     QTabWidget *tabs = nullptr;

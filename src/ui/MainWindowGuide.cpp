@@ -1,7 +1,9 @@
+#include "guide/CatchUp.h"
 #include "guide/Guide.h"
 #include "guide/PlaylistGuideClient.h"
 #include "library/Library.h"
 #include "ui/BrowseTab.h"
+#include "ui/GuideChannelDialog.h"
 #include "ui/GuideDialog.h"
 #include "ui/GuideTexts.h"
 #include "ui/MainWindow.h"
@@ -11,6 +13,7 @@
 #include "ui/ScheduleDialog.h"
 #include "ui/SourceGuide.h"
 
+#include <QDateTime>
 #include <QMenu>
 
 #include <utility>
@@ -30,14 +33,12 @@ void MainWindow::createGuide()
     connect(sourceGuide, &SourceGuide::turned, this, &MainWindow::showGuide);
     for (const CatalogSection section : {CatalogSection::Live, CatalogSection::Channel}) {
         browseTab(section).setEntryMenuExtension(
-            [this](QMenu &menu, const MediaItem &channel) { fillGuideMenu(menu, channel); });
+            [this, section](QMenu &menu, const MediaItem &channel) {
+                fillGuideMenu(menu, channel, browseTab(section).onNow(channel));
+            });
     }
-    connect(playerPanel, &PlayerPanel::scheduleRequested, this, [this] {
-        if (playsGuideChannel()) {
-            showSchedule(playingChannel);
-        }
-    });
-    connect(session, &PlaybackSession::entryChanged, this, &MainWindow::showWhatRuns);
+    createSchedules();
+    connect(session, &PlaybackSession::started, this, &MainWindow::showWhatRuns);
     connect(session, &PlaybackSession::stopped, this, &MainWindow::showWhatRuns);
 }
 
@@ -115,25 +116,46 @@ void MainWindow::showGuideDialog()
 
 // ---- channels ----
 
-void MainWindow::fillGuideMenu(QMenu &menu, const MediaItem &channel)
+void MainWindow::fillGuideMenu(QMenu &menu, const MediaItem &channel,
+                               const std::optional<OnNow> &onNow)
 {
     if (!sourceGuide->isOn()) {
         return;
     }
     menu.addSeparator();
+    if (onNow && onNow->now &&
+        archiveHolds(
+            onNow->entry.catchUp,
+            {onNow->now->start, onNow->now->stop, {}, QDateTime::currentSecsSinceEpoch()})) {
+        menu.addAction(tr("Watch from Start"), this, [this, channel, onNow] {
+            playFromArchive(channel, onNow->entry.catchUp, *onNow->now);
+        });
+    }
     menu.addAction(tr("Schedule"), this, [this, channel] { showSchedule(channel); });
+    menu.addAction(tr("Guide Channel..."), this, [this, channel] { chooseGuideChannel(channel); });
 }
 
-void MainWindow::showSchedule(const MediaItem &channel)
+void MainWindow::chooseGuideChannel(const MediaItem &channel)
 {
-    if (scheduleDialog) {
-        scheduleDialog->close();
-    }
-    scheduleDialog = new ScheduleDialog(currentSource.name, channel, sourceGuide->guide(), this);
-    connect(scheduleDialog, &ScheduleDialog::playRequested, this, [this, channel] {
-        playEntry(SourceType::isAccount(currentSource.type) ? CatalogSection::Live
-                                                            : CatalogSection::Channel,
-                  channel);
-    });
-    scheduleDialog->show();
+    const auto choose = [this, channel](const QHash<QString, OnNow> &answer) {
+        const LibraryEntry entry =
+            libraryEntry(sourceGuide->source().name, sourceGuide->kind(), channel);
+        const auto &corrections = library->guideCorrections(entry.source, entry.kind);
+        const auto before = corrections.contains(entry.id)
+                                ? std::optional(corrections.value(entry.id))
+                                : std::nullopt;
+        GuideChannelDialog dialog(sourceGuide->guide(), entry, answer.value(entry.id).entry.match,
+                                  before, this);
+        if (dialog.exec() != QDialog::Accepted || dialog.correction() == before ||
+            entry.source != sourceGuide->source().name) {
+            return;
+        }
+        if (const auto correction = dialog.correction()) {
+            sourceGuide->setCorrection(channel, correction->guideId);
+        } else {
+            sourceGuide->removeCorrection(channel);
+        }
+    };
+    sourceGuide->guide()->fetchOnNow({channel.id.toString()}, QDateTime::currentSecsSinceEpoch(),
+                                     choose);
 }

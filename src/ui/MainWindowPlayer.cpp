@@ -46,6 +46,7 @@ void MainWindow::startPlaying(const MediaItem &item, const LibraryEntry &entry)
     }
     playingEntry = entry;
     playingChannel = item;
+    channelToWatch.reset();
     resumeKeeper->follow(keptProgress(item, entry));
     session->play(item.type, url, item.name);
     playerPanel->setFocus(Qt::OtherFocusReason);

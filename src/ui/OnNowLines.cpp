@@ -38,7 +38,9 @@ QString toolTipPart(const QString &heading, const GuideProgramme &programme)
 OnNowLines::OnNowLines(Guide *openGuide, QObject *parent)
     : QObject(parent)
     , guide(openGuide)
+    , minute(this)
 {
+    minute.setObjectName(u"minuteTimer"_s);
     minute.setSingleShot(true);
     connect(&minute, &QTimer::timeout, this, &OnNowLines::beginMinute);
     connect(guide, &Guide::changed, this, [this] {

@@ -18,6 +18,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using Phase = ScheduleRow::Phase;
@@ -154,11 +155,32 @@ void ScheduleDialog::fetch()
     guide->fetchSchedules(
         {id}, from, now + daysAhead * secondsOfDay,
         [self = QPointer<ScheduleDialog>(this), id](const QHash<QString, GuideSchedule> &found) {
-            if (self) {
-                self->model.emplace(found.value(id), QTimeZone::systemTimeZone());
-                self->update();
+            if (ScheduleDialog *dialog = self.data(); dialog != nullptr) {
+                dialog->takeSchedule(found.value(id));
             }
         });
+}
+
+void ScheduleDialog::takeSchedule(const GuideSchedule &schedule)
+{
+    model.emplace(schedule, QTimeZone::systemTimeZone());
+    update();
+    if (startToShow) {
+        const qint64 start = *startToShow;
+        startToShow.reset();
+        showProgramme(start);
+    }
+}
+
+void ScheduleDialog::showProgramme(qint64 start)
+{
+    if (!model) {
+        startToShow = start;
+        return;
+    }
+    fillDays(model->dayOf(start), model->dayOf(currentTime()));
+    fillRows(start);
+    scrollToCurrent();
 }
 
 void ScheduleDialog::update()

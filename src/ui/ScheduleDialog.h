@@ -37,6 +37,8 @@ public:
     /// The channel's archive; an empty one until the guide has answered.
     CatchUpRules archive() const;
 
+    /// Makes the programme that starts then the current one, once the guide has answered.
+    void showProgramme(qint64 start);
     /// The starts of the programmes that have a reminder, in seconds since the epoch.
     void setReminders(const QSet<qint64> &starts);
 
@@ -55,6 +57,7 @@ private:
     void buildLayout();
     void connectControls();
     void fetch();
+    void takeSchedule(const GuideSchedule &schedule);
     /// Brings days, rows and buttons up to date, and waits for the next change.
     void update();
     void fillDays(QDate chosen, QDate today);
@@ -74,6 +77,7 @@ private:
     std::optional<ScheduleModel> model; ///< none until the guide has answered
     QList<ScheduleRow> rows;            ///< those that show
     QSet<qint64> reminders;
+    std::optional<qint64> startToShow;
     QTimer *timer; ///< runs until the next change
 
     QComboBox *dayBox;

@@ -1,6 +1,6 @@
+#include "fakeprovider/Gzip.h"
 #include "guide/GuideImport.h"
 #include "guide/GuideReader.h"
-#include "guide/Gzip.h"
 #include "guide/StoredGuide.h"
 #include "support/TestMain.h"
 
@@ -313,7 +313,8 @@ void tst_GuideImport::channelsOfNoSource()
 void tst_GuideImport::packed()
 {
     addTwoHours();
-    const GuideResult result = GuideImport(guide->job(gzipped(gzipped(guide->guideText())))).run();
+    const GuideResult result =
+        GuideImport(guide->job(packedWithGzip(packedWithGzip(guide->guideText())))).run();
     QCOMPARE(result.programmes, 2);
 }
 
@@ -323,7 +324,7 @@ void tst_GuideImport::problems_data()
     QTest::addColumn<GuideProblem>("problem");
     addTwoHours();
     const QByteArray good = guide->guideText();
-    const QByteArray packed = gzipped(good);
+    const QByteArray packed = packedWithGzip(good);
     QTest::newRow("empty") << QByteArray() << GuideProblem::NotAGuide;
     QTest::newRow("a page") << QByteArray("<html><body>Not found</body></html>")
                             << GuideProblem::NotAGuide;

@@ -1,5 +1,5 @@
+#include "fakeprovider/Gzip.h"
 #include "guide/GuideUnpacker.h"
-#include "guide/Gzip.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -56,24 +56,26 @@ void tst_GuideUnpacker::files_data()
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<Result>("result");
     QTest::addColumn<QByteArray>("bytes");
-    const QByteArray packed = gzipped(text);
+    const QByteArray packed = packedWithGzip(text);
     QTest::newRow("plain") << text << Result::Good << text;
     QTest::newRow("empty") << QByteArray() << Result::Good << QByteArray();
     QTest::newRow("shorter than a mark") << QByteArray("<t") << Result::Good << QByteArray("<t");
     QTest::newRow("gzip") << packed << Result::Good << text;
-    QTest::newRow("gzip of gzip") << gzipped(packed) << Result::Good << text;
-    QTest::newRow("three layers") << gzipped(gzipped(packed)) << Result::UnknownPacking
-                                  << QByteArray();
-    QTest::newRow("two members") << gzipped(text.first(1000)) + gzipped(text.sliced(1000))
+    QTest::newRow("gzip of gzip") << packedWithGzip(packed) << Result::Good << text;
+    QTest::newRow("three layers") << packedWithGzip(packedWithGzip(packed))
+                                  << Result::UnknownPacking << QByteArray();
+    QTest::newRow("two members") << packedWithGzip(text.first(1000)) +
+                                        packedWithGzip(text.sliced(1000))
                                  << Result::Good << text;
     QTest::newRow("members within gzip")
-        << gzipped(gzipped(text.first(9)) + gzipped(text.sliced(9))) << Result::Good << text;
+        << packedWithGzip(packedWithGzip(text.first(9)) + packedWithGzip(text.sliced(9)))
+        << Result::Good << text;
     QTest::newRow("padded with zeros") << packed + QByteArray(700, '\0') << Result::Good << text;
     QTest::newRow("members with zeros between")
-        << gzipped(text) + QByteArray(3, '\0') + gzipped("<!-- -->") << Result::Good
+        << packedWithGzip(text) + QByteArray(3, '\0') + packedWithGzip("<!-- -->") << Result::Good
         << text + "<!-- -->";
     QTest::newRow("something behind") << packed + "garbage" << Result::Good << text;
-    QTest::newRow("empty member") << gzipped({}) << Result::Good << QByteArray();
+    QTest::newRow("empty member") << packedWithGzip({}) << Result::Good << QByteArray();
     QTest::newRow("wrong checksum") << withWrongChecksum(packed) << Result::Damaged << text;
     QTest::newRow("no gzip behind its mark")
         << QByteArray("\x1f\x8b nothing of the kind") << Result::Damaged << QByteArray();
@@ -82,7 +84,7 @@ void tst_GuideUnpacker::files_data()
                                QByteArray(50, 'x')
                         << Result::UnknownPacking << QByteArray();
     QTest::newRow("ZIP within gzip")
-        << gzipped("PK\x03\x04 and so on") << Result::UnknownPacking << QByteArray();
+        << packedWithGzip("PK\x03\x04 and so on") << Result::UnknownPacking << QByteArray();
 }
 
 void tst_GuideUnpacker::files()
@@ -99,7 +101,7 @@ void tst_GuideUnpacker::files()
 
 void tst_GuideUnpacker::bombStopsAtOnce()
 {
-    const QByteArray bomb = gzipped(gzipped(QByteArray(64 * 1024 * 1024, 'x')));
+    const QByteArray bomb = packedWithGzip(packedWithGzip(QByteArray(64 * 1024 * 1024, 'x')));
     qsizetype taken = 0;
     qsizetype largest = 0;
     GuideUnpacker unpacker([&](QByteArrayView bytes) {

@@ -1,8 +1,8 @@
 #include "app/NetLog.h"
+#include "fakeprovider/Gzip.h"
 #include "fakeprovider/HttpServer.h"
 #include "guide/GuideReader.h"
 #include "guide/GuideUpdate.h"
-#include "guide/Gzip.h"
 #include "guide/StoredGuide.h"
 #include "support/HttpReplies.h"
 #include "support/TestMain.h"
@@ -70,7 +70,7 @@ void tst_GuideUpdate::init()
     contents->addChannel(u"one"_s, u"One"_s);
     contents->addProgramme(u"one"_s, now - 3600, now + 3600, u"News"_s);
     server->on(playlistPath, bodyReply(contents->playlistText()));
-    server->on(guidePath, bodyReply(gzipped(contents->guideText())));
+    server->on(guidePath, bodyReply(packedWithGzip(contents->guideText())));
 }
 
 void tst_GuideUpdate::cleanup()
@@ -168,7 +168,7 @@ void tst_GuideUpdate::localFiles()
 
 void tst_GuideUpdate::packedOnTheWay()
 {
-    HttpReply reply = bodyReply(gzipped(gzipped(contents->guideText())));
+    HttpReply reply = bodyReply(packedWithGzip(packedWithGzip(contents->guideText())));
     reply.headers = {{"Content-Encoding", "gzip"}};
     server->on(guidePath, reply);
     const auto result = update(request());

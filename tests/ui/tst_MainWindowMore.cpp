@@ -450,7 +450,9 @@ void tst_MainWindowMore::allOrNothing()
     }
 #endif
     openWith({u"a"_s});
-    writeBackup({{served(u"b"_s, u"/b"_s)}, {{{film(u"b"_s, u"1"_s), 1, 1}}, {}, {}, {}}});
+    LibraryRows rows;
+    rows.favorites = {{film(u"b"_s, u"1"_s), 1, 1}};
+    writeBackup({{served(u"b"_s, u"/b"_s)}, rows});
     const QFileInfo settings(PrivateProfile::current().settingsFile());
     const QString aside = settings.path() + u".aside"_s;
     if (inTheWay == "library"_L1) {
