@@ -260,6 +260,7 @@ private:
 
     // ---- MainWindowSchedule.cpp ----
     CatchUpPlayer *catchUp = nullptr;
+    MediaItem archiveChannel; ///< what `catchUp` was told to play
     ReminderKeeper *reminders = nullptr;
     QPointer<ScheduleDialog> scheduleDialog;
     std::optional<Reminder> channelToWatch; ///< of a source whose catalog is not there yet

@@ -101,7 +101,7 @@ void MainWindow::showGuideDialog()
         dialog.setResult(result);
     });
     PlaylistGuideClient client(nullptr);
-    if (!SourceType::isAccount(currentSource.type) && sourceGuide->settings().addresses.isEmpty()) {
+    if (!SourceType::isAccount(currentSource.type)) {
         client.fetch(currentSource.url, [&dialog](const std::optional<PlaylistGuide> &guide) {
             if (guide) {
                 dialog.offerPlaylistAddresses(guide->addresses);

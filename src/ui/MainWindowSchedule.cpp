@@ -103,7 +103,9 @@ void MainWindow::createCatchUp()
     catchUp = new CatchUpPlayer(session, new ServerZones(this), this);
     connect(catchUp, &CatchUpPlayer::aboutToPlay, this, [this](const ArchiveChannel &channel) {
         // The channel counts as watched; a recording keeps no place.
-        playingEntry = {channel.source, sourceGuide->kind(), channel.streamId, channel.name, {}};
+        playingChannel = archiveChannel;
+        playingEntry = libraryEntry(channel.source, sourceGuide->kind(), archiveChannel);
+        channelToWatch.reset();
         episodeQueue.clear();
         resumeKeeper->follow({});
     });
@@ -136,7 +138,7 @@ void MainWindow::playFromArchive(const MediaItem &channel, const CatchUpRules &a
     if (const qint32 form = sourceGuide->settings().archiveForm; form >= 0) {
         wanted.workedForm = static_cast<AccountArchiveForm>(form);
     }
-    playingChannel = channel;
+    archiveChannel = channel;
     catchUp->play(wanted, programme);
     playerPanel->setFocus(Qt::OtherFocusReason);
 }
