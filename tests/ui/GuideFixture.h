@@ -2,10 +2,12 @@
 
 #include "guide/Guide.h"
 #include "guide/StoredGuide.h"
+#include "ui/GuideTitles.h"
 #include "ui/ShownEntries.h"
 
 #include <QDateTime>
 
+#include <algorithm>
 #include <numeric>
 
 /// A stored guide around the present, and the entries of its source:
@@ -65,6 +67,15 @@ struct GuideFixture
         QList<int> rows(items.size());
         std::iota(rows.begin(), rows.end(), 0);
         return {items, rows};
+    }
+
+    /// Whether a grid in there has got the titles of the hours around now.
+    bool isShownBy(const QObject &view) const
+    {
+        const auto *titles = view.findChild<GuideTitles *>();
+        return std::all_of(items.begin(), items.end(), [&](const MediaItem &item) {
+            return titles->isHere(item.id, at(-1), at(2));
+        });
     }
 
     const qint64 now = QDateTime::currentSecsSinceEpoch();

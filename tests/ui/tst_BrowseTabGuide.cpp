@@ -38,7 +38,7 @@ private:
         tab->tab.setGuide(&fixture->guide);
         tab->openCategory(0);
         button(u"GuideButton"_s).click();
-        QTRY_VERIFY(view().grid().currentProgramme().has_value());
+        QTRY_VERIFY(fixture->isShownBy(tab->tab));
     }
 
     std::unique_ptr<QTemporaryDir> folder;

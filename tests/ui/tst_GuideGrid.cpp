@@ -89,7 +89,8 @@ void tst_GuideGrid::init()
     grid->show();
     QVERIFY(QTest::qWaitForWindowActive(grid.get()));
     grid->setFocus();
-    QTRY_COMPARE(current(), u"One Running"_s);
+    QTRY_VERIFY(fixture->isShownBy(*grid));
+    QCOMPARE(current(), u"One Running"_s);
 }
 
 void tst_GuideGrid::titlesOfAnEntry()

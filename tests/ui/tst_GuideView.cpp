@@ -64,6 +64,7 @@ void tst_GuideView::init()
     view->show();
     QVERIFY(QTest::qWaitForWindowActive(view.get()));
     view->grid().setFocus();
+    QTRY_VERIFY(fixture->isShownBy(*view));
     QTRY_COMPARE(text(u"guideDescription"_s), u"About Running"_s);
 }
 
