@@ -8,7 +8,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 latestTime = (1LL << 33) - 1;
+constexpr qint64 latestTime = (1LL << GuideStore::startBits) - 1;
+/// How many times as many programmes as wanted a search looks at.
+constexpr int spareHits = 4;
 
 /// Words that begin with each word of the text; empty without a word.
 QString fullTextQuery(const QString &text)
@@ -150,12 +152,18 @@ QList<GuideHit> GuideReader::search(const QString &text, qint64 endsAfter, int m
     if (terms.isEmpty() || !store.open()) {
         return hits;
     }
+    // Entries are joined last: a short word may stand in hundreds of thousands of titles. Their
+    // shifts differ seldom, so that some more programmes are enough.
     QSqlQuery query = store.prepared(
-        u"SELECT key, stop, programme.title, '', entry.id, entry.name, entry.shift FROM titles "
-        "JOIN programme ON key = titles.rowid JOIN entry ON channel = key >> 33 "
-        "WHERE titles MATCH ? AND stop + shift > ? "
-        "ORDER BY (key & 8589934591) + shift, entry.number LIMIT ?"_s);
-    if (store.run(query, {terms, endsAfter - offset, most})) {
+        u"SELECT key, stop, hit.title, '', entry.id, entry.name, entry.shift FROM "
+        "(SELECT key, stop, programme.title FROM titles JOIN programme ON key = titles.rowid "
+        "WHERE titles MATCH ? AND stop > ? - (SELECT max(shift) FROM entry) "
+        "ORDER BY key & %1 LIMIT ?) AS hit JOIN entry ON channel = key >> %2 "
+        "WHERE stop + shift > ? ORDER BY (key & %1) + shift, entry.number LIMIT ?"_s
+            .arg(latestTime)
+            .arg(GuideStore::startBits));
+    const qint64 after = endsAfter - offset;
+    if (store.run(query, {terms, after, most * spareHits, after, most})) {
         while (query.next()) {
             hits.append({query.value(4).toString(), query.value(5).toString(),
                          programmeOf(query, query.value(6).toLongLong() + offset)});

@@ -73,9 +73,10 @@ public:
     /// Starts fit into a key: of the years 1970 to 2242.
     static bool fitsKey(qint64 start) { return start >= 0 && start >> startBits == 0; }
 
-private:
+    /// The bits of a key that hold the start; the channel's number stands above them.
     static constexpr int startBits = 33;
 
+private:
     bool connectToFile();
     std::optional<int> schemaInFile();
     bool hasSchema();

@@ -92,6 +92,10 @@ private Q_SLOTS:
     void openAShow();
     void playEpisodes();
     void readAccountInformation();
+    void turnOnTheGuide();
+    void openASchedule();
+    void playFromTheArchive();
+    void openTheGrid();
     void addAPlaylist();
 
 private:
@@ -379,6 +383,56 @@ void TestTour::readAccountInformation()
     keep(u"account-information"_s);
     QVERIFY(Keyboard::press(u"Escape"_s));
     QVERIFY(dialog.waitUntilGone());
+}
+
+void TestTour::turnOnTheGuide()
+{
+    const Accessible menu = session.openMenu(u"More"_s);
+    QVERIFY(Mouse::click(menu.find(Role::MenuItem, u"Programme Guide..."_s)));
+    const Accessible dialog = session.app.waitForWindow(u"Programme Guide"_s);
+    QVERIFY(Mouse::click(
+        dialog.waitFor(Role::Other, u"Show a programme guide for this source"_s)));
+    QVERIFY(Mouse::click(dialog.waitFor(Role::Button, u"Update Now"_s)));
+    QVERIFY(dialog.waitFor(Role::Label, u"Channels with a guide: 6 of 6"_s));
+    keep(u"programme-guide"_s);
+    QVERIFY(Mouse::click(dialog.waitFor(Role::Button, u"OK"_s)));
+    QVERIFY(dialog.waitUntilGone());
+    QVERIFY(session.openAll(UiTexts::liveTab));
+    QVERIFY(session.window.waitFor(Role::Button, u"Guide"_s));
+    QVERIFY(session.watch(u"Harbour One"_s));
+    keep(u"what-runs"_s);
+}
+
+void TestTour::openASchedule()
+{
+    QVERIFY(Keyboard::press(u"s"_s));
+    const Accessible schedule = session.app.waitForWindow(u"Schedule of Harbour One"_s);
+    QVERIFY(schedule.waitFor(Role::Button, u"Watch from Start"_s));
+    keep(u"schedule"_s);
+    QVERIFY(Keyboard::press(u"Escape"_s));
+    QVERIFY(schedule.waitUntilGone());
+}
+
+void TestTour::playFromTheArchive()
+{
+    QVERIFY(Mouse::rightClick(session.entry(u"Harbour One"_s)));
+    QVERIFY(
+        Mouse::click(session.app.waitForMenu().waitFor(Role::MenuItem, u"Watch from Start"_s)));
+    QTRY_VERIFY(slider());
+    QVERIFY(session.seesPicture());
+    keep(u"archive"_s);
+}
+
+void TestTour::openTheGrid()
+{
+    QVERIFY(session.clickButton(u"Guide"_s));
+    QVERIFY(session.window.waitFor(Role::Edit, u"Search programmes..."_s));
+    keep(u"guide"_s);
+    QVERIFY(search(u"Search programmes..."_s, u"the"_s));
+    QVERIFY(session.window.waitFor(Role::List));
+    keep(u"guide-search"_s);
+    QVERIFY(Keyboard::press(u"Escape"_s));
+    QVERIFY(session.clickButton(u"Guide"_s));
 }
 
 void TestTour::addAPlaylist()
