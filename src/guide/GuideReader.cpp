@@ -159,8 +159,7 @@ QList<GuideHit> GuideReader::search(const QString &text, qint64 endsAfter, int m
         "(SELECT key, stop, programme.title FROM titles JOIN programme ON key = titles.rowid "
         "WHERE titles MATCH ? AND stop > ? - (SELECT max(shift) FROM entry) "
         "ORDER BY key & %1 LIMIT ?) AS hit JOIN entry ON channel = key >> %2 "
-        "WHERE stop + shift > ? ORDER BY (key & %1) + shift, entry.number LIMIT ?"_s
-            .arg(latestTime)
+        "WHERE stop + shift > ? ORDER BY (key & %1) + shift, entry.number LIMIT ?"_s.arg(latestTime)
             .arg(GuideStore::startBits));
     const qint64 after = endsAfter - offset;
     if (store.run(query, {terms, after, most * spareHits, after, most})) {

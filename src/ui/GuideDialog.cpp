@@ -43,7 +43,6 @@ GuideDialog::GuideDialog(const GuideSettings &settings, bool isAccount, QWidget 
     source->setText(tr("Source: %1").arg(settings.source));
     enabledCheck->setObjectName(u"guideEnabled"_s);
     resultText->setObjectName(u"guideResult"_s);
-    resultText->setAccessibleName(tr("What came of the last update"));
     resultText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -149,8 +149,8 @@ void tst_MainWindowGuide::nothingInTheMenuUnlessTurnedOn()
     QVERIFY(!menuOf(0).contains(u"Schedule"_s));
     turnOn(server->url(u"/guide.xml"_s));
     QTRY_VERIFY(!description(0).isEmpty());
-    QCOMPARE(menuOf(0).last(3), (QStringList{u"Watch from Start"_s, u"Schedule"_s,
-                                             u"Guide Channel..."_s}));
+    QCOMPARE(menuOf(0).last(3),
+             (QStringList{u"Watch from Start"_s, u"Schedule"_s, u"Guide Channel..."_s}));
     sourceGuide().setSettings({});
     QVERIFY(!menuOf(0).contains(u"Schedule"_s));
 }
@@ -201,9 +201,9 @@ void tst_MainWindowGuide::reminderOfAnotherSource()
     openPlaylist();
     const qint64 now = QDateTime::currentSecsSinceEpoch();
     Library &library = *window().findChild<Library *>();
-    library.addReminder(reminderOf({u"B"_s, EntryKind::Channel, server->url(u"/elsewhere"_s),
-                                    u"Elsewhere"_s, {}},
-                                   now - 1, now + hour, u"Match"_s));
+    library.addReminder(
+        reminderOf({u"B"_s, EntryKind::Channel, server->url(u"/elsewhere"_s), u"Elsewhere"_s, {}},
+                   now - 1, now + hour, u"Match"_s));
     QMessageBox *message = nullptr;
     const auto findMessage = [&message] {
         const QWidgetList windows = QApplication::topLevelWidgets();
