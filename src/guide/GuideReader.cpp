@@ -37,6 +37,15 @@ GuideReader::GuideReader(const QString &path, qint64 offsetSeconds)
     , offset(offsetSeconds)
 {}
 
+/// A damaged file is let go: the next update replaces it, which it cannot while the file is open.
+bool GuideReader::isReady()
+{
+    if (store.isDamaged()) {
+        store.close();
+    }
+    return store.open();
+}
+
 std::optional<GuideReader::StoredEntry> GuideReader::entryOf(const QString &id)
 {
     QSqlQuery query = store.prepared(
@@ -98,7 +107,7 @@ std::optional<GuideProgramme> GuideReader::programmeAfter(const StoredEntry &ent
 QHash<QString, OnNow> GuideReader::onNow(const QStringList &entryIds, qint64 at)
 {
     QHash<QString, OnNow> answer;
-    if (!store.open()) {
+    if (!isReady()) {
         return answer;
     }
     for (const QString &id : entryIds) {
@@ -115,7 +124,7 @@ QHash<QString, GuideSchedule> GuideReader::schedules(const QStringList &entryIds
                                                      qint64 to, bool withDescriptions)
 {
     QHash<QString, GuideSchedule> answer;
-    if (!store.open()) {
+    if (!isReady()) {
         return answer;
     }
     QSqlQuery query = store.prepared("SELECT key, stop, title, "_L1 +
@@ -149,7 +158,7 @@ QList<GuideHit> GuideReader::search(const QString &text, qint64 endsAfter, int m
 {
     QList<GuideHit> hits;
     const QString terms = fullTextQuery(text);
-    if (terms.isEmpty() || !store.open()) {
+    if (terms.isEmpty() || !isReady()) {
         return hits;
     }
     // Entries are joined last: a short word may stand in hundreds of thousands of titles. Their
@@ -174,7 +183,7 @@ QList<GuideHit> GuideReader::search(const QString &text, qint64 endsAfter, int m
 QList<GuideChannel> GuideReader::channels(const QString &text, int most)
 {
     QList<GuideChannel> found;
-    if (!store.open()) {
+    if (!isReady()) {
         return found;
     }
     QSqlQuery query = store.prepared(u"SELECT id, names FROM channel ORDER BY guide, number"_s);
@@ -200,5 +209,5 @@ QList<GuideChannel> GuideReader::channels(const QString &text, int most)
 
 GuideResult GuideReader::lastResult()
 {
-    return store.open() ? guideResultOfJson(store.state(u"result"_s)) : GuideResult();
+    return isReady() ? guideResultOfJson(store.state(u"result"_s)) : GuideResult();
 }

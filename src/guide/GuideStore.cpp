@@ -81,6 +81,7 @@ bool GuideStore::open()
 
 void GuideStore::close()
 {
+    damaged = false;
     if (database.isValid()) {
         database = {};
         QSqlDatabase::removeDatabase(connectionName);

@@ -1,5 +1,6 @@
 #include "guide/XmltvScanner.h"
 
+#include "guide/XmltvTag.h"
 #include "guide/XmltvText.h"
 
 #include <algorithm>
@@ -31,78 +32,6 @@ constexpr std::array delimited{
     Delimited{"<![CDATA[", "]]>", XmltvScanner::longestElement},
     Delimited{"<?", "?>", 4096},
 };
-
-bool isBlank(char character)
-{
-    return character == ' ' || character == '\t' || character == '\n' || character == '\r';
-}
-
-bool isNameStart(char character)
-{
-    const char lower = static_cast<char>(character | 0x20);
-    return (lower >= 'a' && lower <= 'z') || character == '_' || character == ':' ||
-           (character & 0x80) != 0;
-}
-
-/// The front of a tag, up to a blank or a slash.
-QByteArrayView nameOf(QByteArrayView tag)
-{
-    const auto *end = std::find_if(tag.begin(), tag.end(), [](char character) {
-        return isBlank(character) || character == '/';
-    });
-    return tag.first(end - tag.begin());
-}
-
-/// The value of an attribute as it stands. A quote may be missing.
-QByteArrayView attributeOf(QByteArrayView tag, QByteArrayView wanted)
-{
-    const qsizetype size = tag.size();
-    qsizetype at = nameOf(tag).size();
-    const auto skipBlanks = [&] {
-        while (at < size && isBlank(tag[at])) {
-            ++at;
-        }
-    };
-    while (at < size) {
-        skipBlanks();
-        const qsizetype nameBegin = at;
-        while (at < size && tag[at] != '=' && !isBlank(tag[at])) {
-            ++at;
-        }
-        const QByteArrayView name = tag.sliced(nameBegin, at - nameBegin);
-        skipBlanks();
-        if (at == size || tag[at] != '=') {
-            continue;
-        }
-        ++at;
-        skipBlanks();
-        const bool quoted = at < size && (tag[at] == '"' || tag[at] == '\'');
-        const char quote = quoted ? tag[at++] : ' ';
-        const qsizetype begin = at;
-        while (at < size && (quoted ? tag[at] != quote : !isBlank(tag[at]))) {
-            ++at;
-        }
-        if (name == wanted) {
-            return tag.sliced(begin, at - begin);
-        }
-        at += quoted ? 1 : 0;
-    }
-    return {};
-}
-
-/// Other children of a channel or a programme: their tags end an open text. What is none of these
-/// is taken for markup inside a text.
-bool isOtherChild(QByteArrayView name)
-{
-    static constexpr std::array children{
-        "sub-title",   "credits", "date",  "category",         "keyword",  "language",
-        "length",      "icon",    "url",   "country",          "video",    "orig-language",
-        "episode-num", "audio",   "new",   "previously-shown", "premiere", "last-chance",
-        "subtitles",   "rating",  "image", "star-rating",      "review",
-    };
-    return std::any_of(children.begin(), children.end(),
-                       [name](const char *child) { return name == QByteArrayView(child); });
-}
 
 } // namespace
 
@@ -237,7 +166,7 @@ qsizetype XmltvScanner::endOfMarkup(qsizetype from, int &delimiter, bool &valid)
         }
     }
     const char second = ahead[1];
-    valid = second == '/' || second == '!' || isNameStart(second);
+    valid = second == '/' || second == '!' || XmltvTag::isNameStart(second);
     char quote = 0;
     qsizetype end = 1;
     for (; valid && end < ahead.size() && ahead[end] != '<'; ++end) {
@@ -283,11 +212,11 @@ void XmltvScanner::takeDelimited(int delimiter, QByteArrayView content)
 /// Notes the encoding of a document's texts. What marks itself as UTF-16 is decoded already.
 void XmltvScanner::takeDeclaration(QByteArrayView declaration)
 {
-    if (nameOf(declaration) != "xml" || fromUtf16) {
+    if (XmltvTag::nameOf(declaration) != "xml" || fromUtf16) {
         return;
     }
     fromDeclared.reset();
-    const QByteArray name = attributeOf(declaration, "encoding").toByteArray();
+    const QByteArray name = XmltvTag::attributeOf(declaration, "encoding").toByteArray();
     const auto known = QStringConverter::encodingForName(name.constData());
     // The markup is read as bytes, so that the name of another form of Unicode must be wrong.
     if (known == QStringConverter::Latin1) {
@@ -303,11 +232,11 @@ void XmltvScanner::takeDeclaration(QByteArrayView declaration)
 void XmltvScanner::takeTag(QByteArrayView tag)
 {
     if (!tag.isEmpty() && tag.front() == '/') {
-        endTag(nameOf(tag.sliced(1)));
+        endTag(XmltvTag::nameOf(tag.sliced(1)));
         return;
     }
     const bool isEmptyElement = tag.endsWith('/');
-    const QByteArrayView name = nameOf(tag);
+    const QByteArrayView name = XmltvTag::nameOf(tag);
     beginTag(name, isEmptyElement ? tag.chopped(1) : tag);
     if (isEmptyElement) {
         endTag(name);
@@ -330,7 +259,7 @@ void XmltvScanner::beginTag(QByteArrayView name, QByteArrayView tag)
         beginField(Field::Description, tag);
     } else if (element == Element::Channel && name == "display-name") {
         beginField(Field::Name, tag);
-    } else if (isOtherChild(name)) {
+    } else if (XmltvTag::isOtherChild(name)) {
         endField();
     }
 }
@@ -342,7 +271,8 @@ void XmltvScanner::endTag(QByteArrayView name)
     } else if (name.compare("tv", Qt::CaseInsensitive) == 0) {
         endElement();
         rootClosed = rootSeen;
-    } else if (name == "title" || name == "desc" || name == "display-name" || isOtherChild(name)) {
+    } else if (name == "title" || name == "desc" || name == "display-name" ||
+               XmltvTag::isOtherChild(name)) {
         endField();
     }
 }
@@ -354,7 +284,7 @@ void XmltvScanner::beginChannel(QByteArrayView tag)
     endElement();
     rootClosed = false;
     openChannel = {};
-    openChannel.id = decoded(attributeOf(tag, "id")).simplified();
+    openChannel.id = decoded(XmltvTag::attributeOf(tag, "id")).simplified();
     if (openChannel.id.isEmpty()) {
         ++dropped;
         return;
@@ -368,14 +298,14 @@ void XmltvScanner::beginProgramme(QByteArrayView tag)
     endElement();
     rootClosed = false;
     openProgramme = {};
-    openProgramme.channel = decoded(attributeOf(tag, "channel")).simplified();
-    const std::optional<qint64> start = timeOf(attributeOf(tag, "start"));
+    openProgramme.channel = decoded(XmltvTag::attributeOf(tag, "channel")).simplified();
+    const std::optional<qint64> start = timeOf(XmltvTag::attributeOf(tag, "start"));
     if (openProgramme.channel.isEmpty() || !start) {
         ++dropped;
         return;
     }
     openProgramme.start = *start;
-    const qint64 stop = timeOf(attributeOf(tag, "stop")).value_or(0);
+    const qint64 stop = timeOf(XmltvTag::attributeOf(tag, "stop")).value_or(0);
     openProgramme.stop = stop > *start ? stop : 0;
     if (!handler.wantsProgramme(openProgramme.channel, *start)) {
         return;
@@ -391,7 +321,7 @@ void XmltvScanner::beginField(Field which, QByteArrayView tag)
     endField();
     field = which;
     fieldPreferred = !preferredLanguage.isEmpty() &&
-                     decoded(attributeOf(tag, "lang")).startsWith(preferredLanguage);
+                     decoded(XmltvTag::attributeOf(tag, "lang")).startsWith(preferredLanguage);
 }
 
 void XmltvScanner::addText(QByteArrayView bytes)

@@ -26,6 +26,7 @@ class PlayerPanel;
 class ReminderKeeper;
 class ResumeKeeper;
 class ScheduleDialog;
+class ServerZones;
 class SourceBar;
 class SourceGuide;
 class SourceManager;
@@ -224,6 +225,7 @@ private:
     void playGuideChannel(const MediaItem &channel);
     /// The schedule of an entry of the active source.
     void showSchedule(const MediaItem &channel);
+    void askAccountForSchedule(const MediaItem &channel, ScheduleDialog *dialog);
     void openProgramme(const MediaItem &channel, const GuideProgramme &programme);
     void createCatchUp();
     void playFromArchive(const MediaItem &channel, const CatchUpRules &archive,
@@ -259,6 +261,7 @@ private:
     MediaItem playingChannel;          ///< what startPlaying() played last
 
     // ---- MainWindowSchedule.cpp ----
+    ServerZones *serverZones = nullptr;
     CatchUpPlayer *catchUp = nullptr;
     MediaItem archiveChannel; ///< what `catchUp` was told to play
     ReminderKeeper *reminders = nullptr;

@@ -1,5 +1,6 @@
 #include "guide/CatchUp.h"
 #include "guide/Guide.h"
+#include "guide/GuideClient.h"
 #include "guide/ServerZones.h"
 #include "library/Library.h"
 #include "providers/CatalogLoader.h"
@@ -60,6 +61,8 @@ void MainWindow::showSchedule(const MediaItem &channel)
     auto *dialog = new ScheduleDialog(currentSource.name, channel, sourceGuide->guide(), this);
     scheduleDialog = dialog;
     dialog->setReminders(reminders->startsOf(entry));
+    connect(dialog, &ScheduleDialog::nothingKnown, this,
+            [this, channel, dialog] { askAccountForSchedule(channel, dialog); });
     connect(dialog, &ScheduleDialog::playRequested, this,
             [this, channel] { playGuideChannel(channel); });
     connect(dialog, &ScheduleDialog::archiveRequested, this,
@@ -75,6 +78,32 @@ void MainWindow::showSchedule(const MediaItem &channel)
         }
     });
     dialog->show();
+}
+
+/// Of a channel that the guide does not know, an account may tell the schedule.
+void MainWindow::askAccountForSchedule(const MediaItem &channel, ScheduleDialog *dialog)
+{
+    if (!SourceType::isAccount(currentSource.type) || catalogLoader->accountClient() == nullptr) {
+        return;
+    }
+    const XtreamAccount account = catalogLoader->accountClient()->account();
+    const QPointer<ScheduleDialog> shown(dialog);
+    serverZones->find(account, [account, channel, shown](const QTimeZone &zone) {
+        if (!shown) {
+            return;
+        }
+        auto *client = new GuideClient(account, zone, shown);
+        client->fetchFull(channel.id, [shown, client](const GuideClient::Schedule &schedule) {
+            client->deleteLater();
+            QList<GuideProgramme> programmes;
+            for (const ScheduledProgramme &one : schedule.value_or(QList<ScheduledProgramme>())) {
+                programmes.append({one.start, one.stop, one.title, one.description});
+            }
+            if (!programmes.isEmpty()) {
+                shown->setProgrammes(programmes);
+            }
+        });
+    });
 }
 
 /// A programme of the grid that does not run now: from the archive where that holds it, otherwise
@@ -100,7 +129,8 @@ void MainWindow::openProgramme(const MediaItem &channel, const GuideProgramme &p
 
 void MainWindow::createCatchUp()
 {
-    catchUp = new CatchUpPlayer(session, new ServerZones(this), this);
+    serverZones = new ServerZones(this);
+    catchUp = new CatchUpPlayer(session, serverZones, this);
     connect(catchUp, &CatchUpPlayer::aboutToPlay, this, [this](const ArchiveChannel &channel) {
         // The channel counts as watched; a recording keeps no place.
         playingChannel = archiveChannel;

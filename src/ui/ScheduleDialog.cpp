@@ -156,14 +156,18 @@ void ScheduleDialog::fetch()
         {id}, from, now + daysAhead * secondsOfDay,
         [self = QPointer<ScheduleDialog>(this), id](const QHash<QString, GuideSchedule> &found) {
             if (ScheduleDialog *dialog = self.data(); dialog != nullptr) {
-                dialog->takeSchedule(found.value(id));
+                dialog->entry = found.value(id).entry;
+                dialog->setProgrammes(found.value(id).programmes);
+                if (found.value(id).programmes.isEmpty()) {
+                    Q_EMIT dialog->nothingKnown();
+                }
             }
         });
 }
 
-void ScheduleDialog::takeSchedule(const GuideSchedule &schedule)
+void ScheduleDialog::setProgrammes(const QList<GuideProgramme> &programmes)
 {
-    model.emplace(schedule, QTimeZone::systemTimeZone());
+    model.emplace(GuideSchedule{entry, programmes}, QTimeZone::systemTimeZone());
     update();
     if (startToShow) {
         const qint64 start = *startToShow;

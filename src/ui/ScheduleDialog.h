@@ -39,10 +39,14 @@ public:
 
     /// Makes the programme that starts then the current one, once the guide has answered.
     void showProgramme(qint64 start);
+    /// Shows these, after nothingKnown().
+    void setProgrammes(const QList<GuideProgramme> &programmes);
     /// The starts of the programmes that have a reminder, in seconds since the epoch.
     void setReminders(const QSet<qint64> &starts);
 
 Q_SIGNALS:
+    /// The guide has no programme of the channel.
+    void nothingKnown();
     /// The channel itself is to play.
     void playRequested();
     /// A programme is to play from the archive, from its beginning.
@@ -57,7 +61,6 @@ private:
     void buildLayout();
     void connectControls();
     void fetch();
-    void takeSchedule(const GuideSchedule &schedule);
     /// Brings days, rows and buttons up to date, and waits for the next change.
     void update();
     void fillDays(QDate chosen, QDate today);
@@ -77,6 +80,7 @@ private:
     std::optional<ScheduleModel> model; ///< none until the guide has answered
     QList<ScheduleRow> rows;            ///< those that show
     QSet<qint64> reminders;
+    GuideEntry entry; ///< as the guide has answered
     std::optional<qint64> startToShow;
     QTimer *timer; ///< runs until the next change
 

@@ -3,6 +3,7 @@
 #include "WindowFixture.h"
 #include "fakeprovider/CatalogGenerator.h"
 #include "fakeprovider/Gzip.h"
+#include "fakeprovider/XtreamProvider.h"
 #include "guide/Guide.h"
 #include "guide/StoredGuide.h"
 #include "library/Library.h"
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void nothingInTheMenuUnlessTurnedOn();
     void anotherChannelOfTheGuide();
     void theGuideIsBesideTheSearch();
+    void scheduleFromTheAccount();
     void reminderOfAnotherSource();
     void whileALargeGuideComes();
 
@@ -190,6 +192,33 @@ void tst_MainWindowGuide::theGuideIsBesideTheSearch()
     QVERIFY(!guideButton.isVisible());
     QVERIFY(!guideView.isVisible());
     QVERIFY(table().isVisible());
+}
+
+void tst_MainWindowGuide::scheduleFromTheAccount()
+{
+    XtreamProvider provider;
+    XtreamEntry entry;
+    entry.name = u"One"_s;
+    entry.id = 1;
+    entry.guideId = u"one"_s;
+    provider.add(XtreamAction::liveStreams, entry);
+    SourceConfig account = defaultSourceConfig();
+    account.type = SourceType::Xtream;
+    account.name = u"A"_s;
+    account.url = provider.url();
+    account.username = provider.user();
+    account.password = provider.password();
+    store(account);
+    open();
+    QTRY_COMPARE(rows(u"liveTable"_s), QStringList{u"One"_s});
+    window().selectLiveCategory(find<QListWidget>(u"liveCategoryList"_s).item(0));
+    turnOn({}); // no guide: the account is asked for the channel alone
+    QCOMPARE(provider.requestCount(XtreamAction::fullSchedule), 0);
+    QVERIFY(RowMenus::choose(RowMenus::openByMouse(find<QTableWidget>(u"liveTable"_s), 0),
+                             u"Schedule"_s));
+    QTRY_VERIFY(find<QListWidget>(u"scheduleList"_s).count() > 5);
+    QCOMPARE(provider.requestCount(XtreamAction::fullSchedule), 1);
+    QCOMPARE(provider.http().requestCount(u"/xmltv.php"_s), 0);
 }
 
 void tst_MainWindowGuide::reminderOfAnotherSource()
