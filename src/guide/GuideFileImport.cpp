@@ -27,11 +27,6 @@ constexpr qint64 usualArchiveSeconds = 7 * day;
 /// What runs now may have begun long ago, and an offset moves all times by as much.
 constexpr qint64 marginSeconds = day;
 
-QString notNull(const QString &text)
-{
-    return text.isNull() ? QString(""_L1) : text;
-}
-
 } // namespace
 
 GuideFileImport::GuideFileImport(GuideStore &guideStore, GuideMatching &guideMatching,
@@ -119,7 +114,8 @@ void GuideFileImport::channel(const XmltvChannel &channel)
     } else if (numbers.value(channel.id) >= matchedBefore) {
         // Its programmes came first.
         good = good && store.run(u"UPDATE channel SET names = ? WHERE number = ?"_s,
-                                 {notNull(channel.names.join(u'\n')), numbers.value(channel.id)});
+                                 {GuideStore::notNull(channel.names.join(u'\n')),
+                                  numbers.value(channel.id)});
     }
 }
 
@@ -133,7 +129,7 @@ qint64 GuideFileImport::numberOf(const QString &id, const QString &names)
     numbers.insert(id, number);
     good =
         good && store.run(u"INSERT INTO channel (number, guide, id, names) VALUES (?, ?, ?, ?)"_s,
-                          {number, options.guide, id, notNull(names)});
+                          {number, options.guide, id, GuideStore::notNull(names)});
     return number;
 }
 
@@ -190,8 +186,8 @@ void GuideFileImport::flush()
     QSqlQuery insert = store.prepared(
         u"INSERT OR REPLACE INTO programme (key, stop, title, description) VALUES (?, ?, ?, ?)"_s);
     for (const Row &row : batch) {
-        good = good &&
-               store.run(insert, {row.key, row.stop, notNull(row.title), notNull(row.description)});
+        good = good && store.run(insert, {row.key, row.stop, GuideStore::notNull(row.title),
+                                          GuideStore::notNull(row.description)});
     }
     batch.clear();
     batchTexts = 0;

@@ -23,11 +23,6 @@ QString checksumOf(const QString &address)
         QCryptographicHash::hash(address.toUtf8(), QCryptographicHash::Sha256).toHex());
 }
 
-QString notNull(const QString &text)
-{
-    return text.isNull() ? QString(""_L1) : text;
-}
-
 template <typename Value>
 QVariant orNull(const std::optional<Value> &value)
 {
@@ -37,11 +32,13 @@ QVariant orNull(const std::optional<Value> &value)
 bool insertEntry(GuideStore &store, QSqlQuery &insert, const GuideSourceEntry &entry)
 {
     const CatchUpRules &rules = entry.attributes.catchUp;
-    return store.run(insert,
-                     {notNull(entry.id), notNull(entry.name), notNull(entry.attributes.guideId),
-                      notNull(entry.attributes.guideName), entry.attributes.shift.value_or(0),
-                      rules.form ? QVariant(static_cast<int>(*rules.form)) : QVariant(),
-                      notNull(rules.source), orNull(rules.days), orNull(rules.correction)});
+    return store.run(insert, {GuideStore::notNull(entry.id), GuideStore::notNull(entry.name),
+                              GuideStore::notNull(entry.attributes.guideId),
+                              GuideStore::notNull(entry.attributes.guideName),
+                              entry.attributes.shift.value_or(0),
+                              rules.form ? QVariant(static_cast<int>(*rules.form)) : QVariant(),
+                              GuideStore::notNull(rules.source), orNull(rules.days),
+                              orNull(rules.correction)});
 }
 
 /// One number of the first row.

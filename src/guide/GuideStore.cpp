@@ -231,6 +231,5 @@ QString GuideStore::state(const QString &name)
 
 bool GuideStore::setState(const QString &name, const QString &text)
 {
-    return run(u"INSERT OR REPLACE INTO state (name, text) VALUES (?, ?)"_s,
-               {name, text.isNull() ? QString(""_L1) : text});
+    return run(u"INSERT OR REPLACE INTO state (name, text) VALUES (?, ?)"_s, {name, notNull(text)});
 }

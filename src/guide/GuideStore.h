@@ -57,6 +57,11 @@ public:
     /// Moves what was written into the file itself, so that it does not stay twice on the disk.
     void settle();
 
+    /// The text, which SQLite is not to take for a missing value when it is null.
+    static QString notNull(const QString &text)
+    {
+        return text.isNull() ? QStringLiteral("") : text;
+    }
     QString state(const QString &name);
     bool setState(const QString &name, const QString &text);
 

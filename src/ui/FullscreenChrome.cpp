@@ -7,6 +7,8 @@
 #include <QEvent>
 #include <QTimer>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -65,10 +67,10 @@ void FullscreenChrome::leave()
 void FullscreenChrome::moveRowsHere()
 {
     panel->setMargin(0);
-    // Measured with all rows: a film may start in fullscreen.
+    // Measured with all rows that are used: a film may start in fullscreen.
     for (QWidget *row : panel->rows()) {
         fullscreenChromeLayout->addWidget(row);
-        row->show();
+        row->setVisible(panel->isUsed(row));
     }
     fullscreenChromeHeight = sizeHint().height();
     repositionFullscreenChrome();
@@ -92,6 +94,8 @@ void FullscreenChrome::followRows(bool shown)
         hide();
         return;
     }
+    // The line of what runs may have come meanwhile.
+    fullscreenChromeHeight = std::max(fullscreenChromeHeight, sizeHint().height());
     repositionFullscreenChrome();
     show();
     raise();

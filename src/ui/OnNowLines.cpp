@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 minuteMs = 60'000;
-/// What was seen before is kept for a while: users scroll back.
-constexpr qsizetype mostKnown = 2000;
 constexpr qsizetype longestDescription = 600;
 
 QString toolTipPart(const QString &heading, const GuideProgramme &programme)
@@ -43,10 +41,8 @@ OnNowLines::OnNowLines(Guide *openGuide, QObject *parent)
     minute.setObjectName(u"minuteTimer"_s);
     minute.setSingleShot(true);
     connect(&minute, &QTimer::timeout, this, &OnNowLines::beginMinute);
-    connect(guide, &Guide::changed, this, [this] {
-        known.clear();
-        beginMinute();
-    });
+    // What was known stays until the answer replaces it, so that the lines do not flicker.
+    connect(guide, &Guide::changed, this, &OnNowLines::beginMinute);
 }
 
 void OnNowLines::setVisible(const QStringList &entryIds)
@@ -82,17 +78,20 @@ void OnNowLines::fetch(const QStringList &entryIds)
     }
     asked.unite({entryIds.cbegin(), entryIds.cend()});
     guide->fetchOnNow(entryIds, QDateTime::currentSecsSinceEpoch(),
-                      [this](const QHash<QString, OnNow> &answer) {
+                      [this, entryIds](const QHash<QString, OnNow> &answer) {
+                          for (const QString &id : entryIds) {
+                              known.remove(id);
+                          }
                           known.insert(answer);
                           Q_EMIT changed();
                       });
 }
 
-/// Asks again for what is visible, and forgets the rest when it is much.
+/// Asks again for what is visible, and forgets the rest.
 void OnNowLines::beginMinute()
 {
     asked.clear();
-    if (known.size() > mostKnown) {
+    if (known.size() > visible.size()) {
         QHash<QString, OnNow> kept;
         for (const QString &id : std::as_const(visible)) {
             if (const auto found = find(id)) {

@@ -302,6 +302,11 @@ QList<QWidget *> PlayerPanel::rows() const
     return {nowPlayingLabel, onNowLabel, seekRow, controlsRow};
 }
 
+bool PlayerPanel::isUsed(const QWidget *row) const
+{
+    return row != onNowLabel || !onNowLabel->text().isEmpty();
+}
+
 void PlayerPanel::showOnNow(const QString &text)
 {
     if (text != onNowLabel->text()) {
@@ -332,7 +337,7 @@ void PlayerPanel::updatePlayerChrome()
         endSeekHold();
     }
     nowPlayingLabel->setVisible(shown);
-    onNowLabel->setVisible(shown && !onNowLabel->text().isEmpty());
+    onNowLabel->setVisible(shown && isUsed(onNowLabel));
     setRowVisible(seekRow, seekRowShown);
     setRowVisible(controlsRow, shown);
     Q_EMIT rowsUpdated(shown);

@@ -35,6 +35,8 @@ public:
     QWidget *surface() const { return videoSurface; }
     /// The rows below the surface, from top to bottom.
     QList<QWidget *> rows() const;
+    /// Whether a row can show: the line of what runs only while it tells something.
+    bool isUsed(const QWidget *row) const;
     /// Puts the rows back below the surface.
     void takeRowsBack();
     /// The space around the panel's contents, in pixels.

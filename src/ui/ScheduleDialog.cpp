@@ -156,18 +156,35 @@ void ScheduleDialog::fetch()
         {id}, from, now + daysAhead * secondsOfDay,
         [self = QPointer<ScheduleDialog>(this), id](const QHash<QString, GuideSchedule> &found) {
             if (ScheduleDialog *dialog = self.data(); dialog != nullptr) {
-                dialog->entry = found.value(id).entry;
-                dialog->setProgrammes(found.value(id).programmes);
-                if (found.value(id).programmes.isEmpty()) {
-                    Q_EMIT dialog->nothingKnown();
-                }
+                dialog->takeAnswer(found.value(id));
             }
         });
 }
 
+void ScheduleDialog::takeAnswer(const GuideSchedule &answer)
+{
+    schedule.entry = answer.entry;
+    if (answer.programmes.isEmpty() && !schedule.programmes.isEmpty()) {
+        // What setProgrammes() has told is all that is known.
+        showSchedule();
+        return;
+    }
+    schedule.programmes = answer.programmes;
+    showSchedule();
+    if (schedule.programmes.isEmpty() && !std::exchange(toldThatNothingIsKnown, true)) {
+        Q_EMIT nothingKnown();
+    }
+}
+
 void ScheduleDialog::setProgrammes(const QList<GuideProgramme> &programmes)
 {
-    model.emplace(GuideSchedule{entry, programmes}, QTimeZone::systemTimeZone());
+    schedule.programmes = programmes;
+    showSchedule();
+}
+
+void ScheduleDialog::showSchedule()
+{
+    model.emplace(schedule, QTimeZone::systemTimeZone());
     update();
     if (startToShow) {
         const qint64 start = *startToShow;

@@ -45,7 +45,7 @@ public:
     void setReminders(const QSet<qint64> &starts);
 
 Q_SIGNALS:
-    /// The guide has no programme of the channel.
+    /// The guide has no programme of the channel. Comes once.
     void nothingKnown();
     /// The channel itself is to play.
     void playRequested();
@@ -61,6 +61,8 @@ private:
     void buildLayout();
     void connectControls();
     void fetch();
+    void takeAnswer(const GuideSchedule &answer);
+    void showSchedule();
     /// Brings days, rows and buttons up to date, and waits for the next change.
     void update();
     void fillDays(QDate chosen, QDate today);
@@ -80,7 +82,8 @@ private:
     std::optional<ScheduleModel> model; ///< none until the guide has answered
     QList<ScheduleRow> rows;            ///< those that show
     QSet<qint64> reminders;
-    GuideEntry entry; ///< as the guide has answered
+    GuideSchedule schedule; ///< what is known
+    bool toldThatNothingIsKnown = false;
     std::optional<qint64> startToShow;
     QTimer *timer; ///< runs until the next change
 

@@ -265,8 +265,8 @@ void tst_ResumeKeeper::offersThePlaceThatWasKept()
     QCOMPARE(viewer->offeredMs, 0);
     viewer->play(movie(u"1"_s));
     QCOMPARE(viewer->offeredMs, 40 * second);
-    QVERIFY(viewer->offerTimer.remainingTime() > 14000);
-    QVERIFY(viewer->offerTimer.remainingTime() <= 15000);
+    QVERIFY(viewer->offerTimer.isActive());
+    QCOMPARE(viewer->offerTimer.interval(), 15000);
 }
 
 void tst_ResumeKeeper::withdrawsTheOffer_data()
