@@ -26,7 +26,7 @@ const QStringList &titles()
                                   u"Under Sail"_s,         u"The Evening Round"_s,
                                   u"Night Ferry"_s,        u"Wild Coast"_s,
                                   u"Match of the Day"_s,   u"Gespräche am Kai"_s,
-                                  u"Lighthouse: Part 1"_s, u"Signals & Stars"_s,
+                                  u"Lighthouse Keepers"_s, u"Signals & Stars"_s,
                                   u"Letters from Home"_s,  u"The Long Road"_s,
                                   u"Music at Ten"_s};
     return list;

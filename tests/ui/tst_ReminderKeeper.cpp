@@ -241,12 +241,13 @@ void tst_ReminderKeeper::looksAtTheClock()
     QFETCH(const qint64, from);
     QFETCH(const int, longestMs);
     QFETCH(const int, shortestMs);
-    QTest::qWait(0);
+    QCoreApplication::processEvents(); // its first look, which comes later than its start
     QVERIFY(!program->timer.isActive());
     program->remind(u"Film"_s, from, from + minute);
     QVERIFY(program->timer.isActive());
-    QVERIFY(program->timer.remainingTime() <= longestMs);
-    QVERIFY(program->timer.remainingTime() >= shortestMs);
+    // Not the remaining time: that of a coarse timer may be longer.
+    QVERIFY(program->timer.interval() <= longestMs);
+    QVERIFY(program->timer.interval() >= shortestMs);
     program->library.clear({LibraryPart::Reminders});
     QVERIFY(!program->timer.isActive());
 }
