@@ -199,6 +199,12 @@ bool VlcPlayer::isPlaying() const
     return player != nullptr && libvlc_media_player_is_playing(player) != 0;
 }
 
+bool VlcPlayer::hasPicture() const
+{
+    libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
+    return player != nullptr && libvlc_media_player_has_vout(player) > 0;
+}
+
 void VlcPlayer::setVolume(int percent)
 {
     mediaPlayer->setVolume(percent);

@@ -56,6 +56,8 @@ public:
     /// Does nothing and emits nothing while the stream is opening.
     void togglePause();
     bool isPlaying() const;
+    /// Whether libVLC shows a picture. Some streams have none; others show it after a moment.
+    bool hasPicture() const;
 
     /// In percent, without limits.
     void setVolume(int percent);
