@@ -168,7 +168,7 @@ void tst_GuideGrid::keys_data()
     row("a page down", {Qt::Key_PageDown}, u"Three -"_s);
     row("a page up", {Qt::Key_PageDown, Qt::Key_PageUp}, u"One Running"_s);
     row("the next day", {dayOn}, u"One Match"_s);
-    row("the day before", {dayOn, dayBack}, u"One Running"_s);
+    row("the day before", {dayBack}, u"One -"_s);
     row("to now", {dayOn, Qt::Key_Down, Qt::Key_Home}, u"Two Film"_s);
     row("from right to left, the next one", {Qt::Key_Left}, u"One Later"_s, Qt::RightToLeft);
     row("from right to left, the one before", {Qt::Key_Right}, u"One Old"_s, Qt::RightToLeft);
@@ -216,30 +216,37 @@ void tst_GuideGrid::clicks()
 
 void tst_GuideGrid::activating_data()
 {
-    QTest::addColumn<Keys>("keys");
-    QTest::addColumn<QString>("entry");
+    QTest::addColumn<Keys>("way");
+    QTest::addColumn<QString>("chosen");
+    QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<QString>("programme");
     const QString none;
-    QTest::newRow("what runs now") << Keys{Qt::Key_Return} << u"One"_s << none;
-    QTest::newRow("by the other key") << Keys{Qt::Key_Enter} << u"One"_s << none;
+    QTest::newRow("what runs now") << Keys{} << u"One Running"_s << Qt::Key_Return << none;
+    QTest::newRow("by the other key") << Keys{} << u"One Running"_s << Qt::Key_Enter << none;
     QTest::newRow("what is to come")
-        << Keys{Qt::Key_Right, Qt::Key_Return} << u"One"_s << u"Later"_s;
-    QTest::newRow("what is over") << Keys{Qt::Key_Left, Qt::Key_Return} << u"One"_s << u"Old"_s;
+        << Keys{Qt::Key_Right} << u"One Later"_s << Qt::Key_Return << u"Later"_s;
+    QTest::newRow("what is over") << Keys{Qt::Key_Left} << u"One Old"_s << Qt::Key_Return
+                                  << u"Old"_s;
     QTest::newRow("a channel without a guide")
-        << Keys{Qt::Key_PageDown, Qt::Key_Return} << u"Three"_s << none;
+        << Keys{Qt::Key_PageDown} << u"Three -"_s << Qt::Key_Return << none;
 }
 
 void tst_GuideGrid::activating()
 {
-    QFETCH(Keys, keys);
+    QFETCH(Keys, way);
+    QFETCH(QString, chosen);
+    QFETCH(Qt::Key, key);
     QFETCH(QString, programme);
     QSignalSpy entries(grid.get(), &GuideGrid::activated);
     QSignalSpy others(grid.get(), &GuideGrid::programmeActivated);
-    for (const QKeyCombination &key : keys)
-        QTest::keyClick(grid.get(), key.key());
+    for (const QKeyCombination &step : way)
+        QTest::keyClick(grid.get(), step.key());
+    // Hours that have come into view are asked for.
+    QTRY_COMPARE(current(), chosen);
+    QTest::keyClick(grid.get(), key);
     QCOMPARE(entries.count() + others.count(), 1);
     const QList<QVariant> signal = others.isEmpty() ? entries.first() : others.first();
-    QTEST(signal.at(0).value<MediaItem>().name.toString(), "entry");
+    QCOMPARE(signal.at(0).value<MediaItem>().name.toString(), chosen.section(u' ', 0, 0));
     QCOMPARE(signal.size() > 1 ? signal.at(1).value<GuideProgramme>().title : QString(), programme);
 
     // A double click does the same, and on a name it is the channel.
@@ -339,10 +346,9 @@ void tst_GuideGrid::whatIsCurrentIsSpoken()
     QCOMPARE(grid->accessibleName(), u"Programme guide"_s);
     QSignalSpy changes(grid.get(), &GuideGrid::currentChanged);
     QTest::keyClick(grid.get(), Qt::Key_Left);
-    QCOMPARE(changes.count(), 1);
-    const QString spoken = grid->accessibleDescription();
-    QVERIFY2(spoken.startsWith("One, Old, "_L1) && spoken.endsWith(", in the archive"_L1),
-             qPrintable(spoken));
+    QVERIFY(!changes.isEmpty());
+    QTRY_VERIFY(grid->accessibleDescription().startsWith("One, Old, "_L1));
+    QVERIFY(grid->accessibleDescription().endsWith(", in the archive"_L1));
     QVERIFY(grid->isCurrentInArchive());
     QTest::keyClick(grid.get(), Qt::Key_Home);
     QTest::keyClick(grid.get(), Qt::Key_Down);
