@@ -224,12 +224,24 @@ void XtreamClient::fetchSeriesEpisodes(const QString &seriesId, EpisodesCallback
 
 QString XtreamClient::liveStreamUrl(const QString &streamId, const QString &extension) const
 {
-    return streamUrl(account(), "live"_L1, streamId, extension);
+    return liveStreamUrl(account(), streamId, extension);
+}
+
+QString XtreamClient::liveStreamUrl(const XtreamAccount &account, const QString &streamId,
+                                    const QString &extension)
+{
+    return streamUrl(account, "live"_L1, streamId, extension);
 }
 
 QString XtreamClient::movieStreamUrl(const QString &streamId, const QString &extension) const
 {
-    return streamUrl(account(), "movie"_L1, streamId, extension);
+    return movieStreamUrl(account(), streamId, extension);
+}
+
+QString XtreamClient::movieStreamUrl(const XtreamAccount &account, const QString &streamId,
+                                     const QString &extension)
+{
+    return streamUrl(account, "movie"_L1, streamId, extension);
 }
 
 QString XtreamClient::episodeStreamUrl(const QString &streamId, const QString &extension) const

@@ -70,6 +70,10 @@ public:
     QString movieStreamUrl(const QString &streamId, const QString &extension) const;
     QString episodeStreamUrl(const QString &streamId, const QString &extension) const;
     /// The same for the given account.
+    static QString liveStreamUrl(const XtreamAccount &account, const QString &streamId,
+                                 const QString &extension);
+    static QString movieStreamUrl(const XtreamAccount &account, const QString &streamId,
+                                  const QString &extension);
     static QString episodeStreamUrl(const XtreamAccount &account, const QString &streamId,
                                     const QString &extension);
     /// @}

@@ -17,8 +17,8 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStackedWidget>
-#include <QThreadPool>
 
+#include <numeric>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -280,8 +280,7 @@ void BrowseTab::showEntries(const ShownEntries &entriesToShow)
         guideView->grid().setEntries(shown);
     }
     if (!previous.sharesListWith(shown)) {
-        // Freeing hundreds of thousands of entries takes longer than filling the view.
-        QThreadPool::globalInstance()->start([old = std::move(previous)] {});
+        freeInBackground(std::move(previous));
     }
     Q_EMIT refilled();
 }
@@ -298,6 +297,24 @@ void BrowseTab::activateRow(int row)
     } else {
         Q_EMIT activated(item);
     }
+}
+
+ShownEntries BrowseTab::entriesAround(const MediaItem &item, int &row) const
+{
+    row = currentRow();
+    if (row >= 0 && row < shown.count() && shown.at(row).id == item.id) {
+        return shown;
+    }
+    row = shown.rowOf(item.id);
+    if (row >= 0) {
+        return shown;
+    }
+    // It was not chosen from the rows that show.
+    QList<int> all(entries.items().size());
+    std::iota(all.begin(), all.end(), 0);
+    const ShownEntries whole(entries.items(), all);
+    row = whole.rowOf(item.id);
+    return row >= 0 ? whole : ShownEntries();
 }
 
 void BrowseTab::searchAllCategories(const QString &text)

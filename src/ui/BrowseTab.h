@@ -105,6 +105,11 @@ public:
     /// The first entry with this id, whether it shows or not.
     std::optional<MediaItem> entryOf(const QString &id) const;
 
+    /// The list that an entry was chosen from, and its row there: the rows that show, or all
+    /// entries of the tab where it is not among them. Empty, with the row -1, for no entry of the
+    /// tab.
+    ShownEntries entriesAround(const MediaItem &item, int &row) const;
+
     /// Shows the entries of that row's category. A null item changes nothing.
     void selectCategory(const QListWidgetItem *item);
     /// Computes again which entries show, and fills the view with them.

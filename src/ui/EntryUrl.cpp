@@ -13,25 +13,24 @@ QString orDefault(const QString &extension, const QString &fallback)
 
 } // namespace
 
-QString entryUrl(const MediaItem &item, const SourceConfig &source, const XtreamClient *client,
-                 const std::optional<XtreamAccount> &showAccount)
+QString entryUrl(const MediaItem &item, const EntryOrigin &origin)
 {
-    if (item.type == StreamKind::Live && !SourceType::isAccount(source.type)) {
+    if (item.type == StreamKind::Live && !SourceType::isAccount(origin.source.type)) {
         return item.streamUrl;
     }
-    if (client == nullptr) {
+    if (!origin.account) {
         return {};
     }
     const QString fileExtension = orDefault(item.containerExtension, u"mp4"_s);
     switch (item.type) {
     case StreamKind::Live:
-        return client->liveStreamUrl(item.id,
-                                     orDefault(source.liveExtension, defaultLiveExtension()));
+        return XtreamClient::liveStreamUrl(
+            *origin.account, item.id,
+            orDefault(origin.source.liveExtension, defaultLiveExtension()));
     case StreamKind::Movie:
-        return client->movieStreamUrl(item.id, fileExtension);
+        return XtreamClient::movieStreamUrl(*origin.account, item.id, fileExtension);
     case StreamKind::Episode:
-        return XtreamClient::episodeStreamUrl(showAccount.value_or(client->account()), item.id,
-                                              fileExtension);
+        return XtreamClient::episodeStreamUrl(*origin.account, item.id, fileExtension);
     default:
         return {};
     }

@@ -8,11 +8,15 @@
 
 #include <optional>
 
-class XtreamClient;
+/// What the stream of an entry is asked of.
+struct EntryOrigin
+{
+    SourceConfig source;
+    /// Of an account's entry; none before the account was loaded.
+    std::optional<XtreamAccount> account;
+};
 
-/// The URL that plays `item`, an entry of `source`: a playlist entry's own URL, or one that is
-/// built for the account of `client`, which may be null. An episode is built for `showAccount` if
-/// there is one. Empty for what does not play: a show, an entry without a URL, an entry without an
-/// account.
-QString entryUrl(const MediaItem &item, const SourceConfig &source, const XtreamClient *client,
-                 const std::optional<XtreamAccount> &showAccount);
+/// The URL that plays `item`, an entry of that origin: a playlist entry's own URL, or one that is
+/// built for the account. Empty for what does not play: a show, an entry without a URL, an entry
+/// without an account.
+QString entryUrl(const MediaItem &item, const EntryOrigin &origin);

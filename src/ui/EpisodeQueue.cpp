@@ -31,6 +31,15 @@ bool EpisodeQueue::next()
     return true;
 }
 
+bool EpisodeQueue::previous()
+{
+    if (!hasPrevious()) {
+        return false;
+    }
+    --currentEpisodeIndex;
+    return true;
+}
+
 MediaItem EpisodeQueue::current() const
 {
     return mediaItemFromEpisode(episodePlaylist.at(currentEpisodeIndex), playingShow.name);

@@ -22,6 +22,9 @@ public:
     bool hasNext() const;
     /// Moves on to the next episode. False, with no change, when there is none.
     bool next();
+    bool hasPrevious() const { return currentEpisodeIndex > 0; }
+    /// Moves back to the episode before, likewise.
+    bool previous();
 
     /// The playable entry of the playing episode; only while a show plays.
     MediaItem current() const;

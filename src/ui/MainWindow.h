@@ -6,6 +6,7 @@
 #include "model/SourceConfig.h"
 #include "ui/EpisodeQueue.h"
 #include "ui/PlaybackErrorBox.h"
+#include "ui/PlayingList.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -180,9 +181,27 @@ private:
     void moveWhatPlays(const QString &from, const QString &to);
 
     // ---- MainWindowPlayer.cpp ----
-    /// As playMediaItem(); `entry` is the library's name for it.
-    void startPlaying(const MediaItem &item, const LibraryEntry &entry);
+    /// As playMediaItem(); `entry` is the library's name for it. False when nothing changes.
+    bool startPlaying(const MediaItem &item, const LibraryEntry &entry, const EntryOrigin &origin);
+    /// What the streams of the active source are asked of.
+    EntryOrigin currentOrigin() const;
     void setBrowsingVisible(bool visible);
+
+    // ---- MainWindowPicture.cpp: the list that plays, and what keys do with the picture ----
+    void createPlayingList();
+    std::optional<PlayingPlace> placeOf(CatalogSection section, const MediaItem &item) const;
+    /// Plays the entry at that place; nothing for none.
+    void playPlace(const std::optional<PlayingPlace> &place);
+    /// The next and the previous entry of the list, or episode of the show, that plays.
+    /// PlaybackSession::entryChanged() and PlayingList::changed() tell when there may be others.
+    /// @{
+    bool hasNextEntry() const;
+    bool hasPreviousEntry() const;
+    void playNextEntry();
+    void playPreviousEntry();
+    /// @}
+    void playLastChannel();
+    void playChannelNumber(int number);
 
     // ---- MainWindowLibrary.cpp: what the user keeps ----
     void createLibrary();
@@ -255,6 +274,10 @@ private:
     /// What plays, or played last; of an episode its show. Its source need not be the active one.
     LibraryEntry playingEntry;
 
+    // ---- MainWindowPicture.cpp ----
+    PlayingList *playingList = nullptr;
+    EntryOrigin playingOrigin; ///< of what startPlaying() played last
+
     // ---- MainWindowGuide.cpp ----
     SourceGuide *sourceGuide = nullptr;
     OnNowLines *playingLine = nullptr; ///< while the guide is on
@@ -263,7 +286,8 @@ private:
     // ---- MainWindowSchedule.cpp ----
     ServerZones *serverZones = nullptr;
     CatchUpPlayer *catchUp = nullptr;
-    MediaItem archiveChannel; ///< what `catchUp` was told to play
+    MediaItem archiveChannel;  ///< what `catchUp` was told to play
+    PlayingPlace archivePlace; ///< where it stands; without entries when it is in no list
     ReminderKeeper *reminders = nullptr;
     QPointer<ScheduleDialog> scheduleDialog;
     std::optional<Reminder> channelToWatch; ///< of a source whose catalog is not there yet

@@ -108,8 +108,14 @@ void MainWindow::playChannelRow(int row, int /*column*/)
 
 void MainWindow::playEntry(CatalogSection section, const MediaItem &item)
 {
-    episodeQueue.clear();
-    startPlaying(item, libraryEntry(currentSource.name, entryKind(section), item));
+    if (const std::optional<PlayingPlace> place = placeOf(section, item)) {
+        playPlace(place);
+    } else {
+        episodeQueue.clear();
+        startPlaying(item, libraryEntry(currentSource.name, entryKind(section), item),
+                     currentOrigin());
+        playingList->clear();
+    }
 }
 
 void MainWindow::openShow(const MediaItem &show)

@@ -100,6 +100,7 @@ void MainWindow::forgetLastSource()
     catalogLoader->reset();
     currentSource = defaultSourceConfig();
     session->stop();
+    playingList->clear();
     showLibraryOf({});
     sourceGuide->setSource(currentSource);
     emptyBrowseTabs();

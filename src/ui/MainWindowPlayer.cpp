@@ -2,6 +2,7 @@
 
 #include "player/VlcPlayer.h"
 #include "providers/CatalogLoader.h"
+#include "providers/XtreamClient.h"
 #include "ui/EntryUrl.h"
 #include "ui/FullscreenChrome.h"
 #include "ui/PlaybackSession.h"
@@ -20,6 +21,7 @@ void MainWindow::createPlayer()
     session = new PlaybackSession(player, this);
     playerPanel->setPlayback(player, session);
     createResumeKeeper();
+    createPlayingList();
     connect(session, &PlaybackSession::entryChanged, this, &MainWindow::updateNextEpisodeButton);
     connect(session, &PlaybackSession::failed, this, &MainWindow::onPlaybackError);
     connect(playerPanel, &PlayerPanel::nextEpisodeRequested, this, &MainWindow::playNextEpisode);
@@ -34,22 +36,32 @@ void MainWindow::createPlayer()
 
 void MainWindow::playMediaItem(const MediaItem &item)
 {
-    startPlaying(item, {});
+    if (startPlaying(item, {}, currentOrigin())) {
+        playingList->clear();
+    }
 }
 
-void MainWindow::startPlaying(const MediaItem &item, const LibraryEntry &entry)
+EntryOrigin MainWindow::currentOrigin() const
 {
-    const QString url =
-        entryUrl(item, currentSource, catalogLoader->accountClient(), episodeQueue.account());
+    const XtreamClient *client = catalogLoader->accountClient();
+    return {currentSource, client != nullptr ? std::optional(client->account()) : std::nullopt};
+}
+
+bool MainWindow::startPlaying(const MediaItem &item, const LibraryEntry &entry,
+                              const EntryOrigin &origin)
+{
+    const QString url = entryUrl(item, origin);
     if (url.isEmpty()) {
-        return;
+        return false;
     }
+    playingOrigin = origin;
     playingEntry = entry;
     playingChannel = item;
     channelToWatch.reset();
     resumeKeeper->follow(keptProgress(item, entry));
     session->play(item.type, url, item.name);
     playerPanel->setFocus(Qt::OtherFocusReason);
+    return true;
 }
 
 void MainWindow::setBrowsingVisible(bool visible)

@@ -132,5 +132,9 @@ void MainWindow::moveWhatPlays(const QString &from, const QString &to)
     if (playingEntry.source == from) {
         playingEntry.source = to;
     }
+    playingList->moveSource(from, to);
+    if (playingOrigin.source.name == from) {
+        playingOrigin.source.name = to;
+    }
     sourceGuide->moveSource(from, to);
 }

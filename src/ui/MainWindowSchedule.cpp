@@ -137,6 +137,11 @@ void MainWindow::createCatchUp()
         playingEntry = libraryEntry(channel.source, sourceGuide->kind(), archiveChannel);
         channelToWatch.reset();
         episodeQueue.clear();
+        if (archivePlace.entries.count() > 0) {
+            playingList->setPlaying(archivePlace);
+        } else {
+            playingList->clear();
+        }
         resumeKeeper->follow({});
     });
     connect(catchUp, &CatchUpPlayer::formWorked, this,
@@ -158,8 +163,7 @@ void MainWindow::playFromArchive(const MediaItem &channel, const CatchUpRules &a
     wanted.source = currentSource.name;
     wanted.name = channel.name;
     wanted.streamId = channel.id;
-    wanted.streamUrl =
-        entryUrl(channel, currentSource, catalogLoader->accountClient(), episodeQueue.account());
+    wanted.streamUrl = entryUrl(channel, currentOrigin());
     wanted.archive = archive;
     wanted.liveExtension = currentSource.liveExtension;
     if (SourceType::isAccount(currentSource.type) && catalogLoader->accountClient() != nullptr) {
@@ -169,6 +173,8 @@ void MainWindow::playFromArchive(const MediaItem &channel, const CatchUpRules &a
         wanted.workedForm = static_cast<AccountArchiveForm>(form);
     }
     archiveChannel = channel;
+    const auto section = static_cast<CatalogSection>(sourceGuide->kind());
+    archivePlace = placeOf(section, channel).value_or(PlayingPlace());
     catchUp->play(wanted, programme);
     playerPanel->setFocus(Qt::OtherFocusReason);
 }

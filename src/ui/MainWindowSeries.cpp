@@ -57,13 +57,15 @@ void MainWindow::playEpisode(int index)
 {
     episodeQueue.start(episodePage->currentShow(), episodePage->episodes(), episodePage->account(),
                        index);
-    startPlaying(episodeQueue.current(), episodeQueue.show());
+    startPlaying(episodeQueue.current(), episodeQueue.show(),
+                 {currentSource, episodeQueue.account()});
+    playingList->clear();
 }
 
 void MainWindow::playNextEpisode()
 {
     if (episodeQueue.next()) {
-        startPlaying(episodeQueue.current(), episodeQueue.show());
+        startPlaying(episodeQueue.current(), episodeQueue.show(), playingOrigin);
     }
 }
 

@@ -32,6 +32,7 @@ void MainWindow::createCatalogLoader(const QString &subscriptionBaseUrl)
                     followPlaylist(items.items());
                 }
                 browseTab(section).setItems(items);
+                playingList->follow(currentOrigin(), section, items.items());
                 watchWhenLoaded();
             });
     connect(catalogLoader, &CatalogLoader::failed, this, &MainWindow::reportLoadFailure);

@@ -1,4 +1,3 @@
-#include "providers/XtreamClient.h"
 #include "support/TestMain.h"
 #include "ui/EntryUrl.h"
 
@@ -28,14 +27,10 @@ class tst_EntryUrl : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { client.configure(u"http://tv.example"_s, u"u"_s, u"p"_s); }
     void url_data();
     void url();
     void anEpisodeIsPlayedFromItsShowsAccount();
     void onlyAPlaylistEntryPlaysWithoutAnAccount();
-
-private:
-    XtreamClient client{nullptr};
 };
 
 void tst_EntryUrl::url_data()
@@ -72,7 +67,8 @@ void tst_EntryUrl::url()
 {
     QFETCH(SourceConfig, source);
     QFETCH(MediaItem, item);
-    QTEST(entryUrl(item, source, &client, {}), "expected");
+    QTEST(entryUrl(item, {source, XtreamAccount{u"http://tv.example"_s, u"u"_s, u"p"_s}}),
+          "expected");
 }
 
 void tst_EntryUrl::anEpisodeIsPlayedFromItsShowsAccount()
@@ -80,18 +76,16 @@ void tst_EntryUrl::anEpisodeIsPlayedFromItsShowsAccount()
     const XtreamAccount account{u"http://other.example"_s, u"a"_s, u"b"_s};
     // Also when a playlist is the source by now.
     for (const qint32 type : {SourceType::Xtream, SourceType::Playlist}) {
-        QCOMPARE(entryUrl(entry(StreamKind::Episode), source(type), &client, account),
+        QCOMPARE(entryUrl(entry(StreamKind::Episode), {source(type), account}),
                  u"http://other.example/series/a/b/7.mp4"_s);
     }
-    QCOMPARE(entryUrl(entry(StreamKind::Movie), source(SourceType::Xtream), &client, account),
-             u"http://tv.example/movie/u/p/7.mp4"_s);
 }
 
 void tst_EntryUrl::onlyAPlaylistEntryPlaysWithoutAnAccount()
 {
-    QCOMPARE(entryUrl(entry(StreamKind::Live), {}, nullptr, {}), u"own:7"_s);
+    QCOMPARE(entryUrl(entry(StreamKind::Live), {}), u"own:7"_s);
     for (const qint32 kind : {StreamKind::Movie, StreamKind::Episode, StreamKind::Series}) {
-        QCOMPARE(entryUrl(entry(kind), {}, nullptr, {}), QString());
+        QCOMPARE(entryUrl(entry(kind), {}), QString());
     }
 }
 

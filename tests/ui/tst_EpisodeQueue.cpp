@@ -49,6 +49,8 @@ void tst_EpisodeQueue::withoutAShow()
     for (EpisodeQueue queue : {EpisodeQueue(), cleared}) {
         QVERIFY(!queue.hasNext());
         QVERIFY(!queue.next());
+        QVERIFY(!queue.hasPrevious());
+        QVERIFY(!queue.previous());
         QVERIFY(!queue.account());
     }
 }
@@ -96,6 +98,11 @@ void tst_EpisodeQueue::startsAtTheGivenEpisodeAndEndsAfterTheLast()
     QVERIFY(!queue.hasNext());
     QVERIFY(!queue.next());
     QCOMPARE(queue.current().name, u"Show - S01E02 - End"_s);
+    QVERIFY(queue.previous());
+    QVERIFY(queue.hasPrevious());
+    QVERIFY(queue.previous());
+    QVERIFY(!queue.previous());
+    QCOMPARE(queue.current().name, u"Show - S02E01 - Return"_s);
     QVERIFY(queue.account());
     QCOMPARE(queue.account()->server, account.server);
     QCOMPARE(queue.account()->username, account.username);
