@@ -20,6 +20,8 @@ constexpr int progressIntervalMs = 500;
 constexpr int pendingIntervalMs = 50;
 constexpr int stallSeconds = 15;
 static_assert(StallDetector::stallSamples * progressIntervalMs == stallSeconds * 1000);
+constexpr const char *stalledReason =
+    QT_TRANSLATE_NOOP("VlcPlayer", "The stream stopped advancing for %1 seconds.");
 /// A stream that ends this close to its length has ended normally.
 constexpr qint64 normalEndMs = 2000;
 /// Relative seeks keep this distance from the end.
@@ -271,8 +273,7 @@ void VlcPlayer::checkPlaybackProgress()
         Q_EMIT playbackProgressing();
         break;
     case StallDetector::Verdict::Stalled:
-        Q_EMIT playbackInterrupted(
-            tr("The stream stopped advancing for %1 seconds.").arg(stallSeconds));
+        Q_EMIT playbackInterrupted(QString::fromLatin1(stalledReason).arg(stallSeconds));
         break;
     case StallDetector::Verdict::Unknown:
         break;
@@ -282,7 +283,8 @@ void VlcPlayer::checkPlaybackProgress()
 void VlcPlayer::handleError(quint64 number)
 {
     if (number == streamNumber) {
-        Q_EMIT playbackInterrupted(tr("libVLC encountered an error while streaming."));
+        Q_EMIT playbackInterrupted(
+            QString::fromLatin1(QT_TR_NOOP("libVLC encountered an error while streaming.")));
     }
 }
 
@@ -292,7 +294,8 @@ void VlcPlayer::handleEnd(quint64 number)
         return;
     }
     if (isLive) {
-        Q_EMIT playbackInterrupted(tr("The live stream stopped sending data."));
+        Q_EMIT playbackInterrupted(
+            QString::fromLatin1(QT_TR_NOOP("The live stream stopped sending data.")));
         return;
     }
     const qint64 length = lengthMs();
@@ -300,7 +303,14 @@ void VlcPlayer::handleEnd(quint64 number)
         Q_EMIT finished();
         return;
     }
-    Q_EMIT playbackInterrupted(
-        tr("Reached the end of the stream (this can also happen if a seek landed somewhere the "
-           "stream couldn't resume from)."));
+    Q_EMIT playbackInterrupted(QString::fromLatin1(
+        QT_TR_NOOP("Reached the end of the stream (this can also happen if a seek landed somewhere "
+                   "the stream couldn't resume from).")));
+}
+
+QString VlcPlayer::shownReason(const QString &reason)
+{
+    return reason == QString::fromLatin1(stalledReason).arg(stallSeconds)
+               ? tr(stalledReason).arg(stallSeconds)
+               : tr(reason.toUtf8().constData());
 }

@@ -88,6 +88,8 @@ public:
     void setSubtitlesEnabled(bool enabled);
     /// Adds a local subtitle file to the playing stream and selects it.
     void loadSubtitleFile(const QString &path);
+    /// A reason of playbackInterrupted() in the user's language.
+    static QString shownReason(const QString &reason);
     /// A plain-text technical summary of the stream.
     QString mediaInfoText() const;
     /// @}
@@ -102,6 +104,7 @@ Q_SIGNALS:
     /// libVLC could not create the media or refused to play it.
     void playbackError(const QString &message);
     /// The current stream stalled, failed or ended too early. Never emitted for an earlier stream.
+    /// The reason is English, for traces; see shownReason().
     void playbackInterrupted(const QString &reason);
     /// The media time has advanced since the last check; about twice a second.
     void playbackProgressing();

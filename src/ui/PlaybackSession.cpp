@@ -116,5 +116,5 @@ void PlaybackSession::interrupt(const QString &reason)
         currentState = State::Interrupted;
     }
     Q_EMIT interrupted();
-    Q_EMIT failed(tr("Playback stopped: %1").arg(reason));
+    Q_EMIT failed(tr("Playback stopped: %1").arg(VlcPlayer::shownReason(reason)));
 }
