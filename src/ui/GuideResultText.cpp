@@ -11,6 +11,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -97,12 +98,14 @@ QString Texts::ofAddress(const GuideAddressResult &result)
         return problem(result);
     }
     const QString name = guideAddressName(result.address);
-    const QString number = shownNumber(result.programmes);
+    const int count =
+        static_cast<int>(std::min<qint64>(result.programmes, std::numeric_limits<int>::max()));
     return result.tookUnknownZones
-               ? tr("%1: %2 programmes. The time zone of some is not known; they may be shown at "
-                    "the wrong hour.")
-                     .arg(name, number)
-               : tr("%1: %2 programmes.").arg(name, number);
+               ? tr("%1: %Ln programmes. The time zone of some is not known; they may be shown at "
+                    "the wrong hour.",
+                    nullptr, count)
+                     .arg(name)
+               : tr("%1: %Ln programmes.", nullptr, count).arg(name);
 }
 
 } // namespace
