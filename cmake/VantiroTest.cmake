@@ -63,6 +63,8 @@ function(vantiro_add_test name)
         XDG_RUNTIME_DIR=${profile}/runtime
         ALSA_CONFIG_PATH=${PROJECT_SOURCE_DIR}/tests/support/alsa-null.conf
         LC_ALL=C.UTF-8
+        LANGUAGE=
+        VANTIRO_LANGUAGE=
         QT_QPA_PLATFORMTHEME=
         no_proxy=127.0.0.1,localhost
         ASAN_OPTIONS=detect_leaks=${leaks}:alloc_dealloc_mismatch=0

@@ -73,8 +73,8 @@ of a stream, and reconnects to live channels that drop out.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "vlc-plugin-base, vlc-plugin-video-output, libqt6sql6-sqlite, ca-certificates")
-# For posters in WebP.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-image-formats-plugins)
+# For posters in WebP, and for Qt's file dialogs in the user's language.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-image-formats-plugins, qt6-translations-l10n")
 
 if(VANTIRO_TEST_PACKAGE)
     add_subdirectory(${PROJECT_SOURCE_DIR}/tests/package ${PROJECT_BINARY_DIR}/tests/package)

@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "app/Language.h"
 #include "app/MallocArenas.h"
 #include "app/RegexpJit.h"
 #include "app/Theme.h"
@@ -88,6 +89,7 @@ int main(int argc, char **argv)
     if (CommandLine::asksForText(argc, argv)) {
         const QCoreApplication textOnly(argc, argv);
         nameApplication();
+        Language::apply();
         if (const auto status = CommandLine::process(textOnly)) {
             return *status;
         }
@@ -95,6 +97,7 @@ int main(int argc, char **argv)
     preferX11OverWayland();
     QApplication app(argc, argv);
     nameApplication();
+    Language::apply();
     if (const auto status = CommandLine::process(app)) {
         return *status;
     }
