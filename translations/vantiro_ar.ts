@@ -934,11 +934,11 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>&lt;&lt; 10s</source>
-        <translation>&lt;&lt; 10 ث</translation>
+        <translation>‎&lt;&lt; 10 ث</translation>
     </message>
     <message>
         <source>10s &gt;&gt;</source>
-        <translation>10 ث &gt;&gt;</translation>
+        <translation>‎10 ث &gt;&gt;</translation>
     </message>
     <message>
         <source>Position</source>
@@ -1263,6 +1263,13 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     <message>
         <source>Reminder Set</source>
         <translation>تم ضبط التذكير</translation>
+    </message>
+</context>
+<context>
+    <name>SleepInhibitor</name>
+    <message>
+        <source>Playing</source>
+        <translation>جارٍ التشغيل</translation>
     </message>
 </context>
 <context>

@@ -1258,6 +1258,13 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
 </context>
 <context>
+    <name>SleepInhibitor</name>
+    <message>
+        <source>Playing</source>
+        <translation>Wiedergabe läuft</translation>
+    </message>
+</context>
+<context>
     <name>SourceBar</name>
     <message>
         <source>More</source>

@@ -1258,6 +1258,13 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
 </context>
 <context>
+    <name>SleepInhibitor</name>
+    <message>
+        <source>Playing</source>
+        <translation>En reproducción</translation>
+    </message>
+</context>
+<context>
     <name>SourceBar</name>
     <message>
         <source>More</source>

@@ -1258,6 +1258,13 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
 </context>
 <context>
+    <name>SleepInhibitor</name>
+    <message>
+        <source>Playing</source>
+        <translation>Lecture en cours</translation>
+    </message>
+</context>
+<context>
     <name>SourceBar</name>
     <message>
         <source>More</source>

@@ -1260,6 +1260,13 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
 </context>
 <context>
+    <name>SleepInhibitor</name>
+    <message>
+        <source>Playing</source>
+        <translation>Trwa odtwarzanie</translation>
+    </message>
+</context>
+<context>
     <name>SourceBar</name>
     <message>
         <source>More</source>

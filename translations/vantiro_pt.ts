@@ -1258,6 +1258,13 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
 </context>
 <context>
+    <name>SleepInhibitor</name>
+    <message>
+        <source>Playing</source>
+        <translation>Em reprodução</translation>
+    </message>
+</context>
+<context>
     <name>SourceBar</name>
     <message>
         <source>More</source>

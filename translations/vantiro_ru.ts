@@ -1260,6 +1260,13 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
 </context>
 <context>
+    <name>SleepInhibitor</name>
+    <message>
+        <source>Playing</source>
+        <translation>Идёт воспроизведение</translation>
+    </message>
+</context>
+<context>
     <name>SourceBar</name>
     <message>
         <source>More</source>

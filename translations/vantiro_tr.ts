@@ -1256,6 +1256,13 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
 </context>
 <context>
+    <name>SleepInhibitor</name>
+    <message>
+        <source>Playing</source>
+        <translation>Oynatılıyor</translation>
+    </message>
+</context>
+<context>
     <name>SourceBar</name>
     <message>
         <source>More</source>
