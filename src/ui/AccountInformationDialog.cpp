@@ -11,6 +11,7 @@
 #include <QFormLayout>
 #include <QLocale>
 #include <QPushButton>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -98,6 +99,9 @@ void AccountInformationDialog::addRow(const QString &name, const QString &value)
     const QString shown = value.simplified().left(longestValue);
     auto *text = new WrappedLabel;
     text->setText(shown);
+    // Beside its name, also where the value is of the other direction.
+    text->setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
+                       Qt::AlignAbsolute | Qt::AlignVCenter);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setAccessibleName(name);
     text->setAccessibleDescription(shown);

@@ -77,6 +77,8 @@ QWidget *PlayerPanel::buildSeekRow()
 {
     seekRow = new QWidget;
     seekRow->setObjectName(u"seekRow"_s);
+    // The time of a stream runs from left to right in every script.
+    seekRow->setLayoutDirection(Qt::LeftToRight);
     QPushButton *back = makeButton(tr("<< 10s"));
     QPushButton *forward = makeButton(tr("10s >>"));
     seekSlider = new ClickToSeekSlider(Qt::Horizontal);
@@ -121,6 +123,7 @@ QWidget *PlayerPanel::buildControlsRow()
     volumeSlider->setRange(0, 100);
     volumeSlider->setValue(100);
     volumeSlider->setMaximumWidth(80);
+    volumeSlider->setLayoutDirection(Qt::LeftToRight);
 
     auto *layout = new QHBoxLayout(controlsRow);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void hiddenRowsStayHidden();
     void theNextEpisodeButton();
     void positionsMoveTheSlider();
+    void timeRunsFromLeftToRightInEveryScript();
     void positionsThatSayNothingAreIgnored_data();
     void positionsThatSayNothingAreIgnored();
     void aHeldSliderStays();
@@ -200,6 +201,19 @@ void tst_PlayerPanel::positionsMoveTheSlider()
     QCOMPARE(fixture->timeLabel.text(), u"00:00 / 00:00"_s);
     QCOMPARE(slider.maximum(), 0);
     QCOMPARE(slider.value(), 0);
+}
+
+void tst_PlayerPanel::timeRunsFromLeftToRightInEveryScript()
+{
+    fixture->window.setLayoutDirection(Qt::RightToLeft);
+    fixture->play(StreamKind::Movie);
+    const auto &seekSlider = fixture->find<QSlider>(u"seekSlider"_s);
+    const auto &volumeSlider = fixture->find<QSlider>(u"volumeSlider"_s);
+    QCOMPARE(seekSlider.layoutDirection(), Qt::LeftToRight);
+    QCOMPARE(volumeSlider.layoutDirection(), Qt::LeftToRight);
+    QVERIFY(seekSlider.x() < fixture->find<QLabel>(u"timeLabel"_s).x());
+    const auto &pause = fixture->find<QPushButton>(u"accentButton"_s);
+    QVERIFY(volumeSlider.x() < pause.x());
 }
 
 void tst_PlayerPanel::positionsThatSayNothingAreIgnored_data()
