@@ -56,6 +56,8 @@ public:
     /// Does nothing and emits nothing while the stream is opening.
     void togglePause();
     bool isPlaying() const;
+    /// Whether the stream was started, and nothing that plays has come of it yet.
+    bool isOpening() const;
     /// Whether libVLC shows a picture. Some streams have none; others show it after a moment.
     bool hasPicture() const;
 
@@ -131,7 +133,6 @@ private:
     };
 
     bool isWaiting() const { return nextMedia != nullptr; }
-    bool isOpening() const;
     void startNextMedia();
     void discardNextMedia();
     void handleError(quint64 number);

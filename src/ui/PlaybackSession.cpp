@@ -13,6 +13,7 @@ PlaybackSession::PlaybackSession(VlcPlayer *vlcPlayer, QObject *parent)
     , player(vlcPlayer)
     , reconnectTimer(new QTimer(this))
     , seekTimer(new QTimer(this))
+    , openTimer(new QTimer(this))
 {
     reconnectTimer->setObjectName(u"reconnectTimer"_s);
     reconnectTimer->setSingleShot(true);
@@ -69,6 +70,9 @@ void PlaybackSession::start()
         streamFromMs = soughtMs.value_or(streamFromMs);
         soughtMs.reset();
         currentUrl = archive->addresses(streamFromMs).value(addressIndex);
+        openTimer->start();
+    } else {
+        openTimer->stop();
     }
     Q_EMIT starting();
     player->play(currentUrl, currentKind == StreamKind::Live);
@@ -79,6 +83,7 @@ void PlaybackSession::stop()
 {
     cancelLiveReconnect();
     seekTimer->stop();
+    openTimer->stop();
     soughtMs.reset();
     archive.reset();
     currentUrl.clear();

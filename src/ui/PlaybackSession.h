@@ -116,4 +116,5 @@ private:
     bool hasAdvanced = false;             ///< its stream has
     std::optional<qint64> soughtMs;       ///< where its next stream will begin
     QTimer *seekTimer;
+    QTimer *openTimer; ///< active until the stream of an archive plays
 };

@@ -14,6 +14,9 @@ namespace {
 
 /// How long the user has not sought before the next stream begins: a key that is held seeks often.
 constexpr int seekPauseMs = 300;
+/// How long an address may send nothing that plays. libVLC itself waits for as long as the
+/// connection stands.
+constexpr int openPatienceMs = 15'000;
 /// Seeks keep this distance from the end.
 constexpr qint64 seekMarginMs = 1000;
 /// A stream that ends this close to the end has ended normally: what an archive holds of a
@@ -34,6 +37,16 @@ void PlaybackSession::connectArchive()
     seekTimer->setSingleShot(true);
     seekTimer->setInterval(seekPauseMs);
     connect(seekTimer, &QTimer::timeout, this, &PlaybackSession::start);
+    openTimer->setObjectName(u"openTimer"_s);
+    openTimer->setSingleShot(true);
+    openTimer->setInterval(openPatienceMs);
+    connect(openTimer, &QTimer::timeout, this, [this] {
+        const bool isPaused = !player->isOpening() && !player->isPlaying();
+        if (!isPaused) {
+            player->stop();
+            interrupt(tr("The archive sent nothing that plays."));
+        }
+    });
     connect(player, &VlcPlayer::positionChanged, this, [this](qint64 currentMs, qint64 totalMs) {
         if (!archive) {
             Q_EMIT positionChanged(currentMs, totalMs);
@@ -44,6 +57,7 @@ void PlaybackSession::connectArchive()
     connect(player, &VlcPlayer::playbackProgressing, this, [this] {
         if (archive && !hasAdvanced) {
             hasAdvanced = true;
+            openTimer->stop();
             Q_EMIT archiveOpened(addressIndex);
         }
     });
@@ -62,6 +76,7 @@ void PlaybackSession::connectArchive()
 
 bool PlaybackSession::tryNextAddress()
 {
+    openTimer->stop();
     if (!archive || hasAdvanced || addressIndex + 1 >= archive->addresses(streamFromMs).size()) {
         return false;
     }

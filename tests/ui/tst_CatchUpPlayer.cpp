@@ -97,6 +97,11 @@ struct Viewer
         }
         return targets;
     }
+    /// What opens has little time from now on.
+    void loseThePatienceSoon() const
+    {
+        session.findChild<QTimer *>(u"openTimer"_s)->setInterval(1500);
+    }
     [[nodiscard]] bool plays() const
     {
         return QTest::qWaitFor([this] { return position > 0 && player.isPlaying(); }, openMs);
@@ -135,6 +140,7 @@ private Q_SLOTS:
     void withoutAZoneTheTimesAreUtc();
     void aFormThatFailsLeadsToTheNext_data();
     void aFormThatFailsLeadsToTheNext();
+    void whenAllFormsFail_data();
     void whenAllFormsFail();
     void theFormThatWorkedIsAskedFirst();
     void aRunningProgrammeIsAsLongAsItRan();
@@ -232,12 +238,14 @@ void tst_CatchUpPlayer::aFormThatFailsLeadsToTheNext_data()
     QTest::newRow("an error of the server") << statusReply(500);
     QTest::newRow("a page") << bodyReply("<html>No such stream</html>", "text/html");
     QTest::newRow("nothing") << bodyReply({}, "video/mp2t");
+    QTest::newRow("silence") << heldReply();
 }
 
 void tst_CatchUpPlayer::aFormThatFailsLeadsToTheNext()
 {
     QFETCH(const HttpReply, failure);
     viewer->server.onPrefix(u"/timeshift/"_s, failure);
+    viewer->loseThePatienceSoon();
     viewer->catchUp.play(viewer->accountChannel(), programme);
     QVERIFY(viewer->plays());
     QCOMPARE(viewer->asked(), QStringList({pathTs, pathM3u8, query}));
@@ -246,9 +254,18 @@ void tst_CatchUpPlayer::aFormThatFailsLeadsToTheNext()
     QCOMPARE(viewer->session.state(), State::Playing);
 }
 
+void tst_CatchUpPlayer::whenAllFormsFail_data()
+{
+    QTest::addColumn<HttpReply>("failure");
+    QTest::newRow("an error of the server") << statusReply(404);
+    QTest::newRow("silence") << heldReply();
+}
+
 void tst_CatchUpPlayer::whenAllFormsFail()
 {
-    viewer->server.onPrefix(u"/"_s, statusReply(404));
+    QFETCH(const HttpReply, failure);
+    viewer->server.onPrefix(u"/"_s, failure);
+    viewer->loseThePatienceSoon();
     viewer->catchUp.play(viewer->accountChannel(), programme);
     QTRY_COMPARE_WITH_TIMEOUT(viewer->failures.size(), 1, openMs);
     QCOMPARE(viewer->session.state(), State::Interrupted);
