@@ -4,8 +4,8 @@
 # A Qt Test program with its own main (support/TestMain.h) and its CTest test. The test runs in a
 # private profile with a silent sound card, so that it cannot touch a user's files. With DISPLAY xvfb
 # it gets its own X server and window manager, two such tests run at a time, and it has the label e2e.
-# The label "threads" is for tests of units with threads. STREAMS makes the generated streams
-# (fakeprovider/Streams.h) first. ENVIRONMENT adds to the test's environment or overrides it.
+# STREAMS makes the generated streams (fakeprovider/Streams.h) first. ENVIRONMENT adds to the test's
+# environment or overrides it.
 
 # The prefix of this machine's absolute paths in a tested program: Wine maps the root to drive Z.
 set(VANTIRO_TARGET_DRIVE "")
@@ -36,13 +36,6 @@ function(vantiro_add_test name)
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests/bin)
     if(ARG_STREAMS)
         add_dependencies(${name} vantiro_streams)
-    endif()
-    # The thread sanitizer runs these: scripts/test --preset tsan --target thread_tests -L threads
-    if("threads" IN_LIST ARG_LABELS)
-        if(NOT TARGET thread_tests)
-            add_custom_target(thread_tests)
-        endif()
-        add_dependencies(thread_tests ${name})
     endif()
 
     set(profile ${PROJECT_BINARY_DIR}/profiles/${name})
@@ -97,4 +90,16 @@ function(vantiro_add_test name)
         SKIP_RETURN_CODE 77
         LABELS "${ARG_LABELS}"
         ENVIRONMENT "${environment};${ARG_ENVIRONMENT}")
+endfunction()
+
+# vantiro_watch_threads(<test>...)
+#
+# The thread sanitizer runs these tests, which are of units with threads:
+# scripts/test --preset tsan --target thread_tests -L threads
+function(vantiro_watch_threads)
+    if(NOT TARGET thread_tests)
+        add_custom_target(thread_tests)
+    endif()
+    add_dependencies(thread_tests ${ARGN})
+    set_property(TEST ${ARGN} APPEND PROPERTY LABELS threads)
 endfunction()

@@ -3,6 +3,10 @@
 #include "app/RegexpJit.h"
 #include "support/PrivateProfile.h"
 
+#ifdef VANTIRO_THREAD_SANITIZER
+#include "support/QtHandOver.h"
+#endif
+
 #include <QApplication>
 #include <QCoreApplication>
 #include <QTest>
@@ -13,7 +17,11 @@ int runTestProgram(int argc, char **argv)
 {
     disableRegexpJit();
     PrivateProfile profile;
+#ifdef VANTIRO_THREAD_SANITIZER
+    SanitizedApplication<Application> application(argc, argv);
+#else
     Application application(argc, argv);
+#endif
     TestClass test;
     return QTest::qExec(&test, argc, argv);
 }
