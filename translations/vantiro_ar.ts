@@ -845,6 +845,18 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
         <source>Failed to download playlist: %1</source>
         <translation>تعذّر تنزيل قائمة التشغيل: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>لا توجد قناة %1</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>غادر ملء الشاشة أولًا</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Shift+P أو Escape لمغادرة النافذة الصغيرة</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -916,6 +928,208 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     <message>
         <source>The archive stopped sending data.</source>
         <translation>توقف الأرشيف عن إرسال البيانات.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>حُفظت الصورة: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>تعذّر حفظ الصورة في %1.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>التالي</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>السابق</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>القناة الأخيرة</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>أبطأ</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>أسرع</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>السرعة العادية</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>تقديم الصوت</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>تأخير الصوت</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>تقديم الترجمة</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>تأخير الترجمة</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>نسبة الأبعاد التالية</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>القص التالي</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>التكبير التالي</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>إزالة التشابك</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>المسار الصوتي التالي</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>الترجمة التالية</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>حفظ الصورة</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>دائمًا في المقدمة</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>نافذة صغيرة</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>لا شيء قيد التشغيل</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>القناة %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>لا توجد سرعة أخرى للقناة المباشرة</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>السرعة: %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>تأخير الصوت: %1 مللي ثانية</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>تأخير الترجمة: %1 مللي ثانية</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>افتراضي</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>ملاءمة النافذة</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>نسبة الأبعاد: %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>القص: %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>التكبير: %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>إزالة التشابك: مفعّلة</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>إزالة التشابك: معطّلة</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>لا مسارات صوتية</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>المسار الصوتي: %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>لا ترجمة</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>الترجمة: %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>الترجمة: معطّلة</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>دائمًا في المقدمة: مفعّل</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>دائمًا في المقدمة: معطّل</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>نسبة الأبعاد</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>القص</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>التكبير</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>إيقاف مؤقت أو تشغيل</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>ملء الشاشة</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>السرعة</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>التأخيرات</translation>
     </message>
 </context>
 <context>

@@ -837,6 +837,18 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
         <source>Failed to download playlist: %1</source>
         <translation>Die Wiedergabeliste konnte nicht heruntergeladen werden: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>Kein Sender %1</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>Zuerst das Vollbild verlassen</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Umschalt+P oder Escape verlässt das kleine Fenster</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -908,6 +920,208 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     <message>
         <source>The archive stopped sending data.</source>
         <translation>Das Archiv sendet keine Daten mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>Bild gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>Das Bild konnte nicht in %1 gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>Letzter Sender</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Langsamer</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Schneller</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>Normale Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>Ton früher</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>Ton später</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>Untertitel früher</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>Untertitel später</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>Nächstes Seitenverhältnis</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>Nächster Zuschnitt</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>Nächste Vergrößerung</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>Deinterlacing</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>Nächste Tonspur</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>Nächster Untertitel</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>Immer im Vordergrund</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>Kleines Fenster</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>Nichts läuft</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Sender %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>Ein Live-Sender hat keine andere Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>Geschwindigkeit: %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>Tonverzögerung: %1 ms</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>Untertitelverzögerung: %1 ms</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>An Fenster anpassen</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>Seitenverhältnis: %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>Zuschnitt: %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>Vergrößerung: %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>Deinterlacing: ein</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>Deinterlacing: aus</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>Keine Tonspuren</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>Tonspur: %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>Keine Untertitel</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>Untertitel: %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>Untertitel: aus</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>Immer im Vordergrund: ein</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>Immer im Vordergrund: aus</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>Seitenverhältnis</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschnitt</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Vergrößerung</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>Pause oder Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>Verzögerungen</translation>
     </message>
 </context>
 <context>

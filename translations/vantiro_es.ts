@@ -837,6 +837,18 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
         <source>Failed to download playlist: %1</source>
         <translation>No se pudo descargar la lista de reproducción: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>No hay canal %1</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>Salga primero de la pantalla completa</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Mayús+P o Escape cierra la ventana pequeña</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -908,6 +920,208 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     <message>
         <source>The archive stopped sending data.</source>
         <translation>El archivo dejó de enviar datos.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>Imagen guardada: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>No se pudo guardar la imagen en %1.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Siguiente</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Anterior</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>Último canal</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Más lento</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Más rápido</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>Velocidad normal</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>Sonido antes</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>Sonido después</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>Subtítulos antes</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>Subtítulos después</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>Siguiente relación de aspecto</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>Siguiente recorte</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>Siguiente zoom</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>Desentrelazar</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>Siguiente pista de audio</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>Siguientes subtítulos</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Guardar imagen</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>Siempre visible</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>Ventana pequeña</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>Nada en reproducción</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Canal %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>Un canal en directo no tiene otra velocidad</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>Velocidad: %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>Retardo de audio: %1 ms</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>Retardo de subtítulos: %1 ms</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Predeterminado</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>Ajustar a la ventana</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>Relación de aspecto: %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>Recorte: %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>Zoom: %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>Desentrelazado: activado</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>Desentrelazado: desactivado</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>Sin pistas de audio</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>Pista de audio: %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>Sin subtítulos</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>Subtítulos: %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>Subtítulos: desactivados</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>Siempre visible: activado</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>Siempre visible: desactivado</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>Relación de aspecto</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Recorte</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>Pausar o reproducir</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>Pantalla completa</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>Retardos</translation>
     </message>
 </context>
 <context>

@@ -837,6 +837,18 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
         <source>Failed to download playlist: %1</source>
         <translation>Impossible de télécharger la liste de lecture&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>Pas de chaîne %1</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>Quittez d&apos;abord le plein écran</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Maj+P ou Échap quitte la petite fenêtre</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -908,6 +920,208 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     <message>
         <source>The archive stopped sending data.</source>
         <translation>L&apos;archive a cessé d&apos;envoyer des données.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>Image enregistrée : %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>L&apos;image n&apos;a pas pu être enregistrée dans %1.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>Dernière chaîne</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Moins vite</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Plus vite</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>Vitesse normale</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>Son plus tôt</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>Son plus tard</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>Sous-titres plus tôt</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>Sous-titres plus tard</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>Format suivant</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>Recadrage suivant</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>Zoom suivant</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>Désentrelacer</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>Piste audio suivante</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>Sous-titres suivants</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Enregistrer l&apos;image</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>Toujours au premier plan</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>Petite fenêtre</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>Aucune lecture</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Chaîne %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>Une chaîne en direct n&apos;a pas d&apos;autre vitesse</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>Vitesse : %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>Décalage audio : %1 ms</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>Décalage des sous-titres : %1 ms</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Par défaut</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>Ajuster à la fenêtre</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>Format : %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>Recadrage : %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>Zoom : %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>Désentrelacement : activé</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>Désentrelacement : désactivé</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>Aucune piste audio</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>Piste audio : %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>Pas de sous-titres</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>Sous-titres : %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>Sous-titres : désactivés</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>Toujours au premier plan : activé</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>Toujours au premier plan : désactivé</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Recadrage</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>Pause ou lecture</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>Plein écran</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Vitesse</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>Décalages</translation>
     </message>
 </context>
 <context>

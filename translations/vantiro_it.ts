@@ -837,6 +837,18 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
         <source>Failed to download playlist: %1</source>
         <translation>Impossibile scaricare la playlist: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>Nessun canale %1</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>Uscire prima dallo schermo intero</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Maiusc+P o Esc chiude la finestra piccola</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -908,6 +920,208 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     <message>
         <source>The archive stopped sending data.</source>
         <translation>L&apos;archivio ha smesso di inviare dati.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>Immagine salvata: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>Impossibile salvare l&apos;immagine in %1.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Successivo</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Precedente</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>Ultimo canale</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Più lento</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Più veloce</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>Velocità normale</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>Audio prima</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>Audio dopo</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>Sottotitoli prima</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>Sottotitoli dopo</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>Proporzioni successive</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>Ritaglio successivo</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>Zoom successivo</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>Deinterlaccia</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>Traccia audio successiva</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>Sottotitoli successivi</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Salva immagine</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>Sempre in primo piano</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>Finestra piccola</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>Nessuna riproduzione</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Canale %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>Un canale in diretta non ha altre velocità</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>Velocità: %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>Ritardo audio: %1 ms</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>Ritardo sottotitoli: %1 ms</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Predefinito</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>Adatta alla finestra</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>Proporzioni: %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>Ritaglio: %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>Zoom: %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>Deinterlacciamento: attivo</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>Deinterlacciamento: disattivo</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>Nessuna traccia audio</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>Traccia audio: %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>Nessun sottotitolo</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>Sottotitoli: %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>Sottotitoli: disattivati</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>Sempre in primo piano: attivo</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>Sempre in primo piano: disattivo</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>Proporzioni</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Ritaglio</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>Pausa o riproduci</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>Schermo intero</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocità</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>Ritardi</translation>
     </message>
 </context>
 <context>

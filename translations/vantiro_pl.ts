@@ -839,6 +839,18 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
         <source>Failed to download playlist: %1</source>
         <translation>Nie można pobrać playlisty: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>Brak kanału %1</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>Najpierw opuść pełny ekran</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Shift+P lub Escape zamyka małe okno</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -910,6 +922,208 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     <message>
         <source>The archive stopped sending data.</source>
         <translation>Archiwum przestało wysyłać dane.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>Zapisano obraz: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>Nie udało się zapisać obrazu w %1.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Następny</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Poprzedni</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>Ostatni kanał</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Wolniej</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Szybciej</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>Normalna prędkość</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>Dźwięk wcześniej</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>Dźwięk później</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>Napisy wcześniej</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>Napisy później</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>Następne proporcje obrazu</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>Następne przycięcie</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>Następne powiększenie</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>Usuń przeplot</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>Następna ścieżka dźwiękowa</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>Następne napisy</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Zapisz obraz</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>Zawsze na wierzchu</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>Małe okno</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>Nic nie jest odtwarzane</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Kanał %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>Kanał na żywo nie ma innej prędkości</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>Prędkość: %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>Opóźnienie dźwięku: %1 ms</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>Opóźnienie napisów: %1 ms</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Domyślne</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>Dopasuj do okna</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>Proporcje obrazu: %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>Przycięcie: %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>Powiększenie: %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>Usuwanie przeplotu: włączone</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>Usuwanie przeplotu: wyłączone</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>Brak ścieżek dźwiękowych</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>Ścieżka dźwiękowa: %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>Brak napisów</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>Napisy: %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>Napisy: wyłączone</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>Zawsze na wierzchu: włączone</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>Zawsze na wierzchu: wyłączone</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>Proporcje obrazu</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Przycięcie</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Powiększenie</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>Wstrzymaj lub odtwarzaj</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>Pełny ekran</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Prędkość</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>Opóźnienia</translation>
     </message>
 </context>
 <context>

@@ -837,6 +837,18 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
         <source>Failed to download playlist: %1</source>
         <translation>Não foi possível baixar a lista de reprodução: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>Não há canal %1</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>Saia primeiro do ecrã inteiro</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Shift+P ou Escape sai da janela pequena</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -908,6 +920,208 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     <message>
         <source>The archive stopped sending data.</source>
         <translation>O arquivo parou de enviar dados.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>Imagem guardada: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>Não foi possível guardar a imagem em %1.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Seguinte</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Anterior</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>Último canal</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Mais lento</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Mais rápido</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>Velocidade normal</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>Som mais cedo</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>Som mais tarde</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>Legendas mais cedo</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>Legendas mais tarde</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>Proporção seguinte</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>Recorte seguinte</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>Zoom seguinte</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>Desentrelaçar</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>Faixa de áudio seguinte</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>Legendas seguintes</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Guardar imagem</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>Sempre visível</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>Janela pequena</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>Nada em reprodução</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Canal %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>Um canal em direto não tem outra velocidade</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>Velocidade: %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>Atraso do áudio: %1 ms</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>Atraso das legendas: %1 ms</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Predefinição</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>Ajustar à janela</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>Proporção: %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>Recorte: %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>Zoom: %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>Desentrelaçamento: ligado</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>Desentrelaçamento: desligado</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>Sem faixas de áudio</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>Faixa de áudio: %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>Sem legendas</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>Legendas: %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>Legendas: desligadas</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>Sempre visível: ligado</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>Sempre visível: desligado</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>Proporção</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Recorte</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>Pausar ou reproduzir</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>Ecrã inteiro</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidade</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>Atrasos</translation>
     </message>
 </context>
 <context>

@@ -839,6 +839,18 @@ Copyright 2026 Vantiro. Все права защищены.
         <source>Failed to download playlist: %1</source>
         <translation>Не удалось загрузить плейлист: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>Нет канала %1</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>Сначала выйдите из полноэкранного режима</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Shift+P или Escape закрывает маленькое окно</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -910,6 +922,208 @@ Copyright 2026 Vantiro. Все права защищены.
     <message>
         <source>The archive stopped sending data.</source>
         <translation>Архив перестал передавать данные.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>Кадр сохранён: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>Не удалось сохранить кадр в %1.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Следующий</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Предыдущий</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>Последний канал</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Медленнее</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Быстрее</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>Обычная скорость</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>Звук раньше</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>Звук позже</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>Субтитры раньше</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>Субтитры позже</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>Следующее соотношение сторон</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>Следующая обрезка</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>Следующий масштаб</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>Деинтерлейсинг</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>Следующая звуковая дорожка</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>Следующие субтитры</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Сохранить кадр</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>Поверх других окон</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>Маленькое окно</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>Ничего не воспроизводится</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Канал %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>У прямого эфира нет другой скорости</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>Скорость: %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>Задержка звука: %1 мс</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>Задержка субтитров: %1 мс</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>По умолчанию</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>По размеру окна</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>Соотношение сторон: %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>Обрезка: %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>Масштаб: %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>Деинтерлейсинг: вкл.</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>Деинтерлейсинг: выкл.</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>Нет звуковых дорожек</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>Звуковая дорожка: %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>Нет субтитров</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>Субтитры: %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>Субтитры: выкл.</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>Поверх других окон: вкл.</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>Поверх других окон: выкл.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>Соотношение сторон</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Обрезка</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Масштаб</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>Пауза или воспроизведение</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>Во весь экран</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Скорость</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>Задержки</translation>
     </message>
 </context>
 <context>

@@ -835,6 +835,18 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
         <source>Failed to download playlist: %1</source>
         <translation>Oynatma listesi indirilemedi: %1</translation>
     </message>
+    <message>
+        <source>No channel %1</source>
+        <translation>%1 numaralı kanal yok</translation>
+    </message>
+    <message>
+        <source>Leave fullscreen first</source>
+        <translation>Önce tam ekrandan çıkın</translation>
+    </message>
+    <message>
+        <source>Shift+P or Escape leaves the small window</source>
+        <translation>Shift+P veya Escape küçük pencereden çıkar</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -906,6 +918,208 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     <message>
         <source>The archive stopped sending data.</source>
         <translation>Arşiv veri göndermeyi bıraktı.</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerCommands</name>
+    <message>
+        <source>Picture saved: %1</source>
+        <translation>Görüntü kaydedildi: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved in %1.</source>
+        <translation>Görüntü %1 içine kaydedilemedi.</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Sonraki</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Önceki</translation>
+    </message>
+    <message>
+        <source>Last Channel</source>
+        <translation>Son kanal</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Daha yavaş</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Daha hızlı</translation>
+    </message>
+    <message>
+        <source>Normal Speed</source>
+        <translation>Normal hız</translation>
+    </message>
+    <message>
+        <source>Sound Earlier</source>
+        <translation>Ses daha erken</translation>
+    </message>
+    <message>
+        <source>Sound Later</source>
+        <translation>Ses daha geç</translation>
+    </message>
+    <message>
+        <source>Subtitles Earlier</source>
+        <translation>Altyazı daha erken</translation>
+    </message>
+    <message>
+        <source>Subtitles Later</source>
+        <translation>Altyazı daha geç</translation>
+    </message>
+    <message>
+        <source>Next Aspect Ratio</source>
+        <translation>Sonraki en boy oranı</translation>
+    </message>
+    <message>
+        <source>Next Crop</source>
+        <translation>Sonraki kırpma</translation>
+    </message>
+    <message>
+        <source>Next Zoom</source>
+        <translation>Sonraki yakınlaştırma</translation>
+    </message>
+    <message>
+        <source>Deinterlace</source>
+        <translation>Taramayı gider</translation>
+    </message>
+    <message>
+        <source>Next Audio Track</source>
+        <translation>Sonraki ses parçası</translation>
+    </message>
+    <message>
+        <source>Next Subtitle Track</source>
+        <translation>Sonraki altyazı</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Görüntüyü kaydet</translation>
+    </message>
+    <message>
+        <source>Always on Top</source>
+        <translation>Her zaman üstte</translation>
+    </message>
+    <message>
+        <source>Small Window</source>
+        <translation>Küçük pencere</translation>
+    </message>
+    <message>
+        <source>Nothing playing</source>
+        <translation>Oynatılan bir şey yok</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Kanal %1</translation>
+    </message>
+    <message>
+        <source>A live channel has no other speed</source>
+        <translation>Canlı kanalın başka hızı yoktur</translation>
+    </message>
+    <message>
+        <source>Speed: %1x</source>
+        <translation>Hız: %1x</translation>
+    </message>
+    <message>
+        <source>Audio delay: %1 ms</source>
+        <translation>Ses gecikmesi: %1 ms</translation>
+    </message>
+    <message>
+        <source>Subtitle delay: %1 ms</source>
+        <translation>Altyazı gecikmesi: %1 ms</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Varsayılan</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit to Window</source>
+        <translation>Pencereye sığdır</translation>
+    </message>
+    <message>
+        <source>Aspect ratio: %1</source>
+        <translation>En boy oranı: %1</translation>
+    </message>
+    <message>
+        <source>Crop: %1</source>
+        <translation>Kırpma: %1</translation>
+    </message>
+    <message>
+        <source>Zoom: %1</source>
+        <translation>Yakınlaştırma: %1</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: on</source>
+        <translation>Tarama giderme: açık</translation>
+    </message>
+    <message>
+        <source>Deinterlacing: off</source>
+        <translation>Tarama giderme: kapalı</translation>
+    </message>
+    <message>
+        <source>No audio tracks</source>
+        <translation>Ses parçası yok</translation>
+    </message>
+    <message>
+        <source>Audio track: %1</source>
+        <translation>Ses parçası: %1</translation>
+    </message>
+    <message>
+        <source>No subtitles</source>
+        <translation>Altyazı yok</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>Altyazı: %1</translation>
+    </message>
+    <message>
+        <source>Subtitles: off</source>
+        <translation>Altyazı: kapalı</translation>
+    </message>
+    <message>
+        <source>Always on top: on</source>
+        <translation>Her zaman üstte: açık</translation>
+    </message>
+    <message>
+        <source>Always on top: off</source>
+        <translation>Her zaman üstte: kapalı</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerMenu</name>
+    <message>
+        <source>Aspect Ratio</source>
+        <translation>En boy oranı</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Kırpma</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Yakınlaştırma</translation>
+    </message>
+    <message>
+        <source>Pause or Play</source>
+        <translation>Duraklat veya oynat</translation>
+    </message>
+    <message>
+        <source>Fullscreen</source>
+        <translation>Tam ekran</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Hız</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>Gecikmeler</translation>
     </message>
 </context>
 <context>

@@ -38,6 +38,8 @@ public:
 
     /// The media player, null if there is none.
     libvlc_media_player_t *handle() const { return mediaPlayer.get(); }
+    /// For a thread of its own that uses it meanwhile.
+    const MediaPlayerPtr &shared() const { return mediaPlayer; }
     /// The media player; null during a stop too. Nearly all libVLC calls block until the stop is
     /// done; those for state, volume, media and drawing window do not.
     libvlc_media_player_t *handleUnlessStopping() const;

@@ -98,6 +98,7 @@ void VlcPlayer::play(const QString &url, bool live)
     isLive = live;
     ++streamNumber;
     discardNextMedia();
+    resetForNextStream();
     nextMedia = media.release();
     nextUrl = url;
     mediaPlayer->stop();
@@ -116,6 +117,9 @@ void VlcPlayer::startNextMedia()
     const bool created = mediaPlayer->create();
     // The surface may have got a new native window since the last stream.
     attachToWidget();
+    if (created) {
+        applyWanted();
+    }
     if (created && mediaPlayer->start(media.get(), streamNumber)) {
         if (!pending.isEmpty()) {
             pendingTimer->start();

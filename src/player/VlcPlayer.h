@@ -1,5 +1,6 @@
 #pragma once
 
+#include "player/PictureSettings.h"
 #include "player/StallDetector.h"
 
 #include <QList>
@@ -96,6 +97,32 @@ public:
     QString mediaInfoText() const;
     /// @}
 
+    /// The language of a track as the stream tells it, usually a code as "eng", otherwise its
+    /// description; empty when the stream tells neither.
+    QString trackLanguage(int id) const;
+
+    /// @name Picture and time (VlcPlayerPicture.cpp)
+    /// The picture's settings hold for all streams. Speed and delays hold for the stream that
+    /// plays; without one they stay as they are.
+    /// @{
+    static constexpr float slowestRate = 0.25F;
+    static constexpr float fastestRate = 4;
+
+    const PictureSettings &picture() const { return wanted.picture; }
+    void setPicture(const PictureSettings &settings);
+    /// 1 is the stream's own speed.
+    float rate() const { return wanted.rate; }
+    /// Within slowestRate and fastestRate.
+    void setRate(float rate);
+    /// How much later than the picture the sound, or the subtitles, come; negative: earlier.
+    qint64 audioDelayMs() const { return wanted.audioDelayMs; }
+    void setAudioDelay(qint64 ms);
+    qint64 subtitleDelayMs() const { return wanted.subtitleDelayMs; }
+    void setSubtitleDelay(qint64 ms);
+    /// Writes the picture that shows into a file, as PNG. snapshotTaken() tells the result.
+    void takeSnapshot(const QString &path);
+    /// @}
+
     /// Stops the stream and releases libVLC within a second; afterwards every operation does
     /// nothing. False if libVLC still hangs. It may then keep drawing into the video widget, and
     /// the process should end without destroying what libVLC's threads use. The destructor does
@@ -115,6 +142,11 @@ Q_SIGNALS:
     /// The stream, which is not live, has played to its end.
     void finished();
     void pausedChanged(bool paused);
+    /// setAudioTrack() and setSubtitleTrack() were called; a subtitle track of -1 is none.
+    void audioTrackSet(int id);
+    void subtitleTrackSet(int id);
+    /// Whether the file was written.
+    void snapshotTaken(const QString &path, bool written);
     /// Twice a second while the stream plays.
     void positionChanged(qint64 currentMs, qint64 totalMs);
 
@@ -132,6 +164,16 @@ private:
         bool isEmpty() const;
     };
 
+    /// What the user has set while streams played.
+    struct WantedSettings
+    {
+        PictureSettings picture;
+        float rate = 1;
+        qint64 audioDelayMs = 0;
+        qint64 subtitleDelayMs = 0;
+        bool isUsed = false; ///< picture or rate were set: libVLC is to be told
+    };
+
     bool isWaiting() const { return nextMedia != nullptr; }
     void startNextMedia();
     void discardNextMedia();
@@ -145,6 +187,10 @@ private:
     void applyPendingTracks();
     void discardPending();
 
+    // ---- VlcPlayerPicture.cpp ----
+    void applyWanted();
+    void resetForNextStream();
+
     void checkPlaybackProgress();
 
     QTimer *progressTimer = nullptr;
@@ -157,6 +203,7 @@ private:
     quint64 streamNumber = 0;
     bool isLive = false;
     PendingSelection pending;
+    WantedSettings wanted;
     /// Active from the start of a stream until its pending selection is applied.
     QTimer *pendingTimer = nullptr;
     /// The subtitle track to restore when subtitles are enabled; -1 for none.

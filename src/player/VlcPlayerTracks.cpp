@@ -143,12 +143,13 @@ void VlcPlayer::setAudioTrack(int id)
 {
     if (isWaiting()) {
         pending.audioTrack = id;
-        return;
+    } else {
+        pending.audioTrack.reset();
+        if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
+            libvlc_audio_set_track(player, id);
+        }
     }
-    pending.audioTrack.reset();
-    if (libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping()) {
-        libvlc_audio_set_track(player, id);
-    }
+    Q_EMIT audioTrackSet(id);
 }
 
 int VlcPlayer::currentSubtitleTrack() const
@@ -165,6 +166,7 @@ void VlcPlayer::setSubtitleTrack(int id)
     if (mediaPlayer->handle() != nullptr) {
         selectSubtitleTrack(id);
         savedSubtitleTrack = id;
+        Q_EMIT subtitleTrackSet(id);
     }
 }
 

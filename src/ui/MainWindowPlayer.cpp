@@ -12,7 +12,6 @@
 
 #include <QBoxLayout>
 #include <QEvent>
-#include <QShortcut>
 #include <QTabWidget>
 
 void MainWindow::createPlayer()
@@ -27,11 +26,6 @@ void MainWindow::createPlayer()
     connect(playerPanel, &PlayerPanel::nextEpisodeRequested, this, &MainWindow::playNextEpisode);
     connect(fullscreenChrome, &FullscreenChrome::fullscreenChanged, this,
             [this](bool fullscreen) { setBrowsingVisible(!fullscreen); });
-
-    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    escape->setContext(Qt::WindowShortcut);
-    escape->setAutoRepeat(false);
-    connect(escape, &QShortcut::activated, fullscreenChrome, &FullscreenChrome::leave);
 }
 
 void MainWindow::playMediaItem(const MediaItem &item)

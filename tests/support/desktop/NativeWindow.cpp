@@ -144,6 +144,11 @@ bool NativeWindow::isFullScreen() const
     return numbers(id, "_NET_WM_STATE").contains(atom("_NET_WM_STATE_FULLSCREEN"));
 }
 
+bool NativeWindow::isAlwaysOnTop() const
+{
+    return numbers(id, "_NET_WM_STATE").contains(atom("_NET_WM_STATE_ABOVE"));
+}
+
 bool NativeWindow::activate() const
 {
     return xdotool({u"windowactivate"_s, QString::number(id)}) &&

@@ -32,6 +32,7 @@ public:
     QRect geometry() const;
     bool isVisible() const;
     bool isFullScreen() const;
+    bool isAlwaysOnTop() const;
 
     /// Returns once the window system has done it; false if it does not.
     [[nodiscard]] bool activate() const;
