@@ -61,7 +61,9 @@ private:
             u"colour profile warnings "_s +
                 onOff(QLoggingCategory("qt.gui.icc").isWarningEnabled()),
             u"window "_s + QApplication::palette().color(QPalette::Window).name(),
-            u"style sheet "_s + onOff(!qApp->styleSheet().isEmpty())};
+            u"style sheet "_s + onOff(!qApp->styleSheet().isEmpty()),
+            QApplication::layoutDirection() == Qt::RightToLeft ? u"right to left"_s
+                                                               : u"left to right"_s};
         QFile report(qEnvironmentVariable("VANTIRO_PROBE_REPORT"));
         if (report.open(QIODevice::WriteOnly)) {
             report.write(lines.join(u'\n').toUtf8());

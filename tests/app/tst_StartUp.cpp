@@ -32,6 +32,7 @@ class tst_StartUp : public QObject
 private Q_SLOTS:
     void init();
     void whatMainSets();
+    void theWindowSpeaksTheLanguage();
     void unknownWordsAreReported();
     void tracesWithTheSwitch();
 
@@ -93,7 +94,16 @@ void tst_StartUp::whatMainSets()
     QCOMPARE(server->requestCount(), 1);
     QCOMPARE(result.report, (QStringList{u"Vantiro Player"_s, u"Vantiro"_s, u"JPEG warnings off"_s,
                                          u"colour profile warnings off"_s, u"window #1e2026"_s,
-                                         u"style sheet on"_s}));
+                                         u"style sheet on"_s, u"left to right"_s}));
+}
+
+void tst_StartUp::theWindowSpeaksTheLanguage()
+{
+    qputenv("VANTIRO_LANGUAGE", "ar");
+    const Run result = run();
+    qunsetenv("VANTIRO_LANGUAGE");
+    QCOMPARE(result.exitCode, probeStatus);
+    QCOMPARE(result.report.constLast(), u"right to left"_s);
 }
 
 void tst_StartUp::unknownWordsAreReported()
