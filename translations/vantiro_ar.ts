@@ -851,11 +851,11 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Leave fullscreen first</source>
-        <translation>غادر ملء الشاشة أولًا</translation>
+        <translation>اخرج من ملء الشاشة أولًا</translation>
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Shift+P أو Escape لمغادرة النافذة الصغيرة</translation>
+        <translation>يؤدي Shift+P أو Escape إلى الخروج من النافذة الصغيرة</translation>
     </message>
 </context>
 <context>
@@ -950,7 +950,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Last Channel</source>
-        <translation>القناة الأخيرة</translation>
+        <translation>آخر قناة</translation>
     </message>
     <message>
         <source>Slower</source>
@@ -982,11 +982,11 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Next Aspect Ratio</source>
-        <translation>نسبة الأبعاد التالية</translation>
+        <translation>نسبة العرض إلى الارتفاع التالية</translation>
     </message>
     <message>
         <source>Next Crop</source>
-        <translation>القص التالي</translation>
+        <translation>الاقتصاص التالي</translation>
     </message>
     <message>
         <source>Next Zoom</source>
@@ -1002,7 +1002,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>الترجمة التالية</translation>
+        <translation>مسار الترجمة التالي</translation>
     </message>
     <message>
         <source>Save Picture</source>
@@ -1018,7 +1018,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Nothing playing</source>
-        <translation>لا شيء قيد التشغيل</translation>
+        <translation>لا يوجد شيء قيد التشغيل</translation>
     </message>
     <message>
         <source>Channel %1</source>
@@ -1026,7 +1026,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>A live channel has no other speed</source>
-        <translation>لا توجد سرعة أخرى للقناة المباشرة</translation>
+        <translation>ليس للقناة المباشرة سرعة أخرى</translation>
     </message>
     <message>
         <source>Speed: %1x</source>
@@ -1054,11 +1054,11 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Aspect ratio: %1</source>
-        <translation>نسبة الأبعاد: %1</translation>
+        <translation>نسبة العرض إلى الارتفاع: %1</translation>
     </message>
     <message>
         <source>Crop: %1</source>
-        <translation>القص: %1</translation>
+        <translation>الاقتصاص: %1</translation>
     </message>
     <message>
         <source>Zoom: %1</source>
@@ -1066,15 +1066,15 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Deinterlacing: on</source>
-        <translation>إزالة التشابك: مفعّلة</translation>
+        <translation>إزالة التشابك: قيد التشغيل</translation>
     </message>
     <message>
         <source>Deinterlacing: off</source>
-        <translation>إزالة التشابك: معطّلة</translation>
+        <translation>إزالة التشابك: متوقفة</translation>
     </message>
     <message>
         <source>No audio tracks</source>
-        <translation>لا مسارات صوتية</translation>
+        <translation>لا توجد مسارات صوتية</translation>
     </message>
     <message>
         <source>Audio track: %1</source>
@@ -1082,7 +1082,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>No subtitles</source>
-        <translation>لا ترجمة</translation>
+        <translation>بلا ترجمة</translation>
     </message>
     <message>
         <source>Subtitles: %1</source>
@@ -1090,26 +1090,26 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Subtitles: off</source>
-        <translation>الترجمة: معطّلة</translation>
+        <translation>الترجمة: متوقفة</translation>
     </message>
     <message>
         <source>Always on top: on</source>
-        <translation>دائمًا في المقدمة: مفعّل</translation>
+        <translation>دائمًا في المقدمة: قيد التشغيل</translation>
     </message>
     <message>
         <source>Always on top: off</source>
-        <translation>دائمًا في المقدمة: معطّل</translation>
+        <translation>دائمًا في المقدمة: متوقف</translation>
     </message>
 </context>
 <context>
     <name>PlayerMenu</name>
     <message>
         <source>Aspect Ratio</source>
-        <translation>نسبة الأبعاد</translation>
+        <translation>نسبة العرض إلى الارتفاع</translation>
     </message>
     <message>
         <source>Crop</source>
-        <translation>القص</translation>
+        <translation>الاقتصاص</translation>
     </message>
     <message>
         <source>Zoom</source>

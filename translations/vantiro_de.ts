@@ -843,11 +843,11 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Leave fullscreen first</source>
-        <translation>Zuerst das Vollbild verlassen</translation>
+        <translation>Verlassen Sie zuerst das Vollbild</translation>
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Umschalt+P oder Escape verlässt das kleine Fenster</translation>
+        <translation>Umschalt+P oder Esc verlässt das kleine Fenster</translation>
     </message>
 </context>
 <context>
@@ -934,11 +934,11 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Next</source>
-        <translation>Weiter</translation>
+        <translation>Nächster Eintrag</translation>
     </message>
     <message>
         <source>Previous</source>
-        <translation>Zurück</translation>
+        <translation>Vorheriger Eintrag</translation>
     </message>
     <message>
         <source>Last Channel</source>
@@ -982,7 +982,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Next Zoom</source>
-        <translation>Nächste Vergrößerung</translation>
+        <translation>Nächster Zoom</translation>
     </message>
     <message>
         <source>Deinterlace</source>
@@ -990,11 +990,11 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Next Audio Track</source>
-        <translation>Nächste Tonspur</translation>
+        <translation>Nächste Audiospur</translation>
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>Nächster Untertitel</translation>
+        <translation>Nächste Untertitelspur</translation>
     </message>
     <message>
         <source>Save Picture</source>
@@ -1010,7 +1010,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Nothing playing</source>
-        <translation>Nichts läuft</translation>
+        <translation>Keine Wiedergabe</translation>
     </message>
     <message>
         <source>Channel %1</source>
@@ -1018,7 +1018,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>A live channel has no other speed</source>
-        <translation>Ein Live-Sender hat keine andere Geschwindigkeit</translation>
+        <translation>Ein Livesender hat keine andere Geschwindigkeit</translation>
     </message>
     <message>
         <source>Speed: %1x</source>
@@ -1026,7 +1026,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Audio delay: %1 ms</source>
-        <translation>Tonverzögerung: %1 ms</translation>
+        <translation>Audioverzögerung: %1 ms</translation>
     </message>
     <message>
         <source>Subtitle delay: %1 ms</source>
@@ -1054,7 +1054,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Zoom: %1</source>
-        <translation>Vergrößerung: %1</translation>
+        <translation>Zoom: %1</translation>
     </message>
     <message>
         <source>Deinterlacing: on</source>
@@ -1066,11 +1066,11 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>No audio tracks</source>
-        <translation>Keine Tonspuren</translation>
+        <translation>Keine Audiospuren</translation>
     </message>
     <message>
         <source>Audio track: %1</source>
-        <translation>Tonspur: %1</translation>
+        <translation>Audiospur: %1</translation>
     </message>
     <message>
         <source>No subtitles</source>
@@ -1105,7 +1105,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Zoom</source>
-        <translation>Vergrößerung</translation>
+        <translation>Zoom</translation>
     </message>
     <message>
         <source>Pause or Play</source>

@@ -958,31 +958,31 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>Sound Earlier</source>
-        <translation>Sonido antes</translation>
+        <translation>Adelantar el sonido</translation>
     </message>
     <message>
         <source>Sound Later</source>
-        <translation>Sonido después</translation>
+        <translation>Retrasar el sonido</translation>
     </message>
     <message>
         <source>Subtitles Earlier</source>
-        <translation>Subtítulos antes</translation>
+        <translation>Adelantar los subtítulos</translation>
     </message>
     <message>
         <source>Subtitles Later</source>
-        <translation>Subtítulos después</translation>
+        <translation>Retrasar los subtítulos</translation>
     </message>
     <message>
         <source>Next Aspect Ratio</source>
-        <translation>Siguiente relación de aspecto</translation>
+        <translation>Relación de aspecto siguiente</translation>
     </message>
     <message>
         <source>Next Crop</source>
-        <translation>Siguiente recorte</translation>
+        <translation>Recorte siguiente</translation>
     </message>
     <message>
         <source>Next Zoom</source>
-        <translation>Siguiente zoom</translation>
+        <translation>Zoom siguiente</translation>
     </message>
     <message>
         <source>Deinterlace</source>
@@ -990,11 +990,11 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>Next Audio Track</source>
-        <translation>Siguiente pista de audio</translation>
+        <translation>Pista de audio siguiente</translation>
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>Siguientes subtítulos</translation>
+        <translation>Pista de subtítulos siguiente</translation>
     </message>
     <message>
         <source>Save Picture</source>
@@ -1002,7 +1002,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>Always on Top</source>
-        <translation>Siempre visible</translation>
+        <translation>Siempre encima</translation>
     </message>
     <message>
         <source>Small Window</source>
@@ -1010,7 +1010,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>Nothing playing</source>
-        <translation>Nada en reproducción</translation>
+        <translation>Sin reproducción</translation>
     </message>
     <message>
         <source>Channel %1</source>
@@ -1086,11 +1086,11 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>Always on top: on</source>
-        <translation>Siempre visible: activado</translation>
+        <translation>Siempre encima: activado</translation>
     </message>
     <message>
         <source>Always on top: off</source>
-        <translation>Siempre visible: desactivado</translation>
+        <translation>Siempre encima: desactivado</translation>
     </message>
 </context>
 <context>

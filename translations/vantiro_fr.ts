@@ -839,7 +839,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>No channel %1</source>
-        <translation>Pas de chaîne %1</translation>
+        <translation>Aucune chaîne %1</translation>
     </message>
     <message>
         <source>Leave fullscreen first</source>
@@ -926,7 +926,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     <name>PlayerCommands</name>
     <message>
         <source>Picture saved: %1</source>
-        <translation>Image enregistrée : %1</translation>
+        <translation>Image enregistrée&#xa0;: %1</translation>
     </message>
     <message>
         <source>The picture could not be saved in %1.</source>
@@ -946,7 +946,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Slower</source>
-        <translation>Moins vite</translation>
+        <translation>Plus lent</translation>
     </message>
     <message>
         <source>Faster</source>
@@ -974,11 +974,11 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Next Aspect Ratio</source>
-        <translation>Format suivant</translation>
+        <translation>Format d&apos;image suivant</translation>
     </message>
     <message>
         <source>Next Crop</source>
-        <translation>Recadrage suivant</translation>
+        <translation>Rognage suivant</translation>
     </message>
     <message>
         <source>Next Zoom</source>
@@ -994,7 +994,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>Sous-titres suivants</translation>
+        <translation>Piste de sous-titres suivante</translation>
     </message>
     <message>
         <source>Save Picture</source>
@@ -1022,15 +1022,15 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Speed: %1x</source>
-        <translation>Vitesse : %1x</translation>
+        <translation>Vitesse&#xa0;: %1x</translation>
     </message>
     <message>
         <source>Audio delay: %1 ms</source>
-        <translation>Décalage audio : %1 ms</translation>
+        <translation>Décalage audio&#xa0;: %1 ms</translation>
     </message>
     <message>
         <source>Subtitle delay: %1 ms</source>
-        <translation>Décalage des sous-titres : %1 ms</translation>
+        <translation>Décalage des sous-titres&#xa0;: %1 ms</translation>
     </message>
     <message>
         <source>Default</source>
@@ -1046,23 +1046,23 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Aspect ratio: %1</source>
-        <translation>Format : %1</translation>
+        <translation>Format d&apos;image&#xa0;: %1</translation>
     </message>
     <message>
         <source>Crop: %1</source>
-        <translation>Recadrage : %1</translation>
+        <translation>Rognage&#xa0;: %1</translation>
     </message>
     <message>
         <source>Zoom: %1</source>
-        <translation>Zoom : %1</translation>
+        <translation>Zoom&#xa0;: %1</translation>
     </message>
     <message>
         <source>Deinterlacing: on</source>
-        <translation>Désentrelacement : activé</translation>
+        <translation>Désentrelacement&#xa0;: activé</translation>
     </message>
     <message>
         <source>Deinterlacing: off</source>
-        <translation>Désentrelacement : désactivé</translation>
+        <translation>Désentrelacement&#xa0;: désactivé</translation>
     </message>
     <message>
         <source>No audio tracks</source>
@@ -1070,7 +1070,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Audio track: %1</source>
-        <translation>Piste audio : %1</translation>
+        <translation>Piste audio&#xa0;: %1</translation>
     </message>
     <message>
         <source>No subtitles</source>
@@ -1078,30 +1078,30 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Subtitles: %1</source>
-        <translation>Sous-titres : %1</translation>
+        <translation>Sous-titres&#xa0;: %1</translation>
     </message>
     <message>
         <source>Subtitles: off</source>
-        <translation>Sous-titres : désactivés</translation>
+        <translation>Sous-titres&#xa0;: désactivés</translation>
     </message>
     <message>
         <source>Always on top: on</source>
-        <translation>Toujours au premier plan : activé</translation>
+        <translation>Toujours au premier plan&#xa0;: activé</translation>
     </message>
     <message>
         <source>Always on top: off</source>
-        <translation>Toujours au premier plan : désactivé</translation>
+        <translation>Toujours au premier plan&#xa0;: désactivé</translation>
     </message>
 </context>
 <context>
     <name>PlayerMenu</name>
     <message>
         <source>Aspect Ratio</source>
-        <translation>Format</translation>
+        <translation>Format d&apos;image</translation>
     </message>
     <message>
         <source>Crop</source>
-        <translation>Recadrage</translation>
+        <translation>Rognage</translation>
     </message>
     <message>
         <source>Zoom</source>

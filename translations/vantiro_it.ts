@@ -843,7 +843,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>Leave fullscreen first</source>
-        <translation>Uscire prima dallo schermo intero</translation>
+        <translation>Esci prima dallo schermo intero</translation>
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
@@ -958,19 +958,19 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>Sound Earlier</source>
-        <translation>Audio prima</translation>
+        <translation>Anticipa audio</translation>
     </message>
     <message>
         <source>Sound Later</source>
-        <translation>Audio dopo</translation>
+        <translation>Ritarda audio</translation>
     </message>
     <message>
         <source>Subtitles Earlier</source>
-        <translation>Sottotitoli prima</translation>
+        <translation>Anticipa sottotitoli</translation>
     </message>
     <message>
         <source>Subtitles Later</source>
-        <translation>Sottotitoli dopo</translation>
+        <translation>Ritarda sottotitoli</translation>
     </message>
     <message>
         <source>Next Aspect Ratio</source>
@@ -994,7 +994,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>Sottotitoli successivi</translation>
+        <translation>Traccia sottotitoli successiva</translation>
     </message>
     <message>
         <source>Save Picture</source>
@@ -1062,7 +1062,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>Deinterlacing: off</source>
-        <translation>Deinterlacciamento: disattivo</translation>
+        <translation>Deinterlacciamento: non attivo</translation>
     </message>
     <message>
         <source>No audio tracks</source>
@@ -1082,7 +1082,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>Subtitles: off</source>
-        <translation>Sottotitoli: disattivati</translation>
+        <translation>Sottotitoli: non attivi</translation>
     </message>
     <message>
         <source>Always on top: on</source>
@@ -1090,7 +1090,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>Always on top: off</source>
-        <translation>Sempre in primo piano: disattivo</translation>
+        <translation>Sempre in primo piano: non attivo</translation>
     </message>
 </context>
 <context>
@@ -1109,7 +1109,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>Pause or Play</source>
-        <translation>Pausa o riproduci</translation>
+        <translation>Pausa o riproduzione</translation>
     </message>
     <message>
         <source>Fullscreen</source>

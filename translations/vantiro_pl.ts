@@ -845,11 +845,11 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Leave fullscreen first</source>
-        <translation>Najpierw opuść pełny ekran</translation>
+        <translation>Najpierw wyjdź z pełnego ekranu</translation>
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Shift+P lub Escape zamyka małe okno</translation>
+        <translation>Shift+P lub Esc zamyka małe okno</translation>
     </message>
 </context>
 <context>
@@ -932,7 +932,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>The picture could not be saved in %1.</source>
-        <translation>Nie udało się zapisać obrazu w %1.</translation>
+        <translation>Nie można zapisać obrazu w %1.</translation>
     </message>
     <message>
         <source>Next</source>
@@ -980,7 +980,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Next Crop</source>
-        <translation>Następne przycięcie</translation>
+        <translation>Następne kadrowanie</translation>
     </message>
     <message>
         <source>Next Zoom</source>
@@ -988,7 +988,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Deinterlace</source>
-        <translation>Usuń przeplot</translation>
+        <translation>Usuwaj przeplot</translation>
     </message>
     <message>
         <source>Next Audio Track</source>
@@ -996,7 +996,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>Następne napisy</translation>
+        <translation>Następna ścieżka napisów</translation>
     </message>
     <message>
         <source>Save Picture</source>
@@ -1052,7 +1052,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Crop: %1</source>
-        <translation>Przycięcie: %1</translation>
+        <translation>Kadrowanie: %1</translation>
     </message>
     <message>
         <source>Zoom: %1</source>
@@ -1060,11 +1060,11 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Deinterlacing: on</source>
-        <translation>Usuwanie przeplotu: włączone</translation>
+        <translation>Usuwanie przeplotu: wł.</translation>
     </message>
     <message>
         <source>Deinterlacing: off</source>
-        <translation>Usuwanie przeplotu: wyłączone</translation>
+        <translation>Usuwanie przeplotu: wył.</translation>
     </message>
     <message>
         <source>No audio tracks</source>
@@ -1084,15 +1084,15 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Subtitles: off</source>
-        <translation>Napisy: wyłączone</translation>
+        <translation>Napisy: wył.</translation>
     </message>
     <message>
         <source>Always on top: on</source>
-        <translation>Zawsze na wierzchu: włączone</translation>
+        <translation>Zawsze na wierzchu: wł.</translation>
     </message>
     <message>
         <source>Always on top: off</source>
-        <translation>Zawsze na wierzchu: wyłączone</translation>
+        <translation>Zawsze na wierzchu: wył.</translation>
     </message>
 </context>
 <context>
@@ -1103,7 +1103,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Crop</source>
-        <translation>Przycięcie</translation>
+        <translation>Kadrowanie</translation>
     </message>
     <message>
         <source>Zoom</source>
@@ -1111,7 +1111,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Pause or Play</source>
-        <translation>Wstrzymaj lub odtwarzaj</translation>
+        <translation>Pauza lub odtwarzanie</translation>
     </message>
     <message>
         <source>Fullscreen</source>

@@ -839,15 +839,15 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>No channel %1</source>
-        <translation>Não há canal %1</translation>
+        <translation>Nenhum canal %1</translation>
     </message>
     <message>
         <source>Leave fullscreen first</source>
-        <translation>Saia primeiro do ecrã inteiro</translation>
+        <translation>Saia primeiro da tela cheia</translation>
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Shift+P ou Escape sai da janela pequena</translation>
+        <translation>Shift+P ou Esc sai da janela pequena</translation>
     </message>
 </context>
 <context>
@@ -926,15 +926,15 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     <name>PlayerCommands</name>
     <message>
         <source>Picture saved: %1</source>
-        <translation>Imagem guardada: %1</translation>
+        <translation>Imagem salva: %1</translation>
     </message>
     <message>
         <source>The picture could not be saved in %1.</source>
-        <translation>Não foi possível guardar a imagem em %1.</translation>
+        <translation>Não foi possível salvar a imagem em %1.</translation>
     </message>
     <message>
         <source>Next</source>
-        <translation>Seguinte</translation>
+        <translation>Próximo</translation>
     </message>
     <message>
         <source>Previous</source>
@@ -958,31 +958,31 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Sound Earlier</source>
-        <translation>Som mais cedo</translation>
+        <translation>Adiantar o som</translation>
     </message>
     <message>
         <source>Sound Later</source>
-        <translation>Som mais tarde</translation>
+        <translation>Atrasar o som</translation>
     </message>
     <message>
         <source>Subtitles Earlier</source>
-        <translation>Legendas mais cedo</translation>
+        <translation>Adiantar as legendas</translation>
     </message>
     <message>
         <source>Subtitles Later</source>
-        <translation>Legendas mais tarde</translation>
+        <translation>Atrasar as legendas</translation>
     </message>
     <message>
         <source>Next Aspect Ratio</source>
-        <translation>Proporção seguinte</translation>
+        <translation>Próxima proporção da tela</translation>
     </message>
     <message>
         <source>Next Crop</source>
-        <translation>Recorte seguinte</translation>
+        <translation>Próximo corte</translation>
     </message>
     <message>
         <source>Next Zoom</source>
-        <translation>Zoom seguinte</translation>
+        <translation>Próximo zoom</translation>
     </message>
     <message>
         <source>Deinterlace</source>
@@ -990,15 +990,15 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Next Audio Track</source>
-        <translation>Faixa de áudio seguinte</translation>
+        <translation>Próxima faixa de áudio</translation>
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>Legendas seguintes</translation>
+        <translation>Próxima faixa de legendas</translation>
     </message>
     <message>
         <source>Save Picture</source>
-        <translation>Guardar imagem</translation>
+        <translation>Salvar imagem</translation>
     </message>
     <message>
         <source>Always on Top</source>
@@ -1018,7 +1018,7 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>A live channel has no other speed</source>
-        <translation>Um canal em direto não tem outra velocidade</translation>
+        <translation>Um canal ao vivo não tem outra velocidade</translation>
     </message>
     <message>
         <source>Speed: %1x</source>
@@ -1034,7 +1034,7 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Default</source>
-        <translation>Predefinição</translation>
+        <translation>Padrão</translation>
     </message>
     <message>
         <source>%1 %</source>
@@ -1046,11 +1046,11 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Aspect ratio: %1</source>
-        <translation>Proporção: %1</translation>
+        <translation>Proporção da tela: %1</translation>
     </message>
     <message>
         <source>Crop: %1</source>
-        <translation>Recorte: %1</translation>
+        <translation>Corte: %1</translation>
     </message>
     <message>
         <source>Zoom: %1</source>
@@ -1058,15 +1058,15 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Deinterlacing: on</source>
-        <translation>Desentrelaçamento: ligado</translation>
+        <translation>Desentrelaçamento: ativado</translation>
     </message>
     <message>
         <source>Deinterlacing: off</source>
-        <translation>Desentrelaçamento: desligado</translation>
+        <translation>Desentrelaçamento: desativado</translation>
     </message>
     <message>
         <source>No audio tracks</source>
-        <translation>Sem faixas de áudio</translation>
+        <translation>Nenhuma faixa de áudio</translation>
     </message>
     <message>
         <source>Audio track: %1</source>
@@ -1082,26 +1082,26 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Subtitles: off</source>
-        <translation>Legendas: desligadas</translation>
+        <translation>Legendas: desativadas</translation>
     </message>
     <message>
         <source>Always on top: on</source>
-        <translation>Sempre visível: ligado</translation>
+        <translation>Sempre visível: ativado</translation>
     </message>
     <message>
         <source>Always on top: off</source>
-        <translation>Sempre visível: desligado</translation>
+        <translation>Sempre visível: desativado</translation>
     </message>
 </context>
 <context>
     <name>PlayerMenu</name>
     <message>
         <source>Aspect Ratio</source>
-        <translation>Proporção</translation>
+        <translation>Proporção da tela</translation>
     </message>
     <message>
         <source>Crop</source>
-        <translation>Recorte</translation>
+        <translation>Corte</translation>
     </message>
     <message>
         <source>Zoom</source>
@@ -1113,7 +1113,7 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Fullscreen</source>
-        <translation>Ecrã inteiro</translation>
+        <translation>Tela cheia</translation>
     </message>
     <message>
         <source>Speed</source>

@@ -849,7 +849,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Shift+P или Escape закрывает маленькое окно</translation>
+        <translation>Shift+P или Esc закрывает маленькое окно</translation>
     </message>
 </context>
 <context>
@@ -928,11 +928,11 @@ Copyright 2026 Vantiro. Все права защищены.
     <name>PlayerCommands</name>
     <message>
         <source>Picture saved: %1</source>
-        <translation>Кадр сохранён: %1</translation>
+        <translation>Снимок сохранён: %1</translation>
     </message>
     <message>
         <source>The picture could not be saved in %1.</source>
-        <translation>Не удалось сохранить кадр в %1.</translation>
+        <translation>Не удалось сохранить снимок в %1.</translation>
     </message>
     <message>
         <source>Next</source>
@@ -980,7 +980,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Next Crop</source>
-        <translation>Следующая обрезка</translation>
+        <translation>Следующее кадрирование</translation>
     </message>
     <message>
         <source>Next Zoom</source>
@@ -996,15 +996,15 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>Следующие субтитры</translation>
+        <translation>Следующая дорожка субтитров</translation>
     </message>
     <message>
         <source>Save Picture</source>
-        <translation>Сохранить кадр</translation>
+        <translation>Сохранить снимок</translation>
     </message>
     <message>
         <source>Always on Top</source>
-        <translation>Поверх других окон</translation>
+        <translation>Поверх всех окон</translation>
     </message>
     <message>
         <source>Small Window</source>
@@ -1052,7 +1052,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Crop: %1</source>
-        <translation>Обрезка: %1</translation>
+        <translation>Кадрирование: %1</translation>
     </message>
     <message>
         <source>Zoom: %1</source>
@@ -1076,7 +1076,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>No subtitles</source>
-        <translation>Нет субтитров</translation>
+        <translation>Без субтитров</translation>
     </message>
     <message>
         <source>Subtitles: %1</source>
@@ -1088,11 +1088,11 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Always on top: on</source>
-        <translation>Поверх других окон: вкл.</translation>
+        <translation>Поверх всех окон: вкл.</translation>
     </message>
     <message>
         <source>Always on top: off</source>
-        <translation>Поверх других окон: выкл.</translation>
+        <translation>Поверх всех окон: выкл.</translation>
     </message>
 </context>
 <context>
@@ -1103,7 +1103,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Crop</source>
-        <translation>Обрезка</translation>
+        <translation>Кадрирование</translation>
     </message>
     <message>
         <source>Zoom</source>
@@ -1115,7 +1115,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Fullscreen</source>
-        <translation>Во весь экран</translation>
+        <translation>Полный экран</translation>
     </message>
     <message>
         <source>Speed</source>

@@ -845,7 +845,7 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Shift+P veya Escape küçük pencereden çıkar</translation>
+        <translation>Shift+P veya Esc küçük pencereden çıkar</translation>
     </message>
 </context>
 <context>
@@ -940,71 +940,71 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>Last Channel</source>
-        <translation>Son kanal</translation>
+        <translation>Son Kanal</translation>
     </message>
     <message>
         <source>Slower</source>
-        <translation>Daha yavaş</translation>
+        <translation>Daha Yavaş</translation>
     </message>
     <message>
         <source>Faster</source>
-        <translation>Daha hızlı</translation>
+        <translation>Daha Hızlı</translation>
     </message>
     <message>
         <source>Normal Speed</source>
-        <translation>Normal hız</translation>
+        <translation>Normal Hız</translation>
     </message>
     <message>
         <source>Sound Earlier</source>
-        <translation>Ses daha erken</translation>
+        <translation>Sesi Öne Al</translation>
     </message>
     <message>
         <source>Sound Later</source>
-        <translation>Ses daha geç</translation>
+        <translation>Sesi Geciktir</translation>
     </message>
     <message>
         <source>Subtitles Earlier</source>
-        <translation>Altyazı daha erken</translation>
+        <translation>Altyazıları Öne Al</translation>
     </message>
     <message>
         <source>Subtitles Later</source>
-        <translation>Altyazı daha geç</translation>
+        <translation>Altyazıları Geciktir</translation>
     </message>
     <message>
         <source>Next Aspect Ratio</source>
-        <translation>Sonraki en boy oranı</translation>
+        <translation>Sonraki En Boy Oranı</translation>
     </message>
     <message>
         <source>Next Crop</source>
-        <translation>Sonraki kırpma</translation>
+        <translation>Sonraki Kırpma</translation>
     </message>
     <message>
         <source>Next Zoom</source>
-        <translation>Sonraki yakınlaştırma</translation>
+        <translation>Sonraki Yakınlaştırma</translation>
     </message>
     <message>
         <source>Deinterlace</source>
-        <translation>Taramayı gider</translation>
+        <translation>Titreşimi Gider</translation>
     </message>
     <message>
         <source>Next Audio Track</source>
-        <translation>Sonraki ses parçası</translation>
+        <translation>Sonraki Ses Parçası</translation>
     </message>
     <message>
         <source>Next Subtitle Track</source>
-        <translation>Sonraki altyazı</translation>
+        <translation>Sonraki Altyazı Parçası</translation>
     </message>
     <message>
         <source>Save Picture</source>
-        <translation>Görüntüyü kaydet</translation>
+        <translation>Görüntüyü Kaydet</translation>
     </message>
     <message>
         <source>Always on Top</source>
-        <translation>Her zaman üstte</translation>
+        <translation>Her Zaman Üstte</translation>
     </message>
     <message>
         <source>Small Window</source>
-        <translation>Küçük pencere</translation>
+        <translation>Küçük Pencere</translation>
     </message>
     <message>
         <source>Nothing playing</source>
@@ -1016,7 +1016,7 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>A live channel has no other speed</source>
-        <translation>Canlı kanalın başka hızı yoktur</translation>
+        <translation>Canlı bir kanalın başka hızı yoktur</translation>
     </message>
     <message>
         <source>Speed: %1x</source>
@@ -1036,11 +1036,11 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>% %1</translation>
     </message>
     <message>
         <source>Fit to Window</source>
-        <translation>Pencereye sığdır</translation>
+        <translation>Pencereye Sığdır</translation>
     </message>
     <message>
         <source>Aspect ratio: %1</source>
@@ -1056,11 +1056,11 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>Deinterlacing: on</source>
-        <translation>Tarama giderme: açık</translation>
+        <translation>Titreşim giderme: açık</translation>
     </message>
     <message>
         <source>Deinterlacing: off</source>
-        <translation>Tarama giderme: kapalı</translation>
+        <translation>Titreşim giderme: kapalı</translation>
     </message>
     <message>
         <source>No audio tracks</source>
@@ -1076,11 +1076,11 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>Subtitles: %1</source>
-        <translation>Altyazı: %1</translation>
+        <translation>Altyazılar: %1</translation>
     </message>
     <message>
         <source>Subtitles: off</source>
-        <translation>Altyazı: kapalı</translation>
+        <translation>Altyazılar: kapalı</translation>
     </message>
     <message>
         <source>Always on top: on</source>
@@ -1095,7 +1095,7 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     <name>PlayerMenu</name>
     <message>
         <source>Aspect Ratio</source>
-        <translation>En boy oranı</translation>
+        <translation>En Boy Oranı</translation>
     </message>
     <message>
         <source>Crop</source>
@@ -1107,11 +1107,11 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>Pause or Play</source>
-        <translation>Duraklat veya oynat</translation>
+        <translation>Duraklat veya Oynat</translation>
     </message>
     <message>
         <source>Fullscreen</source>
-        <translation>Tam ekran</translation>
+        <translation>Tam Ekran</translation>
     </message>
     <message>
         <source>Speed</source>
