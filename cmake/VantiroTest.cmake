@@ -79,7 +79,8 @@ function(vantiro_add_test name)
         add_test(NAME ${name} COMMAND ${name})
         # Without a window libVLC would draw into whatever display or terminal it finds.
         list(APPEND environment
-             QT_QPA_PLATFORM=offscreen DISPLAY= WAYLAND_DISPLAY= CACA_DRIVER=null)
+             QT_QPA_PLATFORM=offscreen DISPLAY= WAYLAND_DISPLAY= CACA_DRIVER=null
+             DBUS_SESSION_BUS_ADDRESS=)
     endif()
     if(NOT ARG_DISPLAY STREQUAL "xvfb")
         # Slow tests, which have high time limits, run first.

@@ -6,8 +6,7 @@
 
 /// A connection of its own to the desktop's session bus, made without waiting for it.
 ///
-/// A desktop without a session bus is no error: connected() is then never emitted. No bus is
-/// started. For the GUI thread.
+/// A desktop without a session bus is no error. No bus is started. For the GUI thread.
 class SessionBus final : public QObject
 {
     Q_OBJECT
@@ -19,13 +18,19 @@ public:
     ~SessionBus() override;
     Q_DISABLE_COPY_MOVE(SessionBus)
 
-    /// Not connected until connected() was emitted.
+    /// Until one of the signals is emitted.
+    bool isConnecting() const { return connecting; }
     const QDBusConnection &connection() const { return bus; }
 
 Q_SIGNALS:
     void connected();
+    /// There is no bus, or it refuses the connection.
+    void unavailable();
 
 private:
+    void finish(const QDBusConnection &made);
+
     QString connectionName;
     QDBusConnection bus;
+    bool connecting = true;
 };

@@ -8,6 +8,8 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QProcess>
+#include <QTimer>
 
 #include <array>
 #include <utility>
@@ -15,6 +17,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Screen savers wait for a minute at least.
+constexpr int resetIntervalMs = 30'000;
 
 struct Service
 {
@@ -72,24 +77,38 @@ SleepInhibitor::~SleepInhibitor()
     release();
 }
 
-void SleepInhibitor::setActive(bool newActive)
+void SleepInhibitor::keepAwake(Awake what)
 {
-    if (newActive == std::exchange(active, newActive)) {
-        return;
-    }
-    if (!active) {
+    const Awake before = std::exchange(awake, what);
+    if (awake == Awake::Nothing) {
         release();
-    } else if (bus == nullptr) {
-        bus = new SessionBus(u"vantiro-sleep"_s, this);
-        connect(bus, &SessionBus::connected, this, [this] { inhibit(0); });
-    } else if (bus->connection().isConnected()) {
-        inhibit(0);
+    } else if (before == Awake::Nothing) {
+        ask();
     }
 }
 
-void SleepInhibitor::inhibit(std::size_t service)
+void SleepInhibitor::ask()
 {
-    if (!active || isAsking || held || service >= services.size()) {
+    if (bus == nullptr) {
+        resetTimer = new QTimer(this);
+        resetTimer->setInterval(resetIntervalMs);
+        connect(resetTimer, &QTimer::timeout, this, &SleepInhibitor::resetScreenSaver);
+        bus = new SessionBus(u"vantiro-sleep"_s, this);
+        connect(bus, &SessionBus::connected, this, [this] { askService(0); });
+        connect(bus, &SessionBus::unavailable, this, [this] { askService(services.size()); });
+    } else if (!bus->isConnecting()) {
+        askService(bus->connection().isConnected() ? 0 : services.size());
+    }
+}
+
+/// Asks that service, and after a refusal the next one.
+void SleepInhibitor::askService(std::size_t service)
+{
+    if (awake == Awake::Nothing || isAsking || held) {
+        return;
+    }
+    if (service >= services.size()) {
+        resetTimer->start();
         return;
     }
     isAsking = true;
@@ -100,11 +119,11 @@ void SleepInhibitor::inhibit(std::size_t service)
         isAsking = false;
         const QDBusPendingReply<uint> reply = *watcher;
         if (!reply.isValid()) {
-            inhibit(service + 1);
+            askService(service + 1);
             return;
         }
         held = Inhibition{service, reply.value()};
-        if (!active) {
+        if (awake == Awake::Nothing) {
             release();
         }
     });
@@ -112,8 +131,19 @@ void SleepInhibitor::inhibit(std::size_t service)
 
 void SleepInhibitor::release()
 {
+    if (resetTimer != nullptr) {
+        resetTimer->stop();
+    }
     if (const auto over = std::exchange(held, std::nullopt)) {
         const Service &service = services.at(over->service);
         bus->connection().send(callOf(service, service.releaseMethod) << over->cookie);
+    }
+}
+
+/// As if the user had moved the mouse; without a picture there is no need.
+void SleepInhibitor::resetScreenSaver() const
+{
+    if (awake == Awake::Screen) {
+        QProcess::startDetached(u"xdg-screensaver"_s, {u"reset"_s});
     }
 }

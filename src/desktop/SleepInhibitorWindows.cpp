@@ -10,13 +10,23 @@ SleepInhibitor::SleepInhibitor(QObject *parent)
 
 SleepInhibitor::~SleepInhibitor()
 {
-    setActive(false);
+    keepAwake(Awake::Nothing);
 }
 
-void SleepInhibitor::setActive(bool newActive)
+void SleepInhibitor::keepAwake(Awake what)
 {
-    if (newActive != std::exchange(active, newActive)) {
-        // Without ES_DISPLAY_REQUIRED: the screen may go dark.
-        SetThreadExecutionState(active ? ES_CONTINUOUS | ES_SYSTEM_REQUIRED : ES_CONTINUOUS);
+    if (what == std::exchange(awake, what)) {
+        return;
+    }
+    switch (awake) {
+    case Awake::Nothing:
+        SetThreadExecutionState(ES_CONTINUOUS);
+        break;
+    case Awake::System:
+        SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED);
+        break;
+    case Awake::Screen:
+        SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED | ES_DISPLAY_REQUIRED);
+        break;
     }
 }

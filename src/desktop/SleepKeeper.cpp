@@ -3,21 +3,15 @@
 #include "desktop/SleepInhibitor.h"
 #include "player/VlcPlayer.h"
 
-namespace {
-
-/// A picture may come some time after the sound: two seconds.
-constexpr int reportsBeforePicture = 4;
-
-} // namespace
-
 SleepKeeper::SleepKeeper(VlcPlayer *vlcPlayer, QObject *parent)
     : QObject(parent)
     , player(vlcPlayer)
     , inhibitor(new SleepInhibitor(this))
 {
-    connect(player, &VlcPlayer::playbackProgressing, this, &SleepKeeper::noteProgress);
+    connect(player, &VlcPlayer::playbackProgressing, this, &SleepKeeper::keepAwake);
     connect(player, &VlcPlayer::playing, this, &SleepKeeper::letSleep);
     connect(player, &VlcPlayer::pausedChanged, this, [this](bool paused) {
+        isPaused = paused;
         if (paused) {
             letSleep();
         }
@@ -28,17 +22,16 @@ SleepKeeper::SleepKeeper(VlcPlayer *vlcPlayer, QObject *parent)
     connect(player, &VlcPlayer::stopped, this, &SleepKeeper::letSleep);
 }
 
-void SleepKeeper::noteProgress()
+void SleepKeeper::keepAwake()
 {
-    if (player->hasPicture()) {
-        letSleep();
-    } else if (++progressWithoutPicture >= reportsBeforePicture) {
-        inhibitor->setActive(true);
+    // Some progress may still be reported after a pause.
+    if (!isPaused) {
+        inhibitor->keepAwake(player->hasPicture() ? SleepInhibitor::Awake::Screen
+                                                  : SleepInhibitor::Awake::System);
     }
 }
 
 void SleepKeeper::letSleep()
 {
-    progressWithoutPicture = 0;
-    inhibitor->setActive(false);
+    inhibitor->keepAwake(SleepInhibitor::Awake::Nothing);
 }

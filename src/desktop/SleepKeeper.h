@@ -5,8 +5,9 @@
 class SleepInhibitor;
 class VlcPlayer;
 
-/// Keeps the computer awake while sound plays without a picture, and no longer: not while it is
-/// paused, nor after its end or a failure. While a picture plays libVLC does that itself.
+/// Keeps the computer awake while a stream plays, and no longer: not while it is opening or paused,
+/// nor after its end or a failure. libVLC, which could do that itself, would not let the computer
+/// sleep after the end of a film, and would not keep it awake for sound alone.
 class SleepKeeper final : public QObject
 {
     Q_OBJECT
@@ -16,10 +17,10 @@ public:
     SleepKeeper(VlcPlayer *vlcPlayer, QObject *parent);
 
 private:
-    void noteProgress();
+    void keepAwake();
     void letSleep();
 
     VlcPlayer *player;
     SleepInhibitor *inhibitor;
-    int progressWithoutPicture = 0; ///< reports of it since the sound began
+    bool isPaused = false;
 };

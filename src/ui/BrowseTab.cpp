@@ -162,6 +162,7 @@ void BrowseTab::connectSearches()
     connect(search, &QLineEdit::textChanged, this, &BrowseTab::refilter);
     if (sortCombo != nullptr) {
         connect(sortCombo, &QComboBox::currentIndexChanged, this, &BrowseTab::refilter);
+        connect(sortCombo, &QComboBox::currentIndexChanged, this, &BrowseTab::sortOrderChanged);
     }
 }
 
@@ -177,6 +178,19 @@ void BrowseTab::connectLists()
                 [this](QListWidgetItem *item) { activateRow(posterList->row(item)); });
     }
     addActivateKeyShortcuts(view, this, [this] { activateRow(view->currentIndex().row()); });
+}
+
+QString BrowseTab::sortOrder() const
+{
+    return sortCombo != nullptr ? sortCombo->currentData().toString() : QString();
+}
+
+void BrowseTab::setSortOrder(const QString &order)
+{
+    const int index = sortCombo != nullptr ? sortCombo->findData(order) : -1;
+    if (index >= 0) {
+        sortCombo->setCurrentIndex(index);
+    }
 }
 
 std::optional<OnNow> BrowseTab::onNow(const MediaItem &channel) const

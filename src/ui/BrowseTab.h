@@ -112,6 +112,10 @@ public:
 
     /// Shows the entries of that row's category. A null item changes nothing.
     void selectCategory(const QListWidgetItem *item);
+    /// The order that the user chose; empty in a tab with a table, which has none.
+    QString sortOrder() const;
+    /// Orders by one that sortOrder() told; any other changes nothing.
+    void setSortOrder(const QString &order);
     /// Computes again which entries show, and fills the view with them.
     void refilter();
     /// Emits activated() for a row of the view; a row that has no entry does nothing.
@@ -130,6 +134,7 @@ Q_SIGNALS:
     void programmeActivated(const MediaItem &item, const GuideProgramme &programme);
     /// The user chose a programme to come that a search in the guide has found.
     void scheduleRequested(const MediaItem &item, const GuideProgramme &programme);
+    void sortOrderChanged();
     /// The view shows the entries that pass the category and the search now.
     void refilled();
 

@@ -59,7 +59,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     setMouseTracking(true);
 
     buildTabs();
-    auto *splitter = new QSplitter(Qt::Horizontal);
+    splitter = new QSplitter(Qt::Horizontal);
     splitter->setObjectName(u"splitter"_s);
     splitter->addWidget(tabs);
     playerPanel = new PlayerPanel;
@@ -79,6 +79,8 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     createHistory();
     createGuide();
     createMoreMenu();
+    createDesktop();
+    restoreWindow();
     restoreSources();
 }
 
@@ -102,6 +104,7 @@ bool MainWindow::endPlayback()
 /// Closing destroys the surface's window, which libVLC must not draw into any more.
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    rememberWindow();
     if (endPlayback()) {
         QMainWindow::closeEvent(event);
         return;

@@ -7,6 +7,7 @@
 #include "ui/EpisodeQueue.h"
 #include "ui/PlaybackErrorBox.h"
 #include "ui/PlayingList.h"
+#include "ui/WindowMemory.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -17,6 +18,7 @@
 class BrowseTab;
 class CatalogLoader;
 class CatchUpPlayer;
+class DesktopControls;
 class EpisodePage;
 class FullscreenChrome;
 class Library;
@@ -42,6 +44,7 @@ struct RestorePlan;
 
 class QListWidgetItem;
 class QMenu;
+class QSplitter;
 class QTabWidget;
 class QTimer;
 class QVBoxLayout;
@@ -253,6 +256,11 @@ private:
     void watch(const Reminder &reminder);
     void watchWhenLoaded();
 
+    // ---- MainWindowDesktop.cpp: the desktop, and what is remembered of the window ----
+    void createDesktop();
+    void restoreWindow();
+    void rememberWindow();
+
     // Members, grouped by the same files.
 
     // ---- MainWindow.cpp ----
@@ -263,6 +271,7 @@ private:
     QTimer *autoRefreshTimer = nullptr;
     SourceBar *sourceBar = nullptr;
     QVBoxLayout *centralLayout = nullptr;
+    QSplitter *splitter = nullptr;
     LoadingOverlay *loadingOverlay = nullptr;
 
     // ---- MainWindowLibrary.cpp ----
@@ -291,6 +300,11 @@ private:
     ReminderKeeper *reminders = nullptr;
     QPointer<ScheduleDialog> scheduleDialog;
     std::optional<Reminder> channelToWatch; ///< of a source whose catalog is not there yet
+
+    // ---- MainWindowDesktop.cpp ----
+    DesktopControls *desktopControls = nullptr;
+    WindowMemory windowMemory;
+    QTimer *rememberTimer = nullptr; ///< runs while the user arranges the window
 
     // ---- MainWindowBrowse.cpp ----
     QTabWidget *tabs = nullptr;

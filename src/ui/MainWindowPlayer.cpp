@@ -13,6 +13,7 @@
 #include <QBoxLayout>
 #include <QEvent>
 #include <QTabWidget>
+#include <QTimer>
 
 void MainWindow::createPlayer()
 {
@@ -60,6 +61,9 @@ bool MainWindow::startPlaying(const MediaItem &item, const LibraryEntry &entry,
 
 void MainWindow::setBrowsingVisible(bool visible)
 {
+    if (!visible) {
+        rememberWindow();
+    }
     sourceBar->setVisible(visible);
     tabs->setVisible(visible);
     const int margin = visible ? centralMargin : 0;
@@ -130,9 +134,20 @@ void MainWindow::showAudioMenu()
 
 bool MainWindow::event(QEvent *event)
 {
-    if (event->type() == QEvent::WindowBlocked) {
+    switch (event->type()) {
+    case QEvent::WindowBlocked:
         // A dialog opens, and the release of the mouse will go to it.
         playerPanel->endSeekHold();
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::WindowStateChange:
+        if (isVisible()) {
+            rememberTimer->start();
+        }
+        break;
+    default:
+        break;
     }
     return QMainWindow::event(event);
 }

@@ -24,6 +24,8 @@ namespace {
 constexpr qint64 skipMs = 10000;
 constexpr int volumeStep = 5;
 
+int rememberedVolume = 100; // when muted
+
 /// A time as a slider value; a slider ends at 24 days.
 int sliderValue(qint64 ms)
 {
@@ -142,6 +144,7 @@ QWidget *PlayerPanel::buildControlsRow()
     connect(audioButton, &QPushButton::clicked, this, &PlayerPanel::showAudioMenu);
     connect(subtitlesButton, &QPushButton::clicked, this, &PlayerPanel::showSubtitleMenu);
     connect(volumeSlider, &QSlider::valueChanged, this, &PlayerPanel::setVolume);
+    connect(volumeSlider, &QSlider::valueChanged, this, &PlayerPanel::volumeChanged);
     return controlsRow;
 }
 
@@ -220,14 +223,34 @@ void PlayerPanel::changeVolumeBy(int delta)
     volumeSlider->setValue(volumeSlider->value() + delta);
 }
 
+int PlayerPanel::volume() const
+{
+    return volumeSlider->value();
+}
+
+void PlayerPanel::changeVolume(int percent)
+{
+    volumeSlider->setValue(percent);
+}
+
+int PlayerPanel::volumeBeforeMute() const
+{
+    return rememberedVolume;
+}
+
+void PlayerPanel::restoreVolume(int percent, int percentBeforeMute)
+{
+    rememberedVolume = percentBeforeMute;
+    volumeSlider->setValue(percent);
+}
+
 void PlayerPanel::toggleMute()
 {
-    static int volumeBeforeMute = 100;
     if (volumeSlider->value() > 0) {
-        volumeBeforeMute = volumeSlider->value();
+        rememberedVolume = volumeSlider->value();
         volumeSlider->setValue(0);
     } else {
-        volumeSlider->setValue(volumeBeforeMute);
+        volumeSlider->setValue(rememberedVolume);
     }
 }
 

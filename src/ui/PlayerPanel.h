@@ -57,6 +57,14 @@ public:
     void togglePlayPause();
     /// Percent.
     void setVolume(int percent);
+    /// What the slider shows, from 0 to 100.
+    int volume() const;
+    /// As if the user had moved the slider there.
+    void changeVolume(int percent);
+    /// What M brings back; the same for all panels, 100 at first.
+    int volumeBeforeMute() const;
+    /// Brings back what volume() and volumeBeforeMute() told in an earlier run.
+    void restoreVolume(int percent, int percentBeforeMute);
     void showPosition(qint64 currentMs, qint64 totalMs);
     /// The user holds the position slider: it does not follow the stream.
     void beginSeek();
@@ -77,6 +85,8 @@ public:
 
 Q_SIGNALS:
     void fullscreenToggled();
+    /// Of the slider.
+    void volumeChanged(int percent);
     void nextEpisodeRequested();
     void continueRequested();
     /// The schedule of the channel that plays.

@@ -66,9 +66,11 @@ PrivateProfile &PrivateProfile::current()
 void PrivateProfile::clear()
 {
     // Through QSettings first: it keeps the values of a file that it has read.
-    QSettings settings(u"Vantiro"_s, u"Player"_s);
-    settings.clear();
-    settings.sync();
+    for (const QString &name : {u"Player"_s, u"Window"_s}) {
+        QSettings settings(u"Vantiro"_s, name);
+        settings.clear();
+        settings.sync();
+    }
     for (const Folder &folder : folders) {
         QDir contents(directory.filePath(folder.name));
         contents.removeRecursively();

@@ -105,7 +105,8 @@ QList<NativeWindow> NativeWindow::ofProcess(qint64 processId)
 NativeWindow NativeWindow::find(qint64 processId, const QString &title)
 {
     for (const NativeWindow &window : ofProcess(processId)) {
-        if (window.title() == title)
+        // What plays stands before the title of the main window.
+        if (window.title() == title || window.title().endsWith(" - "_L1 + title))
             return window;
     }
     return {};
