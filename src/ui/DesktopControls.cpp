@@ -187,5 +187,5 @@ void DesktopControls::update()
     controls->setStatus(status);
     // In a title "[*]" would be Qt's mark of a changed document.
     const QString title = status.title.replace("[*]"_L1, "[*][*]"_L1);
-    window->setWindowTitle(title.isEmpty() ? windowTitle : tr("%1 - %2").arg(title, windowTitle));
+    window->setWindowTitle(title.isEmpty() ? windowTitle : title + " - "_L1 + windowTitle);
 }

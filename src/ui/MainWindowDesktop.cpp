@@ -27,6 +27,14 @@ void MainWindow::createDesktop()
         const bool hasPoster = session->kind() == StreamKind::Movie;
         desktopControls->setPosterUrl(hasPoster ? QString(playingChannel.iconUrl) : QString());
     });
+    const auto tellNeighbours = [this] {
+        desktopControls->setNeighbours(hasNextEntry(), hasPreviousEntry());
+    };
+    connect(session, &PlaybackSession::entryChanged, this, tellNeighbours);
+    connect(playingList, &PlayingList::changed, this, tellNeighbours);
+    connect(desktopControls, &DesktopControls::nextRequested, this, &MainWindow::playNextEntry);
+    connect(desktopControls, &DesktopControls::previousRequested, this,
+            &MainWindow::playPreviousEntry);
     new SleepKeeper(player, this);
 }
 

@@ -13,12 +13,20 @@ class InhibitService : public QObject, protected QDBusContext
 public:
     InhibitService(PrivateBus &bus, const QString &name, const QString &path)
         : connection(bus.connect(QStringLiteral("stand-in ") + path))
+        , serviceName(name)
     {
         if (!connection.registerService(name) ||
             !connection.registerObject(path, this, QDBusConnection::ExportAllSlots)) {
             qFatal("InhibitService: the name is taken");
         }
     }
+
+    ~InhibitService() override
+    {
+        connection.unregisterService(serviceName);
+        QDBusConnection::disconnectFromBus(connection.name());
+    }
+    Q_DISABLE_COPY_MOVE(InhibitService)
 
     QStringList granted; ///< who asked, each time
     QList<uint> held;    ///< the cookies that are not given back yet
@@ -40,6 +48,7 @@ protected:
 
 private:
     QDBusConnection connection;
+    QString serviceName;
     uint lastCookie = 40;
 };
 

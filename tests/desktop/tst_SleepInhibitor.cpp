@@ -14,8 +14,9 @@ class tst_SleepInhibitor : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { bus = std::make_unique<PrivateBus>(); }
-    void cleanup() { bus.reset(); }
+    // One for all: the D-Bus library keeps the address of the first session bus that it has found.
+    void initTestCase() { bus = std::make_unique<PrivateBus>(); }
+    void cleanupTestCase() { bus.reset(); }
     void whatTheDesktopOffersIsUsed_data();
     void whatTheDesktopOffersIsUsed();
     void theFirstServiceIsEnough();

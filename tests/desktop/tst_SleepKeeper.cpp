@@ -14,7 +14,8 @@ class tst_SleepKeeper : public PlayerTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() override {} // keeps the screen
+    void initTestCase() override; ///< keeps the screen
+    void cleanupTestCase() { bus.reset(); }
     void init() override;
     void cleanup() override;
     void itStaysAwakeWhileAStreamPlays_data();
@@ -36,10 +37,14 @@ private:
     std::unique_ptr<QWidget> surface;
 };
 
+// The D-Bus library keeps the address of the first session bus that a program has found.
+void tst_SleepKeeper::initTestCase()
+{
+    bus = std::make_unique<PrivateBus>();
+}
+
 void tst_SleepKeeper::init()
 {
-    // libVLC looks for the bus when the stream starts.
-    bus = std::make_unique<PrivateBus>();
     service = std::make_unique<ScreenSaverService>(*bus);
     PlayerTest::init();
     surface = std::make_unique<QWidget>();
@@ -55,7 +60,6 @@ void tst_SleepKeeper::cleanup()
     PlayerTest::cleanup();
     surface.reset();
     service.reset();
-    bus.reset();
 }
 
 void tst_SleepKeeper::itStaysAwakeWhileAStreamPlays_data()
