@@ -56,7 +56,7 @@ QDBusMessage inhibitCall(const Service &service)
     constexpr uint noWindow = 0;
     constexpr uint suspendAndIdle = 12;
     const QString program = u"Vantiro Player"_s;
-    const QString reason = u"Playing"_s;
+    const QString reason = SleepInhibitor::tr("Playing");
     QDBusMessage call = callOf(service, "Inhibit"_L1);
     if (service.takesFlags) {
         call << program << noWindow << reason << suspendAndIdle;
