@@ -139,10 +139,12 @@ bool MainWindow::event(QEvent *event)
         // A dialog opens, and the release of the mouse will go to it.
         playerPanel->endSeekHold();
         break;
+    case QEvent::Show:
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::WindowStateChange:
-        if (isVisible()) {
+        // What is known first is how the desktop has placed the window.
+        if (isVisible() && (windowMemory.hasState() || !rememberTimer->isActive())) {
             rememberTimer->start();
         }
         break;

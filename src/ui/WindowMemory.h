@@ -28,6 +28,8 @@ public:
 
     /// False on the first start, and until the user changes something.
     bool hasStored() const { return isStored; }
+    /// Whether state() is that of the window.
+    bool hasState() const { return isKnown; }
     const WindowState &state() const { return current; }
     /// Writes what has changed. The first state after the first start counts as unchanged, so that
     /// who changes nothing stores nothing.
