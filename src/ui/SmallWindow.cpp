@@ -2,6 +2,7 @@
 
 #include "ui/PlayerPanel.h"
 
+#include <QCoreApplication>
 #include <QLayout>
 #include <QMouseEvent>
 #include <QScreen>
@@ -45,6 +46,7 @@ void SmallWindow::enter()
     // By the native window: QWidget would make another one, and the picture would stop.
     window->windowHandle()->setFlag(Qt::FramelessWindowHint, true);
     // Without what is hidden the window may be smaller.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     window->layout()->activate();
     window->setGeometry(smallGeometry.isValid() ? smallGeometry : firstGeometry());
 }
