@@ -1,0 +1,57 @@
+#include "desktop/MediaControls.h"
+#include "desktop/SleepInhibitor.h"
+#include "support/TestMain.h"
+
+#include <QElapsedTimer>
+#include <QLocalServer>
+#include <QTemporaryDir>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+/// A desktop without a session bus, or with one that does not answer, holds nothing up.
+class tst_NoSessionBus : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothingWaits_data();
+    void nothingWaits();
+};
+
+void tst_NoSessionBus::nothingWaits_data()
+{
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("no bus") << false;
+    QTest::newRow("a bus that never answers") << true;
+}
+
+void tst_NoSessionBus::nothingWaits()
+{
+    QFETCH(const bool, isThere);
+    const QTemporaryDir folder(QDir::tempPath() + "/vantiro-bus-XXXXXX"_L1);
+    QLocalServer silent;
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    if (isThere) {
+        const QString path = folder.filePath(u"silent"_s);
+        QVERIFY(silent.listen(path));
+        qputenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path="_L1 + path).toUtf8());
+    }
+    QElapsedTimer timer;
+    timer.start();
+    {
+        MediaControls controls(nullptr);
+        MediaStatus status;
+        status.title = u"News"_s;
+        controls.setStatus(status);
+        SleepInhibitor inhibitor(nullptr);
+        inhibitor.keepAwake(SleepInhibitor::Awake::System);
+        QCoreApplication::processEvents();
+        inhibitor.keepAwake(SleepInhibitor::Awake::Nothing);
+    }
+    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+}
+
+VANTIRO_TEST_GUILESS_MAIN(tst_NoSessionBus)
+#include "tst_NoSessionBus.moc"
