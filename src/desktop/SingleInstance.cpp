@@ -1,0 +1,183 @@
+#include "desktop/SingleInstance.h"
+
+#include <QCryptographicHash>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocalSocket>
+#include <QLockFile>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTimer>
+#include <QtEndian>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A message is its size in four bytes, the most significant first, and so many bytes of UTF-8:
+/// texts that end in a null, the first one the token, the others addresses. The answer is one byte.
+constexpr qsizetype sizeBytes = 4;
+/// More than a command line can hold.
+constexpr qsizetype maxMessageBytes = 4 * 1024 * 1024;
+constexpr char takenByte = '+';
+
+QByteArray messageOf(const StartRequest &request)
+{
+    QByteArray text = request.activationToken.toUtf8() + '\0';
+    for (const QString &address : request.addresses) {
+        const QByteArray next = address.toUtf8() + '\0';
+        if (text.size() + next.size() > maxMessageBytes) {
+            break;
+        }
+        text += next;
+    }
+    QByteArray size(sizeBytes, Qt::Uninitialized);
+    qToBigEndian(quint32(text.size()), size.data());
+    return size + text;
+}
+
+StartRequest requestOf(const QByteArray &text)
+{
+    QStringList texts = QString::fromUtf8(text).split(QChar::Null);
+    texts.removeLast(); // what follows the last null
+    StartRequest request;
+    if (!texts.isEmpty()) {
+        request.activationToken = texts.takeFirst();
+    }
+    request.addresses = texts;
+    return request;
+}
+
+/// Lets the program that runs take the foreground, which this one has from its user.
+void yieldForeground()
+{
+#ifdef Q_OS_WIN
+    AllowSetForegroundWindow(ASFW_ANY);
+#endif
+}
+
+} // namespace
+
+QString profileServerName()
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const QString profile = QSettings(u"Vantiro"_s, u"Player"_s).fileName() + u'\n' + data;
+    const QByteArray hash =
+        QCryptographicHash::hash(profile.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
+    const QString name = "vantiro-player-"_L1 + QLatin1StringView(hash);
+#ifdef Q_OS_WIN
+    return name;
+#else
+    // Both belong to the user alone, so that nobody else can take the name.
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    const QString folder = QFileInfo(runtime).isDir() ? runtime : data;
+    return QDir::isAbsolutePath(folder) ? QDir(folder).filePath(name) : QString();
+#endif
+}
+
+SingleInstance::SingleInstance(const QString &name, int timeLimitMs, QObject *parent)
+    : QObject(parent)
+    , serverName(name)
+    , limitMs(timeLimitMs)
+{
+    server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&server, &QLocalServer::newConnection, this, [this] {
+        while (QLocalSocket *socket = server.nextPendingConnection()) {
+            receive(socket);
+        }
+    });
+}
+
+SingleInstance::Start SingleInstance::start(const StartRequest &request)
+{
+    if (serverName.isEmpty()) {
+        return Start::Alone;
+    }
+    Answer answer = handOver(request);
+    if (answer == Answer::NobodyListens) {
+        // Of several that start at once, one listens, and the others hand over to it.
+#ifdef Q_OS_WIN
+        QLockFile lock(QDir::temp().filePath(serverName + ".lock"_L1));
+#else
+        QDir().mkpath(QFileInfo(serverName).path());
+        QLockFile lock(serverName + ".lock"_L1);
+#endif
+        if (!lock.tryLock(limitMs)) {
+            return Start::Alone;
+        }
+        answer = handOver(request);
+        if (answer == Answer::NobodyListens) {
+            return listen() ? Start::First : Start::Alone;
+        }
+    }
+    return answer == Answer::Taken ? Start::HandedOver : Start::Alone;
+}
+
+void SingleInstance::close()
+{
+    server.close();
+}
+
+SingleInstance::Answer SingleInstance::handOver(const StartRequest &request) const
+{
+    const QDeadlineTimer deadline(limitMs);
+    const auto left = [&deadline] { return int(deadline.remainingTime()); };
+    QLocalSocket socket;
+    socket.connectToServer(serverName);
+    if (!socket.waitForConnected(left())) {
+        return deadline.hasExpired() ? Answer::None : Answer::NobodyListens;
+    }
+    yieldForeground();
+    socket.write(messageOf(request));
+    while (socket.bytesAvailable() == 0) {
+        const bool goesOn = socket.bytesToWrite() > 0 ? socket.waitForBytesWritten(left())
+                                                      : socket.waitForReadyRead(left());
+        if (!goesOn) {
+            // A program that is about to end leaves.
+            return socket.state() == QLocalSocket::ConnectedState ? Answer::None
+                                                                  : Answer::NobodyListens;
+        }
+    }
+    return socket.read(1).front() == takenByte ? Answer::Taken : Answer::None;
+}
+
+bool SingleInstance::listen()
+{
+    // Nobody listens: the socket is that of a program that has crashed.
+    QLocalServer::removeServer(serverName);
+    return server.listen(serverName);
+}
+
+void SingleInstance::receive(QLocalSocket *socket)
+{
+    socket->setReadBufferSize(sizeBytes + maxMessageBytes);
+    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    QTimer::singleShot(limitMs, socket, [socket] { socket->abort(); });
+    const auto read = [this, socket] {
+        const QByteArray size = socket->peek(sizeBytes);
+        if (size.size() < sizeBytes) {
+            return;
+        }
+        const auto textBytes = qsizetype(qFromBigEndian<quint32>(size.constData()));
+        if (textBytes > maxMessageBytes) {
+            socket->abort();
+            return;
+        }
+        if (socket->bytesAvailable() < sizeBytes + textBytes) {
+            return;
+        }
+        const StartRequest request = requestOf(socket->readAll().mid(sizeBytes, textBytes));
+        socket->write(&takenByte, 1);
+        socket->flush();
+        // Through the event queue: what is opened may show a dialog.
+        QMetaObject::invokeMethod(
+            this, [this, request] { Q_EMIT requested(request); }, Qt::QueuedConnection);
+    };
+    connect(socket, &QLocalSocket::readyRead, this, read);
+    read();
+}
