@@ -259,8 +259,8 @@
         <translation>يعرض معلومات الإصدار.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>وسيط غير متوقع &apos;%1&apos;.</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>قوائم التشغيل والأفلام والبث المراد فتحها: ملفات أو عناوين URL.</translation>
     </message>
 </context>
 <context>
@@ -857,6 +857,26 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
         <source>Shift+P or Escape leaves the small window</source>
         <translation>يؤدي Shift+P أو Escape إلى الخروج من النافذة الصغيرة</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>ليس فيلمًا أو بثًا يمكن تشغيله.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>فتح ملف</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>مقاطع الفيديو وقوائم التشغيل (%1);;كل الملفات (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>فتح</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>تعذر فتح ما يلي:</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -888,6 +908,14 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
         <source>About</source>
         <translation>حول</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>فتح ملف...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>فتح عنوان...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -902,6 +930,44 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>قناة الدليل هذه مقترحة.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>فتح عنوان</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts أو مسار ملف محلي</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>فتح</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>العنوان:</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>الملف غير موجود.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>هذا مجلد.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>العناوين التي تبدأ بـ &quot;%1:&quot; غير مدعومة.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>لا يذكر العنوان أي خادم.</translation>
     </message>
 </context>
 <context>

@@ -259,8 +259,8 @@
         <translation>Zeigt Versionsinformationen an.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>Unerwartetes Argument „%1“.</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>Playlists, Filme und Streams, die geöffnet werden: Dateien oder URLs.</translation>
     </message>
 </context>
 <context>
@@ -849,6 +849,26 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
         <source>Shift+P or Escape leaves the small window</source>
         <translation>Umschalt+P oder Esc verlässt das kleine Fenster</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>Es ist kein Film oder Stream, der sich abspielen lässt.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Datei öffnen</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>Videos und Playlists (%1);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>Folgendes konnte nicht geöffnet werden:</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -880,6 +900,14 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
         <source>About</source>
         <translation>Über</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>Datei öffnen...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>Adresse öffnen...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -894,6 +922,44 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>Dieser Sender des TV-Programms ist ein Vorschlag.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>Adresse öffnen</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts oder der Pfad einer Datei</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Adresse:</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>Die Datei existiert nicht.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>Es ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>Adressen, die mit &quot;%1:&quot; beginnen, werden nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>Die Adresse nennt keinen Server.</translation>
     </message>
 </context>
 <context>

@@ -259,8 +259,8 @@
         <translation>Muestra información de la versión.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>Argumento inesperado «%1».</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>Listas de reproducción, películas y transmisiones que se abrirán: archivos o URL.</translation>
     </message>
 </context>
 <context>
@@ -849,6 +849,26 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
         <source>Shift+P or Escape leaves the small window</source>
         <translation>Mayús+P o Escape cierra la ventana pequeña</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>No es una película ni una transmisión que se pueda reproducir.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Abrir archivo</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>Vídeos y listas de reproducción (%1);;Todos los archivos (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>No se pudo abrir lo siguiente:</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -880,6 +900,14 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
         <source>About</source>
         <translation>Acerca de</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>Abrir archivo...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>Abrir dirección...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -894,6 +922,44 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>Este canal de la guía es una sugerencia.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>Abrir dirección</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts o la ruta de un archivo</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Dirección:</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>El archivo no existe.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>Es una carpeta.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>Las direcciones que empiezan por &quot;%1:&quot; no son compatibles.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>La dirección no indica ningún servidor.</translation>
     </message>
 </context>
 <context>

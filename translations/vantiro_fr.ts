@@ -259,8 +259,8 @@
         <translation>Affiche les informations de version.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>Argument inattendu «&#xa0;%1&#xa0;».</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>Listes de lecture, films et flux à ouvrir : fichiers ou URL.</translation>
     </message>
 </context>
 <context>
@@ -849,6 +849,26 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
         <source>Shift+P or Escape leaves the small window</source>
         <translation>Maj+P ou Échap quitte la petite fenêtre</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>Ce n&apos;est pas un film ou un flux qui peut être lu.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Ouvrir un fichier</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>Vidéos et listes de lecture (%1);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>Impossible d&apos;ouvrir :</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -880,6 +900,14 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
         <source>About</source>
         <translation>À propos</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>Ouvrir un fichier...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>Ouvrir une adresse...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -894,6 +922,44 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>Cette chaîne du guide est une suggestion.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>Ouvrir une adresse</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts ou le chemin d&apos;un fichier</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Adresse :</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>Le fichier n&apos;existe pas.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>C&apos;est un dossier.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>Les adresses qui commencent par &quot;%1:&quot; ne sont pas prises en charge.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>L&apos;adresse n&apos;indique aucun serveur.</translation>
     </message>
 </context>
 <context>

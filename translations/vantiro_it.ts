@@ -259,8 +259,8 @@
         <translation>Mostra informazioni sulla versione.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>Argomento imprevisto &apos;%1&apos;.</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>Playlist, film e flussi da aprire: file o URL.</translation>
     </message>
 </context>
 <context>
@@ -849,6 +849,26 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
         <source>Shift+P or Escape leaves the small window</source>
         <translation>Maiusc+P o Esc chiude la finestra piccola</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>Non è un film o un flusso che si possa riprodurre.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Apri file</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>Video e playlist (%1);;Tutti i file (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Apri</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>Impossibile aprire:</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -880,6 +900,14 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
         <source>About</source>
         <translation>Informazioni</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>Apri file...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>Apri indirizzo...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -894,6 +922,44 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>Questo canale della guida è un suggerimento.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>Apri indirizzo</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts o il percorso di un file</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Apri</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Indirizzo:</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>Il file non esiste.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>È una cartella.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>Gli indirizzi che iniziano con &quot;%1:&quot; non sono supportati.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>L&apos;indirizzo non indica alcun server.</translation>
     </message>
 </context>
 <context>

@@ -259,8 +259,8 @@
         <translation>Wyświetla informacje o wersji.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>Nieoczekiwany argument „%1”.</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>Playlisty, filmy i strumienie do otwarcia: pliki lub adresy URL.</translation>
     </message>
 </context>
 <context>
@@ -851,6 +851,26 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
         <source>Shift+P or Escape leaves the small window</source>
         <translation>Shift+P lub Esc zamyka małe okno</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>To nie jest film ani strumień, który można odtworzyć.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Otwórz plik</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>Filmy i playlisty (%1);;Wszystkie pliki (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Otwórz</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>Nie udało się otworzyć:</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -882,6 +902,14 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
         <source>About</source>
         <translation>O programie</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>Otwórz plik...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>Otwórz adres...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -896,6 +924,44 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>Ten kanał programu TV jest sugestią.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>Otwórz adres</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts lub ścieżka pliku</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Otwórz</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Adres:</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>Plik nie istnieje.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>To jest folder.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>Adresy zaczynające się od &quot;%1:&quot; nie są obsługiwane.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>Adres nie wskazuje serwera.</translation>
     </message>
 </context>
 <context>

@@ -259,8 +259,8 @@
         <translation>Exibe informações da versão.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>Argumento inesperado &apos;%1&apos;.</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>Listas de reprodução, filmes e transmissões a abrir: ficheiros ou URLs.</translation>
     </message>
 </context>
 <context>
@@ -849,6 +849,26 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
         <source>Shift+P or Escape leaves the small window</source>
         <translation>Shift+P ou Esc sai da janela pequena</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>Não é um filme ou uma transmissão que possa ser reproduzida.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Abrir ficheiro</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>Vídeos e listas de reprodução (%1);;Todos os ficheiros (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>Não foi possível abrir:</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -880,6 +900,14 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
         <source>About</source>
         <translation>Sobre</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>Abrir ficheiro...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>Abrir endereço...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -894,6 +922,44 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>Este canal do guia é uma sugestão.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>Abrir endereço</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts ou o caminho de um ficheiro</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Endereço:</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>O ficheiro não existe.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>É uma pasta.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>Os endereços que começam por &quot;%1:&quot; não são suportados.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>O endereço não indica nenhum servidor.</translation>
     </message>
 </context>
 <context>

@@ -259,8 +259,8 @@
         <translation>Показывает сведения о версии.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>Неожиданный аргумент «%1».</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>Плейлисты, фильмы и потоки, которые нужно открыть: файлы или URL.</translation>
     </message>
 </context>
 <context>
@@ -851,6 +851,26 @@ Copyright 2026 Vantiro. Все права защищены.
         <source>Shift+P or Escape leaves the small window</source>
         <translation>Shift+P или Esc закрывает маленькое окно</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>Это не фильм и не поток, который можно воспроизвести.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Открыть файл</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>Видео и плейлисты (%1);;Все файлы (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Открыть</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>Не удалось открыть:</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -882,6 +902,14 @@ Copyright 2026 Vantiro. Все права защищены.
         <source>About</source>
         <translation>О программе</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>Открыть файл...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>Открыть адрес...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -896,6 +924,44 @@ Copyright 2026 Vantiro. Все права защищены.
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>Этот канал телегида предложен автоматически.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>Открыть адрес</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts или путь к файлу</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Открыть</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Адрес:</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>Файл не существует.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>Это папка.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>Адреса, начинающиеся с &quot;%1:&quot;, не поддерживаются.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>В адресе не указан сервер.</translation>
     </message>
 </context>
 <context>

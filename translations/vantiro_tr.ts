@@ -259,8 +259,8 @@
         <translation>Sürüm bilgilerini gösterir.</translation>
     </message>
     <message>
-        <source>Unexpected argument &apos;%1&apos;.</source>
-        <translation>Beklenmeyen bağımsız değişken &apos;%1&apos;.</translation>
+        <source>Playlists, films and streams to open: files or URLs.</source>
+        <translation>Açılacak oynatma listeleri, filmler ve yayınlar: dosyalar veya URL&apos;ler.</translation>
     </message>
 </context>
 <context>
@@ -847,6 +847,26 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
         <source>Shift+P or Escape leaves the small window</source>
         <translation>Shift+P veya Esc küçük pencereden çıkar</translation>
     </message>
+    <message>
+        <source>It is not a film or a stream that can be played.</source>
+        <translation>Bu, oynatılabilecek bir film veya yayın değil.</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Dosya Aç</translation>
+    </message>
+    <message>
+        <source>Videos and Playlists (%1);;All Files (*)</source>
+        <translation>Videolar ve Oynatma Listeleri (%1);;Tüm Dosyalar (*)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Aç</translation>
+    </message>
+    <message>
+        <source>This could not be opened:</source>
+        <translation>Şunlar açılamadı:</translation>
+    </message>
 </context>
 <context>
     <name>MoreMenu</name>
@@ -878,6 +898,14 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
         <source>About</source>
         <translation>Hakkında</translation>
     </message>
+    <message>
+        <source>Open File...</source>
+        <translation>Dosya Aç...</translation>
+    </message>
+    <message>
+        <source>Open Location...</source>
+        <translation>Adres Aç...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -892,6 +920,44 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     <message>
         <source>This guide channel is a suggestion.</source>
         <translation>Bu rehber kanalı bir öneridir.</translation>
+    </message>
+</context>
+<context>
+    <name>OpenLocationDialog</name>
+    <message>
+        <source>Open Location</source>
+        <translation>Adres Aç</translation>
+    </message>
+    <message>
+        <source>http://example.com/stream.ts or a local file path</source>
+        <translation>http://example.com/stream.ts veya bir dosya yolu</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Aç</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Adres:</translation>
+    </message>
+</context>
+<context>
+    <name>OpenTarget</name>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>Dosya yok.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>Bu bir klasör.</translation>
+    </message>
+    <message>
+        <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
+        <translation>&quot;%1:&quot; ile başlayan adresler desteklenmiyor.</translation>
+    </message>
+    <message>
+        <source>The address names no server.</source>
+        <translation>Adreste sunucu belirtilmemiş.</translation>
     </message>
 </context>
 <context>

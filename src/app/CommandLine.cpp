@@ -1,9 +1,11 @@
 #include "app/CommandLine.h"
 
+#include "desktop/OpenTarget.h"
 #include "providers/SubscriptionAddress.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -37,7 +39,7 @@ bool CommandLine::asksForText(int argc, char **argv)
     });
 }
 
-std::optional<int> CommandLine::process(const QCoreApplication &app)
+CommandLine::Request CommandLine::process(const QCoreApplication &app)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -47,20 +49,26 @@ std::optional<int> CommandLine::process(const QCoreApplication &app)
         {u"v"_s, u"version"_s},
         QCoreApplication::translate("CommandLine", "Displays version information."));
     parser.addOption(version);
+    parser.addPositionalArgument(
+        u"addresses"_s,
+        QCoreApplication::translate("CommandLine",
+                                    "Playlists, films and streams to open: files or URLs."),
+        u"[FILE|URL...]"_s);
     if (!parser.parse(app.arguments())) {
         report(parser.errorText());
     }
     if (parser.isSet(help) || parser.isSet(u"help-all"_s)) {
         std::fputs(qPrintable(parser.helpText()), stdout);
-        return EXIT_SUCCESS;
+        return {EXIT_SUCCESS, {}};
     }
     if (parser.isSet(version)) {
         std::fputs(qPrintable(versionText()), stdout);
-        return EXIT_SUCCESS;
+        return {EXIT_SUCCESS, {}};
     }
-    for (const QString &argument : parser.positionalArguments()) {
-        report(
-            QCoreApplication::translate("CommandLine", "Unexpected argument '%1'.").arg(argument));
+    Request request;
+    const QStringList words = parser.positionalArguments();
+    for (const QString &word : words) {
+        request.addresses << openAddress(word, QDir::currentPath());
     }
-    return std::nullopt;
+    return request;
 }

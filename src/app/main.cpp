@@ -3,6 +3,8 @@
 #include "app/MallocArenas.h"
 #include "app/RegexpJit.h"
 #include "app/Theme.h"
+#include "desktop/SingleInstance.h"
+#include "desktop/WindowActivation.h"
 #include "ui/MainWindow.h"
 
 #include <QApplication>
@@ -90,23 +92,33 @@ int main(int argc, char **argv)
         const QCoreApplication textOnly(argc, argv);
         nameApplication();
         Language::apply();
-        if (const auto status = CommandLine::process(textOnly)) {
+        if (const auto status = CommandLine::process(textOnly).exitStatus) {
             return *status;
         }
     }
     preferX11OverWayland();
+    const QString token = activationToken();
     QApplication app(argc, argv);
     nameApplication();
     Language::apply();
-    if (const auto status = CommandLine::process(app)) {
-        return *status;
+    const CommandLine::Request request = CommandLine::process(app);
+    if (request.exitStatus) {
+        return *request.exitStatus;
+    }
+    SingleInstance instance(profileServerName());
+    if (instance.start({request.addresses, token}) == SingleInstance::Start::HandedOver) {
+        return EXIT_SUCCESS;
     }
     Theme::apply(app);
     showInstalledIcon();
 
     MainWindow window;
+    QObject::connect(&instance, &SingleInstance::requested, &window, &MainWindow::takeOver);
+    window.open(request.addresses);
     window.show();
     const int status = QApplication::exec();
+    // What follows may take a second; a start in it is one of its own.
+    instance.close();
     if (!window.endPlayback()) {
         leaveAtOnce(status);
     }

@@ -94,7 +94,7 @@ OpenTarget fileTarget(const QString &path)
     const QByteArray head = file.read(headBytes);
     const bool isNamedList = playlistSuffixes().contains(info.suffix().toLower());
     if ((isNamedList || isList(head)) && !isStreamList(head)) {
-        return {OpenTarget::Kind::Playlist, title, path, {}};
+        return {OpenTarget::Kind::Playlist, info.completeBaseName().simplified(), path, {}};
     }
     return {OpenTarget::Kind::Film, title, url, {}};
 }
@@ -155,6 +155,13 @@ QString openAddress(const QString &word, const QString &folder)
         return pathOf(text);
     }
     return scheme.isEmpty() ? path : text;
+}
+
+QString typedAddress(const QString &text)
+{
+    const QString typed = text.trimmed();
+    const bool isWhole = QDir::isAbsolutePath(typed) || !schemeOf(typed).isEmpty();
+    return isWhole ? openAddress(typed, QDir::rootPath()) : "http://"_L1 + typed;
 }
 
 QStringList openAddresses(const QMimeData &data)

@@ -17,7 +17,8 @@ struct OpenTarget
     };
 
     Kind kind = Kind::Unfit;
-    /// What names it: the file without its folder, or the server. Holds no credentials.
+    /// What names it: the file without its folder, of a playlist without its suffix too, or the
+    /// server. Holds no credentials.
     QString title;
     /// Of a playlist its absolute path or its URL, otherwise the URL that plays.
     QString address;
@@ -25,10 +26,13 @@ struct OpenTarget
     QString problem;
 };
 
-/// A word of the command line, or what the user typed, as an absolute path or a URL. A relative
+/// A word of the command line as an absolute path or a URL. A relative
 /// path starts at `folder`; a file that is there goes before a URL that reads the same. A "file:"
 /// URL becomes its path. Whether it can be opened is for openTarget() to tell.
 QString openAddress(const QString &word, const QString &folder);
+
+/// What the user typed as an absolute path or a URL. What is neither begins with a server's name.
+QString typedAddress(const QString &text);
 
 /// The absolute paths and URLs that were dropped or pasted, in their order; empty when there are
 /// none.

@@ -8,6 +8,7 @@
 #include <QLockFile>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QThread>
 #include <QTimer>
 #include <QtEndian>
 
@@ -25,6 +26,7 @@ constexpr qsizetype sizeBytes = 4;
 /// More than a command line can hold.
 constexpr qsizetype maxMessageBytes = 4 * 1024 * 1024;
 constexpr char takenByte = '+';
+constexpr unsigned long lockRetryMs = 20;
 
 QByteArray messageOf(const StartRequest &request)
 {
@@ -53,6 +55,12 @@ StartRequest requestOf(const QByteArray &text)
     return request;
 }
 
+QString lockPath(const QString &serverName)
+{
+    // An absolute path stays as it is.
+    return QDir::temp().filePath(serverName) + ".lock"_L1;
+}
+
 /// Lets the program that runs take the foreground, which this one has from its user.
 void yieldForeground()
 {
@@ -75,8 +83,11 @@ QString profileServerName()
 #else
     // Both belong to the user alone, so that nobody else can take the name.
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QString folder = QFileInfo(runtime).isDir() ? runtime : data;
-    return QDir::isAbsolutePath(folder) ? QDir(folder).filePath(name) : QString();
+    const bool hasRuntime = QDir::isAbsolutePath(runtime) && QFileInfo(runtime).isDir();
+    if (!hasRuntime && !QDir().mkpath(data)) {
+        return {};
+    }
+    return (hasRuntime ? runtime : data) + u'/' + name;
 #endif
 }
 
@@ -98,21 +109,21 @@ SingleInstance::Start SingleInstance::start(const StartRequest &request)
     if (serverName.isEmpty()) {
         return Start::Alone;
     }
+    // Of several that start at once, one listens, and the others hand over to it.
+    QLockFile lock(lockPath(serverName));
+    const QDeadlineTimer deadline(limitMs);
     Answer answer = handOver(request);
-    if (answer == Answer::NobodyListens) {
-        // Of several that start at once, one listens, and the others hand over to it.
-#ifdef Q_OS_WIN
-        QLockFile lock(QDir::temp().filePath(serverName + ".lock"_L1));
-#else
-        QDir().mkpath(QFileInfo(serverName).path());
-        QLockFile lock(serverName + ".lock"_L1);
-#endif
-        if (!lock.tryLock(limitMs)) {
-            return Start::Alone;
-        }
+    while (answer == Answer::NobodyListens && !deadline.hasExpired()) {
+        const bool isLocked = lock.tryLock(0);
         answer = handOver(request);
-        if (answer == Answer::NobodyListens) {
+        if (answer == Answer::NobodyListens && isLocked) {
             return listen() ? Start::First : Start::Alone;
+        }
+        if (answer == Answer::NobodyListens) {
+            if (lock.error() != QLockFile::LockFailedError) {
+                return Start::Alone; // nothing can be made there
+            }
+            QThread::msleep(lockRetryMs);
         }
     }
     return answer == Answer::Taken ? Start::HandedOver : Start::Alone;

@@ -15,7 +15,9 @@ QString orDefault(const QString &extension, const QString &fallback)
 
 QString entryUrl(const MediaItem &item, const EntryOrigin &origin)
 {
-    if (item.type == StreamKind::Live && !SourceType::isAccount(origin.source.type)) {
+    const bool isOfPlaylist =
+        item.type == StreamKind::Live && !SourceType::isAccount(origin.source.type);
+    if (isOfPlaylist || origin.isOpened) {
         return item.streamUrl;
     }
     if (!origin.account) {

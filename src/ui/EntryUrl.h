@@ -14,9 +14,11 @@ struct EntryOrigin
     SourceConfig source;
     /// Of an account's entry; none before the account was loaded.
     std::optional<XtreamAccount> account;
+    /// It was opened by its address, and belongs to no source.
+    bool isOpened = false;
 };
 
-/// The URL that plays `item`, an entry of that origin: a playlist entry's own URL, or one that is
-/// built for the account. Empty for what does not play: a show, an entry without a URL, an entry
-/// without an account.
+/// The URL that plays `item`, an entry of that origin: the own URL of what was opened or belongs
+/// to a playlist, or one that is built for the account. Empty for what does not play: a show, an
+/// entry without a URL, an entry without an account.
 QString entryUrl(const MediaItem &item, const EntryOrigin &origin);

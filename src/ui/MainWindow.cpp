@@ -79,6 +79,7 @@ MainWindow::MainWindow(const QString &subscriptionBaseUrl)
     createHistory();
     createGuide();
     createMoreMenu();
+    createOpening();
     createDesktop();
     restoreWindow();
     restoreSources();
@@ -138,7 +139,7 @@ void MainWindow::restoreSources()
     fillSourceBar();
     if (sourceBar->isEmpty()) {
         // Through the event queue: the dialog must not open before the window is on screen.
-        QMetaObject::invokeMethod(this, &MainWindow::addSource, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &MainWindow::askForFirstSource, Qt::QueuedConnection);
         return;
     }
     const int lastActive = sourceBar->indexOf(sourceManager->lastActiveSourceName());

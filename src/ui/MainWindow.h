@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/OpenTarget.h"
 #include "library/LibraryRecords.h"
 #include "model/CatalogRecords.h"
 #include "model/CatalogSection.h"
@@ -31,6 +32,7 @@ class ResumeKeeper;
 class ScheduleDialog;
 class ServerZones;
 class SourceBar;
+class SourceDialog;
 class SourceGuide;
 class SourceManager;
 class TabLibrary;
@@ -41,6 +43,7 @@ struct GuideProgramme;
 struct LoadFailure;
 struct OnNow;
 struct RestorePlan;
+struct StartRequest;
 
 class QListWidgetItem;
 class QMenu;
@@ -89,6 +92,15 @@ public:
     /// that was left where it was left, or the one that follows a finished one.
     void continueShow(const MediaItem &show);
 
+    // ---- MainWindowOpen.cpp: files and addresses ----
+
+    /// Opens absolute paths and URLs, as openAddress() makes them. The first film or stream plays,
+    /// the others follow when it ends; a playlist opens the form of a new source, once no other
+    /// dialog is open. What cannot be opened is told in a box.
+    void open(const QStringList &addresses);
+    /// Opens what a later start of the program was given, and comes to the front.
+    void takeOver(const StartRequest &request);
+
     // ---- MainWindowPlayer.cpp: the player ----
 
     /// Plays an entry. A show, and an entry without a URL, change nothing.
@@ -133,6 +145,8 @@ public Q_SLOTS:
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     // ---- MainWindow.cpp ----
@@ -147,12 +161,28 @@ private:
     std::optional<SourceConfig> storedSource(const QString &name) const;
 
     // ---- MainWindowEditing.cpp ----
+    /// Adds what the form of a new source holds, once the user accepts it.
+    void addSourceBy(SourceDialog &dialog);
     bool checkDialogResult(const SourceConfig &config, const QString &title);
     bool storeCopy(SourceConfig &config, const QString &title);
     void deleteSource(const QString &name);
     void showRemainingSources();
     void replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited);
     void forgetLastSource();
+
+    // ---- MainWindowOpen.cpp: files and addresses ----
+    void createOpening();
+    void askForFirstSource();
+    void openFile();
+    void openLocation();
+    /// Shows the forms and boxes that wait, unless a dialog is open.
+    void showWaitingDialogs();
+    void offerPlaylist(const OpenTarget &playlist);
+    /// Tells why something could not be opened, once no dialog is open.
+    void tellProblem(const QString &title, const QString &problem);
+    /// Plays them one after the other, as a list that belongs to no source.
+    void playOpened(const QList<OpenTarget> &targets);
+    bool playsOpened() const;
 
     // ---- MainWindowSources.cpp: what the loader reports ----
     void createCatalogLoader(const QString &subscriptionBaseUrl);
@@ -305,6 +335,13 @@ private:
     DesktopControls *desktopControls = nullptr;
     WindowMemory windowMemory;
     QTimer *rememberTimer = nullptr; ///< runs while the user arranges the window
+
+    // ---- MainWindowOpen.cpp ----
+    bool isAskedToOpen = false;         ///< instead of the form for the first source
+    QList<OpenTarget> playlistsToOffer; ///< once no dialog is open
+    QStringList openingProblems;        ///< to be told then
+    bool openedHasPlayed = false;       ///< what was opened has made progress
+    QString openFolder;                 ///< of the file that was opened last
 
     // ---- MainWindowBrowse.cpp ----
     QTabWidget *tabs = nullptr;

@@ -35,6 +35,11 @@ bool MainWindow::checkDialogResult(const SourceConfig &config, const QString &ti
 void MainWindow::addSource()
 {
     SourceDialog dialog(this, nullptr);
+    addSourceBy(dialog);
+}
+
+void MainWindow::addSourceBy(SourceDialog &dialog)
+{
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }

@@ -53,6 +53,8 @@ void MainWindow::createMoreMenu()
         menu->setHasSource(!currentSource.name.isEmpty());
         menu->setHasAccount(hasAccount());
     });
+    connect(menu, &MoreMenu::openFileRequested, this, &MainWindow::openFile);
+    connect(menu, &MoreMenu::openLocationRequested, this, &MainWindow::openLocation);
     connect(menu, &MoreMenu::clearHistoryRequested, this, &MainWindow::clearHistory);
     connect(menu, &MoreMenu::backUpRequested, this, &MainWindow::backUp);
     connect(menu, &MoreMenu::restoreRequested, this, &MainWindow::restoreBackup);

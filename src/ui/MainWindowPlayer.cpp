@@ -139,6 +139,9 @@ bool MainWindow::event(QEvent *event)
         // A dialog opens, and the release of the mouse will go to it.
         playerPanel->endSeekHold();
         break;
+    case QEvent::WindowUnblocked:
+        QMetaObject::invokeMethod(this, &MainWindow::showWaitingDialogs, Qt::QueuedConnection);
+        break;
     case QEvent::Show:
     case QEvent::Move:
     case QEvent::Resize:

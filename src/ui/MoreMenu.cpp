@@ -2,9 +2,16 @@
 
 MoreMenu::MoreMenu(QWidget *parent)
     : QMenu(parent)
+    , openFile(addAction(tr("Open File..."), this, &MoreMenu::openFileRequested))
+    , openLocation(addAction(tr("Open Location..."), this, &MoreMenu::openLocationRequested))
     , clearHistory(addAction(tr("Clear History..."), this, &MoreMenu::clearHistoryRequested))
 {
     setAccessibleName(tr("More"));
+    openFile->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    openLocation->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    // Their keys work while the menu is closed.
+    parent->addActions({openFile, openLocation});
+    insertSeparator(clearHistory);
     addSeparator();
     addAction(tr("Back Up..."), this, &MoreMenu::backUpRequested);
     addAction(tr("Restore..."), this, &MoreMenu::restoreRequested);

@@ -2,7 +2,8 @@
 
 #include <QMenu>
 
-/// What does not belong to one tab: the history, the backup, the guide, the account, the program.
+/// What does not belong to one tab: files and addresses to open, the history, the backup, the
+/// guide, the account, the program.
 class MoreMenu final : public QMenu
 {
     Q_OBJECT
@@ -18,6 +19,8 @@ public:
     void setHasAccount(bool hasAccount);
 
 Q_SIGNALS:
+    void openFileRequested();
+    void openLocationRequested();
     void clearHistoryRequested();
     void backUpRequested();
     void restoreRequested();
@@ -27,6 +30,8 @@ Q_SIGNALS:
     void aboutRequested();
 
 private:
+    QAction *openFile;
+    QAction *openLocation;
     QAction *clearHistory;
     QAction *guide;
     QAction *accountInformation;

@@ -200,6 +200,13 @@ void SourceDialog::fillForNewSource()
     liveFormatCombo->setCurrentIndex(liveFormatCombo->findData(newAccountFormat));
 }
 
+void SourceDialog::fillWithPlaylist(const QString &name, const QString &address)
+{
+    typeCombo->setCurrentIndex(typeCombo->findData(SourceType::Playlist));
+    m3uNameEdit->setText(name);
+    m3uUrlEdit->setText(address);
+}
+
 void SourceDialog::onTypeChanged(int index)
 {
     pages->setCurrentIndex(index);

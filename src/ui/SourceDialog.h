@@ -21,6 +21,9 @@ public:
     /// `existing` null means a new source.
     SourceDialog(QWidget *parent, const SourceConfig *existing);
 
+    /// Fills the form of a new source with a playlist.
+    void fillWithPlaylist(const QString &name, const QString &address);
+
     /// The record for what the form shows; not validated. The file of a local playlist is copied by
     /// storePlaylistCopy().
     SourceConfig config() const;

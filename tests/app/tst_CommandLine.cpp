@@ -31,6 +31,8 @@ void tst_CommandLine::answers_data()
     QTest::newRow("help") << QStringList{u"--help"_s} << u"Usage: "_s;
     QTest::newRow("help tells what the program is")
         << QStringList{u"--help"_s} << u"A player for internet television."_s;
+    QTest::newRow("help tells what can be opened")
+        << QStringList{u"--help"_s} << u" [options] [FILE|URL...]\n"_s;
     QTest::newRow("help, short") << QStringList{u"-h"_s} << u"--version "_s;
 }
 

@@ -33,7 +33,7 @@ private Q_SLOTS:
     void init();
     void whatMainSets();
     void theWindowSpeaksTheLanguage();
-    void unknownWordsAreReported();
+    void unknownOptionsAreReported();
     void tracesWithTheSwitch();
 
 private:
@@ -106,11 +106,10 @@ void tst_StartUp::theWindowSpeaksTheLanguage()
     QCOMPARE(result.report.constLast(), u"right to left"_s);
 }
 
-void tst_StartUp::unknownWordsAreReported()
+void tst_StartUp::unknownOptionsAreReported()
 {
-    const Run result = run({u"--nope"_s, u"/tmp/film.mp4"_s, u"--"_s, u"--two"_s});
-    QCOMPARE(result.errors, "Unknown option 'nope'.\nUnexpected argument '/tmp/film.mp4'.\n"
-                            "Unexpected argument '--two'.\n"_ba);
+    const Run result = run({u"--nope"_s, u"/nowhere/film.mp4"_s, u"--"_s, u"--two"_s});
+    QCOMPARE(result.errors, "Unknown option 'nope'.\n"_ba);
     QCOMPARE(result.exitCode, probeStatus);
     QCOMPARE(server->requestCount(), 1);
 }

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void paths();
     void addressesKeepTheirText_data();
     void addressesKeepTheirText();
+    void typed_data();
+    void typed();
     void files_data();
     void files();
     void urls_data();
@@ -85,6 +87,23 @@ void tst_OpenTarget::addressesKeepTheirText()
     QCOMPARE(openAddress(u"  "_s + word + u'\n', u"/"_s), word);
 }
 
+void tst_OpenTarget::typed_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("address");
+    QTest::newRow("a URL") << u" rtsp://127.0.0.1/1 "_s << u"rtsp://127.0.0.1/1"_s;
+    QTest::newRow("a server") << u"127.0.0.1:80/1.ts"_s << u"http://127.0.0.1:80/1.ts"_s;
+    QTest::newRow("a path") << QDir::rootPath() + u"a b/c.ts"_s << QDir::rootPath() + u"a b/c.ts"_s;
+    QTest::newRow("a file: URL") << QUrl::fromLocalFile(QDir::rootPath() + u"a b"_s).toString()
+                                 << QDir::rootPath() + u"a b"_s;
+}
+
+void tst_OpenTarget::typed()
+{
+    QFETCH(const QString, text);
+    QTEST(typedAddress(text), "address");
+}
+
 void tst_OpenTarget::files_data()
 {
     QTest::addColumn<QString>("name");
@@ -122,10 +141,11 @@ void tst_OpenTarget::files()
     writeFile(path, content);
     const OpenTarget target = openTarget(path);
     QCOMPARE(target.kind, kind);
-    QCOMPARE(target.title, name.simplified());
     if (kind == Kind::Playlist) {
+        QCOMPARE(target.title, QFileInfo(name).completeBaseName());
         QCOMPARE(target.address, path);
     } else {
+        QCOMPARE(target.title, name.simplified());
         // What libVLC gets needs no more encoding, and names the same file.
         QVERIFY(target.address.startsWith("file:///"_L1));
         QVERIFY(!target.address.contains(u' ') && !target.address.contains(u'#'));

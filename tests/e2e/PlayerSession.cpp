@@ -5,9 +5,9 @@
 using namespace Qt::StringLiterals;
 using namespace desktop;
 
-bool PlayerSession::start()
+bool PlayerSession::start(const QStringList &arguments)
 {
-    if (!app.start(UiTexts::mainWindow))
+    if (!app.start(UiTexts::mainWindow, arguments))
         return false;
     window = app.waitForWindow(UiTexts::mainWindow);
     return bool(window);

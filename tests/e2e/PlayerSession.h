@@ -18,8 +18,8 @@ public:
         : app(program)
     {}
 
-    /// Starts the player and waits for its window.
-    [[nodiscard]] bool start();
+    /// Starts the player, with what it is to open, and waits for its window.
+    [[nodiscard]] bool start(const QStringList &arguments = {});
     /// Closes the player; false as well if it does not end with status 0.
     [[nodiscard]] bool close() { return app.close() && app.exitCode() == 0; }
 

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void url();
     void anEpisodeIsPlayedFromItsShowsAccount();
     void onlyAPlaylistEntryPlaysWithoutAnAccount();
+    void whatWasOpenedHasItsOwn();
 };
 
 void tst_EntryUrl::url_data()
@@ -86,6 +87,15 @@ void tst_EntryUrl::onlyAPlaylistEntryPlaysWithoutAnAccount()
     QCOMPARE(entryUrl(entry(StreamKind::Live), {}), u"own:7"_s);
     for (const qint32 kind : {StreamKind::Movie, StreamKind::Episode, StreamKind::Series}) {
         QCOMPARE(entryUrl(entry(kind), {}), QString());
+    }
+}
+
+void tst_EntryUrl::whatWasOpenedHasItsOwn()
+{
+    EntryOrigin opened;
+    opened.isOpened = true;
+    for (const qint32 kind : {StreamKind::Live, StreamKind::Movie}) {
+        QCOMPARE(entryUrl(entry(kind), opened), u"own:7"_s);
     }
 }
 

@@ -41,8 +41,9 @@ RunningApp::~RunningApp()
     }
 }
 
-bool RunningApp::start(const QString &windowTitle)
+bool RunningApp::start(const QString &windowTitle, const QStringList &arguments)
 {
+    process.setArguments(arguments);
     process.start();
     if (!process.waitForStarted()) {
         qWarning().noquote() << "Cannot start"_L1 << process.program() << process.errorString();

@@ -24,7 +24,7 @@ public:
 
     /// Starts the program and waits until the window with this title shows and has the keyboard,
     /// itself or through a dialog in front of it. Can be called again once the program has ended.
-    [[nodiscard]] bool start(const QString &windowTitle);
+    [[nodiscard]] bool start(const QString &windowTitle, const QStringList &arguments = {});
     /// Closes the windows one after the other until the program has ended of itself.
     [[nodiscard]] bool close();
     [[nodiscard]] bool waitUntilEnded();
