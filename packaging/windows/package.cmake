@@ -88,6 +88,7 @@ set(CPACK_NSIS_INSTALLED_ICON_NAME vantiro-player.exe)
 set(CPACK_NSIS_MUI_ICON ${PROJECT_SOURCE_DIR}/packaging/icon/vantiro-player.ico)
 set(CPACK_NSIS_MUI_UNIICON ${PROJECT_SOURCE_DIR}/packaging/icon/vantiro-player.ico)
 set(CPACK_NSIS_ENABLE_UNINSTALL_BEFORE_INSTALL ON)
+include(${CMAKE_CURRENT_LIST_DIR}/file-types.cmake)
 
 if(VANTIRO_BUILD_TESTS AND CMAKE_CROSSCOMPILING)
     add_test(NAME package.windows

@@ -18,6 +18,7 @@
 #include <QLocalSocket>
 #include <QProcess>
 #include <QSettings>
+#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 using namespace desktop;
@@ -93,6 +94,7 @@ private Q_SLOTS:
 
     void addsAPlaylistAndPlaysFromIt();
     void showsPostersAndPlaysAFilm();
+    void aLaterStartHandsOver();
 
 private:
     bool start();
@@ -288,6 +290,35 @@ void tst_Program::showsPostersAndPlaysAFilm()
     QTRY_VERIFY_WITH_TIMEOUT(provider.http().requestCount(film) > 0, startMs);
     QVERIFY(Screen::waitUntilMoving(find(u"videoSurface"_s)));
     keepScreenshot(u"film"_s);
+    QVERIFY(closeWindow());
+}
+
+/// As Explorer opens a file while the program runs.
+void tst_Program::aLaterStartHandsOver()
+{
+    HttpServer server;
+    SourceConfig source;
+    source.name = u"Home"_s;
+    source.url = server.url(u"/list.m3u"_s);
+    SourceManager(nullptr).saveSource(source);
+    const QTemporaryDir folder;
+    const QString name = u"Der  Film ë %41.mp4"_s;
+    QVERIFY(QFile::copy(streamPath(u"film-faststart.mp4"_s), folder.filePath(name)));
+
+    QVERIFY(start());
+    QProcess later;
+    QProcessEnvironment environment = player.processEnvironment();
+    environment.remove(u"QT_QPA_GENERIC_PLUGINS"_s);
+    later.setProcessEnvironment(environment);
+    later.setProcessChannelMode(QProcess::ForwardedChannels);
+    later.setWorkingDirectory(folder.path());
+    later.start(QStringLiteral(VANTIRO_PLAYER), {name});
+    QTRY_COMPARE_WITH_TIMEOUT(later.state(), QProcess::NotRunning, startMs);
+    QCOMPARE(later.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(later.exitCode(), 0);
+    QTRY_VERIFY_WITH_TIMEOUT(!find(u"seekRow"_s).isEmpty(), startMs);
+    QVERIFY(Screen::waitUntilMoving(find(u"videoSurface"_s)));
+    keepScreenshot(u"opened"_s);
     QVERIFY(closeWindow());
 }
 
