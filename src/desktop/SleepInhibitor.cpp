@@ -8,8 +8,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QProcess>
-#include <QTimer>
 
 #include <array>
 #include <utility>
@@ -17,9 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Screen savers wait for a minute at least.
-constexpr int resetIntervalMs = 30'000;
 
 struct Service
 {
@@ -77,12 +72,12 @@ SleepInhibitor::~SleepInhibitor()
     release();
 }
 
-void SleepInhibitor::keepAwake(Awake what)
+void SleepInhibitor::keepAwake(bool on)
 {
-    const Awake before = std::exchange(awake, what);
-    if (awake == Awake::Nothing) {
+    const bool before = std::exchange(isAwake, on);
+    if (!on) {
         release();
-    } else if (before == Awake::Nothing) {
+    } else if (!before) {
         ask();
     }
 }
@@ -90,25 +85,17 @@ void SleepInhibitor::keepAwake(Awake what)
 void SleepInhibitor::ask()
 {
     if (bus == nullptr) {
-        resetTimer = new QTimer(this);
-        resetTimer->setInterval(resetIntervalMs);
-        connect(resetTimer, &QTimer::timeout, this, &SleepInhibitor::resetScreenSaver);
         bus = new SessionBus(u"vantiro-sleep"_s, this);
         connect(bus, &SessionBus::connected, this, [this] { askService(0); });
-        connect(bus, &SessionBus::unavailable, this, [this] { askService(services.size()); });
-    } else if (!bus->isConnecting()) {
-        askService(bus->connection().isConnected() ? 0 : services.size());
+    } else if (!bus->isConnecting() && bus->connection().isConnected()) {
+        askService(0);
     }
 }
 
 /// Asks that service, and after a refusal the next one.
 void SleepInhibitor::askService(std::size_t service)
 {
-    if (awake == Awake::Nothing || isAsking || held) {
-        return;
-    }
-    if (service >= services.size()) {
-        resetTimer->start();
+    if (!isAwake || isAsking || held || service >= services.size()) {
         return;
     }
     isAsking = true;
@@ -123,7 +110,7 @@ void SleepInhibitor::askService(std::size_t service)
             return;
         }
         held = Inhibition{service, reply.value()};
-        if (awake == Awake::Nothing) {
+        if (!isAwake) {
             release();
         }
     });
@@ -131,19 +118,8 @@ void SleepInhibitor::askService(std::size_t service)
 
 void SleepInhibitor::release()
 {
-    if (resetTimer != nullptr) {
-        resetTimer->stop();
-    }
     if (const auto over = std::exchange(held, std::nullopt)) {
         const Service &service = services.at(over->service);
         bus->connection().send(callOf(service, service.releaseMethod) << over->cookie);
-    }
-}
-
-/// As if the user had moved the mouse; without a picture there is no need.
-void SleepInhibitor::resetScreenSaver() const
-{
-    if (awake == Awake::Screen) {
-        QProcess::startDetached(u"xdg-screensaver"_s, {u"reset"_s});
     }
 }

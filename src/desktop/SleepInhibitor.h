@@ -6,12 +6,10 @@
 #include <optional>
 
 class SessionBus;
-
-class QTimer;
 #endif
 
-/// Keeps the computer awake: on Linux by a service of the session bus, or else by the desktop's
-/// command for its screen saver; on Windows by the state of the calling thread. A desktop that
+/// Keeps the computer awake: on Linux by a service of the session bus, on Windows by the state of
+/// the calling thread. The screen may go dark where the desktop tells the two apart. A desktop that
 /// offers nothing of the kind is no error.
 ///
 /// Waits for nothing, and does nothing before something is first kept awake. For the GUI thread.
@@ -20,23 +18,16 @@ class SleepInhibitor final : public QObject
     Q_OBJECT
 
 public:
-    enum class Awake
-    {
-        Nothing,
-        System, ///< the screen may go dark, where the desktop tells the two apart
-        Screen, ///< and the system
-    };
-
     explicit SleepInhibitor(QObject *parent);
     /// Lets everything sleep again.
     ~SleepInhibitor() override;
     Q_DISABLE_COPY_MOVE(SleepInhibitor)
 
-    /// Nothing at first.
-    void keepAwake(Awake what);
+    /// Off at first.
+    void keepAwake(bool on);
 
 private:
-    Awake awake = Awake::Nothing;
+    bool isAwake = false;
 
 #ifdef VANTIRO_HAS_DBUS
     /// What a service holds for this program.
@@ -49,11 +40,9 @@ private:
     void ask();
     void askService(std::size_t service);
     void release();
-    void resetScreenSaver() const;
 
     SessionBus *bus = nullptr;
     bool isAsking = false; ///< a service has not answered yet
     std::optional<Inhibition> held;
-    QTimer *resetTimer = nullptr; ///< runs when no service has granted the request
 #endif
 };

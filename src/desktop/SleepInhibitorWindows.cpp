@@ -10,23 +10,12 @@ SleepInhibitor::SleepInhibitor(QObject *parent)
 
 SleepInhibitor::~SleepInhibitor()
 {
-    keepAwake(Awake::Nothing);
+    keepAwake(false);
 }
 
-void SleepInhibitor::keepAwake(Awake what)
+void SleepInhibitor::keepAwake(bool on)
 {
-    if (what == std::exchange(awake, what)) {
-        return;
-    }
-    switch (awake) {
-    case Awake::Nothing:
-        SetThreadExecutionState(ES_CONTINUOUS);
-        break;
-    case Awake::System:
-        SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED);
-        break;
-    case Awake::Screen:
-        SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED | ES_DISPLAY_REQUIRED);
-        break;
+    if (on != std::exchange(isAwake, on)) {
+        SetThreadExecutionState(on ? ES_CONTINUOUS | ES_SYSTEM_REQUIRED : ES_CONTINUOUS);
     }
 }

@@ -3,12 +3,20 @@
 #include "desktop/SleepInhibitor.h"
 #include "player/VlcPlayer.h"
 
+namespace {
+
+/// How often a stream advances before its picture is given up for missing: the first picture may
+/// come later than the sound.
+constexpr int patience = 3;
+
+} // namespace
+
 SleepKeeper::SleepKeeper(VlcPlayer *vlcPlayer, QObject *parent)
     : QObject(parent)
     , player(vlcPlayer)
     , inhibitor(new SleepInhibitor(this))
 {
-    connect(player, &VlcPlayer::playbackProgressing, this, &SleepKeeper::keepAwake);
+    connect(player, &VlcPlayer::playbackProgressing, this, &SleepKeeper::noteProgress);
     connect(player, &VlcPlayer::playing, this, &SleepKeeper::letSleep);
     connect(player, &VlcPlayer::pausedChanged, this, [this](bool paused) {
         isPaused = paused;
@@ -22,16 +30,15 @@ SleepKeeper::SleepKeeper(VlcPlayer *vlcPlayer, QObject *parent)
     connect(player, &VlcPlayer::stopped, this, &SleepKeeper::letSleep);
 }
 
-void SleepKeeper::keepAwake()
+void SleepKeeper::noteProgress()
 {
+    withoutPicture = player->hasPicture() ? 0 : withoutPicture + 1;
     // Some progress may still be reported after a pause.
-    if (!isPaused) {
-        inhibitor->keepAwake(player->hasPicture() ? SleepInhibitor::Awake::Screen
-                                                  : SleepInhibitor::Awake::System);
-    }
+    inhibitor->keepAwake(withoutPicture >= patience && !isPaused);
 }
 
 void SleepKeeper::letSleep()
 {
-    inhibitor->keepAwake(SleepInhibitor::Awake::Nothing);
+    withoutPicture = 0;
+    inhibitor->keepAwake(false);
 }

@@ -5,9 +5,8 @@
 class SleepInhibitor;
 class VlcPlayer;
 
-/// Keeps the computer awake while a stream plays, and no longer: not while it is opening or paused,
-/// nor after its end or a failure. libVLC, which could do that itself, would not let the computer
-/// sleep after the end of a film, and would not keep it awake for sound alone.
+/// Keeps the computer awake while a stream plays sound without a picture, and no longer: not while
+/// it is opening or paused, nor after its end or a failure. For a picture libVLC does that itself.
 class SleepKeeper final : public QObject
 {
     Q_OBJECT
@@ -17,10 +16,11 @@ public:
     SleepKeeper(VlcPlayer *vlcPlayer, QObject *parent);
 
 private:
-    void keepAwake();
+    void noteProgress();
     void letSleep();
 
     VlcPlayer *player;
     SleepInhibitor *inhibitor;
     bool isPaused = false;
+    int withoutPicture = 0; ///< how often in a row the stream has advanced without a picture
 };

@@ -25,9 +25,8 @@ constexpr auto finishTimeout = 1000ms;
 libvlc_instance_t *createInstance()
 {
     const bool verbose = qEnvironmentVariableIsSet("VANTIRO_VLC_DEBUG");
-    // libVLC would keep the computer awake even after the end of a film.
-    const std::array<const char *, 3> arguments = {
-        "--no-video-title-show", "--no-disable-screensaver", verbose ? "--verbose=2" : "--quiet"};
+    const std::array<const char *, 2> arguments = {"--no-video-title-show",
+                                                   verbose ? "--verbose=2" : "--quiet"};
     return libvlc_new(static_cast<int>(arguments.size()), arguments.data());
 }
 

@@ -67,6 +67,7 @@ QString VlcPlayer::libVlcVersion()
 bool VlcPlayer::finish()
 {
     discardNextMedia();
+    end.reset();
     return mediaPlayer->finish();
 }
 
@@ -96,6 +97,7 @@ void VlcPlayer::play(const QString &url, bool live)
         return;
     }
     isLive = live;
+    end.reset();
     ++streamNumber;
     discardNextMedia();
     resetForNextStream();
@@ -145,6 +147,7 @@ void VlcPlayer::stop()
         return;
     }
     stall.reset();
+    end.reset();
     ++streamNumber;
     discardNextMedia();
     mediaPlayer->stop();
@@ -224,12 +227,18 @@ int VlcPlayer::volume() const
 
 qint64 VlcPlayer::lengthMs() const
 {
+    if (end) {
+        return end->lengthMs;
+    }
     libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
     return player != nullptr ? libvlc_media_player_get_length(player) : 0;
 }
 
 qint64 VlcPlayer::timeMs() const
 {
+    if (end) {
+        return end->timeMs;
+    }
     if (isWaiting()) {
         return pending.timeMs.value_or(pending.continueMs.value_or(0));
     }
@@ -302,6 +311,7 @@ void VlcPlayer::handleEnd(quint64 number)
             QString::fromLatin1(QT_TR_NOOP("The live stream stopped sending data.")));
         return;
     }
+    stopAtEnd();
     const qint64 length = lengthMs();
     if (length < 1 || timeMs() >= length - normalEndMs) {
         Q_EMIT finished();
@@ -310,6 +320,17 @@ void VlcPlayer::handleEnd(quint64 number)
     Q_EMIT playbackInterrupted(QString::fromLatin1(
         QT_TR_NOOP("Reached the end of the stream (this can also happen if a seek landed somewhere "
                    "the stream couldn't resume from).")));
+}
+
+/// Until then libVLC keeps the last picture, and with it the computer awake. Comes before the end
+/// is told: who is told may ask the user first.
+void VlcPlayer::stopAtEnd()
+{
+    end = End{timeMs(), lengthMs()};
+    mediaPlayer->stop();
+    if (!mediaPlayer->isStopping()) {
+        videoOutput->clear();
+    }
 }
 
 QString VlcPlayer::shownReason(const QString &reason)

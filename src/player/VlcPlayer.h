@@ -66,6 +66,7 @@ public:
     void setVolume(int percent);
     int volume() const;
 
+    /// After its end these stay what they were there.
     qint64 lengthMs() const;
     qint64 timeMs() const;
     void seek(qint64 ms);
@@ -174,11 +175,19 @@ private:
         bool isUsed = false; ///< picture or rate were set: libVLC is to be told
     };
 
+    /// Where a stream has ended.
+    struct End
+    {
+        qint64 timeMs = 0;
+        qint64 lengthMs = 0;
+    };
+
     bool isWaiting() const { return nextMedia != nullptr; }
     void startNextMedia();
     void discardNextMedia();
     void handleError(quint64 number);
     void handleEnd(quint64 number);
+    void stopAtEnd();
     void selectSubtitleTrack(int id);
 
     // ---- VlcPlayerPending.cpp ----
@@ -202,6 +211,8 @@ private:
     /// The number of the current stream. Events of earlier streams are ignored.
     quint64 streamNumber = 0;
     bool isLive = false;
+    /// Set once the current stream has ended and was stopped.
+    std::optional<End> end;
     PendingSelection pending;
     WantedSettings wanted;
     /// Active from the start of a stream until its pending selection is applied.

@@ -46,9 +46,9 @@ void tst_NoSessionBus::nothingWaits()
         status.title = u"News"_s;
         controls.setStatus(status);
         SleepInhibitor inhibitor(nullptr);
-        inhibitor.keepAwake(SleepInhibitor::Awake::System);
+        inhibitor.keepAwake(true);
         QCoreApplication::processEvents();
-        inhibitor.keepAwake(SleepInhibitor::Awake::Nothing);
+        inhibitor.keepAwake(false);
     }
     QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
 }

@@ -6,8 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-using Awake = SleepInhibitor::Awake;
-
 /// Keeping the computer awake, by a service that stands in for the desktop's.
 class tst_SleepInhibitor : public QObject
 {
@@ -54,12 +52,12 @@ void tst_SleepInhibitor::whatTheDesktopOffersIsUsed()
         service = std::make_unique<GnomeSessionService>(*bus);
     }
     SleepInhibitor inhibitor(nullptr);
-    inhibitor.keepAwake(Awake::Screen);
+    inhibitor.keepAwake(true);
     QTRY_COMPARE(service->held.size(), 1);
     QTEST(service->granted, "granted");
-    inhibitor.keepAwake(Awake::Nothing);
+    inhibitor.keepAwake(false);
     QTRY_COMPARE(service->held.size(), 0);
-    inhibitor.keepAwake(Awake::Screen);
+    inhibitor.keepAwake(true);
     QTRY_COMPARE(service->held.size(), 1);
 }
 
@@ -68,7 +66,7 @@ void tst_SleepInhibitor::theFirstServiceIsEnough()
     const ScreenSaverService screenSaver(*bus);
     const GnomeSessionService session(*bus);
     SleepInhibitor inhibitor(nullptr);
-    inhibitor.keepAwake(Awake::System);
+    inhibitor.keepAwake(true);
     QTRY_COMPARE(screenSaver.held.size(), 1);
     QCOMPARE(session.granted, QStringList());
 }
@@ -77,14 +75,14 @@ void tst_SleepInhibitor::oneRequestAtATime()
 {
     const ScreenSaverService service(*bus);
     SleepInhibitor inhibitor(nullptr);
-    inhibitor.keepAwake(Awake::System);
-    inhibitor.keepAwake(Awake::Screen);
-    inhibitor.keepAwake(Awake::Nothing);
-    inhibitor.keepAwake(Awake::Screen);
+    inhibitor.keepAwake(true);
+    inhibitor.keepAwake(true);
+    inhibitor.keepAwake(false);
+    inhibitor.keepAwake(true);
     QTRY_COMPARE(service.held.size(), 1);
-    inhibitor.keepAwake(Awake::System);
-    inhibitor.keepAwake(Awake::Nothing);
-    inhibitor.keepAwake(Awake::Screen);
+    inhibitor.keepAwake(true);
+    inhibitor.keepAwake(false);
+    inhibitor.keepAwake(true);
     QTRY_COMPARE(service.granted.size(), 2);
     QTRY_COMPARE(service.held, QList<uint>{42});
 }
@@ -94,11 +92,11 @@ void tst_SleepInhibitor::aRequestThatIsOverIsGivenBack()
 {
     const ScreenSaverService service(*bus);
     SleepInhibitor inhibitor(nullptr);
-    inhibitor.keepAwake(Awake::Screen);
+    inhibitor.keepAwake(true);
     QTRY_COMPARE(service.held.size(), 1);
-    inhibitor.keepAwake(Awake::Nothing);
-    inhibitor.keepAwake(Awake::Screen);
-    inhibitor.keepAwake(Awake::Nothing);
+    inhibitor.keepAwake(false);
+    inhibitor.keepAwake(true);
+    inhibitor.keepAwake(false);
     QTRY_COMPARE(service.granted.size(), 2);
     QTRY_COMPARE(service.held.size(), 0);
 }
@@ -107,7 +105,7 @@ void tst_SleepInhibitor::theEndLetsTheComputerSleep()
 {
     const ScreenSaverService service(*bus);
     auto inhibitor = std::make_unique<SleepInhibitor>(nullptr);
-    inhibitor->keepAwake(Awake::Screen);
+    inhibitor->keepAwake(true);
     QTRY_COMPARE(service.held.size(), 1);
     inhibitor.reset();
     QTRY_COMPARE(service.held.size(), 0);

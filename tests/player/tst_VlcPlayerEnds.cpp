@@ -77,6 +77,13 @@ void tst_VlcPlayerEnds::ends()
     QTEST(probe->interruptions, "reasons");
     QCOMPARE(probe->log, started);
     QCOMPARE(probe->errors, QStringList());
+
+    // What shows the place has it still, and the stream can play again.
+    if (seekTo > 0) {
+        QVERIFY(probe->player.timeMs() >= seekTo);
+        QVERIFY(probe->player.lengthMs() > seekTo);
+    }
+    QVERIFY(starts(u"/stream"_s, live));
 }
 
 void tst_VlcPlayerEnds::fails_data()
