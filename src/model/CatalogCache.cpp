@@ -59,6 +59,7 @@ constexpr std::tuple itemTable{
     JsonColumn{"streamUrl", &MediaItem::streamUrl, &JsonField::toCatalogText},
     JsonColumn{"rating", &MediaItem::rating, &JsonField::toDouble},
     JsonColumn{"addedAt", &MediaItem::addedAt, &JsonField::toVariantInteger},
+    JsonColumn{"headers", &MediaItem::headers, &JsonField::toCatalogText, true},
 };
 constexpr std::tuple episodeTable{
     JsonColumn{"id", &Episode::id, &JsonField::toText},
@@ -82,6 +83,7 @@ void shareTexts(MediaItem &item, const MediaItem &before)
     share(item.categoryId, before.categoryId);
     share(item.containerExtension, before.containerExtension);
     share(item.streamUrl, item.id);
+    share(item.headers, before.headers);
 }
 
 /// Reads the sections in one pass over the file. Nothing when the file has to be read member by

@@ -49,6 +49,9 @@ struct MediaItem
     double rating = 0.0;
     /// Seconds since the epoch when the provider added or changed the entry; 0 when absent.
     qint64 addedAt = 0;
+    /// The headers that a playlist names for the stream beside its URL, as textOfHeaders() writes
+    /// them; usually empty.
+    CatalogText headers{};
 
     bool operator==(const MediaItem &) const = default;
 };

@@ -24,15 +24,17 @@ struct JsonColumn
     using Conversion = Converted (JsonField::*)() const;
 
     constexpr JsonColumn(QByteArrayView memberKey, Value Record::*recordField,
-                         Conversion conversion)
+                         Conversion conversion, bool leftOutIfEmpty = false)
         : key(memberKey)
         , field(recordField)
         , convert(conversion)
+        , isOptional(leftOutIfEmpty)
     {}
 
     QByteArrayView key;
     Value Record::*field;
     Conversion convert;
+    bool isOptional; ///< not written while the field is empty; never the first column
 };
 
 /// The record that a table describes.

@@ -28,6 +28,17 @@ inline void appendJson(JsonText &json, qint32 number)
 /// The object with the members in their order.
 QByteArray writeJsonMembers(const JsonMembers &members);
 
+/// Whether a field is a text without characters.
+template <typename Value>
+bool isEmptyText(const Value &value)
+{
+    if constexpr (requires { value.isEmpty(); }) {
+        return value.isEmpty();
+    } else {
+        return false;
+    }
+}
+
 /// An array with one object per record, whose members stand in the order of the table.
 template <typename Table>
 QByteArray writeJsonRecords(const QList<JsonRecord<Table>> &records, const Table &table)
@@ -41,6 +52,9 @@ QByteArray writeJsonRecords(const QList<JsonRecord<Table>> &records, const Table
         separator = QByteArrayView(",{");
         QByteArrayView quote("\"");
         const auto appendMember = [&](const auto &column) {
+            if (column.isOptional && isEmptyText(record.*column.field)) {
+                return;
+            }
             json.append(quote);
             quote = QByteArrayView(",\"");
             json.append(column.key);

@@ -1,5 +1,7 @@
 #include "providers/M3uParser.h"
 
+#include "model/StreamHeaders.h"
+
 #include <QByteArrayView>
 #include <QHash>
 
@@ -72,6 +74,8 @@ QByteArrayView extractAttr(QByteArrayView line, std::string_view opening)
     return end < 0 ? QByteArrayView() : line.sliced(start, end - start);
 }
 
+constexpr QByteArrayView optionTag("#EXTVLCOPT:");
+
 /// Builds the result line by line. The pending entry is held as views into the text, and each group
 /// has one text: with 600,000 entries, allocations dominate the time.
 class Scanner
@@ -85,19 +89,20 @@ public:
         }
         if (line.front() != '#') {
             takeUrl(line);
-        } else if (isInfo(line)) {
+        } else if (hasTag(line, "#EXTINF")) {
             takeInfo(line);
+        } else if (hasTag(line, optionTag)) {
+            takeOption(line.sliced(optionTag.size()));
         }
     }
 
     M3uParser::Result takeResult() { return std::move(result); }
 
 private:
-    static bool isInfo(QByteArrayView line)
+    static bool hasTag(QByteArrayView line, QByteArrayView tag)
     {
-        constexpr QByteArrayView infoTag("#EXTINF");
-        return line.size() >= infoTag.size() &&
-               line.first(infoTag.size()).compare(infoTag, Qt::CaseInsensitive) == 0;
+        return line.size() >= tag.size() &&
+               line.first(tag.size()).compare(tag, Qt::CaseInsensitive) == 0;
     }
 
     void takeInfo(QByteArrayView line)
@@ -111,7 +116,29 @@ private:
         pendingLogo = extractAttr(line, "tvg-logo=\"");
     }
 
+    /// An option for the next URL. Two names are known, exactly: the others can make libVLC write
+    /// files.
+    void takeOption(QByteArrayView option)
+    {
+        constexpr QByteArrayView userAgentOption("http-user-agent=");
+        constexpr QByteArrayView referrerOption("http-referrer=");
+        option = trimmed(option);
+        if (option.startsWith(userAgentOption)) {
+            pendingUserAgent = trimmed(option.sliced(userAgentOption.size()));
+        } else if (option.startsWith(referrerOption)) {
+            pendingReferrer = trimmed(option.sliced(referrerOption.size()));
+        }
+    }
+
     void takeUrl(QByteArrayView url)
+    {
+        appendItem(url);
+        pendingName = {};
+        pendingUserAgent = {};
+        pendingReferrer = {};
+    }
+
+    void appendItem(QByteArrayView url)
     {
         if (pendingName.isEmpty()) {
             return;
@@ -123,8 +150,28 @@ private:
         item.name = textOf(pendingName);
         item.categoryId = sharedGroup();
         item.iconUrl = textOf(pendingLogo);
+        if (!pendingUserAgent.isEmpty() || !pendingReferrer.isEmpty()) {
+            item.headers = sharedHeaders();
+        }
         result.items.append(std::move(item));
-        pendingName = {};
+    }
+
+    /// The text of the pending headers, shared by neighbours that have the same.
+    CatalogText sharedHeaders()
+    {
+        if (pendingUserAgent != userAgentOfHeaders || pendingReferrer != referrerOfHeaders) {
+            userAgentOfHeaders = pendingUserAgent;
+            referrerOfHeaders = pendingReferrer;
+            headers = textOfHeaders({checked(pendingUserAgent), checked(pendingReferrer)});
+        }
+        return headers;
+    }
+
+    /// Empty for what must not be sent.
+    static QString checked(QByteArrayView value)
+    {
+        const QString text = QString::fromUtf8(value);
+        return isHeaderValue(text) ? text : QString();
     }
 
     /// The text of the pending group, shared by its entries. The first occurrence of a group adds a
@@ -152,6 +199,11 @@ private:
     QByteArrayView pendingName;
     QByteArrayView pendingGroup;
     QByteArrayView pendingLogo;
+    QByteArrayView pendingUserAgent;
+    QByteArrayView pendingReferrer;
+    CatalogText headers; ///< of these two:
+    QByteArrayView userAgentOfHeaders;
+    QByteArrayView referrerOfHeaders;
 };
 
 /// Calls `take` for each piece of `text` between two `separator`s, the empty ones included.

@@ -2,6 +2,7 @@
 
 #include "FuzzTarget.h"
 
+#include "model/StreamHeaders.h"
 #include "providers/M3uParser.h"
 
 #include <QSet>
@@ -12,10 +13,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString optionLine(QLatin1StringView name, const QString &value)
+{
+    return value.isEmpty() ? QString() : "#EXTVLCOPT:"_L1 + name + u'=' + value + u'\n';
+}
+
 QString playlistOf(const QList<MediaItem> &items)
 {
     QString text = u"#EXTM3U\n"_s;
     for (const MediaItem &item : items) {
+        const StreamHeaders headers = headersOfText(item.headers.toString());
+        text += optionLine("http-user-agent"_L1, headers.userAgent) +
+                optionLine("http-referrer"_L1, headers.referrer);
         text += "#EXTINF:-1 group-title=\""_L1 + item.categoryId.toString() + "\" tvg-logo=\""_L1 +
                 item.iconUrl.toString() + "\","_L1 + item.name.toString() + u'\n' +
                 item.streamUrl.toString() + u'\n';
@@ -39,6 +48,11 @@ void checkRecords(const M3uParser::Result &playlist)
         require(!item.name.isEmpty(), "an entry has a name");
         require(!item.streamUrl.isEmpty() && item.id == item.streamUrl, "the URL is the id");
         require(!item.streamUrl.toString().startsWith(u'#'), "a comment is no URL");
+        const StreamHeaders headers = headersOfText(item.headers.toString());
+        for (const QString &value : {headers.userAgent, headers.referrer}) {
+            require(value.isEmpty() || isHeaderValue(value), "a header may be sent");
+        }
+        require(textOfHeaders(headers) == item.headers.toString(), "headers have one form");
         const QString group = item.categoryId;
         if (!groups.contains(group)) {
             groups << group;

@@ -114,6 +114,10 @@ void tst_CatalogCache::roundTrip_data()
     smallest.type = std::numeric_limits<qint32>::min();
     smallest.rating = Reals::denorm_min();
     smallest.addedAt = std::numeric_limits<qint64>::min();
+    MediaItem withHeaders = movie(u"1"_s);
+    withHeaders.headers = QString(u"User-Agent=A%20B&Referer=C"_s);
+    QTest::newRow("headers of some entries")
+        << Section{{}, {movie(u"0"_s), withHeaders, movie(u"2"_s), withHeaders}};
     QTest::newRow("odd texts and numbers") << Section{{{oddText, oddText}}, {largest, smallest}};
 }
 

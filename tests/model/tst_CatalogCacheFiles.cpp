@@ -90,6 +90,7 @@ private Q_SLOTS:
     void fileNames();
     void aNameThatIsTooLong();
     void wholeFile();
+    void headersOnlyWhereThereAreAny();
     void onlyTheOwnerMayRead();
 
     void savingKeepsEverythingElse_data();
@@ -173,6 +174,17 @@ void tst_CatalogCacheFiles::wholeFile()
     QVERIFY(before <= savedAt && savedAt <= now());
     QCOMPARE(readFile(cacheFile()),
              '{' + movies + ',' + live + ',' + showSavedAt(QByteArray::number(savedAt)) + '}');
+}
+
+void tst_CatalogCacheFiles::headersOnlyWhereThereAreAny()
+{
+    CatalogCache::Section section = sampleSection();
+    section.items.append(sampleItem());
+    section.items.last().headers = QString(u"User-Agent=A"_s);
+    CatalogCache::save(sourceName, u"movie"_s, section);
+    const QByteArray file = readFile(cacheFile());
+    QVERIFY(file.contains(R"("addedAt":1700000000},{)"));
+    QVERIFY(file.contains(R"("addedAt":1700000000,"headers":"User-Agent=A"}])"));
 }
 
 void tst_CatalogCacheFiles::onlyTheOwnerMayRead()

@@ -1,3 +1,4 @@
+#include "model/StreamHeaders.h"
 #include "providers/M3uParser.h"
 #include "support/TestMain.h"
 
@@ -41,6 +42,9 @@ class tst_M3uParser : public QObject
 private Q_SLOTS:
     void parses_data();
     void parses();
+    void headers_data();
+    void headers();
+    void neighboursShareTheirHeaders();
     void categoriesInOrderOfFirstAppearance();
     void bytesAreDecodedAsQtDoes();
     void hugeLines();
@@ -79,7 +83,10 @@ http://h/1.ts
     QTest::newRow("empty lines in between")
         << u"#EXTINF:-1,A\n\n \t \n\u00a0\u3000\nhttp://h/1"_s << a;
     QTest::newRow("directives and comments in between")
-        << u"#EXTINF:-1,A\n#EXTVLCOPT:http-user-agent=x\n#EXTGRP:G\n# note\n#\nhttp://h/1"_s << a;
+        << u"#EXTINF:-1,A\n#EXTVLCOPT:network-caching=1\n#EXTGRP:G\n# note\n#\nhttp://h/1"_s << a;
+    QTest::newRow("headers behind the URL")
+        << u"#EXTINF:-1,A\nhttp://h/1|User-Agent=x"_s
+        << Channels{{u"A"_s, uncategorized, u"http://h/1|User-Agent=x"_s, {}}};
     QTest::newRow("group and logo do not carry over")
         << u"#EXTINF:-1 group-title=\"G\" tvg-logo=\"L\",B\nhttp://h/0\n#EXTINF:-1,A\nhttp://h/1"_s
         << Channels{{u"B"_s, u"G"_s, u"http://h/0"_s, u"L"_s}, a.first()};
@@ -176,6 +183,76 @@ void tst_M3uParser::parses()
     original.fill(u'?'); // the result outlives the text
     QCOMPARE(result.items, items);
     QCOMPARE(result.categories, categories);
+}
+
+void tst_M3uParser::headers_data()
+{
+    QTest::addColumn<QString>("lines"); ///< before the URL of A
+    QTest::addColumn<QString>("userAgent");
+    QTest::addColumn<QString>("referrer");
+    const auto row = [](const char *name, const QStringList &options, const QString &userAgent,
+                        const QString &referrer) {
+        QString lines = u"#EXTINF:-1,A\n"_s;
+        for (const QString &option : options) {
+            lines += u"#EXTVLCOPT:"_s + option + u'\n';
+        }
+        QTest::newRow(name) << lines << userAgent << referrer;
+    };
+    const QString agent = u"http-user-agent=Tv/1.0 (x; y) 50%"_s;
+    const QString agentValue = u"Tv/1.0 (x; y) 50%"_s;
+    const QString page = u"http-referrer=https://r/?a=1&b=2|c"_s;
+    const QString pageValue = u"https://r/?a=1&b=2|c"_s;
+    row("none", {}, {}, {});
+    row("user agent", {agent}, agentValue, {});
+    row("referrer", {page}, {}, pageValue);
+    row("both", {agent, page}, agentValue, pageValue);
+    row("the last one counts", {u"http-user-agent=B"_s, agent}, agentValue, {});
+    row("an empty one takes it back", {agent, u"http-user-agent="_s}, {}, {});
+    row("blanks around", {u" http-user-agent= B \t"_s}, u"B"_s, {});
+    row("not ASCII", {u"http-user-agent=\u00fc"_s, page}, {}, pageValue);
+    row("a NUL", {u"http-referrer=a"_s + QChar(0) + u'b', agent}, agentValue, {});
+    row("too long", {u"http-user-agent="_s + QString(2049, u'x')}, {}, {});
+    for (const QString &name : {u"HTTP-User-Agent"_s, u"http-user-agent "_s, u":http-user-agent"_s,
+                                u"http-referer"_s, u"sout"_s, u"demuxdump-file"_s, u"demux"_s,
+                                u"input-slave"_s, u"sub-file"_s, u"http-user-agent:sout"_s}) {
+        row(qPrintable(u"unknown: "_s + name), {name + u"=x"_s}, {}, {});
+    }
+    QTest::newRow("before the #EXTINF")
+        << u"#EXTVLCOPT:http-user-agent=B\n#EXTINF:-1,A\n"_s << u"B"_s << QString();
+    QTest::newRow("of the entry before")
+        << u"#EXTINF:-1,B\n#EXTVLCOPT:http-user-agent=B\nhttp://h/0\n#EXTINF:-1,A\n"_s << QString()
+        << QString();
+    QTest::newRow("of a URL without a name")
+        << u"#EXTVLCOPT:http-user-agent=B\nhttp://h/0\n#EXTINF:-1,A\n"_s << QString() << QString();
+    QTest::newRow("lower case tag")
+        << u"#EXTINF:-1,A\n#extvlcopt:http-user-agent=B\n"_s << u"B"_s << QString();
+    QTest::newRow("another tag")
+        << u"#EXTINF:-1,A\n#EXTVLC:http-user-agent=B\n#KODIPROP:http-user-agent=B\n"_s << QString()
+        << QString();
+}
+
+void tst_M3uParser::headers()
+{
+    QFETCH(const QString, lines);
+    QFETCH(const QString, userAgent);
+    QFETCH(const QString, referrer);
+    const QString url = u"http://h/1"_s;
+    const M3uParser::Result result = M3uParser::parse(lines + url + u'\n');
+    const MediaItem item = result.items.last();
+    QCOMPARE(headersOfText(item.headers.toString()), (StreamHeaders{userAgent, referrer}));
+    QCOMPARE(item.headers.isEmpty(), userAgent.isEmpty() && referrer.isEmpty());
+    QCOMPARE(item.id.toString(), url);
+    QCOMPARE(item.streamUrl.toString(), url);
+}
+
+/// A playlist names the same ones for hundreds of thousands of entries.
+void tst_M3uParser::neighboursShareTheirHeaders()
+{
+    const QString entry = u"#EXTINF:-1,A\n#EXTVLCOPT:http-user-agent=B\nhttp://h/1\n"_s;
+    const QList<MediaItem> items =
+        M3uParser::parse(entry + u"#EXTINF:-1,A\nhttp://h/1\n"_s + entry).items;
+    QCOMPARE(items.size(), 3);
+    QCOMPARE(items.first().headers.utf8().data(), items.last().headers.utf8().data());
 }
 
 void tst_M3uParser::categoriesInOrderOfFirstAppearance()
