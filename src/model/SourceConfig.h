@@ -30,6 +30,8 @@ struct SourceConfig
     QString subscriptionKey;
     /// Seconds since the epoch when the last catalog fetch began, successful or not; 0 if never.
     qint64 lastUpdated = 0;
+    /// Sent with the source's requests and streams; empty for the usual one.
+    QString userAgent{};
 
     bool operator==(const SourceConfig &) const = default;
 };

@@ -27,6 +27,21 @@ constexpr qint64 normalEndMs = 2000;
 /// Relative seeks keep this distance from the end.
 constexpr qint64 seekMarginMs = 1000;
 
+/// Without the flag of trust, libVLC itself refuses the options that could write files.
+void addOption(libvlc_media_t *media, const QByteArray &name, const QString &value)
+{
+    if (isHeaderValue(value)) {
+        const QByteArray option = ':' + name + '=' + value.toLatin1();
+        libvlc_media_add_option_flag(media, option.constData(), libvlc_media_option_unique);
+    }
+}
+
+void addHeaders(libvlc_media_t *media, const StreamHeaders &headers)
+{
+    addOption(media, "http-user-agent"_ba, headers.userAgent);
+    addOption(media, "http-referrer"_ba, headers.referrer);
+}
+
 } // namespace
 
 VlcPlayer::VlcPlayer(QWidget *videoWidget, QObject *parent)
@@ -81,7 +96,7 @@ void VlcPlayer::reattach()
     attachToWidget();
 }
 
-void VlcPlayer::play(const QString &url, bool live)
+void VlcPlayer::play(const QString &url, bool live, const StreamHeaders &headers)
 {
     if (mediaPlayer->instance() == nullptr) {
         return;
@@ -96,6 +111,7 @@ void VlcPlayer::play(const QString &url, bool live)
         Q_EMIT playbackError(tr("Could not create media for URL: %1").arg(url));
         return;
     }
+    addHeaders(media.get(), headers);
     isLive = live;
     end.reset();
     ++streamNumber;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/StreamHeaders.h"
 #include "player/PictureSettings.h"
 #include "player/StallDetector.h"
 
@@ -50,8 +51,9 @@ public:
     void reattach();
 
     /// Replaces the current stream, immediately or as soon as that has stopped. Of several requests
-    /// in the meantime the last one counts. A `live` stream has no end.
-    void play(const QString &url, bool live);
+    /// in the meantime the last one counts. A `live` stream has no end. The headers are sent with
+    /// all of the stream's requests, and only with those; a value that must not be sent is not.
+    void play(const QString &url, bool live, const StreamHeaders &headers = {});
     void stop();
     void pause();
     /// Does nothing and emits nothing while the stream is opening.

@@ -8,4 +8,5 @@ struct XtreamAccount
     QString server; ///< without a trailing slash
     QString username;
     QString password;
+    QString userAgent{}; ///< that the user chose for the source; usually empty
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/StreamHeaders.h"
+
 #include <QStringList>
 #include <QtGlobal>
 
@@ -13,4 +15,5 @@ struct ArchiveStream
     /// The addresses of what follows that place, in the order in which they are to be tried. There
     /// is at least one, and their number is always the same.
     std::function<QStringList(qint64 fromMs)> addresses;
+    StreamHeaders headers{}; ///< of its channel
 };

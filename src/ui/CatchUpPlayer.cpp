@@ -96,7 +96,8 @@ void CatchUpPlayer::start(const ArchiveChannel &channel, const GuideProgramme &p
     Q_EMIT aboutToPlay(channel);
     const QString title =
         programme.title.isEmpty() ? channel.name : tr("%1 - %2").arg(channel.name, programme.title);
-    session->playArchive({seconds * msOfSecond, stepOf(channel), addresses}, title);
+    session->playArchive({seconds * msOfSecond, stepOf(channel), addresses, channel.headers},
+                         title);
 }
 
 void CatchUpPlayer::reportForm(qsizetype address)

@@ -2,6 +2,7 @@
 
 #include "guide/CatchUp.h"
 #include "guide/GuideRecords.h"
+#include "model/StreamHeaders.h"
 #include "providers/XtreamAccount.h"
 
 #include <QObject>
@@ -22,6 +23,7 @@ struct ArchiveChannel
     QString streamUrl;     ///< what plays the channel itself
     CatchUpRules archive;  ///< of its GuideEntry
     QString liveExtension; ///< of its source
+    StreamHeaders headers; ///< as entryHeaders() tells
     /// Of an account's channel. Without it the rules are applied to streamUrl.
     std::optional<XtreamAccount> account;
     /// What formWorked() last told of the source.

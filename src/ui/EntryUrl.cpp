@@ -37,3 +37,10 @@ QString entryUrl(const MediaItem &item, const EntryOrigin &origin)
         return {};
     }
 }
+
+StreamHeaders entryHeaders(const MediaItem &item, const EntryOrigin &origin)
+{
+    const bool isOfShow = item.type == StreamKind::Episode && origin.account;
+    const QString &userAgent = isOfShow ? origin.account->userAgent : origin.source.userAgent;
+    return headersOfText(item.headers.toString()).orElse({userAgent, {}});
+}

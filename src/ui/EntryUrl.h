@@ -2,6 +2,7 @@
 
 #include "model/CatalogRecords.h"
 #include "model/SourceConfig.h"
+#include "model/StreamHeaders.h"
 #include "providers/XtreamAccount.h"
 
 #include <QString>
@@ -22,3 +23,8 @@ struct EntryOrigin
 /// to a playlist, or one that is built for the account. Empty for what does not play: a show, an
 /// entry without a URL, an entry without an account.
 QString entryUrl(const MediaItem &item, const EntryOrigin &origin);
+
+/// The headers that play it: those that the playlist names for the entry, otherwise the user agent
+/// of the source, for an episode that of the account. What stands behind a '|' in the URL comes
+/// before them.
+StreamHeaders entryHeaders(const MediaItem &item, const EntryOrigin &origin);

@@ -54,7 +54,7 @@ bool MainWindow::startPlaying(const MediaItem &item, const LibraryEntry &entry,
     playingChannel = item;
     channelToWatch.reset();
     resumeKeeper->follow(keptProgress(item, entry));
-    session->play(item.type, url, item.name);
+    session->play(item.type, url, item.name, entryHeaders(item, origin));
     playerPanel->setFocus(Qt::OtherFocusReason);
     return true;
 }

@@ -164,6 +164,7 @@ void MainWindow::playFromArchive(const MediaItem &channel, const CatchUpRules &a
     wanted.name = channel.name;
     wanted.streamId = channel.id;
     wanted.streamUrl = entryUrl(channel, currentOrigin());
+    wanted.headers = entryHeaders(channel, currentOrigin());
     wanted.archive = archive;
     wanted.liveExtension = currentSource.liveExtension;
     if (SourceType::isAccount(currentSource.type) && catalogLoader->accountClient() != nullptr) {

@@ -33,10 +33,12 @@ bool PlaybackSession::hasMedia() const
     return currentState != State::Idle && currentState != State::Interrupted;
 }
 
-void PlaybackSession::play(qint32 kind, const QString &url, const QString &title)
+void PlaybackSession::play(qint32 kind, const QString &url, const QString &title,
+                           const StreamHeaders &headers)
 {
     archive.reset();
     currentUrl = url;
+    currentHeaders = headers;
     begin(kind, title);
 }
 
@@ -75,7 +77,9 @@ void PlaybackSession::start()
         openTimer->stop();
     }
     Q_EMIT starting();
-    player->play(currentUrl, currentKind == StreamKind::Live);
+    const StreamAddress stream = splitStreamAddress(currentUrl);
+    player->play(stream.url, currentKind == StreamKind::Live,
+                 stream.headers.orElse(currentHeaders));
     Q_EMIT started();
 }
 

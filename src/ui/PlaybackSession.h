@@ -37,8 +37,10 @@ public:
     /// Plays on `vlcPlayer` and listens to it; it is not owned and must outlive the session.
     PlaybackSession(VlcPlayer *vlcPlayer, QObject *parent);
 
-    /// Plays a stream of that kind in place of what plays now. `url` is not empty.
-    void play(qint32 kind, const QString &url, const QString &title);
+    /// Plays a stream of that kind in place of what plays now. `url` is not empty. Headers that
+    /// follow it behind a '|' are sent instead of `headers`, each time that a stream starts.
+    void play(qint32 kind, const QString &url, const QString &title,
+              const StreamHeaders &headers = {});
     /// Plays a recording in place of what plays now; its kind is StreamKind::Archive.
     void playArchive(const ArchiveStream &archive, const QString &title);
     /// Plays the current entry again, from its start, a recording from where it was interrupted;
@@ -106,6 +108,7 @@ private:
     qint32 currentKind = StreamKind::Live;
     /// Empty when nothing can be replayed.
     QString currentUrl;
+    StreamHeaders currentHeaders;
     QString currentTitle;
     /// Attempts since the live stream last made progress.
     qint32 reconnectAttempts = 0;

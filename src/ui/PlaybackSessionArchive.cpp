@@ -28,6 +28,7 @@ constexpr qint64 endMarginMs = 120'000;
 void PlaybackSession::playArchive(const ArchiveStream &recording, const QString &title)
 {
     archive = recording;
+    currentHeaders = recording.headers;
     begin(StreamKind::Archive, title);
 }
 

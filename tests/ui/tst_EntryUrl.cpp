@@ -32,6 +32,8 @@ private Q_SLOTS:
     void anEpisodeIsPlayedFromItsShowsAccount();
     void onlyAPlaylistEntryPlaysWithoutAnAccount();
     void whatWasOpenedHasItsOwn();
+    void headers_data();
+    void headers();
 };
 
 void tst_EntryUrl::url_data()
@@ -97,6 +99,40 @@ void tst_EntryUrl::whatWasOpenedHasItsOwn()
     for (const qint32 kind : {StreamKind::Live, StreamKind::Movie}) {
         QCOMPARE(entryUrl(entry(kind), opened), u"own:7"_s);
     }
+}
+
+void tst_EntryUrl::headers_data()
+{
+    QTest::addColumn<qint32>("kind");
+    QTest::addColumn<QString>("ofEntry");
+    QTest::addColumn<QString>("ofSource");
+    QTest::addColumn<QString>("userAgent");
+    QTest::addColumn<QString>("referrer");
+    using namespace StreamKind;
+    const QString none;
+    QTest::newRow("none") << Live << none << none << none << none;
+    QTest::newRow("the source's") << Live << none << u"S"_s << u"S"_s << none;
+    QTest::newRow("of a film") << Movie << none << u"S"_s << u"S"_s << none;
+    QTest::newRow("an episode has its show's")
+        << StreamKind::Episode << none << u"S"_s << u"Show"_s << none;
+    QTest::newRow("the entry's comes first")
+        << Live << u"User-Agent=E&Referer=R"_s << u"S"_s << u"E"_s << u"R"_s;
+    QTest::newRow("each by itself") << Live << u"Referer=R"_s << u"S"_s << u"S"_s << u"R"_s;
+}
+
+void tst_EntryUrl::headers()
+{
+    QFETCH(const qint32, kind);
+    QFETCH(const QString, ofEntry);
+    QFETCH(const QString, ofSource);
+    MediaItem item = entry(kind);
+    item.headers = ofEntry;
+    SourceConfig config = source(SourceType::Playlist);
+    config.userAgent = ofSource;
+    const XtreamAccount account{u"http://h"_s, u"a"_s, u"b"_s, u"Show"_s};
+    const StreamHeaders headers = entryHeaders(item, {config, account});
+    QTEST(headers.userAgent, "userAgent");
+    QTEST(headers.referrer, "referrer");
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_EntryUrl)

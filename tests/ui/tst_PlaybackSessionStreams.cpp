@@ -123,6 +123,9 @@ private Q_SLOTS:
     void aChannelComesBack_data();
     void aChannelComesBack();
     void oneStreamAtATime();
+    void headersOfEveryStream_data();
+    void headersOfEveryStream();
+    void headersOfARecording();
 };
 
 void tst_PlaybackSessionStreams::aChannelComesBack_data()
@@ -170,6 +173,64 @@ void tst_PlaybackSessionStreams::oneStreamAtATime()
     QCOMPARE(refused.load(), 0);
     QCOMPARE(viewer.attempts, QList<int>());
     QCOMPARE(viewer.server.openConnections(), 1);
+}
+
+void tst_PlaybackSessionStreams::headersOfEveryStream_data()
+{
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QByteArray>("userAgent");
+    QTest::addColumn<QByteArray>("referrer");
+    QTest::newRow("the entry's") << u""_s << "Entry/1"_ba
+                                 << "http://r/"_ba;
+    QTest::newRow("behind the URL")
+        << u"|user-agent=Suffix%2F1&REFERER=http://s/"_s << "Suffix/1"_ba
+        << "http://s/"_ba;
+    QTest::newRow("one of them behind the URL") << u"|User-Agent=Suffix/1"_s << "Suffix/1"_ba
+                                                << "http://r/"_ba;
+    QTest::newRow("what must not be sent")
+        << u"|User-Agent=A%0D%0AX: 1&sout=#std{access=file,dst=x}"_s << "Entry/1"_ba
+        << "http://r/"_ba;
+}
+
+void tst_PlaybackSessionStreams::headersOfEveryStream()
+{
+    QFETCH(const QString, suffix);
+    QFETCH(const QByteArray, userAgent);
+    QFETCH(const QByteArray, referrer);
+    Viewer viewer;
+    const auto served = std::make_shared<std::atomic<int>>(0);
+    viewer.server.on(u"/channel"_s, [served](const HttpRequest &) {
+        return (*served)++ == 0 ? cutShort(liveTs(), 1'000'000) : liveTs();
+    });
+    viewer.session.play(StreamKind::Live, viewer.server.url(u"/channel"_s) + suffix, u"One"_s,
+                        {u"Entry/1"_s, u"http://r/"_s});
+    QTRY_COMPARE_WITH_TIMEOUT(viewer.attempts.size(), 1, faultMs);
+    QVERIFY(viewer.advances()); // reconnected
+    viewer.session.replay();
+    QVERIFY(viewer.advances());
+    const QList<HttpRequest> requests = viewer.server.requests();
+    QVERIFY(requests.size() >= 3);
+    for (const HttpRequest &request : requests) {
+        QCOMPARE(request.target, u"/channel"_s);
+        QCOMPARE(request.header("User-Agent"), userAgent);
+        QCOMPARE(request.header("Referer"), referrer);
+    }
+}
+
+void tst_PlaybackSessionStreams::headersOfARecording()
+{
+    Viewer viewer;
+    viewer.server.on(u"/archive"_s, liveTs());
+    const auto addresses = [&viewer](qint64) {
+        return QStringList{viewer.server.url(u"/refused|User-Agent=First/1"_s),
+                           viewer.server.url(u"/archive"_s)};
+    };
+    viewer.session.playArchive({60'000, 1000, addresses, {u"Entry/1"_s, {}}}, u"One"_s);
+    QVERIFY(viewer.advances());
+    QCOMPARE(viewer.server.requests().first().target, u"/refused"_s);
+    QCOMPARE(viewer.server.requests().first().header("User-Agent"), "First/1"_ba);
+    QCOMPARE(viewer.server.requests().last().target, u"/archive"_s);
+    QCOMPARE(viewer.server.requests().last().header("User-Agent"), "Entry/1"_ba);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_PlaybackSessionStreams)
