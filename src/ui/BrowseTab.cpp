@@ -4,6 +4,7 @@
 #include "model/ItemFilter.h"
 #include "ui/ActivateKeys.h"
 #include "ui/CategoryList.h"
+#include "ui/ElidedComboBox.h"
 #include "ui/ElidedLabel.h"
 #include "ui/EntryTable.h"
 #include "ui/GuideGrid.h"
@@ -11,7 +12,6 @@
 #include "ui/PosterGrid.h"
 
 #include <QBoxLayout>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -99,7 +99,7 @@ QWidget *BrowseTab::buildItemsPage(const BrowseTabSpec &spec)
         layout->addWidget(search);
         return page;
     }
-    sortCombo = new QComboBox;
+    sortCombo = new ElidedComboBox;
     sortCombo->setAccessibleName(tr("Sort by"));
     sortCombo->addItem(tr("Name (A-Z)"), u"name"_s);
     sortCombo->addItem(tr("Recently Added"), u"added"_s);

@@ -31,6 +31,25 @@ void ElidedComboBox::paintEvent(QPaintEvent *event)
     option.currentText = shownText();
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    paintArrow(painter, style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                QStyle::SC_ComboBoxArrow, this));
+}
+
+void ElidedComboBox::paintArrow(QPainter &painter, const QRect &area) const
+{
+    constexpr double halfWidth = 4;
+    constexpr double halfHeight = 2;
+    constexpr double lineWidth = 1.5;
+    constexpr double disabledOpacity = 0.4;
+    const QPointF middle = QRectF(area).center();
+    const QPolygonF arrow{{middle + QPointF(-halfWidth, -halfHeight),
+                           middle + QPointF(0, halfHeight),
+                           middle + QPointF(halfWidth, -halfHeight)}};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
+    painter.setPen(QPen(palette().color(QPalette::Text), lineWidth, Qt::SolidLine, Qt::RoundCap,
+                        Qt::RoundJoin));
+    painter.drawPolyline(arrow);
 }
 
 QString ElidedComboBox::shownText() const

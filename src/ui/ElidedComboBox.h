@@ -3,7 +3,7 @@
 #include <QComboBox>
 
 /// A combo box that elides the current item when it is wider than the box, and shows the whole text
-/// in a tool tip.
+/// in a tool tip. It draws its own arrow, which the theme's style sheet leaves out.
 class ElidedComboBox final : public QComboBox
 {
     Q_OBJECT
@@ -17,4 +17,5 @@ protected:
 
 private:
     QString shownText() const;
+    void paintArrow(QPainter &painter, const QRect &area) const;
 };

@@ -2,12 +2,12 @@
 
 #include "guide/Guide.h"
 #include "ui/ActivateKeys.h"
+#include "ui/ElidedComboBox.h"
 #include "ui/GuideTexts.h"
 #include "ui/ScheduleItem.h"
 #include "ui/WrappedLabel.h"
 
 #include <QBoxLayout>
-#include <QComboBox>
 #include <QDateTime>
 #include <QDialogButtonBox>
 #include <QEvent>
@@ -46,7 +46,7 @@ ScheduleDialog::ScheduleDialog(const QString &source, const MediaItem &channel, 
     , item(channel)
     , guide(channelGuide)
     , timer(new QTimer(this))
-    , dayBox(new QComboBox)
+    , dayBox(new ElidedComboBox)
     , matchNote(new WrappedLabel)
     , list(new QListWidget)
     , message(new QLabel)
