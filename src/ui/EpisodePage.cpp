@@ -24,6 +24,21 @@ void setRowData(QTreeWidgetItem &row, int role, const QVariant &value)
     }
 }
 
+/// Gives the tree the look of the lists: the theme's style sheet, which is fixed, knows no trees.
+/// The style draws its frame in a shade of the window's colour.
+void matchLists(QTreeWidget &tree)
+{
+    const QColor background(0x23252d);
+    const QColor text(0xe2e4e9);
+    const QColor frame(0x33353f);
+    constexpr int frameShade = 140; ///< percents, as Fusion darkens it
+    QPalette palette = tree.palette();
+    palette.setColor(QPalette::Base, background);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::Window, frame.lighter(frameShade));
+    tree.setPalette(palette);
+}
+
 /// The row itself, or the episodes of a season's row.
 QList<const QTreeWidgetItem *> episodeRowsOf(const QTreeWidgetItem &row)
 {
@@ -54,6 +69,7 @@ EpisodePage::EpisodePage(QWidget *parent)
     episodeTree->setObjectName(u"episodeTree"_s);
     episodeTree->setAccessibleName(tr("Episodes"));
     episodeTree->setHeaderHidden(true);
+    matchLists(*episodeTree);
     episodeTree->setItemDelegate(new EpisodeDelegate(episodeTree));
     addRowMenu(episodeTree, [this](QMenu &menu, const QModelIndex &index) {
         if (const QTreeWidgetItem *row = episodeTree->itemFromIndex(index)) {
