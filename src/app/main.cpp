@@ -8,6 +8,7 @@
 #include "ui/MainWindow.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QIcon>
 #include <QLoggingCategory>
 #include <QSettings>
@@ -53,11 +54,17 @@ void writeToParentConsole()
 #endif
 }
 
-/// On other platforms the executable contains the icon.
-void showInstalledIcon()
+/// The installed icon, or the program's own where it runs from a build tree. On other platforms
+/// the executable's icon shows.
+void showIcon()
 {
 #ifdef Q_OS_LINUX
-    QApplication::setWindowIcon(QIcon::fromTheme(u"vantiro-player"_s));
+    QIcon own;
+    const QDir sizes(u":/icon"_s);
+    for (const QString &file : sizes.entryList()) {
+        own.addFile(sizes.filePath(file));
+    }
+    QApplication::setWindowIcon(QIcon::fromTheme(u"vantiro-player"_s, own));
 #endif
 }
 
@@ -110,7 +117,7 @@ int main(int argc, char **argv)
         return EXIT_SUCCESS;
     }
     Theme::apply(app);
-    showInstalledIcon();
+    showIcon();
 
     MainWindow window;
     QObject::connect(&instance, &SingleInstance::requested, &window, &MainWindow::takeOver);
