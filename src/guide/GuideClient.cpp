@@ -31,7 +31,7 @@ GuideClient::GuideClient(const XtreamAccount &account, const QTimeZone &serverZo
     , client(new XtreamClient(this))
     , zone(serverZone)
 {
-    client->configure(account.server, account.username, account.password);
+    client->configure(account);
 }
 
 QString GuideClient::guideUrl(const XtreamAccount &account)

@@ -5,6 +5,7 @@
 #include "providers/NetworkTrace.h"
 #include "providers/RedirectFollower.h"
 #include "providers/ReplyBody.h"
+#include "providers/UserAgent.h"
 #include "providers/WebUrl.h"
 
 #include <QNetworkAccessManager>
@@ -18,13 +19,15 @@ namespace {
 /// Bytes of one file. What is packed ten times over has as much as an update takes.
 constexpr qint64 mostBytes = 1024LL * 1024 * 1024;
 
-QNetworkRequest requestOf(const QString &address, GuideDownload::Packing packing)
+QNetworkRequest requestOf(const QString &address, const QString &userAgent,
+                          GuideDownload::Packing packing)
 {
     const QUrl url(address, QUrl::TolerantMode);
     // A request without an address fails like one to a server that is not there.
     QNetworkRequest request(isWebUrl(url) ? url : QUrl());
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::UserVerifiedRedirectPolicy);
+    setUserAgent(request, userAgent);
     if (packing == GuideDownload::Packing::Kept) {
         // Set by hand, it keeps the network layer from unpacking on this thread.
         request.setRawHeader("Accept-Encoding", "gzip");
@@ -34,8 +37,9 @@ QNetworkRequest requestOf(const QString &address, GuideDownload::Packing packing
 
 } // namespace
 
-GuideDownload::GuideDownload(QNetworkAccessManager *manager, const QString &url, Packing packing,
-                             const QString &path, QObject *parent)
+GuideDownload::GuideDownload(QNetworkAccessManager *manager, const QString &url,
+                             const QString &userAgent, Packing packing, const QString &path,
+                             QObject *parent)
     : QObject(parent)
     , redaction({}, url)
     , file(path)
@@ -43,7 +47,7 @@ GuideDownload::GuideDownload(QNetworkAccessManager *manager, const QString &url,
     if (netDebugEnabled()) {
         NetLogStream() << "[Guide] ->" << traceSafeUrl(url);
     }
-    reply = manager->get(requestOf(url, packing));
+    reply = manager->get(requestOf(url, userAgent, packing));
     reply->setParent(this);
     new RedirectFollower(reply);
     body = new ReplyBody(reply, mostBytes);

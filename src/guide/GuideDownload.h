@@ -26,9 +26,9 @@ public:
         Removed ///< the network layer unpacks them
     };
 
-    /// Downloads `url` to the file at `path`, which is replaced.
-    GuideDownload(QNetworkAccessManager *manager, const QString &url, Packing packing,
-                  const QString &path, QObject *parent);
+    /// Downloads `url` to the file at `path`, which is replaced. `userAgent` may be empty.
+    GuideDownload(QNetworkAccessManager *manager, const QString &url, const QString &userAgent,
+                  Packing packing, const QString &path, QObject *parent);
     ~GuideDownload() override;
     Q_DISABLE_COPY_MOVE(GuideDownload)
 

@@ -33,7 +33,7 @@ XtreamAccount accountOf(const SourceConfig &source)
     if (server.endsWith(u'/')) {
         server.chop(1);
     }
-    return {server, source.username, source.password};
+    return {server, source.username, source.password, source.userAgent};
 }
 
 void removeOldFolders(const QDir &parent)
@@ -171,7 +171,8 @@ void GuideUpdate::takeGuide()
 void GuideUpdate::download(const QString &url, GuideDownload::Packing packing, const QString &path,
                            void (GuideUpdate::*then)())
 {
-    current = std::make_unique<GuideDownload>(network, url, packing, path, nullptr);
+    current = std::make_unique<GuideDownload>(network, url, request.source.userAgent, packing, path,
+                                              nullptr);
     connect(current.get(), &GuideDownload::progressed, this, [this](qint64 bytes, qint64 total) {
         const qint64 guides = std::max<qint64>(1, request.addresses.size());
         const qint64 before = std::max<qint64>(0, job.guides.size() - 1);

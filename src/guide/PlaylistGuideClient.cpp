@@ -4,6 +4,7 @@
 #include "app/TraceSecrets.h"
 #include "providers/NetworkTrace.h"
 #include "providers/ReplyBody.h"
+#include "providers/UserAgent.h"
 
 #include <QFile>
 #include <QNetworkAccessManager>
@@ -72,10 +73,11 @@ PlaylistGuideClient::PlaylistGuideClient(QObject *parent)
     network->setTransferTimeout(replyTimeoutMs);
 }
 
-void PlaylistGuideClient::fetch(const QString &address, const Callback &callback)
+void PlaylistGuideClient::fetch(const QString &address, const QString &userAgent,
+                                const Callback &callback)
 {
     if (isDownloadable(address)) {
-        download(address, callback);
+        download(address, userAgent, callback);
     } else {
         callback(readFile(address));
     }
@@ -90,12 +92,15 @@ std::optional<PlaylistGuide> PlaylistGuideClient::readFile(const QString &path)
     return guideOf(file.read(longestLine));
 }
 
-void PlaylistGuideClient::download(const QString &url, const Callback &callback)
+void PlaylistGuideClient::download(const QString &url, const QString &userAgent,
+                                   const Callback &callback)
 {
     if (netDebugEnabled()) {
         NetLogStream() << "[M3U] ->" << traceSafeUrl(url);
     }
-    QNetworkReply *reply = network->get(QNetworkRequest(QUrl(url)));
+    QNetworkRequest request{QUrl(url)};
+    setUserAgent(request, userAgent);
+    QNetworkReply *reply = network->get(request);
     reply->setReadBufferSize(longestLine);
     // Not that of the manager alone: Qt 6.4 forgets it behind a redirect.
     QTimer::singleShot(network->transferTimeout(), reply, &QNetworkReply::abort);

@@ -29,11 +29,11 @@ public:
     /// this call for a file, later for a download, and never once the client is destroyed. It gets
     /// nothing when the playlist cannot be read, and an empty guide when the first line is no
     /// "#EXTM3U". A first line that takes longer than replyTimeoutMs is a failure.
-    void fetch(const QString &address, const Callback &callback);
+    void fetch(const QString &address, const QString &userAgent, const Callback &callback);
 
 private:
     static std::optional<PlaylistGuide> readFile(const QString &path);
-    void download(const QString &url, const Callback &callback);
+    void download(const QString &url, const QString &userAgent, const Callback &callback);
     void report(QNetworkReply *reply, const QByteArray &head, const Callback &callback);
 
     QNetworkAccessManager *network;

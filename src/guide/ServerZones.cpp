@@ -24,7 +24,7 @@ void ServerZones::find(const XtreamAccount &account, const Callback &callback)
 void ServerZones::ask(const QString &key, const XtreamAccount &account)
 {
     auto *client = new XtreamClient(this);
-    client->configure(account.server, account.username, account.password);
+    client->configure(account);
     client->get({}, {}, [this, client, key](const QJsonDocument &summary, bool ok) {
         if (ok && summary.object().contains(QLatin1StringView("server_info"))) {
             zones.insert(key, serverZone(summary));

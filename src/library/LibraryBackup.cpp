@@ -30,12 +30,14 @@ struct SourceMember
     QLatin1StringView name;
     QString SourceConfig::*field;
     bool isCredential = false;
+    bool isOptional = false; ///< not written while it is empty
 };
 constexpr std::array sourceMembers{
     SourceMember{"name"_L1, &SourceConfig::name},
     SourceMember{"url"_L1, &SourceConfig::url},
     SourceMember{"username"_L1, &SourceConfig::username},
     SourceMember{"liveExtension"_L1, &SourceConfig::liveExtension},
+    SourceMember{"userAgent"_L1, &SourceConfig::userAgent, false, true},
     SourceMember{"password"_L1, &SourceConfig::password, true},
     SourceMember{"subscriptionKey"_L1, &SourceConfig::subscriptionKey, true},
 };
@@ -48,7 +50,9 @@ QJsonObject writeSource(SourceConfig source, bool withCredentials)
     const auto type = static_cast<std::size_t>(source.type);
     QJsonObject object{{u"type"_s, sourceTypeNames[type < sourceTypeNames.size() ? type : 0]}};
     for (const SourceMember &member : sourceMembers) {
-        if (withCredentials || !member.isCredential) {
+        const bool isOmitted = (member.isCredential && !withCredentials) ||
+                               (member.isOptional && (source.*member.field).isEmpty());
+        if (!isOmitted) {
             object.insert(member.name, source.*member.field);
         }
     }

@@ -16,7 +16,7 @@ bool isSameSource(const SourceConfig &a, const SourceConfig &b)
 {
     const auto settings = [](const SourceConfig &source) {
         return std::tie(source.type, source.name, source.url, source.username, source.password,
-                        source.liveExtension, source.subscriptionKey);
+                        source.liveExtension, source.subscriptionKey, source.userAgent);
     };
     return settings(a) == settings(b);
 }

@@ -59,6 +59,9 @@ constexpr std::tuple settingsTable{
     Setting<qint64>{"lastUpdated"_L1, &SourceConfig::lastUpdated},
 };
 
+/// Stored only where it is set: most sources have none.
+const Setting<QString> userAgentSetting{"userAgent"_L1, &SourceConfig::userAgent};
+
 /// Reads the current entry of the array that is open. A missing key leaves the field's default.
 SourceConfig readSource(const QSettings &settings)
 {
@@ -68,6 +71,7 @@ SourceConfig readSource(const QSettings &settings)
         field = settings.value(setting.key, field).template value<std::decay_t<decltype(field)>>();
     };
     std::apply([&](const auto &...columns) { (read(columns), ...); }, settingsTable);
+    read(userAgentSetting);
     return config;
 }
 
@@ -77,6 +81,11 @@ void writeSource(QSettings &settings, const SourceConfig &config)
         settings.setValue(setting.key, config.*setting.field);
     };
     std::apply([&](const auto &...columns) { (write(columns), ...); }, settingsTable);
+    if (config.userAgent.isEmpty()) {
+        settings.remove(userAgentSetting.key);
+    } else {
+        write(userAgentSetting);
+    }
 }
 
 QList<SourceConfig> readSources(QSettings &settings)

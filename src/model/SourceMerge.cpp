@@ -60,6 +60,7 @@ SourceConfig mergeFields(const SourceConfig &before, const SourceConfig &ours,
     merge(&SourceConfig::liveExtension);
     merge(&SourceConfig::subscriptionKey);
     merge(&SourceConfig::lastUpdated);
+    merge(&SourceConfig::userAgent);
     return merged;
 }
 

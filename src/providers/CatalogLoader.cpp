@@ -214,7 +214,7 @@ void CatalogLoader::loadM3uSource(const SourceConfig &source, bool force)
 void CatalogLoader::fetchPlaylist(const SourceConfig &source)
 {
     const Fetch fetch = beginFetch(source, 1);
-    playlist->read(source.url, [this, source, fetch](const PlaylistReply &reply) {
+    playlist->read(source.url, source.userAgent, [this, source, fetch](const PlaylistReply &reply) {
         takePlaylist(reply, source, fetch);
     });
 }
@@ -273,7 +273,8 @@ void CatalogLoader::loadXtreamSource(const SourceConfig &source, bool force)
     if (xtream == nullptr) {
         xtream = new XtreamClient(this);
     }
-    xtream->configure(source.url, source.username, source.password);
+    xtream->configure(
+        XtreamAccount{source.url, source.username, source.password, source.userAgent});
     const auto fetch = [this, source] { fetchAccount(source); };
     if (force) {
         fetch();

@@ -4,6 +4,7 @@
 #include "app/TraceSecrets.h"
 #include "providers/NetworkTrace.h"
 #include "providers/ReplyBody.h"
+#include "providers/UserAgent.h"
 
 #include <QFile>
 #include <QNetworkAccessManager>
@@ -45,10 +46,11 @@ PlaylistClient::PlaylistClient(QObject *parent)
     network->setTransferTimeout(replyTimeoutMs);
 }
 
-void PlaylistClient::read(const QString &address, const Callback &callback)
+void PlaylistClient::read(const QString &address, const QString &userAgent,
+                          const Callback &callback)
 {
     if (isDownloadable(address)) {
-        download(address, callback);
+        download(address, userAgent, callback);
     } else {
         callback(readFile(address));
     }
@@ -63,12 +65,15 @@ PlaylistReply PlaylistClient::readFile(const QString &path)
     return {PlaylistReply::Outcome::Read, ReplyBytes(file.readAll()), {}};
 }
 
-void PlaylistClient::download(const QString &url, const Callback &callback)
+void PlaylistClient::download(const QString &url, const QString &userAgent,
+                              const Callback &callback)
 {
     if (netDebugEnabled()) {
         NetLogStream() << "[M3U] ->" << traceSafeUrl(url);
     }
-    QNetworkReply *reply = network->get(QNetworkRequest(QUrl(url)));
+    QNetworkRequest request{QUrl(url)};
+    setUserAgent(request, userAgent);
+    QNetworkReply *reply = network->get(request);
     auto *body = new ReplyBody(reply, ReplyBody::maxCatalogBytes);
     connect(body, &ReplyBody::finished, this, [reply, body, callback] {
         reply->deleteLater();

@@ -35,14 +35,15 @@ public:
     explicit PlaylistClient(QObject *parent);
 
     /// Downloads an address that begins with "http://" or "https://" in lower case; anything else
-    /// is the path of a local file. The callback is called exactly once: within this call for a
-    /// file, later for a download, and never once the client is destroyed. A download that makes no
-    /// progress for replyTimeoutMs fails.
-    void read(const QString &address, const Callback &callback);
+    /// is the path of a local file. A download is asked for by `userAgent`, unless that is empty.
+    /// The callback is called exactly once: within this call for a file, later for a download, and
+    /// never once the client is destroyed. A download that makes no progress for replyTimeoutMs
+    /// fails.
+    void read(const QString &address, const QString &userAgent, const Callback &callback);
 
 private:
     static PlaylistReply readFile(const QString &path);
-    void download(const QString &url, const Callback &callback);
+    void download(const QString &url, const QString &userAgent, const Callback &callback);
 
     QNetworkAccessManager *network;
 };

@@ -5,6 +5,7 @@
 #include "providers/NetworkTrace.h"
 #include "providers/RedirectFollower.h"
 #include "providers/ReplyBody.h"
+#include "providers/UserAgent.h"
 #include "providers/WebUrl.h"
 #include "providers/XtreamCatalog.h"
 
@@ -99,7 +100,14 @@ void XtreamClient::configure(const QString &serverUrl, const QString &user, cons
     server = serverUrl.endsWith(u'/') ? serverUrl.chopped(1) : serverUrl;
     username = user;
     password = pass;
+    userAgent.clear();
     redaction = RedactionScope(password, server);
+}
+
+void XtreamClient::configure(const XtreamAccount &account)
+{
+    configure(account.server, account.username, account.password);
+    userAgent = account.userAgent;
 }
 
 void XtreamClient::get(const QString &action, const QString &extra,
@@ -136,6 +144,7 @@ void XtreamClient::request(const QString &action, const QString &extra, qint64 m
     QNetworkRequest networkRequest(url);
     networkRequest.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                                 QNetworkRequest::UserVerifiedRedirectPolicy);
+    setUserAgent(networkRequest, userAgent);
     if (netDebugEnabled()) {
         NetLogStream() << "[Xtream] ->" << traceSafe(url.toString(QUrl::FullyEncoded));
     }

@@ -37,7 +37,9 @@ public:
     /// Sets the account. One trailing slash of `server` is removed; nothing else is checked.
     /// Requests in flight keep the account that they were sent with.
     void configure(const QString &server, const QString &username, const QString &password);
-    XtreamAccount account() const { return {server, username, password}; }
+    /// The same, with the account's user agent.
+    void configure(const XtreamAccount &account);
+    XtreamAccount account() const { return {server, username, password, userAgent}; }
 
     /// Sends one request. `action` may be empty; `extra` is empty or one "key=value" item. The flag
     /// is true only when the network succeeded and the body is JSON.
@@ -91,5 +93,6 @@ private:
     QString server;
     QString username;
     QString password;
+    QString userAgent;
     RedactionScope redaction; ///< of this account's credentials
 };

@@ -49,7 +49,8 @@ AccountInformationDialog::AccountInformationDialog(const SourceConfig &source, Q
     layout->addWidget(message);
     layout->addStretch();
     layout->addWidget(buttons);
-    client->configure(source.url, source.username, source.password);
+    client->configure(
+        XtreamAccount{source.url, source.username, source.password, source.userAgent});
     ask();
 }
 

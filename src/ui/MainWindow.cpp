@@ -12,6 +12,7 @@
 #include "ui/LoadingOverlay.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlayerPanel.h"
+#include "ui/PosterStore.h"
 #include "ui/ResumeKeeper.h"
 #include "ui/SourceBar.h"
 #include "ui/SourceGuide.h"
@@ -22,6 +23,7 @@
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTimer>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -183,6 +185,7 @@ void MainWindow::loadSource(const SourceConfig &config, bool force)
     resetBrowseTabs();
     const bool account = SourceType::isAccount(source.type);
     sourceGuide->setSource(source);
+    posterStore->setUserAgent(source.userAgent, QUrl(source.url).host());
     tabs->setCurrentWidget(&browseTab(account ? CatalogSection::Live : CatalogSection::Channel));
     catalogLoader->load(source, force);
 }

@@ -27,6 +27,7 @@ class LoadingOverlay;
 class OnNowLines;
 class PlaybackSession;
 class PlayerPanel;
+class PosterStore;
 class ReminderKeeper;
 class ResumeKeeper;
 class ScheduleDialog;
@@ -165,6 +166,7 @@ private:
     void addSourceBy(SourceDialog &dialog);
     bool checkDialogResult(const SourceConfig &config, const QString &title);
     bool storeCopy(SourceConfig &config, const QString &title);
+    void showSourceOptions();
     void deleteSource(const QString &name);
     void showRemainingSources();
     void replaceSourceAt(int index, const QString &oldName, const SourceConfig &edited);
@@ -346,6 +348,7 @@ private:
     // ---- MainWindowBrowse.cpp ----
     QTabWidget *tabs = nullptr;
     QList<BrowseTab *> browseTabs; ///< in the order of CatalogSection
+    PosterStore *posterStore = nullptr;
 
     // ---- MainWindowSeries.cpp ----
     EpisodePage *episodePage = nullptr;

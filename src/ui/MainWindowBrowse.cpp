@@ -13,7 +13,7 @@ void MainWindow::buildTabs()
 {
     tabs = new QTabWidget;
     tabs->setObjectName(u"tabs"_s);
-    auto *posterStore = new PosterStore(this);
+    posterStore = new PosterStore(this);
     for (const BrowseTabSpec &spec : browseTabSpecs()) {
         auto *tab = new BrowseTab(spec, posterStore);
         browseTabs.append(tab);

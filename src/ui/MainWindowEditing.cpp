@@ -9,6 +9,7 @@
 #include "ui/SourceBar.h"
 #include "ui/SourceDialog.h"
 #include "ui/SourceGuide.h"
+#include "ui/SourceOptionsDialog.h"
 
 bool MainWindow::storeCopy(SourceConfig &config, const QString &title)
 {
@@ -74,6 +75,20 @@ void MainWindow::editSource()
     const QString title = dialog.windowTitle();
     if (checkDialogResult(edited, title) && storeCopy(edited, title)) {
         replaceSourceAt(index, existing->name, edited);
+    }
+}
+
+void MainWindow::showSourceOptions()
+{
+    const auto existing = storedSource(currentSource.name);
+    if (!existing) {
+        return;
+    }
+    SourceOptionsDialog dialog(*existing, this);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    // The catalog is fetched again: without the user agent its server may have refused it.
+    if (accepted && dialog.source() != *existing && existing->name == currentSource.name) {
+        replaceSourceAt(sourceBar->currentIndex(), existing->name, dialog.source());
     }
 }
 

@@ -102,11 +102,12 @@ void MainWindow::showGuideDialog()
     });
     PlaylistGuideClient client(nullptr);
     if (!SourceType::isAccount(currentSource.type)) {
-        client.fetch(currentSource.url, [&dialog](const std::optional<PlaylistGuide> &guide) {
-            if (guide) {
-                dialog.offerPlaylistAddresses(guide->addresses);
-            }
-        });
+        client.fetch(currentSource.url, currentSource.userAgent,
+                     [&dialog](const std::optional<PlaylistGuide> &guide) {
+                         if (guide) {
+                             dialog.offerPlaylistAddresses(guide->addresses);
+                         }
+                     });
     }
     const QString source = currentSource.name;
     if (dialog.exec() == QDialog::Accepted && source == currentSource.name) {

@@ -59,6 +59,7 @@ void MainWindow::createMoreMenu()
     connect(menu, &MoreMenu::backUpRequested, this, &MainWindow::backUp);
     connect(menu, &MoreMenu::restoreRequested, this, &MainWindow::restoreBackup);
     connect(menu, &MoreMenu::guideRequested, this, &MainWindow::showGuideDialog);
+    connect(menu, &MoreMenu::sourceOptionsRequested, this, &MainWindow::showSourceOptions);
     connect(menu, &MoreMenu::accountInformationRequested, this,
             &MainWindow::showAccountInformation);
     connect(menu, &MoreMenu::aboutRequested, this, &MainWindow::showAbout);

@@ -5,7 +5,10 @@
 #include "ui/BrowseTab.h"
 #include "ui/LoadingOverlay.h"
 #include "ui/PlainMessageBox.h"
+#include "ui/PosterStore.h"
 #include "ui/SourceGuide.h"
+
+#include <QUrl>
 
 void MainWindow::createCatalogLoader(const QString &subscriptionBaseUrl)
 {
@@ -13,6 +16,7 @@ void MainWindow::createCatalogLoader(const QString &subscriptionBaseUrl)
     connect(catalogLoader, &CatalogLoader::resolved, this, [this](const SourceConfig &source) {
         currentSource = source;
         sourceGuide->setSource(source);
+        posterStore->setUserAgent(source.userAgent, QUrl(source.url).host());
     });
     connect(catalogLoader, &CatalogLoader::stamped, this, [this](const SourceConfig &source) {
         currentSource = source;

@@ -17,6 +17,7 @@ MoreMenu::MoreMenu(QWidget *parent)
     addAction(tr("Restore..."), this, &MoreMenu::restoreRequested);
     addSeparator();
     guide = addAction(tr("Programme Guide..."), this, &MoreMenu::guideRequested);
+    sourceOptions = addAction(tr("Source Options..."), this, &MoreMenu::sourceOptionsRequested);
     accountInformation =
         addAction(tr("Account Information..."), this, &MoreMenu::accountInformationRequested);
     addAction(tr("About"), this, &MoreMenu::aboutRequested);
@@ -33,6 +34,7 @@ void MoreMenu::setHasHistory(bool hasHistory)
 void MoreMenu::setHasSource(bool hasSource)
 {
     guide->setEnabled(hasSource);
+    sourceOptions->setEnabled(hasSource);
 }
 
 void MoreMenu::setHasAccount(bool hasAccount)

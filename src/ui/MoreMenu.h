@@ -26,6 +26,8 @@ Q_SIGNALS:
     void restoreRequested();
     /// Of the active source.
     void guideRequested();
+    /// Of the active source.
+    void sourceOptionsRequested();
     void accountInformationRequested();
     void aboutRequested();
 
@@ -34,5 +36,6 @@ private:
     QAction *openLocation;
     QAction *clearHistory;
     QAction *guide;
+    QAction *sourceOptions;
     QAction *accountInformation;
 };

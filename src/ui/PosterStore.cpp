@@ -1,6 +1,7 @@
 #include "ui/PosterStore.h"
 
 #include "providers/ReplyBody.h"
+#include "providers/UserAgent.h"
 #include "providers/WebUrl.h"
 #include "ui/PosterIcon.h"
 #include "ui/PosterImage.h"
@@ -67,6 +68,12 @@ PosterStore::~PosterStore()
 {
     decoderThread.quit();
     decoderThread.wait();
+}
+
+void PosterStore::setUserAgent(const QString &agent, const QString &host)
+{
+    userAgent = agent;
+    userAgentHost = host;
 }
 
 QIcon PosterStore::find(const QString &url)
@@ -169,7 +176,11 @@ void PosterStore::download(const QString &url)
         return;
     }
     ++downloads;
-    QNetworkReply *reply = network->get(QNetworkRequest(address));
+    QNetworkRequest request(address);
+    if (address.host() == userAgentHost) {
+        ::setUserAgent(request, userAgent);
+    }
+    QNetworkReply *reply = network->get(request);
     auto *body = new ReplyBody(reply, maxPosterBytes);
     // A request may wait for others to the same server while its timeout runs.
     const auto waited = std::make_shared<bool>(true);

@@ -30,6 +30,10 @@ public:
     ~PosterStore() override;
     Q_DISABLE_COPY_MOVE(PosterStore)
 
+    /// Names the program that asks a host for posters; other hosts hear the usual name. The
+    /// provider of the posters may refuse that one.
+    void setUserAgent(const QString &userAgent, const QString &host);
+
     /// What a grid shows until the poster is there.
     const QIcon &placeholder() const { return placeholderPoster; }
     /// The poster in memory; a null icon when it is not there. It then stays in memory at least
@@ -63,6 +67,8 @@ private:
 
     QNetworkAccessManager *network;
     int downloads = 0; ///< under way
+    QString userAgent; ///< for `userAgentHost`
+    QString userAgentHost;
     QIcon placeholderPoster;
     PosterMemory memory;
 

@@ -1,12 +1,12 @@
 #include "ui/SourceDialog.h"
 
 #include "providers/XtreamClient.h"
+#include "ui/ElidedComboBox.h"
 #include "ui/PlainMessageBox.h"
 #include "ui/WrappedLabel.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFormLayout>
@@ -51,7 +51,7 @@ SourceDialog::SourceDialog(QWidget *parent, const SourceConfig *existing)
     setWindowTitle(existing != nullptr ? tr("Edit Source") : tr("Add Source"));
     setMinimumWidth(420);
 
-    typeCombo = named(new QComboBox, u"typeCombo"_s);
+    typeCombo = named(new ElidedComboBox, u"typeCombo"_s);
     typeCombo->addItem(tr("M3U Playlist"), SourceType::Playlist);
     typeCombo->addItem(tr("Xtream Codes"), SourceType::Xtream);
     typeCombo->addItem(tr("Zevrino"), SourceType::Zevrino);
@@ -119,7 +119,7 @@ QWidget *SourceDialog::buildXtreamPage()
     serverEdit = named(new QLineEdit, u"serverEdit"_s);
     serverEdit->setPlaceholderText(tr("http://example.com:8080"));
     usernameEdit = named(new QLineEdit, u"usernameEdit"_s);
-    liveFormatCombo = named(new QComboBox, u"liveFormatCombo"_s);
+    liveFormatCombo = named(new ElidedComboBox, u"liveFormatCombo"_s);
     for (const QString &format : {defaultLiveExtension(), newAccountFormat}) {
         liveFormatCombo->addItem(format, format);
     }
@@ -168,6 +168,7 @@ QWidget *SourceDialog::buildSubscriptionPage()
 void SourceDialog::fillFrom(const SourceConfig &source)
 {
     editedName = source.name;
+    userAgent = source.userAgent;
     typeCombo->setCurrentIndex(source.type);
     pages->setCurrentIndex(source.type);
     switch (source.type) {
@@ -224,8 +225,9 @@ void SourceDialog::browseForFile()
 void SourceDialog::testConnection()
 {
     statusLabel->setText(tr("Testing..."));
-    testClient->configure(serverEdit->text().trimmed(), usernameEdit->text().trimmed(),
-                          passwordEdit->text());
+    testClient->configure(XtreamAccount{serverEdit->text().trimmed(),
+                                        usernameEdit->text().trimmed(), passwordEdit->text(),
+                                        userAgent});
     testClient->testLogin([this](bool ok, const QString &message) {
         statusLabel->setText(ok ? tr("Connection OK") : tr("Failed: %1").arg(message));
     });
@@ -251,6 +253,7 @@ void SourceDialog::onDeleteClicked()
 SourceConfig SourceDialog::config() const
 {
     SourceConfig config = defaultSourceConfig();
+    config.userAgent = userAgent;
     config.type = typeCombo->currentData().toInt();
     switch (config.type) {
     case SourceType::Xtream:

@@ -48,6 +48,7 @@ private:
 
     XtreamClient *testClient = nullptr;
     QString editedName;
+    QString userAgent; ///< of the edited source; the form does not show it
 
     QComboBox *typeCombo = nullptr;
     QStackedWidget *pages = nullptr;

@@ -82,7 +82,7 @@ QString itemsOutcome(Clients &clients,
 QString playlistOutcome(Clients &clients)
 {
     return outcomeOf(await<QString>([&](auto callback) {
-        clients.playlist.read(clients.playlistUrl, [callback](const PlaylistReply &reply) {
+        clients.playlist.read(clients.playlistUrl, {}, [callback](const PlaylistReply &reply) {
             const bool failed = reply.outcome == PlaylistReply::Outcome::DownloadFailed;
             if (failed != reply.body.isEmpty() || failed == reply.error.isEmpty()) {
                 callback(u"neither a body nor an error"_s);

@@ -69,7 +69,7 @@ std::optional<PlaylistGuide> tst_PlaylistGuideClient::fetch(const QString &addre
 {
     calls = 0;
     std::optional<PlaylistGuide> result;
-    client->fetch(address, [&](const std::optional<PlaylistGuide> &guide) {
+    client->fetch(address, {}, [&](const std::optional<PlaylistGuide> &guide) {
         ++calls;
         result = guide;
     });
@@ -165,8 +165,9 @@ void tst_PlaylistGuideClient::filesAreReadAtOnce()
 {
     calls = 0;
     for (const QString &path : {u"/nowhere/list.m3u"_s, QDir::tempPath()}) {
-        client->fetch(
-            path, [this](const std::optional<PlaylistGuide> &guide) { calls += guide ? 100 : 1; });
+        client->fetch(path, {}, [this](const std::optional<PlaylistGuide> &guide) {
+            calls += guide ? 100 : 1;
+        });
     }
     QCOMPARE(calls, 2);
 }
@@ -196,7 +197,7 @@ void tst_PlaylistGuideClient::destroyedClientNeverCallsBack()
 {
     server->on(u"/list.m3u"_s, heldReply(header));
     calls = 0;
-    client->fetch(server->url(u"/list.m3u"_s), [this](const auto &) { ++calls; });
+    client->fetch(server->url(u"/list.m3u"_s), {}, [this](const auto &) { ++calls; });
     QTRY_COMPARE(server->openConnections(), 1);
     client.reset();
     QTRY_COMPARE(server->openConnections(), 0);

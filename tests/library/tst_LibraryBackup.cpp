@@ -24,6 +24,7 @@ SourceConfig account()
     source.url = u"http://h:8080"_s;
     source.username = u"user"_s;
     source.password = u"pass-word"_s;
+    source.userAgent = u"Tv/1.0 (x)"_s;
     source.lastUpdated = 5;
     return source;
 }
@@ -130,8 +131,11 @@ void tst_LibraryBackup::everythingComesBack()
         QCOMPARE(read.password, written.password);
         QCOMPARE(read.liveExtension, written.liveExtension);
         QCOMPARE(read.subscriptionKey, written.subscriptionKey);
+        QCOMPARE(read.userAgent, written.userAgent);
         QCOMPARE(read.lastUpdated, 0);
     }
+    // Stored only where there is one.
+    QCOMPARE(LibraryBackup::write(sample, false).count("userAgent"), 1);
 }
 
 void tst_LibraryBackup::membersAreThoseOfTheDocument()

@@ -22,6 +22,7 @@ SourceConfig source(const QString &name, const QString &url = u"http://h"_s,
     config.url = url;
     config.username = u"user"_s;
     config.password = password;
+    config.userAgent = u"Tv/1.0"_s;
     config.lastUpdated = 9;
     return config;
 }

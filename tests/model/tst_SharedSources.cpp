@@ -72,6 +72,13 @@ void tst_SharedSources::otherProgramsChangesStay_data()
     const QString c = u"C=c"_s;
     const QString d = u"D=d"_s;
     const Change addC = save(u"C"_s, u"c"_s);
+    const Change nameAgent = [](SourceManager &manager) {
+        SourceConfig config = manager.sources().constFirst();
+        config.userAgent = u"Tv/1"_s;
+        manager.saveSource(config);
+    };
+    row("user agent there, refreshed here", nameAgent, stamp, {u"A=a Tv/1"_s, b});
+    row("edited there, user agent here", save(u"A"_s, u"new"_s), nameAgent, {u"A=new Tv/1"_s, b});
     row("added there, added here", addC, save(u"D"_s, u"d"_s), {a, b, c, d});
     row("added there, refreshed here", addC, stamp, {a, b, c});
     row("added there, removed here", addC, remove(u"A"_s), {b, c});
@@ -105,7 +112,7 @@ void tst_SharedSources::otherProgramsChangesStay()
     const auto storedUrls = [] {
         QStringList urls;
         for (const SourceConfig &each : storedSources()) {
-            urls << each.name + u'=' + each.url;
+            urls << (each.name + u'=' + each.url + u' ' + each.userAgent).trimmed();
         }
         return urls;
     };

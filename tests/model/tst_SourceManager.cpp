@@ -46,7 +46,7 @@ QStringList fields(const QList<SourceConfig> &sources)
     for (const SourceConfig &each : sources) {
         result << u"type %1"_s.arg(each.type) << each.name << each.url << each.username
                << each.password << each.liveExtension << each.subscriptionKey
-               << u"updated %1"_s.arg(each.lastUpdated);
+               << u"updated %1"_s.arg(each.lastUpdated) << each.userAgent;
     }
     return result;
 }
@@ -104,6 +104,7 @@ private Q_SLOTS:
     void init();
 
     void storesUnderFixedKeys();
+    void storesAUserAgentOnlyWhereThereIsOne();
     void survivesARestart_data();
     void survivesARestart();
     void savesInPlaceOrAppends();
@@ -154,6 +155,25 @@ void tst_SourceManager::storesUnderFixedKeys()
     QCOMPARE(stored(u"lastActiveSource"_s), u"B"_s);
 }
 
+void tst_SourceManager::storesAUserAgentOnlyWhereThereIsOne()
+{
+    SourceManager manager(nullptr);
+    manager.saveSource(source(u"A"_s));
+    SourceConfig named = source(u"B"_s);
+    named.userAgent = u"Tv/1.0 (x; y)"_s;
+    manager.saveSource(named);
+    QVERIFY(!store().contains(u"sources/1/userAgent"_s));
+    QCOMPARE(stored(u"sources/2/userAgent"_s), named.userAgent);
+    // It goes with its source, and leaves nothing to the one that takes the place.
+    manager.removeSource(u"A"_s);
+    QCOMPARE(storedSources(), QList<SourceConfig>{named});
+    manager.saveSource(source(u"C"_s));
+    QCOMPARE(storedSources(), (QList<SourceConfig>{named, source(u"C"_s)}));
+    named.userAgent.clear();
+    manager.saveSource(named);
+    QCOMPARE(store().allKeys().filter(u"userAgent"_s), QStringList());
+}
+
 void tst_SourceManager::survivesARestart_data()
 {
     QTest::addColumn<QString>("text");
@@ -175,7 +195,7 @@ void tst_SourceManager::survivesARestart()
     QFETCH(const QString, text);
     QFETCH(const qint32, type);
     QFETCH(const qint64, lastUpdated);
-    const SourceConfig config{type, text, text, text, text, text, text, lastUpdated};
+    const SourceConfig config{type, text, text, text, text, text, text, lastUpdated, text};
     {
         SourceManager manager(nullptr);
         manager.saveSource(config);

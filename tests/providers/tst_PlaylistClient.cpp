@@ -50,7 +50,7 @@ PlaylistReply tst_PlaylistClient::read(const QString &address)
 {
     calls = 0;
     PlaylistReply result;
-    client->read(address, [&](const PlaylistReply &reply) {
+    client->read(address, {}, [&](const PlaylistReply &reply) {
         ++calls;
         result = reply;
     });
@@ -122,7 +122,7 @@ void tst_PlaylistClient::readsAFileAtOnce()
     const QString path = directory.filePath(u"my lïst.m3u"_s);
     writeFile(path, "#EXTINF:-1,Ünï\r\nhttp://x/1\r\n"_ba);
     PlaylistReply result;
-    client->read(path, [&](const PlaylistReply &reply) { result = reply; });
+    client->read(path, {}, [&](const PlaylistReply &reply) { result = reply; });
     QCOMPARE(result.outcome, Outcome::Read);
     QCOMPARE(result.body.join(), "#EXTINF:-1,Ünï\nhttp://x/1\n"_ba); // read as text
 }
@@ -172,7 +172,7 @@ void tst_PlaylistClient::destroyedClientNeverCallsBack()
 {
     server->on(u"/list.m3u"_s, heldReply(twoChannels));
     calls = 0;
-    client->read(server->url(u"/list.m3u"_s), [this](const PlaylistReply &) { ++calls; });
+    client->read(server->url(u"/list.m3u"_s), {}, [this](const PlaylistReply &) { ++calls; });
     QTRY_COMPARE(server->openConnections(), 1);
     client.reset();
     QTRY_COMPARE(server->openConnections(), 0);
