@@ -916,6 +916,10 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
         <source>Open Location...</source>
         <translation>فتح عنوان...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>خيارات المصدر...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1578,6 +1582,10 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
         <source>Source:</source>
         <translation>المصدر:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>جلب فهرس المصدر من جديد</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1696,6 +1704,33 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>هل تريد حذف المصدر &quot;%1&quot;؟ لا يمكن التراجع عن ذلك.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>خيارات المصدر</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>المصدر: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>المعتاد</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>الاسم الذي يطلب به المشغّل من هذا المصدر فهرسه ودليله وبثّه. بعض المزوّدين فقط يشترطون اسمًا معيّنًا. ويمكن لقائمة التشغيل أن تحدّد اسمًا آخر لقناة.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>&amp;وكيل المستخدم:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>لا يزيد وكيل المستخدم على 2048 محرفًا: أحرف من A إلى Z وأرقام ومسافات وسائر محارف لوحة مفاتيح إنجليزية بسيطة.</translation>
     </message>
 </context>
 <context>

@@ -908,6 +908,10 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
         <source>Open Location...</source>
         <translation>Adresse öffnen...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>Quellenoptionen...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1570,6 +1574,10 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
         <source>Source:</source>
         <translation>Quelle:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>Den Katalog der Quelle erneut abrufen</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1688,6 +1696,33 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>Quelle „%1“ löschen? Das kann nicht rückgängig gemacht werden.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>Quellenoptionen</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Quelle: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>Der übliche</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>Der Name, unter dem der Player diese Quelle nach ihrem Katalog, ihrem TV-Programm und ihren Streams fragt. Nur manche Anbieter verlangen einen bestimmten. Eine Wiedergabeliste kann für einen Sender einen anderen nennen.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>&amp;User-Agent:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>Ein User-Agent hat höchstens 2048 Zeichen: Buchstaben von A bis Z, Ziffern, Leerzeichen und die übrigen Zeichen einer einfachen englischen Tastatur.</translation>
     </message>
 </context>
 <context>

@@ -908,6 +908,10 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
         <source>Open Location...</source>
         <translation>Abrir dirección...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>Opciones de la fuente...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1570,6 +1574,10 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
         <source>Source:</source>
         <translation>Fuente:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>Obtener de nuevo el catálogo de la fuente</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1688,6 +1696,33 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>¿Eliminar la fuente «%1»? Esta acción no se puede deshacer.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>Opciones de la fuente</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Fuente: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>El habitual</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>El nombre con el que el reproductor pide a esta fuente su catálogo, su guía y sus transmisiones. Solo algunos proveedores exigen uno determinado. Una lista de reproducción puede indicar otro para un canal.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>Agente de &amp;usuario:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>Un agente de usuario tiene como máximo 2048 caracteres: letras de la A a la Z, cifras, espacios y los demás caracteres de un teclado inglés sencillo.</translation>
     </message>
 </context>
 <context>

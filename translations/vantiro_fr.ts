@@ -908,6 +908,10 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
         <source>Open Location...</source>
         <translation>Ouvrir une adresse...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>Options de la source...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1570,6 +1574,10 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
         <source>Source:</source>
         <translation>Source&#xa0;:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>Récupérer à nouveau le catalogue de la source</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1688,6 +1696,33 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>Supprimer la source «&#xa0;%1&#xa0;»&#xa0;? Cette action est irréversible.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>Options de la source</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Source&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>Celui d’usage</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>Le nom sous lequel le lecteur demande à cette source son catalogue, son guide et ses flux. Seuls certains fournisseurs en exigent un précis. Une liste de lecture peut en indiquer un autre pour une chaîne.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>&amp;User-agent&#xa0;:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>Un user-agent a au plus 2048 caractères&#xa0;: des lettres de A à Z, des chiffres, des espaces et les autres caractères d’un simple clavier anglais.</translation>
     </message>
 </context>
 <context>

@@ -908,6 +908,10 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
         <source>Open Location...</source>
         <translation>Apri indirizzo...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>Opzioni della sorgente...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1570,6 +1574,10 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
         <source>Source:</source>
         <translation>Sorgente:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>Scarica di nuovo il catalogo della sorgente</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1688,6 +1696,33 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>Eliminare la sorgente &quot;%1&quot;? L&apos;operazione non può essere annullata.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>Opzioni della sorgente</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Sorgente: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>Quello abituale</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>Il nome con cui il lettore chiede a questa sorgente il catalogo, la guida e i flussi. Solo alcuni fornitori ne vogliono uno preciso. Una playlist può indicarne un altro per un canale.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>&amp;User agent:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>Uno user agent ha al massimo 2048 caratteri: lettere dalla A alla Z, cifre, spazi e gli altri caratteri di una semplice tastiera inglese.</translation>
     </message>
 </context>
 <context>

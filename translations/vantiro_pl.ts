@@ -910,6 +910,10 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
         <source>Open Location...</source>
         <translation>Otwórz adres...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>Opcje źródła...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1572,6 +1576,10 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
         <source>Source:</source>
         <translation>Źródło:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>Pobierz ponownie katalog źródła</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1690,6 +1698,33 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>Usunąć źródło „%1”? Tej operacji nie można cofnąć.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>Opcje źródła</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Źródło: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>Zwykły</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>Nazwa, pod którą odtwarzacz pyta to źródło o katalog, program i strumienie. Tylko niektórzy dostawcy wymagają określonej. Lista odtwarzania może podać inną dla kanału.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>&amp;User-agent:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>User-agent ma najwyżej 2048 znaków: litery od A do Z, cyfry, spacje i pozostałe znaki prostej klawiatury angielskiej.</translation>
     </message>
 </context>
 <context>

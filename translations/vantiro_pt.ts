@@ -908,6 +908,10 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
         <source>Open Location...</source>
         <translation>Abrir endereço...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>Opções da fonte...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1570,6 +1574,10 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
         <source>Source:</source>
         <translation>Fonte:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>Buscar novamente o catálogo da fonte</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1688,6 +1696,33 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>Excluir a fonte &quot;%1&quot;? Isso não pode ser desfeito.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>Opções da fonte</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Fonte: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>O habitual</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>O nome com que o reprodutor pede a esta fonte o catálogo, o guia e as transmissões. Só alguns provedores exigem um determinado. Uma lista de reprodução pode indicar outro para um canal.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>Agente de &amp;usuário:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>Um agente de usuário tem no máximo 2048 caracteres: letras de A a Z, algarismos, espaços e os demais caracteres de um teclado inglês simples.</translation>
     </message>
 </context>
 <context>

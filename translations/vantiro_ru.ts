@@ -910,6 +910,10 @@ Copyright 2026 Vantiro. Все права защищены.
         <source>Open Location...</source>
         <translation>Открыть адрес...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>Параметры источника...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1572,6 +1576,10 @@ Copyright 2026 Vantiro. Все права защищены.
         <source>Source:</source>
         <translation>Источник:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>Заново получить каталог источника</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1690,6 +1698,33 @@ Copyright 2026 Vantiro. Все права защищены.
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>Удалить источник «%1»? Это действие нельзя отменить.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>Параметры источника</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Источник: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>Обычный</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>Имя, под которым проигрыватель запрашивает у этого источника каталог, телегид и потоки. Лишь некоторым поставщикам нужно определённое. Плейлист может указать для канала другое.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>&amp;User-agent:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>User-agent содержит не более 2048 символов: буквы от A до Z, цифры, пробелы и прочие символы простой английской клавиатуры.</translation>
     </message>
 </context>
 <context>

@@ -906,6 +906,10 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
         <source>Open Location...</source>
         <translation>Adres Aç...</translation>
     </message>
+    <message>
+        <source>Source Options...</source>
+        <translation>Kaynak Seçenekleri...</translation>
+    </message>
 </context>
 <context>
     <name>OnNow</name>
@@ -1568,6 +1572,10 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
         <source>Source:</source>
         <translation>Kaynak:</translation>
     </message>
+    <message>
+        <source>Fetch the catalog of the source again</source>
+        <translation>Kaynağın kataloğunu yeniden al</translation>
+    </message>
 </context>
 <context>
     <name>SourceDialog</name>
@@ -1686,6 +1694,33 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     <message>
         <source>Delete source &quot;%1&quot;? This cannot be undone.</source>
         <translation>&quot;%1&quot; kaynağı silinsin mi? Bu işlem geri alınamaz.</translation>
+    </message>
+</context>
+<context>
+    <name>SourceOptionsDialog</name>
+    <message>
+        <source>Source Options</source>
+        <translation>Kaynak Seçenekleri</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Kaynak: %1</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>Her zamanki</translation>
+    </message>
+    <message>
+        <source>The name under which the player asks this source for its catalog, its guide and its streams. Only some providers want a certain one. A playlist can name another one for a channel.</source>
+        <translation>Oynatıcının bu kaynaktan kataloğunu, rehberini ve yayınlarını isterken kullandığı ad. Yalnızca bazı sağlayıcılar belirli bir ad ister. Bir oynatma listesi bir kanal için başka bir ad belirtebilir.</translation>
+    </message>
+    <message>
+        <source>&amp;User agent:</source>
+        <translation>&amp;Kullanıcı aracısı:</translation>
+    </message>
+    <message>
+        <source>A user agent has at most 2048 characters: letters from A to Z, digits, blanks and the other characters of a plain English keyboard.</source>
+        <translation>Kullanıcı aracısı en fazla 2048 karakterdir: A&apos;dan Z&apos;ye harfler, rakamlar, boşluklar ve sade bir İngilizce klavyenin diğer karakterleri.</translation>
     </message>
 </context>
 <context>

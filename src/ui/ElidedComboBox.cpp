@@ -1,6 +1,7 @@
 #include "ui/ElidedComboBox.h"
 
 #include <QHelpEvent>
+#include <QPolygonF>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QTextDocument>
@@ -42,9 +43,9 @@ void ElidedComboBox::paintArrow(QPainter &painter, const QRect &area) const
     constexpr double lineWidth = 1.5;
     constexpr double disabledOpacity = 0.4;
     const QPointF middle = QRectF(area).center();
-    const QPolygonF arrow{{middle + QPointF(-halfWidth, -halfHeight),
-                           middle + QPointF(0, halfHeight),
-                           middle + QPointF(halfWidth, -halfHeight)}};
+    QPolygonF arrow;
+    arrow << middle + QPointF(-halfWidth, -halfHeight) << middle + QPointF(0, halfHeight)
+          << middle + QPointF(halfWidth, -halfHeight);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
     painter.setPen(QPen(palette().color(QPalette::Text), lineWidth, Qt::SolidLine, Qt::RoundCap,

@@ -2,6 +2,8 @@
 
 #include <QComboBox>
 
+class QPainter;
+
 /// A combo box that elides the current item when it is wider than the box, and shows the whole text
 /// in a tool tip. It draws its own arrow, which the theme's style sheet leaves out.
 class ElidedComboBox final : public QComboBox

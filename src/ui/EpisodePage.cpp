@@ -29,12 +29,10 @@ void setRowData(QTreeWidgetItem &row, int role, const QVariant &value)
 void matchLists(QTreeWidget &tree)
 {
     const QColor background(0x23252d);
-    const QColor text(0xe2e4e9);
     const QColor frame(0x33353f);
-    constexpr int frameShade = 140; ///< percents, as Fusion darkens it
+    constexpr int frameShade = 130; ///< percents, by which Fusion darkens it
     QPalette palette = tree.palette();
     palette.setColor(QPalette::Base, background);
-    palette.setColor(QPalette::Text, text);
     palette.setColor(QPalette::Window, frame.lighter(frameShade));
     tree.setPalette(palette);
 }

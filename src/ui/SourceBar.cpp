@@ -29,6 +29,7 @@ SourceBar::SourceBar(QWidget *parent)
     auto *add = new QPushButton(tr("Add Source..."));
     auto *edit = new QPushButton(tr("Edit Source..."));
     auto *refresh = new QPushButton(tr("Refresh Playlist"));
+    refresh->setToolTip(tr("Fetch the catalog of the source again"));
 
     // The theme leaves the arrow too small to see; the menus of the player's buttons have none.
     moreButton->setStyleSheet(u"QPushButton::menu-indicator { image: none; width: 0; }"_s);

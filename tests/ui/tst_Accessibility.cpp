@@ -10,6 +10,7 @@
 #include "ui/RestoreDialog.h"
 #include "ui/ScheduleDialog.h"
 #include "ui/SourceDialog.h"
+#include "ui/SourceOptionsDialog.h"
 
 #include <QAccessible>
 #include <QRadioButton>
@@ -176,11 +177,13 @@ void tst_Accessibility::moreDialogs()
     GuideChannelDialog guideChannel(&stored, {u"A"_s, EntryKind::Live, u"1"_s, u"One"_s, {}},
                                     {u"one"_s, GuideMatch::Rule::Suggestion}, {}, nullptr);
     ScheduleDialog schedule(u"A"_s, {}, &stored, nullptr);
+    SourceOptionsDialog options(source, nullptr);
     using Case = std::tuple<QDialog *, int, QString>;
     for (const auto &[dialog, controls, first] :
          {Case(&clearHistory, 4, u"watchedCheck"_s), Case(&restore, 4, u"mergeButton"_s),
           Case(&account, 1, u"closeButton"_s), Case(&guide, 10, u"guideEnabled"_s),
-          Case(&guideChannel, 7, u"automaticGuide"_s), Case(&schedule, 6, u"dayBox"_s)}) {
+          Case(&guideChannel, 7, u"automaticGuide"_s), Case(&schedule, 6, u"dayBox"_s),
+          Case(&options, 3, u"userAgentEdit"_s)}) {
         dialog->show();
         QVERIFY(QTest::qWaitForWindowActive(dialog));
         expectAccessible(*dialog, controls, first);
