@@ -73,7 +73,7 @@ struct Viewer
 
     ArchiveChannel accountChannel() const
     {
-        ArchiveChannel channel{u"S"_s, u"News"_s, u"7"_s, {}, {}, u"ts"_s, {}, {}};
+        ArchiveChannel channel{u"S"_s, u"News"_s, u"7"_s, {}, {}, u"ts"_s, {}, {}, {}};
         channel.archive.form = CatchUpForm::Account;
         channel.account = XtreamAccount{server.url(), u"joe"_s, u"pw"_s};
         return channel;
@@ -81,7 +81,7 @@ struct Viewer
     ArchiveChannel playlistChannel(CatchUpForm form, const QString &path,
                                    const QString &source = {}) const
     {
-        ArchiveChannel channel{u"S"_s, u"News"_s, {}, server.url(path), {}, {}, {}, {}};
+        ArchiveChannel channel{u"S"_s, u"News"_s, {}, server.url(path), {}, {}, {}, {}, {}};
         channel.archive.form = form;
         channel.archive.source = source;
         return channel;
