@@ -5,11 +5,11 @@
 using namespace Qt::StringLiterals;
 using namespace desktop;
 
-bool PlayerSession::start(const QStringList &arguments)
+bool PlayerSession::start(const QStringList &arguments, const QString &title)
 {
-    if (!app.start(UiTexts::mainWindow, arguments))
+    if (!app.start(title, arguments))
         return false;
-    window = app.waitForWindow(UiTexts::mainWindow);
+    window = app.waitForWindow(title);
     return bool(window);
 }
 

@@ -18,8 +18,9 @@ public:
         : app(program)
     {}
 
-    /// Starts the player, with what it is to open, and waits for its window.
-    [[nodiscard]] bool start(const QStringList &arguments = {});
+    /// Starts the player, with what it is to open, and waits for its window of that title.
+    [[nodiscard]] bool start(const QStringList &arguments = {},
+                             const QString &title = UiTexts::mainWindow);
     /// Closes the player; false as well if it does not end with status 0.
     [[nodiscard]] bool close() { return app.close() && app.exitCode() == 0; }
 
