@@ -260,7 +260,7 @@
     </message>
     <message>
         <source>Playlists, films and streams to open: files or URLs.</source>
-        <translation>قوائم التشغيل والأفلام والبث المراد فتحها: ملفات أو عناوين URL.</translation>
+        <translation>قوائم التشغيل والأفلام وعمليات البث المراد فتحها: ملفات أو عناوين URL.</translation>
     </message>
 </context>
 <context>
@@ -875,7 +875,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>This could not be opened:</source>
-        <translation>تعذر فتح ما يلي:</translation>
+        <translation>تعذّر فتح ما يلي:</translation>
     </message>
 </context>
 <context>
@@ -963,7 +963,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>It is a folder.</source>
-        <translation>هذا مجلد.</translation>
+        <translation>إنه مجلد.</translation>
     </message>
     <message>
         <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>

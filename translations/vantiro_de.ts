@@ -260,7 +260,7 @@
     </message>
     <message>
         <source>Playlists, films and streams to open: files or URLs.</source>
-        <translation>Playlists, Filme und Streams, die geöffnet werden: Dateien oder URLs.</translation>
+        <translation>Zu öffnende Wiedergabelisten, Filme und Streams: Dateien oder URLs.</translation>
     </message>
 </context>
 <context>
@@ -851,7 +851,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
-        <translation>Es ist kein Film oder Stream, der sich abspielen lässt.</translation>
+        <translation>Das ist kein Film oder Stream, der abgespielt werden kann.</translation>
     </message>
     <message>
         <source>Open File</source>
@@ -859,7 +859,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Videos and Playlists (%1);;All Files (*)</source>
-        <translation>Videos und Playlists (%1);;Alle Dateien (*)</translation>
+        <translation>Videos und Wiedergabelisten (%1);;Alle Dateien (*)</translation>
     </message>
     <message>
         <source>Open</source>
@@ -867,7 +867,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>This could not be opened:</source>
-        <translation>Folgendes konnte nicht geöffnet werden:</translation>
+        <translation>Dies konnte nicht geöffnet werden:</translation>
     </message>
 </context>
 <context>
@@ -936,7 +936,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>http://example.com/stream.ts or a local file path</source>
-        <translation>http://example.com/stream.ts oder der Pfad einer Datei</translation>
+        <translation>http://example.com/stream.ts oder ein lokaler Dateipfad</translation>
     </message>
     <message>
         <source>Open</source>
@@ -951,15 +951,15 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     <name>OpenTarget</name>
     <message>
         <source>The file does not exist.</source>
-        <translation>Die Datei existiert nicht.</translation>
+        <translation>Die Datei ist nicht vorhanden.</translation>
     </message>
     <message>
         <source>It is a folder.</source>
-        <translation>Es ist ein Ordner.</translation>
+        <translation>Das ist ein Ordner.</translation>
     </message>
     <message>
         <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
-        <translation>Adressen, die mit &quot;%1:&quot; beginnen, werden nicht unterstützt.</translation>
+        <translation>Adressen, die mit „%1:“ beginnen, werden nicht unterstützt.</translation>
     </message>
     <message>
         <source>The address names no server.</source>

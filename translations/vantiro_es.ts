@@ -260,7 +260,7 @@
     </message>
     <message>
         <source>Playlists, films and streams to open: files or URLs.</source>
-        <translation>Listas de reproducción, películas y transmisiones que se abrirán: archivos o URL.</translation>
+        <translation>Listas de reproducción, películas y emisiones que abrir: archivos o URL.</translation>
     </message>
 </context>
 <context>
@@ -851,7 +851,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
-        <translation>No es una película ni una transmisión que se pueda reproducir.</translation>
+        <translation>No es una película ni una emisión que se pueda reproducir.</translation>
     </message>
     <message>
         <source>Open File</source>
@@ -867,7 +867,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>This could not be opened:</source>
-        <translation>No se pudo abrir lo siguiente:</translation>
+        <translation>No se pudo abrir:</translation>
     </message>
 </context>
 <context>
@@ -936,7 +936,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>http://example.com/stream.ts or a local file path</source>
-        <translation>http://example.com/stream.ts o la ruta de un archivo</translation>
+        <translation>http://example.com/stream.ts o la ruta de un archivo local</translation>
     </message>
     <message>
         <source>Open</source>
@@ -959,7 +959,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
-        <translation>Las direcciones que empiezan por &quot;%1:&quot; no son compatibles.</translation>
+        <translation>Las direcciones que empiezan por «%1:» no son compatibles.</translation>
     </message>
     <message>
         <source>The address names no server.</source>

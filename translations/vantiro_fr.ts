@@ -260,7 +260,7 @@
     </message>
     <message>
         <source>Playlists, films and streams to open: files or URLs.</source>
-        <translation>Listes de lecture, films et flux à ouvrir : fichiers ou URL.</translation>
+        <translation>Listes de lecture, films et flux à ouvrir&#xa0;: fichiers ou URL.</translation>
     </message>
 </context>
 <context>
@@ -851,7 +851,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
-        <translation>Ce n&apos;est pas un film ou un flux qui peut être lu.</translation>
+        <translation>Ce n&apos;est pas un film ni un flux qui peut être lu.</translation>
     </message>
     <message>
         <source>Open File</source>
@@ -867,7 +867,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>This could not be opened:</source>
-        <translation>Impossible d&apos;ouvrir :</translation>
+        <translation>Impossible d&apos;ouvrir&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -936,7 +936,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>http://example.com/stream.ts or a local file path</source>
-        <translation>http://example.com/stream.ts ou le chemin d&apos;un fichier</translation>
+        <translation>http://example.com/stream.ts ou le chemin d&apos;un fichier local</translation>
     </message>
     <message>
         <source>Open</source>
@@ -944,7 +944,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Address:</source>
-        <translation>Adresse :</translation>
+        <translation>Adresse&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -959,7 +959,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
-        <translation>Les adresses qui commencent par &quot;%1:&quot; ne sont pas prises en charge.</translation>
+        <translation>Les adresses qui commencent par «&#xa0;%1:&#xa0;» ne sont pas prises en charge.</translation>
     </message>
     <message>
         <source>The address names no server.</source>

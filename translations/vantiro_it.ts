@@ -851,7 +851,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
-        <translation>Non è un film o un flusso che si possa riprodurre.</translation>
+        <translation>Non è un film o un flusso riproducibile.</translation>
     </message>
     <message>
         <source>Open File</source>
@@ -936,7 +936,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>http://example.com/stream.ts or a local file path</source>
-        <translation>http://example.com/stream.ts o il percorso di un file</translation>
+        <translation>http://example.com/stream.ts o il percorso di un file locale</translation>
     </message>
     <message>
         <source>Open</source>

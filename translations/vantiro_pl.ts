@@ -869,7 +869,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>This could not be opened:</source>
-        <translation>Nie udało się otworzyć:</translation>
+        <translation>Nie można otworzyć:</translation>
     </message>
 </context>
 <context>
@@ -938,7 +938,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>http://example.com/stream.ts or a local file path</source>
-        <translation>http://example.com/stream.ts lub ścieżka pliku</translation>
+        <translation>http://example.com/stream.ts lub ścieżka do pliku lokalnego</translation>
     </message>
     <message>
         <source>Open</source>
@@ -961,7 +961,7 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
     </message>
     <message>
         <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
-        <translation>Adresy zaczynające się od &quot;%1:&quot; nie są obsługiwane.</translation>
+        <translation>Adresy zaczynające się od „%1:” nie są obsługiwane.</translation>
     </message>
     <message>
         <source>The address names no server.</source>

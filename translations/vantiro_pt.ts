@@ -260,7 +260,7 @@
     </message>
     <message>
         <source>Playlists, films and streams to open: files or URLs.</source>
-        <translation>Listas de reprodução, filmes e transmissões a abrir: ficheiros ou URLs.</translation>
+        <translation>Listas de reprodução, filmes e transmissões a abrir: arquivos ou URLs.</translation>
     </message>
 </context>
 <context>
@@ -851,15 +851,15 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
-        <translation>Não é um filme ou uma transmissão que possa ser reproduzida.</translation>
+        <translation>Não é um filme nem uma transmissão que possa ser reproduzida.</translation>
     </message>
     <message>
         <source>Open File</source>
-        <translation>Abrir ficheiro</translation>
+        <translation>Abrir arquivo</translation>
     </message>
     <message>
         <source>Videos and Playlists (%1);;All Files (*)</source>
-        <translation>Vídeos e listas de reprodução (%1);;Todos os ficheiros (*)</translation>
+        <translation>Vídeos e listas de reprodução (%1);;Todos os arquivos (*)</translation>
     </message>
     <message>
         <source>Open</source>
@@ -902,7 +902,7 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Open File...</source>
-        <translation>Abrir ficheiro...</translation>
+        <translation>Abrir arquivo...</translation>
     </message>
     <message>
         <source>Open Location...</source>
@@ -936,7 +936,7 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>http://example.com/stream.ts or a local file path</source>
-        <translation>http://example.com/stream.ts ou o caminho de um ficheiro</translation>
+        <translation>http://example.com/stream.ts ou o caminho de um arquivo local</translation>
     </message>
     <message>
         <source>Open</source>
@@ -951,7 +951,7 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     <name>OpenTarget</name>
     <message>
         <source>The file does not exist.</source>
-        <translation>O ficheiro não existe.</translation>
+        <translation>O arquivo não existe.</translation>
     </message>
     <message>
         <source>It is a folder.</source>
@@ -959,7 +959,7 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
     </message>
     <message>
         <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
-        <translation>Os endereços que começam por &quot;%1:&quot; não são suportados.</translation>
+        <translation>Endereços que começam com &quot;%1:&quot; não são compatíveis.</translation>
     </message>
     <message>
         <source>The address names no server.</source>

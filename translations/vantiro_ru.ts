@@ -938,7 +938,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>http://example.com/stream.ts or a local file path</source>
-        <translation>http://example.com/stream.ts или путь к файлу</translation>
+        <translation>http://example.com/stream.ts или путь к локальному файлу</translation>
     </message>
     <message>
         <source>Open</source>
@@ -961,7 +961,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Addresses that begin with &quot;%1:&quot; are not supported.</source>
-        <translation>Адреса, начинающиеся с &quot;%1:&quot;, не поддерживаются.</translation>
+        <translation>Адреса, начинающиеся с «%1:», не поддерживаются.</translation>
     </message>
     <message>
         <source>The address names no server.</source>

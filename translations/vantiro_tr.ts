@@ -849,7 +849,7 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
-        <translation>Bu, oynatılabilecek bir film veya yayın değil.</translation>
+        <translation>Oynatılabilecek bir film veya yayın değil.</translation>
     </message>
     <message>
         <source>Open File</source>
@@ -865,7 +865,7 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>This could not be opened:</source>
-        <translation>Şunlar açılamadı:</translation>
+        <translation>Şu açılamadı:</translation>
     </message>
 </context>
 <context>
@@ -934,7 +934,7 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>http://example.com/stream.ts or a local file path</source>
-        <translation>http://example.com/stream.ts veya bir dosya yolu</translation>
+        <translation>http://example.com/stream.ts veya yerel dosya yolu</translation>
     </message>
     <message>
         <source>Open</source>
