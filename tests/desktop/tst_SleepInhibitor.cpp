@@ -80,6 +80,8 @@ void tst_SleepInhibitor::oneRequestAtATime()
     inhibitor.keepAwake(false);
     inhibitor.keepAwake(true);
     QTRY_COMPARE(service.held.size(), 1);
+    // The answer is there before that of a later question.
+    QVERIFY(bus->hasService(u"org.freedesktop.ScreenSaver"_s));
     inhibitor.keepAwake(true);
     inhibitor.keepAwake(false);
     inhibitor.keepAwake(true);
