@@ -1,6 +1,8 @@
 #include "PlayerTest.h"
 #include "fakeprovider/HangingChannel.h"
 
+#include <vlc/vlc.h>
+
 /// The change from one stream to the next: what the next one inherits, what is selected while it
 /// waits, and what is still reported of the previous one.
 class tst_VlcPlayerChanges : public PlayerTest
@@ -12,6 +14,8 @@ private Q_SLOTS:
     void cleanup() override;
 
     void keepsCookies();
+    void keepsThePictureButNotTheTime_data();
+    void keepsThePictureButNotTheTime();
     void stopEndsTheWait();
     void theLastRequestWins();
     void infoIsThatOfTheWaitingStream();
@@ -28,6 +32,12 @@ private Q_SLOTS:
     void reportsOfAnEarlierStreamAreIgnored();
 
 private:
+    libvlc_media_player_t *handle() const
+    {
+        return probe->player.findChild<MediaPlayer *>()->handle();
+    }
+    /// What libVLC has of PictureSettings, but for the deinterlacing, which it does not tell.
+    PictureSettings pictureInLibVlc() const;
     /// Plays the hanging channel and replaces it by that stream, which then waits.
     void playAfterTheHangingChannel(const QString &path, bool live = false);
 
@@ -69,6 +79,62 @@ void tst_VlcPlayerChanges::keepsCookies()
     const QList<HttpRequest> requests = server->requests();
     QCOMPARE(requests.first().header("Cookie"_ba), QByteArray());
     QCOMPARE(requests.last().header("Cookie"_ba), "session=k7"_ba);
+}
+
+PictureSettings tst_VlcPlayerChanges::pictureInLibVlc() const
+{
+    const auto taken = [](char *text) {
+        const QString copy = QString::fromLatin1(text);
+        libvlc_free(text);
+        return copy;
+    };
+    PictureSettings settings;
+    settings.aspectRatio = taken(libvlc_video_get_aspect_ratio(handle()));
+    settings.crop = taken(libvlc_video_get_crop_geometry(handle()));
+    settings.scale = libvlc_video_get_scale(handle());
+    return settings;
+}
+
+void tst_VlcPlayerChanges::keepsThePictureButNotTheTime_data()
+{
+    QTest::addColumn<bool>("hangs");
+    QTest::newRow("on the same media player") << false;
+    QTest::newRow("on another media player") << true;
+}
+
+void tst_VlcPlayerChanges::keepsThePictureButNotTheTime()
+{
+    QFETCH(const bool, hangs);
+    VlcPlayer &player = probe->player;
+    if (hangs) {
+        player.play(channel->url(), true);
+        QTRY_VERIFY_WITH_TIMEOUT(channel->hangs() && probe->positions > 0, openMs);
+    } else {
+        QVERIFY(starts(u"/files/film.mp4"_s));
+    }
+    const PictureSettings settings{u"4:3"_s, u"16:9"_s, 0.5F, false};
+    player.setPicture(settings);
+    player.setRate(1.5F);
+    player.setAudioDelay(300);
+    player.setSubtitleDelay(400);
+    QCOMPARE(pictureInLibVlc(), settings);
+    if (!hangs) { // whose stream takes no speed any more
+        QTRY_COMPARE(libvlc_media_player_get_rate(handle()), 1.5F);
+        QTRY_COMPARE(libvlc_audio_get_delay(handle()), 300'000);
+        QTRY_COMPARE(libvlc_video_get_spu_delay(handle()), 400'000);
+    }
+
+    const libvlc_media_player_t *before = handle();
+    play(u"/files/tracks.mkv"_s);
+    QVERIFY(probe->advances());
+    QCOMPARE(handle() == before, !hangs);
+    QCOMPARE(pictureInLibVlc(), settings);
+    QCOMPARE(libvlc_media_player_get_rate(handle()), 1.0F);
+    QCOMPARE(libvlc_audio_get_delay(handle()), 0);
+    QCOMPARE(libvlc_video_get_spu_delay(handle()), 0);
+    QCOMPARE(player.rate(), 1.0F);
+    QCOMPARE(player.audioDelayMs(), 0);
+    QCOMPARE(player.subtitleDelayMs(), 0);
 }
 
 void tst_VlcPlayerChanges::stopEndsTheWait()
