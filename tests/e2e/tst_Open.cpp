@@ -66,7 +66,6 @@ private Q_SLOTS:
     void aLaterStartHandsOver();
     void afterACrash();
     void besideAProgramThatHangs();
-    void droppedOnThePicture();
 
 private:
     /// Starts the program another time in the folder of the films.
@@ -197,25 +196,6 @@ void tst_Open::besideAProgramThatHangs()
     startLater(later, {filmName});
     QTRY_COMPARE_WITH_TIMEOUT(later.state(), QProcess::NotRunning, 15000);
     QVERIFY(session->showsLabel(UiTexts::playing(filmTitle)));
-    QVERIFY(session->close());
-}
-
-/// libVLC draws into a window of its own there.
-void tst_Open::droppedOnThePicture()
-{
-    const QString other = folder->filePath(u"Other.mp4"_s);
-    writeFile(other, readFile(streamPath(u"film-faststart.mp4"_s)));
-    QVERIFY(session->start({folder->filePath(filmName)}, filmWindow));
-    QVERIFY(playsFilm(*session));
-    FileWindow files(other);
-    files.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&files));
-    files.raise();
-    QVERIFY(Mouse::drag(files.geometry().center(), session->videoRect().center()));
-    QVERIFY(session->showsLabel(UiTexts::playing(u"Other.mp4"_s)));
-    QVERIFY(session->seesPicture());
-    session->keepScreenshot(u"dropped-film"_s);
-    QVERIFY(QFile::exists(other));
     QVERIFY(session->close());
 }
 
