@@ -9,7 +9,7 @@
 
 /// @file
 /// The two interfaces of an MPRIS player. Qt answers calls from the bus with their slots and
-/// properties, on the GUI thread; their names and types are those of the MPRIS specification.
+/// properties, on the GUI thread; their names and types are those that MPRIS defines.
 
 class MprisRootAdaptor final : public QDBusAbstractAdaptor
 {
