@@ -297,6 +297,9 @@ void tst_Program::showsPostersAndPlaysAFilm()
 void tst_Program::aLaterStartHandsOver()
 {
     HttpServer server;
+    HttpReply list;
+    list.body = "#EXTM3U\n#EXTINF:-1,News\nhttp://127.0.0.1:9/news.ts\n"_ba;
+    server.on(u"/list.m3u"_s, list);
     SourceConfig source;
     source.name = u"Home"_s;
     source.url = server.url(u"/list.m3u"_s);
