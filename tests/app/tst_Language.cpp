@@ -136,7 +136,7 @@ void tst_Language::variableChooses()
 
 void tst_Language::systemChooses_data()
 {
-    QTest::addColumn<QString>("languages");
+    QTest::addColumn<QString>("inOrder");
     QTest::addColumn<QString>("text");
     QTest::newRow("German") << u"de_AT"_s << u"Ein Player für Internetfernsehen."_s;
     QTest::newRow("Finnish, then Polish") << u"fi:pl"_s << u"Odtwarzacz telewizji internetowej."_s;
@@ -149,8 +149,8 @@ void tst_Language::systemChooses()
 #ifndef Q_OS_LINUX
     QSKIP("The environment tells the system's languages on Linux only.");
 #else
-    QFETCH(QString, languages);
-    QTEST(description({{u"LANGUAGE"_s, languages}}), "text");
+    QFETCH(const QString, inOrder);
+    QTEST(description({{u"LANGUAGE"_s, inOrder}}), "text");
 #endif
 }
 

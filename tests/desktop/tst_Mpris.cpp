@@ -264,9 +264,9 @@ void tst_Mpris::anotherProgramTakesAnotherName()
     QDBusConnection other = bus->connect(u"other"_s);
     QVERIFY(other.registerService(MprisClient::name()));
     controls = std::make_unique<MediaControls>(nullptr);
-    const QString second =
+    const QString ownName =
         MprisClient::name() + ".instance"_L1 + QString::number(QCoreApplication::applicationPid());
-    QTRY_VERIFY(bus->hasService(second));
+    QTRY_VERIFY(bus->hasService(ownName));
     QVERIFY(other.unregisterService(MprisClient::name()));
 }
 
