@@ -1463,6 +1463,10 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
         <translation>التذكيرات:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>اللغات المفضّلة:</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>لا تغيير</translation>
     </message>

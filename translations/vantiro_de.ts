@@ -1455,6 +1455,10 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
         <translation>Erinnerungen:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>Bevorzugte Sprachen:</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>keine Änderung</translation>
     </message>

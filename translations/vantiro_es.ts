@@ -1455,6 +1455,10 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
         <translation>Recordatorios:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>Idiomas preferidos:</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>sin cambios</translation>
     </message>

@@ -1455,6 +1455,10 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
         <translation>Rappels&#xa0;:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>Langues préférées :</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>aucun changement</translation>
     </message>

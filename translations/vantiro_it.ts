@@ -1455,6 +1455,10 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
         <translation>Promemoria:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>Lingue preferite:</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>nessuna modifica</translation>
     </message>

@@ -1457,6 +1457,10 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
         <translation>Przypomnienia:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>Preferowane języki:</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>bez zmian</translation>
     </message>

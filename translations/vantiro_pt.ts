@@ -1455,6 +1455,10 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
         <translation>Lembretes:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>Idiomas preferidos:</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>sem alterações</translation>
     </message>

@@ -1457,6 +1457,10 @@ Copyright 2026 Vantiro. Все права защищены.
         <translation>Напоминания:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>Предпочитаемые языки:</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>без изменений</translation>
     </message>

@@ -1453,6 +1453,10 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
         <translation>Anımsatıcılar:</translation>
     </message>
     <message>
+        <source>Preferred languages:</source>
+        <translation>Tercih edilen diller:</translation>
+    </message>
+    <message>
         <source>no change</source>
         <translation>değişiklik yok</translation>
     </message>

@@ -114,6 +114,13 @@ public:
     LibraryChange addReminder(const Reminder &reminder);
     LibraryChange removeReminder(const Reminder &reminder);
 
+    // ---- languages ----
+
+    /// Without any when the user has chosen none.
+    PreferredLanguages preferredLanguages(const QString &source) const;
+    /// Those of the source that `languages` names.
+    LibraryChange setPreferredLanguages(const PreferredLanguages &languages);
+
     // ---- sources ----
 
     /// Takes the rows along to the new name. A row that is there already gives way.

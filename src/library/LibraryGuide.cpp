@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
-// The part of Library that concerns programme guides.
+// The parts of Library that concern programme guides and languages.
 
 /// Puts a row unless it is there like that.
 template <typename Row>
@@ -57,6 +57,22 @@ LibraryChange Library::removeGuideCorrection(const LibraryEntry &entry)
     LibraryChange change;
     change.removed.guideCorrections.append({entry, {}});
     return apply(change);
+}
+
+// ---- languages ----
+
+PreferredLanguages Library::preferredLanguages(const QString &source) const
+{
+    PreferredLanguages none;
+    none.source = source;
+    return known().list<PreferredLanguages>({source, EntryKind::Live}).value(none.id, none);
+}
+
+LibraryChange Library::setPreferredLanguages(const PreferredLanguages &languages)
+{
+    PreferredLanguages row = languages;
+    static_cast<LibraryEntry &>(row) = {languages.source, EntryKind::Live, {}, {}, {}};
+    return putChanged(row, &LibraryRows::languages);
 }
 
 // ---- reminders ----

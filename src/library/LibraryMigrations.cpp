@@ -56,6 +56,12 @@ std::span<const LibraryStore::Migration> LibraryStore::migrations()
                 "title TEXT NOT NULL DEFAULT '', "_s +
                 end,
         },
+        Migration{
+            u"CREATE TABLE languages ("_s + key +
+                u"audio TEXT NOT NULL DEFAULT '', "
+                "subtitles TEXT NOT NULL DEFAULT '', "_s +
+                end,
+        },
     };
     return steps;
 }

@@ -128,6 +128,19 @@ struct GuideCorrection : LibraryEntry
     bool operator==(const GuideCorrection &) const = default;
 };
 
+/// The languages that the user has chosen by hand while a source played. A source has one such row:
+/// its kind is EntryKind::Live, its id and name are empty.
+struct PreferredLanguages : LibraryEntry
+{
+    QString audio; ///< empty when none was chosen, likewise `subtitles`
+    QString subtitles;
+
+    bool operator==(const PreferredLanguages &) const = default;
+};
+
+/// PreferredLanguages::subtitles while they are to be off. No language has this code.
+inline constexpr QStringView subtitlesOff = u"off";
+
 /// A programme that the user wants to be reminded of. A channel may have several, so that its `id`
 /// is made of `entryId` and `start`.
 struct Reminder : LibraryEntry
@@ -183,7 +196,8 @@ enum class LibraryPart
     HiddenCategories,
     GuideSettings,
     GuideCorrections,
-    Reminders
+    Reminders,
+    Languages
 };
 
 /// Rows of all parts.
@@ -196,6 +210,7 @@ struct LibraryRows
     QList<GuideSettings> guideSettings;
     QList<GuideCorrection> guideCorrections;
     QList<Reminder> reminders;
+    QList<PreferredLanguages> languages;
 
     bool operator==(const LibraryRows &) const = default;
 };

@@ -24,7 +24,8 @@ NameAndCategory nameOf(const LibraryEntry &entry)
 /// Whether the rows of a part belong to entries, whose ids may change.
 bool belongsToEntries(LibraryPart part)
 {
-    return part != LibraryPart::HiddenCategories && part != LibraryPart::GuideSettings;
+    return part != LibraryPart::HiddenCategories && part != LibraryPart::GuideSettings &&
+           part != LibraryPart::Languages;
 }
 
 /// Everything that is kept of one source and kind, by the entry's id.

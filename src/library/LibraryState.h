@@ -64,6 +64,7 @@ private:
     void put(const Row &row, QList<Row> &added, QList<Row> &before);
 
     std::tuple<Lists<Favorite>, Lists<WatchedEntry>, Lists<Progress>, Lists<HiddenCategory>,
-               Lists<GuideSettings>, Lists<GuideCorrection>, Lists<Reminder>>
+               Lists<GuideSettings>, Lists<GuideCorrection>, Lists<Reminder>,
+               Lists<PreferredLanguages>>
         parts;
 };

@@ -105,6 +105,12 @@ inline constexpr std::tuple all{
                                     LibraryColumn{"stop"_L1, &Reminder::stop},
                                     LibraryColumn{"title"_L1, &Reminder::title},
                                 })},
+    LibraryTable{LibraryPart::Languages, "languages"_L1, &LibraryRows::languages,
+                 std::tuple_cat(namedKey,
+                                std::tuple{
+                                    LibraryColumn{"audio"_L1, &PreferredLanguages::audio},
+                                    LibraryColumn{"subtitles"_L1, &PreferredLanguages::subtitles},
+                                })},
 };
 
 /// Calls `visit` with each table.

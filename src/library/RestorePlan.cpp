@@ -197,9 +197,11 @@ RestoreCounts &countsOf(RestorePlan &plan, LibraryPart part)
     case LibraryPart::GuideCorrections:
         return plan.guideCorrectionCounts;
     case LibraryPart::Reminders:
+        return plan.reminderCounts;
+    case LibraryPart::Languages:
         break;
     }
-    return plan.reminderCounts;
+    return plan.languageCounts;
 }
 
 } // namespace

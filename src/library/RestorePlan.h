@@ -37,6 +37,7 @@ struct RestorePlan
     RestoreCounts guideSettingsCounts;
     RestoreCounts guideCorrectionCounts;
     RestoreCounts reminderCounts;
+    RestoreCounts languageCounts;
 
     /// All sources that there will be, in their order.
     QList<SourceConfig> sources;

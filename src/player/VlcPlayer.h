@@ -148,6 +148,8 @@ Q_SIGNALS:
     /// setAudioTrack() and setSubtitleTrack() were called; a subtitle track of -1 is none.
     void audioTrackSet(int id);
     void subtitleTrackSet(int id);
+    /// loadSubtitleFile() was called.
+    void subtitleFileAdded();
     /// Whether the file was written.
     void snapshotTaken(const QString &path, bool written);
     /// Twice a second while the stream plays.

@@ -216,6 +216,7 @@ void VlcPlayer::setSubtitlesEnabled(bool enabled)
 
 void VlcPlayer::loadSubtitleFile(const QString &path)
 {
+    Q_EMIT subtitleFileAdded();
     if (isWaiting()) {
         pending.subtitleFiles << path;
         return;

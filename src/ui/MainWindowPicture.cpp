@@ -1,5 +1,6 @@
 #include "ui/BrowseTab.h"
 #include "ui/FullscreenChrome.h"
+#include "ui/LanguageKeeper.h"
 #include "ui/MainWindow.h"
 #include "ui/PlaybackSession.h"
 #include "ui/PlayerCommands.h"
@@ -16,6 +17,8 @@ using namespace Qt::StringLiterals;
 void MainWindow::createPlayingList()
 {
     playingList = new PlayingList(this);
+    new LanguageKeeper(
+        player, session, library, [this] { return playingEntry.source; }, this);
     auto *commands = new PlayerCommands(playerPanel, player, session);
     addPlayerMenu(playerPanel, commands, player);
     // Of several keys and clicks only the commands' are told of: who clicks sees the name.

@@ -97,6 +97,9 @@ RestoreDialog::RestoreDialog(const LibraryBackup::Content &currentContent,
     if (hasRows(&LibraryRows::reminders)) {
         addPart(tr("Reminders:"), &RestorePlan::reminderCounts);
     }
+    if (hasRows(&LibraryRows::languages)) {
+        addPart(tr("Preferred languages:"), &RestorePlan::languageCounts);
+    }
     auto *buttons = new QDialogButtonBox;
     restore = buttons->addButton(tr("Restore"), QDialogButtonBox::AcceptRole);
     // Added last: Tab would not reach it otherwise.

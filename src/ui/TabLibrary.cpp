@@ -57,6 +57,7 @@ void TabLibrary::report(LibraryPart part, const QString &changedSource, EntryKin
     case LibraryPart::GuideSettings:
     case LibraryPart::GuideCorrections:
     case LibraryPart::Reminders:
+    case LibraryPart::Languages:
         break;
     }
 }

@@ -46,6 +46,9 @@ inline LibraryRows sampleRows()
         {makeEntry(QStringLiteral("3"), EntryKind::Live), QStringLiteral("three.tv")}};
     rows.reminders = {reminderOf(makeEntry(QStringLiteral("4"), EntryKind::Live), 1'700'000'004,
                                  1'700'000'005, QStringLiteral("Evening News"))};
+    rows.languages = {{{QStringLiteral("S"), EntryKind::Live, {}, {}, {}},
+                       QStringLiteral("de"),
+                       subtitlesOff.toString()}};
     return rows;
 }
 

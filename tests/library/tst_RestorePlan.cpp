@@ -180,7 +180,8 @@ void tst_RestorePlan::emptyLibraryGetsAll()
     const RestorePlan plan = planRestore({}, {{}, sampleRows(), true}, RestoreMode::Merge);
     for (const RestoreCounts &counts :
          {plan.favoriteCounts, plan.historyCounts, plan.progressCounts, plan.hiddenCategoryCounts,
-          plan.guideSettingsCounts, plan.guideCorrectionCounts, plan.reminderCounts})
+          plan.guideSettingsCounts, plan.guideCorrectionCounts, plan.reminderCounts,
+          plan.languageCounts})
         QCOMPARE(counts, (RestoreCounts{1, 0, 0}));
     QCOMPARE(carryOut({}, plan), sampleRows());
 }
@@ -219,9 +220,11 @@ void tst_RestorePlan::mergedGuideSettings()
     Content current;
     current.rows.guideSettings = sampleRows().guideSettings;
     current.rows.guideCorrections = sampleRows().guideCorrections;
+    current.rows.languages = sampleRows().languages;
     Content backup = current;
     backup.rows.guideSettings[0].offsetSeconds = 3600;
     backup.rows.guideCorrections[0].guideId = u"another.tv"_s;
+    backup.rows.languages[0].audio = u"fr"_s;
     const RestorePlan plan = planRestore(current, backup, RestoreMode::Merge);
     QVERIFY2(plan.change.isEmpty(), "what is there stays as it is");
 }
@@ -234,6 +237,7 @@ void tst_RestorePlan::replacing()
     current.rows.guideSettings = sampleRows().guideSettings;
     current.rows.guideCorrections = sampleRows().guideCorrections;
     current.rows.reminders = sampleRows().reminders;
+    current.rows.languages = sampleRows().languages;
     Content backup;
     backup.rows.favorites = {favorite(u"a"_s, 1), favorite(u"b"_s, 9), favorite(u"d"_s, 3)};
     const RestorePlan plan = planRestore(current, backup, RestoreMode::Replace);
@@ -249,6 +253,7 @@ void tst_RestorePlan::replacing()
     QVERIFY(after.guideSettings.isEmpty());
     QVERIFY(after.guideCorrections.isEmpty());
     QVERIFY(after.reminders.isEmpty());
+    QVERIFY(after.languages.isEmpty());
 }
 
 void tst_RestorePlan::rowsTwice()

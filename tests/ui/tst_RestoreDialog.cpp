@@ -64,7 +64,7 @@ class tst_RestoreDialog : public QObject
 private Q_SLOTS:
     void countsFollowTheMode();
     void ownBackupHasNothingToDo();
-    void guidesAreToldWhereThereAreSome();
+    void guidesAndLanguagesAreToldWhereThereAreSome();
     void guideAddressesWithoutPasswords();
     void whatIsMissingIsTold_data();
     void whatIsMissingIsTold();
@@ -106,7 +106,7 @@ void tst_RestoreDialog::ownBackupHasNothingToDo()
     QVERIFY(!restoreButton(dialog).isEnabled());
 }
 
-void tst_RestoreDialog::guidesAreToldWhereThereAreSome()
+void tst_RestoreDialog::guidesAndLanguagesAreToldWhereThereAreSome()
 {
     const LibraryEntry channel{u"A"_s, EntryKind::Live, u"1"_s, u"One"_s, {}};
     GuideSettings settings;
@@ -116,11 +116,12 @@ void tst_RestoreDialog::guidesAreToldWhereThereAreSome()
     Content backup = hereNow();
     backup.rows.guideSettings = {settings};
     backup.rows.guideCorrections = {{channel, u"one.tv"_s}};
+    backup.rows.languages = {{{u"A"_s, EntryKind::Live, {}, {}, {}}, u"de"_s, {}}};
     const RestoreDialog dialog(here, backup, nullptr);
     const QString added = u"1 added, 0 changed, 0 removed"_s;
-    QCOMPARE(counts(dialog), (QStringList(5, nothing) + QStringList{added, added, nothing}));
+    QCOMPARE(counts(dialog), (QStringList(5, nothing) + QStringList{added, added, nothing, added}));
     dialog.findChild<QRadioButton *>(u"replaceButton"_s)->click();
-    QCOMPARE(counts(dialog).last(), u"0 added, 0 changed, 1 removed"_s);
+    QCOMPARE(counts(dialog).at(7), u"0 added, 0 changed, 1 removed"_s);
     QVERIFY(restoreButton(dialog).isEnabled());
 }
 
