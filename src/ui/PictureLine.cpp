@@ -25,6 +25,7 @@ PictureLine::PictureLine(QWidget *videoSurface, QWidget *panel)
     setAttribute(Qt::WA_DontCreateNativeAncestors);
     setAttribute(Qt::WA_NativeWindow);
     setStyleSheet(u"background-color: black; color: white; padding: 6px 12px; font-size: 14pt;"_s);
+    hideTimer->setObjectName(u"hideTimer"_s);
     hideTimer->setSingleShot(true);
     hideTimer->setInterval(shownMs);
     connect(hideTimer, &QTimer::timeout, this, &QLabel::hide);
