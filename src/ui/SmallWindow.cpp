@@ -37,10 +37,10 @@ void SmallWindow::enter()
     active = true;
     wasMaximized = window->isMaximized();
     geometryBefore = wasMaximized ? window->normalGeometry() : window->geometry();
+    Q_EMIT changed(true);
     if (wasMaximized) {
         window->showNormal();
     }
-    Q_EMIT changed(true);
     panel->setMargin(0);
     panel->setRowsHidden(true);
     // By the native window: QWidget would make another one, and the picture would stop.
