@@ -16,12 +16,16 @@
 #include <windows.h>
 #endif
 
+#include <memory>
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 /// A message is its size in four bytes, the most significant first, and so many bytes of UTF-8:
-/// texts that end in a null, the first one the token, the others addresses. The answer is one byte.
+/// texts that end in a null, the first one the token, the others addresses. The answer is one byte,
+/// which is sent back: a start that has waited too long opens its addresses by itself, and is gone.
 constexpr qsizetype sizeBytes = 4;
 /// More than a command line can hold.
 constexpr qsizetype maxMessageBytes = 4 * 1024 * 1024;
@@ -53,6 +57,24 @@ StartRequest requestOf(const QByteArray &text)
     }
     request.addresses = texts;
     return request;
+}
+
+/// Nothing until all of it is there. A message that is too long ends the connection.
+std::optional<StartRequest> readRequest(QLocalSocket &socket)
+{
+    const QByteArray size = socket.peek(sizeBytes);
+    if (size.size() < sizeBytes) {
+        return std::nullopt;
+    }
+    const auto textBytes = qsizetype(qFromBigEndian<quint32>(size.constData()));
+    if (textBytes > maxMessageBytes) {
+        socket.abort();
+        return std::nullopt;
+    }
+    if (socket.bytesAvailable() < sizeBytes + textBytes) {
+        return std::nullopt;
+    }
+    return requestOf(socket.read(sizeBytes + textBytes).mid(sizeBytes));
 }
 
 QString lockPath(const QString &serverName)
@@ -154,7 +176,13 @@ SingleInstance::Answer SingleInstance::handOver(const StartRequest &request) con
                                                                   : Answer::NobodyListens;
         }
     }
-    return socket.read(1).front() == takenByte ? Answer::Taken : Answer::None;
+    if (socket.read(1).front() != takenByte) {
+        return Answer::None;
+    }
+    socket.write(&takenByte, 1);
+    // The other program ends the connection.
+    socket.waitForDisconnected(limitMs);
+    return Answer::Taken;
 }
 
 bool SingleInstance::listen()
@@ -168,26 +196,23 @@ void SingleInstance::receive(QLocalSocket *socket)
 {
     socket->setReadBufferSize(sizeBytes + maxMessageBytes);
     connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-    QTimer::singleShot(limitMs, socket, [socket] { socket->abort(); });
-    const auto read = [this, socket] {
-        const QByteArray size = socket->peek(sizeBytes);
-        if (size.size() < sizeBytes) {
-            return;
+    // The other program's limit has begun before.
+    QTimer::singleShot(2 * limitMs, socket, [socket] { socket->abort(); });
+    const auto request = std::make_shared<std::optional<StartRequest>>();
+    const auto read = [this, socket, request] {
+        if (!request->has_value()) {
+            *request = readRequest(*socket);
+            if (request->has_value()) {
+                socket->write(&takenByte, 1);
+                socket->flush();
+            }
         }
-        const auto textBytes = qsizetype(qFromBigEndian<quint32>(size.constData()));
-        if (textBytes > maxMessageBytes) {
+        if (request->has_value() && socket->bytesAvailable() > 0) {
+            // Through the event queue: what is opened may show a dialog.
+            QMetaObject::invokeMethod(
+                this, [this, taken = **request] { Q_EMIT requested(taken); }, Qt::QueuedConnection);
             socket->abort();
-            return;
         }
-        if (socket->bytesAvailable() < sizeBytes + textBytes) {
-            return;
-        }
-        const StartRequest request = requestOf(socket->readAll().mid(sizeBytes, textBytes));
-        socket->write(&takenByte, 1);
-        socket->flush();
-        // Through the event queue: what is opened may show a dialog.
-        QMetaObject::invokeMethod(
-            this, [this, request] { Q_EMIT requested(request); }, Qt::QueuedConnection);
     };
     connect(socket, &QLocalSocket::readyRead, this, read);
     read();

@@ -154,16 +154,22 @@ void tst_SingleInstance::aCrashedFirstOne()
 void tst_SingleInstance::aHungFirstOne()
 {
     SingleInstance hung(name);
+    QList<StartRequest> requests;
+    connect(&hung, &SingleInstance::requested, this,
+            [&requests](const StartRequest &request) { requests << request; });
     QCOMPARE(hung.start({}), Start::First);
     QElapsedTimer timer;
     timer.start();
     SingleInstance second(name, shortLimitMs);
     QCOMPARE(second.start({QStringList(50'000, QString(60, u'x')), {}}), Start::Alone);
+    QCOMPARE(second.start({{u"/film"_s}, {}}), Start::Alone);
     QVERIFY(timer.elapsed() < 10 * shortLimitMs);
-    // It has taken nothing from the first one, which answers again later.
-    const OtherStart third(name);
+    // It has taken nothing from the first one, which answers again later, and has left it nothing.
+    const StartRequest request{{u"/other"_s}, {}};
+    const OtherStart third(name, request);
     QTRY_VERIFY(third.hasEnded());
     QCOMPARE(third.result(), Start::HandedOver);
+    QTRY_COMPARE(requests, QList<StartRequest>{request});
 }
 
 void tst_SingleInstance::severalAtOnce()
