@@ -89,6 +89,11 @@ bool click(const QPoint &point)
     return xdotool(arriving(point) + QStringList{u"click"_s, u"1"_s});
 }
 
+bool rightClick(const QPoint &point)
+{
+    return xdotool(arriving(point) + QStringList{u"click"_s, u"3"_s});
+}
+
 bool doubleClick(const QPoint &point)
 {
     return xdotool(arriving(point) +
@@ -133,7 +138,7 @@ bool click(const Accessible &control)
 bool rightClick(const Accessible &control)
 {
     const QPoint point = settledMiddle(control);
-    return !point.isNull() && xdotool(arriving(point) + QStringList{u"click"_s, u"3"_s});
+    return !point.isNull() && rightClick(point);
 }
 
 } // namespace Mouse

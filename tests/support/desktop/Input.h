@@ -19,6 +19,7 @@ namespace Mouse {
 /// Moves the pointer without a button.
 [[nodiscard]] bool moveTo(const QPoint &point);
 [[nodiscard]] bool click(const QPoint &point);
+[[nodiscard]] bool rightClick(const QPoint &point);
 [[nodiscard]] bool doubleClick(const QPoint &point);
 /// Presses the left button, and holds it until release().
 [[nodiscard]] bool press(const QPoint &point);
