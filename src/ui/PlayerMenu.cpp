@@ -20,17 +20,32 @@ QString text(const char *english)
     return QCoreApplication::translate("PlayerMenu", english);
 }
 
-/// A line of a command whose key belongs to the panel's rows; a second shortcut would be ambiguous.
+/// A line with its key behind the name; as a second shortcut the key would be ambiguous.
+QAction *addLine(QMenu &menu, const QString &name, const QKeySequence &key)
+{
+    return menu.addAction(name + u'\t' + key.toString(QKeySequence::NativeText));
+}
+
+/// A line of a command that the panel's rows have.
 void addOfRows(QMenu &menu, const QString &name, Qt::Key key, PlayerPanel *panel,
                void (PlayerPanel::*run)())
 {
-    menu.addAction(name + u'\t' + QKeySequence(key).toString(QKeySequence::NativeText), panel, run);
+    QObject::connect(addLine(menu, name, key), &QAction::triggered, panel, run);
+}
+
+/// A line of its own: Qt tells the desktop's assistive tools of an action in the first menu only.
+void addCommand(QMenu &menu, QAction *command)
+{
+    QAction *line = addLine(menu, command->text(), command->shortcut());
+    line->setCheckable(command->isCheckable());
+    line->setChecked(command->isChecked());
+    QObject::connect(line, &QAction::triggered, command, &QAction::trigger);
 }
 
 void addCommands(QMenu &menu, const PlayerCommands &commands, const QList<PlayerCommand> &which)
 {
     for (const PlayerCommand command : which) {
-        menu.addAction(commands.action(command));
+        addCommand(menu, commands.action(command));
     }
 }
 
@@ -40,7 +55,7 @@ using Choose = std::function<void(const PictureChoice &)>;
 void addChoices(QMenu &menu, QAction *next, const QList<PictureChoice> &choices,
                 const QString &current, const Choose &choose)
 {
-    menu.addAction(next);
+    addCommand(menu, next);
     menu.addSeparator();
     auto *group = new QActionGroup(&menu);
     for (const PictureChoice &choice : choices) {
