@@ -3,6 +3,7 @@
 
 #include "e2e/PlayerSession.h"
 #include "support/TestMain.h"
+#include "support/desktop/Appearance.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -55,6 +56,24 @@ private:
     QProcess process;
     QString output;
 };
+
+/// Whether what shows has the English text, or a translation of it.
+bool shows(const QString &shown, const QString &english)
+{
+    const QStringList texts = Appearance::textsFor(english);
+    return std::any_of(texts.begin(), texts.end(),
+                       [&shown](const QString &text) { return shown.contains(text); });
+}
+
+/// Whether what shows has a text's words, whatever their values are.
+bool showsWords(const QString &shown, const QString &english)
+{
+    const QStringList texts = Appearance::textsFor(english);
+    static const QRegularExpression placeholder(u"%\\d"_s);
+    return std::any_of(texts.begin(), texts.end(), [&shown](const QString &text) {
+        return shown.contains(QString(text).remove(placeholder));
+    });
+}
 
 bool choose(const Accessible &menu, int item)
 {
@@ -285,7 +304,8 @@ void TestTour::loadSubtitles()
 {
     QVERIFY(choose(session.openMenu(u"Subtitles"_s), 3));
     const Accessible dialog = session.app.waitForWindow(u"Load Subtitle File"_s);
-    QVERIFY(Keyboard::fill(dialog.waitFor(Role::Edit, u"File name:"_s),
+    // Its label is Qt's.
+    QVERIFY(Keyboard::fill(dialog.waitFor(Role::Edit),
                            QStringLiteral(VANTIRO_DEMO_STREAMS "/english.srt")));
     keep(u"subtitle-file"_s);
     QVERIFY(Keyboard::press(u"Return"_s));
@@ -302,8 +322,8 @@ void TestTour::readStreamInfo()
     QVERIFY(session.clickButton(u"Info"_s));
     const Accessible dialog = session.app.waitForWindow(UiTexts::infoTitle);
     const Accessible text = dialog.waitFor(Role::Edit);
-    QVERIFY(text.text().contains(u"Video codec: h264"_s));
-    QVERIFY(text.text().contains(u"Resolution: 480x270"_s));
+    QVERIFY(shows(text.text(), u"Video codec: h264"_s));
+    QVERIFY(shows(text.text(), u"Resolution: 480x270"_s));
     keep(u"stream-info"_s);
     QVERIFY(Keyboard::press(u"Escape"_s));
     QVERIFY(dialog.waitUntilGone());
@@ -336,7 +356,7 @@ void TestTour::continueTheFilm()
         const QList<Accessible> buttons = session.window.findAll(Role::Button);
         const auto found =
             std::find_if(buttons.begin(), buttons.end(), [](const Accessible &button) {
-                return button.name().startsWith(u"Continue at 00:4"_s);
+                return button.name().contains(u"00:4"_s);
             });
         return found != buttons.end() ? *found : Accessible();
     };
@@ -392,7 +412,7 @@ void TestTour::turnOnTheGuide()
     const Accessible dialog = session.app.waitForWindow(u"Programme Guide"_s);
     QVERIFY(Mouse::click(dialog.waitFor(Role::Other, u"Show a programme guide for this source"_s)));
     QVERIFY(Mouse::click(dialog.waitFor(Role::Button, u"Update Now"_s)));
-    QTRY_VERIFY(dialog.describe().contains(u"Channels with a guide: 6 of 6"_s));
+    QTRY_VERIFY(shows(dialog.describe(), u"Channels with a guide: 6 of 6"_s));
     keep(u"programme-guide"_s);
     QVERIFY(Mouse::click(dialog.waitFor(Role::Button, u"OK"_s)));
     QVERIFY(dialog.waitUntilGone());
@@ -400,7 +420,7 @@ void TestTour::turnOnTheGuide()
     QVERIFY(search(u"Search all channels..."_s, {}));
     QVERIFY(session.openCategory(UiTexts::allCategories));
     QVERIFY(session.watch(u"Harbour One"_s));
-    QTRY_VERIFY(session.window.describe().contains(u" until "_s));
+    QTRY_VERIFY(showsWords(session.window.describe(), u"%1 until %2"_s));
     keep(u"what-runs"_s);
 }
 

@@ -1,5 +1,7 @@
 #include "support/desktop/Accessible.h"
 
+#include "support/desktop/Appearance.h"
+
 #include <QHash>
 
 #include <atspi/atspi.h>
@@ -274,7 +276,10 @@ QRect Accessible::rect() const
         atspi_component_get_extents(component.get(), ATSPI_COORD_TYPE_SCREEN, error);
     if (!extents)
         return {};
-    const QRect result(extents->x, extents->y, extents->width, extents->height);
+    // Qt reports its own pixels.
+    const int scale = Appearance::scale();
+    const QRect result(extents->x * scale, extents->y * scale, extents->width * scale,
+                       extents->height * scale);
     g_free(extents);
     return result;
 }

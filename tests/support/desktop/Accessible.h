@@ -41,7 +41,7 @@ enum class Role
 /// The name that searches compare is the whole name of the control: the text of a button, label,
 /// item or tab, the title of a window, the accessible name; or its description, which for an edit
 /// without a description is its placeholder text; or the text of the label that belongs to it. A
-/// combo box goes by its current text.
+/// combo box goes by its current text. Names are told in English; see Appearance::textsFor().
 ///
 /// Use it in the main thread. Waiting lets the event loop run.
 class Accessible final
@@ -101,7 +101,7 @@ private:
     explicit Accessible(void *owned);
     static Accessible application(qint64 processId);
     bool hasState(int state) const;
-    bool matches(const QString &name) const;
+    bool matches(const QStringList &names) const;
     QString roleName() const;
     QString description() const;
     /// The text of the label that belongs to it, as in a form.
@@ -109,7 +109,7 @@ private:
     int childCount() const;
     Accessible child(int index) const;
     int searchedChildren() const;
-    void collect(Role role, const QString *name, int wanted, QList<Accessible> &found) const;
+    void collect(Role role, const QStringList &names, int wanted, QList<Accessible> &found) const;
 
     std::shared_ptr<void> node;
 };

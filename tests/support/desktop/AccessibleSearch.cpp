@@ -1,4 +1,5 @@
 #include "support/desktop/Accessible.h"
+#include "support/desktop/Appearance.h"
 
 #include <QDebug>
 #include <QTest>
@@ -7,9 +8,9 @@ using namespace Qt::StringLiterals;
 
 namespace desktop {
 
-bool Accessible::matches(const QString &name) const
+bool Accessible::matches(const QStringList &names) const
 {
-    return this->name() == name || description() == name || label() == name;
+    return names.contains(name()) || names.contains(description()) || names.contains(label());
 }
 
 /// Of a list, table or tree only the first items count.
@@ -23,19 +24,21 @@ int Accessible::searchedChildren() const
     return mine == Role::List || mine == Role::Table || mine == Role::Tree ? itemLimit : all;
 }
 
-/// `wanted` below 0 means all. Controls that are not showing are passed over with all below them.
-void Accessible::collect(Role role, const QString *name, int wanted, QList<Accessible> &found) const
+/// With any name if there are no `names`. `wanted` below 0 means all. Controls that are not showing
+/// are passed over with all below them.
+void Accessible::collect(Role role, const QStringList &names, int wanted,
+                         QList<Accessible> &found) const
 {
     const int count = searchedChildren();
     for (int index = 0; index < count; ++index) {
         const Accessible next = child(index);
         if (!next.isShowing())
             continue;
-        if (next.role() == role && (!name || next.matches(*name)))
+        if (next.role() == role && (names.isEmpty() || next.matches(names)))
             found.append(next);
         if (found.size() == wanted)
             return;
-        next.collect(role, name, wanted, found);
+        next.collect(role, names, wanted, found);
         if (found.size() == wanted)
             return;
     }
@@ -44,21 +47,21 @@ void Accessible::collect(Role role, const QString *name, int wanted, QList<Acces
 QList<Accessible> Accessible::findAll(Role role) const
 {
     QList<Accessible> found;
-    collect(role, nullptr, -1, found);
+    collect(role, {}, -1, found);
     return found;
 }
 
 Accessible Accessible::find(Role role, const QString &name) const
 {
     QList<Accessible> found;
-    collect(role, &name, 1, found);
+    collect(role, Appearance::textsFor(name), 1, found);
     return found.value(0);
 }
 
 Accessible Accessible::find(Role role, int index) const
 {
     QList<Accessible> found;
-    collect(role, nullptr, index + 1, found);
+    collect(role, {}, index + 1, found);
     return found.value(index);
 }
 

@@ -1,5 +1,6 @@
 #include "support/desktop/Input.h"
 
+#include "support/desktop/Appearance.h"
 #include "support/desktop/NativeWindow.h"
 
 #include <QDebug>
@@ -7,6 +8,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +28,13 @@ QStringList arriving(const QPoint &point)
     return moving(point + QPoint(point.x() > 0 ? -1 : 1, 0)) + moving(point);
 }
 
+/// Whether it is less than a pixel of the program, which may be larger than one of the screen.
+bool isNear(const QPoint &distance)
+{
+    const int scale = Appearance::scale();
+    return std::abs(distance.x()) < scale && std::abs(distance.y()) < scale;
+}
+
 /// Whether the program and the window system agree where the window is. Until then a window that
 /// has just opened, or that the window manager is moving, would be missed.
 bool isAtRest(const Accessible &window, qint64 processId)
@@ -33,7 +42,9 @@ bool isAtRest(const Accessible &window, qint64 processId)
     const QRect area = window.rect();
     const QList<NativeWindow> windows = NativeWindow::ofProcess(processId);
     return std::any_of(windows.begin(), windows.end(), [&area](const NativeWindow &candidate) {
-        return candidate.geometry() == area;
+        const QRect native = candidate.geometry();
+        return isNear(native.topLeft() - area.topLeft()) &&
+               isNear(native.bottomRight() - area.bottomRight());
     });
 }
 
@@ -104,10 +115,12 @@ bool choose(const Accessible &comboBox, const QString &text)
 {
     if (!click(comboBox))
         return false;
+    const QStringList texts = Appearance::textsFor(text);
     const Accessible item = comboBox.waitFor(Role::ListItem, text);
     return item && click(item) &&
-           QTest::qWaitFor([&] { return comboBox.text() == text && !comboBox.find(Role::List); },
-                           settleTimeoutMs);
+           QTest::qWaitFor(
+               [&] { return texts.contains(comboBox.text()) && !comboBox.find(Role::List); },
+               settleTimeoutMs);
 }
 
 bool press(const QPoint &point)

@@ -1,5 +1,6 @@
 #include "support/desktop/RunningApp.h"
 
+#include "support/desktop/Appearance.h"
 #include "support/desktop/Input.h"
 #include "support/desktop/Screen.h"
 
@@ -18,11 +19,22 @@ namespace {
 
 constexpr int timeoutMs = 20000;
 
+QProcessEnvironment programEnvironment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!Appearance::language().isEmpty())
+        environment.insert(u"VANTIRO_LANGUAGE"_s, Appearance::language());
+    if (Appearance::scale() > 1)
+        environment.insert(u"QT_SCALE_FACTOR"_s, QString::number(Appearance::scale()));
+    return environment;
+}
+
 } // namespace
 
 RunningApp::RunningApp(const QString &program)
 {
     process.setProgram(program);
+    process.setProcessEnvironment(programEnvironment());
     process.setProcessChannelMode(QProcess::ForwardedOutputChannel);
     // The program goes down with a test that crashes.
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
@@ -107,8 +119,9 @@ QList<Accessible> RunningApp::windows() const
 
 Accessible RunningApp::window(const QString &title) const
 {
+    const QStringList titles = Appearance::textsFor(title);
     for (const Accessible &window : windows()) {
-        if (window.name() == title && window.role() != Role::Menu)
+        if (titles.contains(window.name()) && window.role() != Role::Menu)
             return window;
     }
     return {};
