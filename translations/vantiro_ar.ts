@@ -524,15 +524,15 @@
     </message>
     <message>
         <source>%1 is no guide. It may be a page or an error message.</source>
-        <translation>%1 ليس دليلًا. قد يكون صفحة أو رسالة خطأ.</translation>
+        <translation>‏%1 ليس دليلًا. قد يكون صفحة أو رسالة خطأ.</translation>
     </message>
     <message>
         <source>%1 is packed in a form other than gzip, which cannot be read.</source>
-        <translation>%1 مضغوط بتنسيق غير gzip لا يمكن قراءته.</translation>
+        <translation>‏%1 مضغوط بتنسيق غير gzip لا يمكن قراءته.</translation>
     </message>
     <message>
         <source>%1 is damaged and cannot be unpacked.</source>
-        <translation>%1 تالف ولا يمكن فك ضغطه.</translation>
+        <translation>‏%1 تالف ولا يمكن فك ضغطه.</translation>
     </message>
     <message>
         <source>%1 ends early. It was not taken.</source>
@@ -540,7 +540,7 @@
     </message>
     <message>
         <source>%1 is too large.</source>
-        <translation>%1 كبير جدًا.</translation>
+        <translation>‏%1 كبير جدًا.</translation>
     </message>
     <message>
         <source>%1 has no programmes of the channels of this source.</source>
@@ -557,23 +557,23 @@
     <message numerus="yes">
         <source>%1: %Ln programmes. The time zone of some is not known; they may be shown at the wrong hour.</source>
         <translation>
-            <numerusform>%1: ليس فيه أي برنامج (%Ln). المنطقة الزمنية لبعض البرامج غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
-            <numerusform>%1: برنامج واحد (%Ln). المنطقة الزمنية لبعض البرامج غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
-            <numerusform>%1: برنامجان (%Ln). المنطقة الزمنية لبعض البرامج غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
-            <numerusform>%1: %Ln برامج. المنطقة الزمنية لبعضها غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
-            <numerusform>%1: %Ln برنامجًا. المنطقة الزمنية لبعضها غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
-            <numerusform>%1: %Ln برنامج. المنطقة الزمنية لبعضها غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
+            <numerusform>‏%1: ليس فيه أي برنامج (%Ln). المنطقة الزمنية لبعض البرامج غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
+            <numerusform>‏%1: برنامج واحد (%Ln). المنطقة الزمنية لبعض البرامج غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
+            <numerusform>‏%1: برنامجان (%Ln). المنطقة الزمنية لبعض البرامج غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
+            <numerusform>‏%1: %Ln برامج. المنطقة الزمنية لبعضها غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
+            <numerusform>‏%1: %Ln برنامجًا. المنطقة الزمنية لبعضها غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
+            <numerusform>‏%1: %Ln برنامج. المنطقة الزمنية لبعضها غير معروفة؛ وقد تظهر في ساعة خاطئة.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%1: %Ln programmes.</source>
         <translation>
-            <numerusform>%1: ليس فيه أي برنامج (%Ln).</numerusform>
-            <numerusform>%1: برنامج واحد (%Ln).</numerusform>
-            <numerusform>%1: برنامجان (%Ln).</numerusform>
-            <numerusform>%1: %Ln برامج.</numerusform>
-            <numerusform>%1: %Ln برنامجًا.</numerusform>
-            <numerusform>%1: %Ln برنامج.</numerusform>
+            <numerusform>‏%1: ليس فيه أي برنامج (%Ln).</numerusform>
+            <numerusform>‏%1: برنامج واحد (%Ln).</numerusform>
+            <numerusform>‏%1: برنامجان (%Ln).</numerusform>
+            <numerusform>‏%1: %Ln برامج.</numerusform>
+            <numerusform>‏%1: %Ln برنامجًا.</numerusform>
+            <numerusform>‏%1: %Ln برنامج.</numerusform>
         </translation>
     </message>
 </context>
@@ -855,7 +855,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>يؤدي Shift+P أو Escape إلى الخروج من النافذة الصغيرة</translation>
+        <translation>للخروج: Shift+P أو Escape</translation>
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
@@ -1218,11 +1218,11 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>&lt;&lt; 10s</source>
-        <translation>‎&lt;&lt; 10 ث</translation>
+        <translation>‪&lt;&lt; 10 ث‬</translation>
     </message>
     <message>
         <source>10s &gt;&gt;</source>
-        <translation>‎10 ث &gt;&gt;</translation>
+        <translation>‪10 ث &gt;&gt;‬</translation>
     </message>
     <message>
         <source>Position</source>
@@ -1643,7 +1643,7 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     </message>
     <message>
         <source>Playlist URL/File:</source>
-        <translation>عنوان URL أو ملف قائمة التشغيل:</translation>
+        <translation>عنوان URL/ملف القائمة:</translation>
     </message>
     <message>
         <source>http://example.com:8080</source>
@@ -1826,6 +1826,10 @@ With Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 or later) and RapidJSON (MIT). The text
     <message>
         <source>Reached the end of the stream (this can also happen if a seek landed somewhere the stream couldn&apos;t resume from).</source>
         <translation>تم بلوغ نهاية البث (قد يحدث هذا أيضًا عند الانتقال إلى موضع تعذّر استئناف البث منه).</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>تعطيل</translation>
     </message>
     <message>
         <source>Track %1</source>

@@ -847,7 +847,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Umschalt+P oder Esc verlässt das kleine Fenster</translation>
+        <translation>Verlassen: Umschalt+P oder Esc</translation>
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
@@ -1635,7 +1635,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Playlist URL/File:</source>
-        <translation>URL/Datei der Wiedergabeliste:</translation>
+        <translation>URL/Datei der Liste:</translation>
     </message>
     <message>
         <source>http://example.com:8080</source>
@@ -1818,6 +1818,10 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     <message>
         <source>Reached the end of the stream (this can also happen if a seek landed somewhere the stream couldn&apos;t resume from).</source>
         <translation>Das Ende des Streams wurde erreicht (das kann auch geschehen, wenn beim Springen eine Stelle getroffen wurde, von der aus der Stream nicht fortgesetzt werden konnte).</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Deaktivieren</translation>
     </message>
     <message>
         <source>Track %1</source>

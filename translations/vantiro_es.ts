@@ -847,7 +847,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Mayús+P o Escape cierra la ventana pequeña</translation>
+        <translation>Para salir: Mayús+P o Escape</translation>
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
@@ -1818,6 +1818,10 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o posterior) y RapidJSON (MIT). Los text
     <message>
         <source>Reached the end of the stream (this can also happen if a seek landed somewhere the stream couldn&apos;t resume from).</source>
         <translation>Se llegó al final de la emisión (esto también puede ocurrir si se saltó a un punto desde el que no se pudo continuar).</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Desactivar</translation>
     </message>
     <message>
         <source>Track %1</source>

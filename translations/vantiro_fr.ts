@@ -847,7 +847,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Maj+P ou Échap quitte la petite fenêtre</translation>
+        <translation>Pour quitter : Maj+P ou Échap</translation>
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
@@ -1635,7 +1635,7 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     </message>
     <message>
         <source>Playlist URL/File:</source>
-        <translation>URL/fichier de la liste de lecture&#xa0;:</translation>
+        <translation>URL/fichier de la liste :</translation>
     </message>
     <message>
         <source>http://example.com:8080</source>
@@ -1818,6 +1818,10 @@ Avec Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou ultérieure) et RapidJSON (MIT). Les
     <message>
         <source>Reached the end of the stream (this can also happen if a seek landed somewhere the stream couldn&apos;t resume from).</source>
         <translation>La fin du flux a été atteinte (cela peut aussi arriver après un saut vers un endroit d&apos;où le flux n&apos;a pas pu reprendre).</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Désactiver</translation>
     </message>
     <message>
         <source>Track %1</source>

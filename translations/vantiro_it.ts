@@ -847,7 +847,7 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Maiusc+P o Esc chiude la finestra piccola</translation>
+        <translation>Per uscire: Maiusc+P o Esc</translation>
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
@@ -1818,6 +1818,10 @@ Con Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 o successiva) e RapidJSON (MIT). I testi
     <message>
         <source>Reached the end of the stream (this can also happen if a seek landed somewhere the stream couldn&apos;t resume from).</source>
         <translation>È stata raggiunta la fine del flusso (può accadere anche se si è saltati a un punto da cui il flusso non ha potuto riprendere).</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Disattiva</translation>
     </message>
     <message>
         <source>Track %1</source>

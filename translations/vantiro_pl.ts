@@ -1822,6 +1822,10 @@ Z Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 lub nowsza) i RapidJSON (MIT). Teksty tych
         <translation>Osiągnięto koniec strumienia (może się to zdarzyć także po przejściu do miejsca, od którego strumień nie mógł zostać wznowiony).</translation>
     </message>
     <message>
+        <source>Disable</source>
+        <translation>Wyłącz</translation>
+    </message>
+    <message>
         <source>Track %1</source>
         <translation>Ścieżka %1</translation>
     </message>

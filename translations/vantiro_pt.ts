@@ -1820,6 +1820,10 @@ Com Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 ou posterior) e RapidJSON (MIT). Os text
         <translation>O fim da transmissão foi alcançado (isso também pode acontecer se um salto levou a um ponto a partir do qual ela não pôde continuar).</translation>
     </message>
     <message>
+        <source>Disable</source>
+        <translation>Desativar</translation>
+    </message>
+    <message>
         <source>Track %1</source>
         <translation>Faixa %1</translation>
     </message>

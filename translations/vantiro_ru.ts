@@ -849,7 +849,7 @@ Copyright 2026 Vantiro. Все права защищены.
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Shift+P или Esc закрывает маленькое окно</translation>
+        <translation>Выход: Shift+P или Esc</translation>
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
@@ -1820,6 +1820,10 @@ Copyright 2026 Vantiro. Все права защищены.
     <message>
         <source>Reached the end of the stream (this can also happen if a seek landed somewhere the stream couldn&apos;t resume from).</source>
         <translation>Достигнут конец потока (такое возможно и при переходе к месту, с которого поток не смог продолжиться).</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Отключить</translation>
     </message>
     <message>
         <source>Track %1</source>

@@ -845,7 +845,7 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>Shift+P or Escape leaves the small window</source>
-        <translation>Shift+P veya Esc küçük pencereden çıkar</translation>
+        <translation>Çıkmak için: Shift+P veya Esc</translation>
     </message>
     <message>
         <source>It is not a film or a stream that can be played.</source>
@@ -1633,7 +1633,7 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     </message>
     <message>
         <source>Playlist URL/File:</source>
-        <translation>Oynatma Listesi URL&apos;si/Dosyası:</translation>
+        <translation>Liste URL'si/Dosyası:</translation>
     </message>
     <message>
         <source>http://example.com:8080</source>
@@ -1816,6 +1816,10 @@ Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 veya sonrası) ve RapidJSON (MIT) ile. Bu li
     <message>
         <source>Reached the end of the stream (this can also happen if a seek landed somewhere the stream couldn&apos;t resume from).</source>
         <translation>Yayının sonuna gelindi (bu, yayının sürdürülemediği bir yere atlandığında da olabilir).</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Devre dışı bırak</translation>
     </message>
     <message>
         <source>Track %1</source>

@@ -14,6 +14,10 @@ constexpr double bitrateFactor = 8.0;
 
 QString trackName(const libvlc_track_description_t &entry)
 {
+    if (entry.i_id == -1) {
+        // libVLC's own name for no track may be in another language than the window.
+        return VlcPlayer::tr("Disable");
+    }
     return entry.psz_name != nullptr ? QString::fromUtf8(entry.psz_name)
                                      : VlcPlayer::tr("Track %1").arg(entry.i_id);
 }
