@@ -1,5 +1,7 @@
 #include "ui/ElidedLabel.h"
 
+#include "ui/ElidedText.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -44,5 +46,5 @@ void ElidedLabel::paintEvent(QPaintEvent *event)
 
 QString ElidedLabel::shownText() const
 {
-    return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+    return elidedText(fontMetrics(), text(), contentsRect().width());
 }

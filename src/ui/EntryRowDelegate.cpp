@@ -1,5 +1,6 @@
 #include "ui/EntryRowDelegate.h"
 
+#include "ui/ElidedText.h"
 #include "ui/OnNowLines.h"
 
 #include <QApplication>
@@ -87,7 +88,7 @@ void EntryRowDelegate::paintWithGuide(QPainter *painter, const QStyleOptionViewI
             line,
             static_cast<int>(QStyle::visualAlignment(option.direction, Qt::AlignLeft) |
                              Qt::AlignVCenter),
-            option.fontMetrics.elidedText(text, Qt::ElideRight, line.width()));
+            elidedText(option.fontMetrics, text, line.width()));
     };
     painter->save();
     painter->setFont(option.font);

@@ -1,4 +1,5 @@
 #include "guide/CatchUp.h"
+#include "ui/ElidedText.h"
 #include "ui/GuideGrid.h"
 #include "ui/GuideTexts.h"
 #include "ui/GuideTitles.h"
@@ -148,7 +149,7 @@ void GuideGrid::paintCell(QPainter &painter, const GuideGridLayout &layout, int 
     if (text.width() > padding) {
         painter.setPen(textColor);
         painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                         fontMetrics().elidedText(programme.title, Qt::ElideRight, text.width()));
+                         elidedText(fontMetrics(), programme.title, text.width()));
     }
 }
 
@@ -180,9 +181,8 @@ void GuideGrid::paintNames(QPainter &painter, const GuideGridLayout &layout, int
             text.adjust(isRightToLeft() ? taken : 0, 0, isRightToLeft() ? 0 : -taken, 0);
         }
         painter.setPen(palette().color(isCurrent ? QPalette::HighlightedText : QPalette::Text));
-        painter.drawText(
-            text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-            fontMetrics().elidedText(entries.at(shown).name, Qt::ElideRight, text.width()));
+        painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         elidedText(fontMetrics(), entries.at(shown).name, text.width()));
     }
 }
 

@@ -101,7 +101,9 @@ void GuideView::buildStrip()
     description->setObjectName(u"guideDescription"_s);
     description->setTextFormat(Qt::PlainText);
     description->setWordWrap(true);
-    description->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    // A label would align by the script of its text.
+    description->setAlignment(
+        (isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeading) | Qt::AlignTop);
     description->setFixedHeight(lines * description->fontMetrics().lineSpacing());
 }
 

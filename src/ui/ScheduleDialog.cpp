@@ -2,6 +2,7 @@
 
 #include "guide/Guide.h"
 #include "ui/ActivateKeys.h"
+#include "ui/AlignWithLayout.h"
 #include "ui/ElidedComboBox.h"
 #include "ui/GuideTexts.h"
 #include "ui/ScheduleItem.h"
@@ -82,6 +83,7 @@ void ScheduleDialog::buildLayout()
     description->setObjectName(u"programmeDescription"_s);
     description->setAccessibleName(tr("Description"));
     description->setReadOnly(true);
+    alignWithLayout(description);
     description->setTabChangesFocus(true);
     description->setFixedHeight(descriptionHeight);
     playButton->setObjectName(u"playChannelButton"_s);

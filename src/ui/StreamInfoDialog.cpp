@@ -1,6 +1,7 @@
 #include "ui/StreamInfoDialog.h"
 
 #include "player/VlcPlayer.h"
+#include "ui/AlignWithLayout.h"
 
 #include <QBoxLayout>
 #include <QPlainTextEdit>
@@ -14,6 +15,7 @@ StreamInfoDialog::StreamInfoDialog(VlcPlayer *player, QWidget *parent)
     setMinimumSize(440, 340);
     auto *text = new QPlainTextEdit(player->mediaInfoText());
     text->setReadOnly(true);
+    alignWithLayout(text);
     text->setTabChangesFocus(true);
     text->setAccessibleName(tr("Stream Info"));
     auto *refresh = new QPushButton(tr("Refresh"));
