@@ -1,10 +1,12 @@
 #include "support/TestMain.h"
 #include "ui/ElidedLabel.h"
+#include "ui/ElidedText.h"
 
 #include <QAccessible>
 #include <QBoxLayout>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -60,6 +62,8 @@ class tst_ElidedLabel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void marksTheEndOfATextOfTheOtherDirection_data();
+    void marksTheEndOfATextOfTheOtherDirection();
     void aLongTextNeedsNoWidth();
     void aTextThatFitsIsPaintedAsByQLabel_data();
     void aTextThatFitsIsPaintedAsByQLabel();
@@ -149,6 +153,37 @@ void tst_ElidedLabel::theWholeTextIsInTheToolTip()
     label.setText(u"x"_s);
     QVERIFY(!askForToolTip(label));
     QTRY_COMPARE(shownToolTip(), QString());
+}
+
+void tst_ElidedLabel::marksTheEndOfATextOfTheOtherDirection_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("layout");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("end");
+    const QString latin = u"A very long name of a very long film"_s;
+    const QString arabic = u"\u0641\u064a\u0644\u0645 \u0637\u0648\u064a\u0644 \u062c\u062f"_s;
+    const QString dots(QChar(0x2026));
+    QTest::newRow("Latin in English") << Qt::LeftToRight << latin << dots;
+    QTest::newRow("Arabic in English") << Qt::LeftToRight << arabic << dots + QChar(0x200F);
+    QTest::newRow("Latin in Arabic") << Qt::RightToLeft << latin << dots + QChar(0x200E);
+    QTest::newRow("Arabic in Arabic") << Qt::RightToLeft << arabic << dots;
+}
+
+void tst_ElidedLabel::marksTheEndOfATextOfTheOtherDirection()
+{
+    QFETCH(const Qt::LayoutDirection, layout);
+    QFETCH(const QString, text);
+    QFETCH(const QString, end);
+    QGuiApplication::setLayoutDirection(layout);
+    const auto restore = qScopeGuard([] { QGuiApplication::setLayoutDirection(Qt::LeftToRight); });
+    const QFontMetrics metrics(QApplication::font());
+    const int whole = metrics.horizontalAdvance(text);
+    const QString shown = elidedText(metrics, text, whole * 2 / 3);
+    QVERIFY(shown.endsWith(end));
+    // Qt keeps the shape of a letter that was joined to the next one.
+    constexpr QChar joiner(0x200D);
+    QVERIFY(text.startsWith(shown.chopped(end.size()).remove(joiner)));
+    QCOMPARE(elidedText(metrics, text, whole), text);
 }
 
 VANTIRO_TEST_MAIN(tst_ElidedLabel)
