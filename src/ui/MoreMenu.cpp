@@ -1,5 +1,7 @@
 #include "ui/MoreMenu.h"
 
+#include <QPalette>
+
 MoreMenu::MoreMenu(QWidget *parent)
     : QMenu(parent)
     , openFile(addAction(tr("Open File..."), this, &MoreMenu::openFileRequested))
@@ -7,6 +9,11 @@ MoreMenu::MoreMenu(QWidget *parent)
     , clearHistory(addAction(tr("Clear History..."), this, &MoreMenu::clearHistoryRequested))
 {
     setAccessibleName(tr("More"));
+    // The style draws a bright shadow below a disabled text; on dark ground it makes it hard to
+    // read.
+    QPalette colors = palette();
+    colors.setColor(QPalette::Disabled, QPalette::Light, Qt::transparent);
+    setPalette(colors);
     openFile->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
     openLocation->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     // Their keys work while the menu is closed.
