@@ -289,6 +289,8 @@ void ScheduleDialog::showCurrent()
     reminderButton->setText(isUpcoming && reminders.contains(row->programme.start)
                                 ? tr("Remove Reminder")
                                 : tr("Remind Me"));
+    // In some languages the buttons need more.
+    setMinimumWidth(std::max(smallestWidth, minimumSizeHint().width()));
     QString text;
     if (row != nullptr && row->isHour) {
         text = row->programme.title;
