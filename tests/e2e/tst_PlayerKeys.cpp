@@ -31,20 +31,30 @@ private Q_SLOTS:
 
 private:
     void fill() override;
-    void watchFilm();
-    void watchChannel();
+    void watch(const QString &tab, const QString &name);
+    void watchChannel() { watch(UiTexts::liveTab, u"One"_s); }
     bool enterFullscreen() const;
 
     /// The line over the picture, which stands in the picture's corner.
     Accessible line() const;
     /// What it says; empty while it does not show.
     QString told() const { return line().name(); }
-    /// Presses a key and waits for the line that says so.
-    bool tells(const QString &key, const QString &text) const;
+    /// Waits until the line says so.
+    bool tells(const QString &text) const;
+    /// The same after pressing a key.
+    bool tells(const QString &key, const QString &text) const
+    {
+        return Keyboard::press(key) && tells(text);
+    }
     /// Opens the menu so far above the middle of the picture. Never twice at the same place: Qt
     /// would take two quick clicks for a double click, which closes the menu.
     Accessible openMenu(int above = 0) const;
     double blackShare(const QRect &rect) const;
+
+    // Found once: the line shows for two seconds, and a search of the whole window may take as long
+    // on a busy machine.
+    Accessible panel;
+    Accessible video;
 };
 
 void TestPlayerKeys::fill()
@@ -57,16 +67,13 @@ void TestPlayerKeys::fill()
     });
 }
 
-void TestPlayerKeys::watchFilm()
+void TestPlayerKeys::watch(const QString &tab, const QString &name)
 {
-    QVERIFY(session->openAll(UiTexts::moviesTab));
-    QVERIFY(session->watch(u"Harbour"_s));
-}
-
-void TestPlayerKeys::watchChannel()
-{
-    QVERIFY(session->openAll(UiTexts::liveTab));
-    QVERIFY(session->watch(u"One"_s));
+    QVERIFY(session->openAll(tab));
+    QVERIFY(session->watch(name));
+    panel = session->window.find(Role::Other, u"Player"_s);
+    video = panel.find(Role::Other, u"Video"_s);
+    QVERIFY(video);
 }
 
 bool TestPlayerKeys::enterFullscreen() const
@@ -78,8 +85,8 @@ bool TestPlayerKeys::enterFullscreen() const
 
 Accessible TestPlayerKeys::line() const
 {
-    const QPoint corner = session->videoRect().topLeft() + QPoint(16, 16);
-    for (const Accessible &label : session->window.findAll(Role::Label)) {
+    const QPoint corner = video.rect().topLeft() + QPoint(16, 16);
+    for (const Accessible &label : panel.findAll(Role::Label)) {
         if (label.rect().topLeft() == corner) {
             return label;
         }
@@ -87,17 +94,19 @@ Accessible TestPlayerKeys::line() const
     return {};
 }
 
-bool TestPlayerKeys::tells(const QString &key, const QString &text) const
+bool TestPlayerKeys::tells(const QString &text) const
 {
-    QString last;
+    QStringList seen;
     const auto isTold = [&] {
         const QString now = told();
-        last = now.isEmpty() ? last : now;
+        if (!now.isEmpty() && !seen.contains(now)) {
+            seen.append(now);
+        }
         return now == text;
     };
-    const bool succeeded = Keyboard::press(key) && QTest::qWaitFor(isTold, 10000);
+    const bool succeeded = QTest::qWaitFor(isTold, 10000);
     if (!succeeded) {
-        qWarning().noquote() << key << "tells"_L1 << last << "instead of"_L1 << text;
+        qWarning().noquote() << "The line tells"_L1 << seen << "instead of"_L1 << text;
     }
     return succeeded;
 }
@@ -163,7 +172,7 @@ void TestPlayerKeys::theLineShowsOverThePicture()
 
 void TestPlayerKeys::eachKeyIsTold()
 {
-    watchFilm();
+    watch(UiTexts::moviesTab, u"Harbour"_s);
     const QStringList keys{u"bracketright"_s,
                            u"Speed: 1.10x"_s,
                            u"bracketleft"_s,
@@ -197,12 +206,12 @@ void TestPlayerKeys::eachKeyIsTold()
     for (qsizetype index = 0; index < keys.size(); index += 2) {
         QVERIFY2(tells(keys.at(index), keys.at(index + 1)), qPrintable(keys.at(index)));
     }
-    const QRect video = session->videoRect();
-    const double before = blackShare(video);
+    const QRect area = video.rect();
+    const double before = blackShare(area);
     QVERIFY(tells(u"shift+c"_s, u"Crop: 16:10"_s));
-    QTRY_VERIFY(blackShare(video) < before - 0.03);
+    QTRY_VERIFY(blackShare(area) < before - 0.03);
     QVERIFY(tells(u"z"_s, u"Zoom: 25 %"_s));
-    QTRY_VERIFY(blackShare(video) > 0.9);
+    QTRY_VERIFY(blackShare(area) > 0.9);
     QVERIFY(session->hasOneWindow());
 }
 
@@ -220,15 +229,15 @@ void TestPlayerKeys::channelsChangeByKey()
     QVERIFY(session->showsLabel(UiTexts::playing(u"Two"_s)));
     QVERIFY(tells(u"bracketright"_s, u"A live channel has no other speed"_s));
 
-    QVERIFY(tells(u"0"_s, u"Channel 0"_s));
     QElapsedTimer typed;
     typed.start();
-    QVERIFY(tells(u"1"_s, u"Channel 01"_s));
-    QTRY_COMPARE(told(), u"1  One"_s);
+    QVERIFY(xdotool({u"key"_s, u"0"_s, u"1"_s}));
+    QVERIFY(tells(u"Channel 01"_s));
+    QVERIFY(tells(u"1  One"_s));
     QVERIFY2(typed.elapsed() >= 1500 * 95 / 100, qPrintable(QString::number(typed.elapsed())));
     QVERIFY(session->showsLabel(UiTexts::playing(u"One"_s)));
     QVERIFY(tells(u"9"_s, u"Channel 9"_s));
-    QTRY_COMPARE(told(), u"No channel 9"_s);
+    QVERIFY(tells(u"No channel 9"_s));
     QVERIFY(session->showsLabel(UiTexts::playing(u"One"_s)));
     QVERIFY(session->seesPicture());
     QVERIFY(session->hasOneWindow());
@@ -299,7 +308,7 @@ void TestPlayerKeys::savesThePicture()
     watchChannel();
     QVERIFY(Keyboard::press(u"shift+s"_s));
     QTRY_COMPARE(saved().size(), 1);
-    QTRY_COMPARE(told(), u"Picture saved: "_s + saved().constFirst());
+    QVERIFY(tells(u"Picture saved: "_s + saved().constFirst()));
     QCOMPARE(QImage(pictures.filePath(saved().constFirst())).size(), QSize(320, 180));
     QVERIFY(session->seesPicture());
 }
@@ -328,7 +337,7 @@ void TestPlayerKeys::theMenu()
     QCOMPARE(session->nativeWindow().isFullScreen(), fullscreen);
 
     QVERIFY(Mouse::click(openMenu(40).find(Role::MenuItem, u"Next\tPgUp"_s)));
-    QTRY_COMPARE(told(), u"2  Two"_s);
+    QVERIFY(tells(u"2  Two"_s));
     QVERIFY(session->seesPicture());
 
     for (const bool chosen : {false, true}) {
@@ -339,7 +348,7 @@ void TestPlayerKeys::theMenu()
         const Accessible choice = choices.waitFor(Role::MenuItem, u"4:3"_s);
         QCOMPARE(choice.isChecked(), chosen);
         QVERIFY(Mouse::click(choice));
-        QTRY_COMPARE(told(), u"Aspect ratio: 4:3"_s);
+        QVERIFY(tells(u"Aspect ratio: 4:3"_s));
     }
     QVERIFY(session->seesPicture());
     QVERIFY(session->hasOneWindow());
