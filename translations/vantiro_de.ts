@@ -1511,7 +1511,7 @@ Mit Qt %2 (LGPL 3), libVLC %3 (LGPL 2.1 oder neuer) und RapidJSON (MIT). Die Tex
     </message>
     <message>
         <source>Remove Reminder</source>
-        <translation>Erinnerung entfernen</translation>
+        <translation>Nicht erinnern</translation>
     </message>
     <message>
         <source>Remind Me</source>

@@ -289,7 +289,8 @@ void ScheduleDialog::showCurrent()
     reminderButton->setText(isUpcoming && reminders.contains(row->programme.start)
                                 ? tr("Remove Reminder")
                                 : tr("Remind Me"));
-    // In some languages the buttons need more.
+    // In some languages the buttons need more. Their box would tell of the new text only later.
+    reminderButton->parentWidget()->updateGeometry();
     setMinimumWidth(std::max(smallestWidth, minimumSizeHint().width()));
     QString text;
     if (row != nullptr && row->isHour) {
