@@ -11,9 +11,6 @@
 
 namespace {
 
-/// Twice a second: a stream announces its tracks within a few seconds.
-constexpr int checksOfStream = 10;
-
 /// The track of that language, -1 if there is none.
 int trackOf(const VlcPlayer &player, const QList<VlcPlayer::Track> &tracks, const QString &language)
 {
@@ -55,16 +52,14 @@ void LanguageKeeper::beginStream()
         source.isEmpty() ? PreferredLanguages() : library->preferredLanguages(source);
     audioIsOpen = !languages.audio.isEmpty();
     subtitlesAreOpen = !languages.subtitles.isEmpty();
-    checksLeft = checksOfStream;
 }
 
 void LanguageKeeper::selectTracks()
 {
     const QString source = playingSource();
-    if (checksLeft == 0 || source.isEmpty() || (!audioIsOpen && !subtitlesAreOpen)) {
+    if (source.isEmpty() || (!audioIsOpen && !subtitlesAreOpen)) {
         return;
     }
-    --checksLeft;
     const QScopedValueRollback guard(selecting, true);
     const PreferredLanguages languages = library->preferredLanguages(source);
     audioIsOpen = audioIsOpen && !selectAudio(languages.audio);

@@ -34,8 +34,7 @@ private:
     VlcPlayer *player;
     Library *library;
     PlayingSource playingSource;
-    int checksLeft = 0;       ///< of the tracks of the stream, which may come late
-    bool audioIsOpen = false; ///< the stream's is to be selected, likewise subtitles
+    bool audioIsOpen = false; ///< the stream's is to be selected when it comes, likewise subtitles
     bool subtitlesAreOpen = false;
     bool selecting = false; ///< not by the user's hand
 };
