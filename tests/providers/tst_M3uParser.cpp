@@ -252,7 +252,9 @@ void tst_M3uParser::neighboursShareTheirHeaders()
     const QList<MediaItem> items =
         M3uParser::parse(entry + u"#EXTINF:-1,A\nhttp://h/1\n"_s + entry).items;
     QCOMPARE(items.size(), 3);
-    QCOMPARE(items.first().headers.utf8().data(), items.last().headers.utf8().data());
+    const void *first = items.first().headers.utf8().data();
+    const void *last = items.last().headers.utf8().data();
+    QCOMPARE(first, last);
 }
 
 void tst_M3uParser::categoriesInOrderOfFirstAppearance()
