@@ -3,9 +3,11 @@
 #include "desktop/PrivateBus.h"
 
 #include <QDBusContext>
+#include <QDBusServiceWatcher>
+#include <QHash>
 
 /// Stands in for a desktop's service that keeps the computer awake: it grants every request, and
-/// remembers what it holds for whom.
+/// remembers what it holds for whom. Who leaves the bus gives back all.
 class InhibitService : public QObject, protected QDBusContext
 {
     Q_OBJECT
@@ -19,6 +21,15 @@ public:
             !connection.registerObject(path, this, QDBusConnection::ExportAllSlots)) {
             qFatal("InhibitService: the name is taken");
         }
+        watcher.setConnection(connection);
+        watcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+        connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, this,
+                [this](const QString &asker) {
+                    const QList<uint> cookies = askers.keys(asker);
+                    for (const uint cookie : cookies) {
+                        held.removeAll(cookie);
+                    }
+                });
     }
 
     ~InhibitService() override
@@ -36,6 +47,8 @@ protected:
     {
         granted << who;
         held << ++lastCookie;
+        askers.insert(lastCookie, message().service());
+        watcher.addWatchedService(message().service());
         return lastCookie;
     }
 
@@ -49,6 +62,8 @@ protected:
 private:
     QDBusConnection connection;
     QString serviceName;
+    QDBusServiceWatcher watcher;
+    QHash<uint, QString> askers; ///< by their cookies
     uint lastCookie = 40;
 };
 

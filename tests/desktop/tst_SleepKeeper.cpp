@@ -75,7 +75,8 @@ void tst_SleepKeeper::itStaysAwakeWhileAStreamPlays()
     QFETCH(const QString, path);
     QFETCH(const QString, who);
     QVERIFY(staysAwakeFor(path));
-    QVERIFY(probe->advances(5));
+    // The time of a short film without sound stands still as soon as all of it is decoded.
+    QVERIFY(probe->checksAgain(5));
     QCOMPARE(service->granted, QStringList(who));
     probe->player.togglePause();
     QTRY_VERIFY(!isAwake());
