@@ -16,7 +16,11 @@ namespace {
 /// A panel with the commands.
 struct CommandFixture : PanelFixture
 {
-    CommandFixture() { addPlayerMenu(&panel, &commands, &player); }
+    CommandFixture()
+    {
+        addPlayerMenu(&panel, &commands, &player);
+        window.resize(1000, 600); // a narrow picture shortens the line
+    }
 
     /// What the line over the picture says; empty while it does not show.
     QString line() const
