@@ -344,6 +344,7 @@ private:
     QStringList openingProblems;        ///< to be told then
     bool openedHasPlayed = false;       ///< what was opened has made progress
     QString openFolder;                 ///< of the file that was opened last
+    QStringList draggedAddresses;       ///< of what is dragged over the window
 
     // ---- MainWindowBrowse.cpp ----
     QTabWidget *tabs = nullptr;

@@ -45,12 +45,9 @@ QString freeName(const QString &name, const QStringList &taken)
     return free;
 }
 
-/// What the target may do with the data; never move the file away.
+/// What the target may do with what can be opened; never move the file away.
 Qt::DropAction dropActionFor(const QDropEvent &event)
 {
-    if (openAddresses(*event.mimeData()).isEmpty()) {
-        return Qt::IgnoreAction;
-    }
     for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction}) {
         if (event.possibleActions().testFlag(action)) {
             return action;
@@ -201,8 +198,9 @@ void MainWindow::offerPlaylist(const OpenTarget &playlist)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
+    draggedAddresses = openAddresses(*event->mimeData());
     const Qt::DropAction action = dropActionFor(*event);
-    if (action != Qt::IgnoreAction) {
+    if (!draggedAddresses.isEmpty() && action != Qt::IgnoreAction) {
         event->setDropAction(action);
         event->accept();
     }
@@ -210,11 +208,15 @@ void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 
 void MainWindow::dropEvent(QDropEvent *event)
 {
+    // On X11 some programs have the data no longer when they are asked for it after the drop.
+    const QStringList dropped = openAddresses(*event->mimeData());
+    const QStringList before = std::exchange(draggedAddresses, {});
+    const QStringList addresses = dropped.isEmpty() ? before : dropped;
     const Qt::DropAction action = dropActionFor(*event);
-    if (action != Qt::IgnoreAction) {
+    if (!addresses.isEmpty() && action != Qt::IgnoreAction) {
         event->setDropAction(action);
         event->accept();
-        open(openAddresses(*event->mimeData()));
+        open(addresses);
         activateWindow();
     }
 }

@@ -52,6 +52,21 @@ private:
     QString path;
 };
 
+/// As a hand does it: the programs agree on the drop while the pointer rests.
+bool dragSlowly(const QPoint &from, const QPoint &to)
+{
+    constexpr int steps = 8;
+    const auto at = [](const QPoint &point) {
+        return QStringList{u"mousemove"_s, QString::number(point.x()), QString::number(point.y()),
+                           u"sleep"_s, u"0.1"_s};
+    };
+    QStringList commands = at(from) + QStringList{u"mousedown"_s, u"1"_s};
+    for (int step = 1; step <= steps; ++step) {
+        commands += at(from + (to - from) * step / steps);
+    }
+    return xdotool(commands + QStringList{u"sleep"_s, u"1"_s, u"mouseup"_s, u"1"_s});
+}
+
 } // namespace
 
 class tst_Open : public QObject
@@ -66,6 +81,7 @@ private Q_SLOTS:
     void aLaterStartHandsOver();
     void afterACrash();
     void besideAProgramThatHangs();
+    void droppedOnThePicture();
 
 private:
     /// Starts the program another time in the folder of the films.
@@ -196,6 +212,25 @@ void tst_Open::besideAProgramThatHangs()
     startLater(later, {filmName});
     QTRY_COMPARE_WITH_TIMEOUT(later.state(), QProcess::NotRunning, 15000);
     QVERIFY(session->showsLabel(UiTexts::playing(filmTitle)));
+    QVERIFY(session->close());
+}
+
+/// libVLC draws into a window of its own there.
+void tst_Open::droppedOnThePicture()
+{
+    const QString other = folder->filePath(u"Other.mp4"_s);
+    writeFile(other, readFile(streamPath(u"film-faststart.mp4"_s)));
+    QVERIFY(session->start({folder->filePath(filmName)}, filmWindow));
+    QVERIFY(playsFilm(*session));
+    FileWindow files(other);
+    files.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&files));
+    files.raise();
+    QVERIFY(dragSlowly(files.geometry().center(), session->videoRect().center()));
+    QVERIFY(session->showsLabel(UiTexts::playing(u"Other.mp4"_s)));
+    QVERIFY(session->seesPicture());
+    session->keepScreenshot(u"dropped-film"_s);
+    QVERIFY(QFile::exists(other));
     QVERIFY(session->close());
 }
 

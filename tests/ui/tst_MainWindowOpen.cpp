@@ -34,6 +34,7 @@ private Q_SLOTS:
     void noFormForTheFirstSource();
     void dropped_data();
     void dropped();
+    void droppedWithoutItsData();
     void openFile_data();
     void openFile();
     void openLocation();
@@ -292,6 +293,21 @@ void tst_MainWindowOpen::dropped()
     } else {
         QCOMPARE(nowPlaying(), u"Nothing playing"_s);
     }
+}
+
+/// On X11 some programs give the data away only while it is dragged.
+void tst_MainWindowOpen::droppedWithoutItsData()
+{
+    openWithSource();
+    QMimeData data;
+    data.setText(u"http://127.0.0.1:9/1.ts"_s);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&window(), &enter);
+    const QMimeData nothing;
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &nothing, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&window(), &drop);
+    QVERIFY(drop.isAccepted());
+    QCOMPARE(nowPlaying(), u"Playing: 127.0.0.1"_s);
 }
 
 void tst_MainWindowOpen::openFile_data()
