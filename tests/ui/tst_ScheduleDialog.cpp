@@ -12,7 +12,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -25,24 +24,18 @@ namespace {
 
 constexpr qint64 day = 24 * 60 * 60;
 
-/// In seconds; a shorter one near midnight, so that half an hour before and after now is today. In
-/// the last and first half minute of a day it waits.
+/// A minute in seconds; a shorter one near midnight, so that half an hour before and after now is
+/// today; 0 in the last and the first half minute of a day.
 qint64 shownMinute()
 {
     constexpr qint64 halfHour = 30;
-    for (;;) {
-        const QDateTime now = QDateTime::currentDateTime();
-        const qint64 fromMidnight = now.date().startOfDay().secsTo(now);
-        const qint64 toMidnight = now.secsTo(now.date().addDays(1).startOfDay());
-        const qint64 longest = std::min(fromMidnight, toMidnight) / (halfHour + 5);
-        if (longest > 0) {
-            return std::min<qint64>(longest, 60);
-        }
-        QThread::sleep(1);
-    }
+    const QDateTime now = QDateTime::currentDateTime();
+    const qint64 fromMidnight = now.date().startOfDay().secsTo(now);
+    const qint64 toMidnight = now.secsTo(now.date().addDays(1).startOfDay());
+    return std::min<qint64>(std::min(fromMidnight, toMidnight) / (halfHour + 5), 60);
 }
 
-const qint64 minute = shownMinute();
+qint64 minute = 0; ///< of this run
 
 const QString address = u"http://127.0.0.1/one"_s;
 const QString archive = uR"( catchup="append" catchup-source="?utc={utc}" catchup-days="2")"_s;
@@ -162,6 +155,7 @@ class tst_ScheduleDialog : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QTRY_VERIFY_WITH_TIMEOUT((minute = shownMinute()) > 0, 90'000); }
     void init() { viewer = std::make_unique<Viewer>(); }
     void cleanup() { viewer.reset(); }
 
