@@ -2,14 +2,12 @@
 
 #include "app/NetLog.h"
 #include "model/OwnerOnlyFile.h"
+#include "providers/HttpExchange.h"
 #include "providers/NetworkTrace.h"
-#include "providers/RedirectFollower.h"
-#include "providers/ReplyBody.h"
 #include "providers/UserAgent.h"
 #include "providers/WebUrl.h"
 
 #include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QNetworkRequest>
 
 using namespace Qt::StringLiterals;
@@ -25,8 +23,6 @@ QNetworkRequest requestOf(const QString &address, const QString &userAgent,
     const QUrl url(address, QUrl::TolerantMode);
     // A request without an address fails like one to a server that is not there.
     QNetworkRequest request(isWebUrl(url) ? url : QUrl());
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::UserVerifiedRedirectPolicy);
     setUserAgent(request, userAgent);
     if (packing == GuideDownload::Packing::Kept) {
         // Set by hand, it keeps the network layer from unpacking on this thread.
@@ -47,50 +43,52 @@ GuideDownload::GuideDownload(QNetworkAccessManager *manager, const QString &url,
     if (netDebugEnabled()) {
         NetLogStream() << "[Guide] ->" << traceSafeUrl(url);
     }
-    reply = manager->get(requestOf(url, userAgent, packing));
-    reply->setParent(this);
-    new RedirectFollower(reply);
-    body = new ReplyBody(reply, mostBytes);
     if (!openOwnerOnly(file, QIODevice::WriteOnly | QIODevice::Truncate)) {
         failure = GuideProblem::NotStored;
         reason = file.errorString();
     }
-    body->setReceiver([this](QByteArrayView bytes) {
-        if (failure == GuideProblem::None &&
-            file.write(bytes.data(), bytes.size()) != bytes.size()) {
-            failure = GuideProblem::NotStored;
-            reason = file.errorString();
-        }
-        Q_EMIT progressed(body->size(),
-                          reply->header(QNetworkRequest::ContentLengthHeader).toLongLong());
-        return failure == GuideProblem::None;
-    });
-    connect(body, &ReplyBody::finished, this, &GuideDownload::finish);
+    HttpQuestion question;
+    question.request = requestOf(url, userAgent, packing);
+    question.maxBytes = mostBytes;
+    question.redirects = HttpQuestion::Redirects::Anywhere;
+    question.receive = [this](QByteArrayView bytes) { return store(bytes); };
+    exchange = new HttpExchange(manager, question);
+    connect(exchange, &HttpExchange::finished, this, &GuideDownload::finish);
 }
 
 GuideDownload::~GuideDownload()
 {
-    disconnect(body, nullptr, this, nullptr);
-    reply->abort();
+    delete exchange;
+}
+
+bool GuideDownload::store(QByteArrayView bytes)
+{
+    if (failure == GuideProblem::None && file.write(bytes.data(), bytes.size()) != bytes.size()) {
+        failure = GuideProblem::NotStored;
+        reason = file.errorString();
+    }
+    Q_EMIT progressed(exchange->size(),
+                      exchange->reply().header(QNetworkRequest::ContentLengthHeader).toLongLong());
+    return failure == GuideProblem::None;
 }
 
 void GuideDownload::finish()
 {
-    if (failure == GuideProblem::None && body->size() > mostBytes) {
+    if (failure == GuideProblem::None && exchange->size() > mostBytes) {
         failure = GuideProblem::TooLarge;
-    } else if (failure == GuideProblem::None && reply->error() != QNetworkReply::NoError) {
+    } else if (failure == GuideProblem::None && exchange->failed()) {
         failure = GuideProblem::NotReachable;
-        reason = traceSafeError(*reply);
+        reason = traceSafeError(*exchange);
     }
     if (failure == GuideProblem::None && !file.flush()) {
         failure = GuideProblem::NotStored;
         reason = file.errorString();
     }
     file.close();
-    if (reply->error() != QNetworkReply::NoError) {
-        traceFailedReply("[Guide]", *reply);
+    if (exchange->failed()) {
+        traceFailure("[Guide]", *exchange);
     } else if (netDebugEnabled()) {
-        NetLogStream() << "[Guide] <-" << body->size() << "bytes";
+        NetLogStream() << "[Guide] <-" << exchange->size() << "bytes";
     }
     Q_EMIT finished();
 }

@@ -7,10 +7,8 @@
 #include <QObject>
 #include <QString>
 
-class ReplyBody;
-
+class HttpExchange;
 class QNetworkAccessManager;
-class QNetworkReply;
 
 /// Downloads one file to the disk as it comes, so that its size costs no memory.
 ///
@@ -44,12 +42,12 @@ Q_SIGNALS:
     void finished();
 
 private:
+    bool store(QByteArrayView bytes);
     void finish();
 
     RedactionScope redaction;
     QFile file;
-    QNetworkReply *reply;
-    ReplyBody *body;
+    HttpExchange *exchange;
     GuideProblem failure = GuideProblem::None;
     QString reason;
 };

@@ -2,14 +2,13 @@
 
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
+#include "providers/HttpExchange.h"
 #include "providers/NetworkTrace.h"
 #include "providers/ReplyBody.h"
 #include "providers/UserAgent.h"
 
 #include <QFile>
 #include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QNetworkRequest>
 #include <QTimer>
 #include <QUrl>
 
@@ -21,7 +20,6 @@ namespace {
 
 constexpr QByteArrayView byteOrderMark("\xef\xbb\xbf");
 constexpr QByteArrayView headerName("#EXTM3U");
-constexpr int firstRefusal = 300; ///< of the HTTP statuses
 
 /// The first line that is not empty, as far as it is there.
 QByteArrayView firstLine(QByteArrayView head)
@@ -59,9 +57,20 @@ bool isDownloadable(const QString &address)
     return address.startsWith("http://"_L1) || address.startsWith("https://"_L1);
 }
 
-bool isRefused(const QNetworkReply &reply)
+/// What a download has told, which ends when its first line is there.
+std::optional<PlaylistGuide> guideOf(const HttpExchange &exchange, const QByteArray &head)
 {
-    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= firstRefusal;
+    if (exchange.failed() && !hasFirstLine(head)) {
+        if (netDebugEnabled()) {
+            NetLogStream() << "[M3U] <- error:" << traceSafeError(exchange);
+        }
+        return std::nullopt;
+    }
+    const PlaylistGuide guide = guideOf(head);
+    if (netDebugEnabled()) {
+        NetLogStream() << "[M3U] <- addresses of guides:" << guide.addresses.size();
+    }
+    return guide;
 }
 
 } // namespace
@@ -98,42 +107,20 @@ void PlaylistGuideClient::download(const QString &url, const QString &userAgent,
     if (netDebugEnabled()) {
         NetLogStream() << "[M3U] ->" << traceSafeUrl(url);
     }
-    QNetworkRequest request{QUrl(url)};
-    setUserAgent(request, userAgent);
-    QNetworkReply *reply = network->get(request);
-    reply->setReadBufferSize(longestLine);
-    // Not that of the manager alone: Qt 6.4 forgets it behind a redirect.
-    QTimer::singleShot(network->transferTimeout(), reply, &QNetworkReply::abort);
     const auto head = std::make_shared<QByteArray>();
-    connect(reply, &QNetworkReply::readyRead, this, [this, reply, head, callback] {
-        head->append(reply->read(longestLine - head->size()));
-        if (!isRefused(*reply) && hasFirstLine(*head)) {
-            report(reply, *head, callback);
-        }
+    HttpQuestion question;
+    question.request.setUrl(QUrl(url));
+    setUserAgent(question.request, userAgent);
+    question.maxBytes = ReplyBody::maxCatalogBytes;
+    question.receive = [head](QByteArrayView bytes) {
+        head->append(bytes.first(qMin(bytes.size(), longestLine - head->size())));
+        return !hasFirstLine(*head);
+    };
+    auto *exchange = new HttpExchange(network, question);
+    // The network's own timeouts let a line go on for ever that arrives slowly.
+    QTimer::singleShot(network->transferTimeout(), exchange, &HttpExchange::abort);
+    connect(exchange, &HttpExchange::finished, this, [exchange, head, callback] {
+        exchange->deleteLater();
+        callback(guideOf(*exchange, *head));
     });
-    connect(reply, &QNetworkReply::finished, this, [this, reply, head, callback] {
-        head->append(reply->read(longestLine - head->size()));
-        report(reply, *head, callback);
-    });
-}
-
-/// Ends the download, wherever it is.
-void PlaylistGuideClient::report(QNetworkReply *reply, const QByteArray &head,
-                                 const Callback &callback)
-{
-    const Callback receiver = callback; // it goes with the connections
-    const bool failed = reply->error() != QNetworkReply::NoError;
-    const PlaylistGuide guide = failed ? PlaylistGuide() : guideOf(head);
-    if (netDebugEnabled()) {
-        NetLogStream log;
-        if (failed) {
-            log << "[M3U] <- error:" << traceSafeError(*reply);
-        } else {
-            log << "[M3U] <- addresses of guides:" << guide.addresses.size();
-        }
-    }
-    disconnect(reply, nullptr, this, nullptr);
-    reply->abort();
-    reply->deleteLater();
-    receiver(failed ? std::optional<PlaylistGuide>() : guide);
 }

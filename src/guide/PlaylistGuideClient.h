@@ -10,7 +10,6 @@
 #include <optional>
 
 class QNetworkAccessManager;
-class QNetworkReply;
 
 /// Reads what the first line of a playlist tells of its guide, and no more of the playlist. GUI
 /// thread only. Several reads may run at once.
@@ -34,7 +33,6 @@ public:
 private:
     static std::optional<PlaylistGuide> readFile(const QString &path);
     void download(const QString &url, const QString &userAgent, const Callback &callback);
-    void report(QNetworkReply *reply, const QByteArray &head, const Callback &callback);
 
     QNetworkAccessManager *network;
 };

@@ -2,44 +2,46 @@
 
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
+#include "providers/HttpExchange.h"
 #include "providers/ReplyBytes.h"
 
-#include <QNetworkReply>
-#include <QUrl>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString httpStatus(const QNetworkReply &reply)
+QString httpStatus(const HttpExchange &exchange)
 {
-    const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    const QVariant status = exchange.reply().attribute(QNetworkRequest::HttpStatusCodeAttribute);
     return status.isValid() ? status.toString() : u"invalid"_s;
 }
 
 } // namespace
 
-QString traceSafeError(const QNetworkReply &reply)
+QString traceSafeError(const HttpExchange &exchange)
 {
     // The error text of an HTTP failure quotes the URL to which the last redirect led. That one may
-    // repeat under an innocent name what the first one called a password.
-    const RedactionScope asked({}, reply.request().url().toString(QUrl::FullyEncoded));
-    const RedactionScope answered({}, reply.url().toString(QUrl::FullyEncoded));
-    return traceSafe(reply.errorString());
+    // repeat under an innocent name what an earlier one called a password.
+    std::vector<RedactionScope> redactions;
+    for (const QUrl &address : exchange.addresses()) {
+        redactions.emplace_back(QString(), address.toString(QUrl::FullyEncoded));
+    }
+    return traceSafe(exchange.errorString());
 }
 
-void traceFailedReply(const char *tag, const QNetworkReply &reply)
+void traceFailure(const char *tag, const HttpExchange &exchange)
 {
     if (netDebugEnabled()) {
-        NetLogStream() << tag << "<- error:" << traceSafeError(reply)
-                       << "http status:" << httpStatus(reply);
+        NetLogStream() << tag << "<- error:" << traceSafeError(exchange)
+                       << "http status:" << httpStatus(exchange);
     }
 }
 
-void traceReply(const char *tag, const QNetworkReply &reply, const ReplyBytes &body)
+void traceAnswer(const char *tag, const HttpExchange &exchange, const ReplyBytes &body)
 {
     if (netDebugEnabled()) {
-        NetLogStream() << tag << "<-" << httpStatus(reply)
+        NetLogStream() << tag << "<-" << httpStatus(exchange)
                        << traceSafeHead(body.head(), traceBodyBytes);
     }
 }

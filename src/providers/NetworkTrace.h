@@ -2,17 +2,17 @@
 
 #include <QString>
 
-class QNetworkReply;
+class HttpExchange;
 class ReplyBytes;
 
 /// How much of a reply's body a trace line shows, in bytes.
 inline constexpr int traceBodyBytes = 2000;
 
-/// A failed reply's error text, without the credentials of the addresses that it was asked from.
-QString traceSafeError(const QNetworkReply &reply);
+/// A failed exchange's error text, without the credentials of the addresses that were asked.
+QString traceSafeError(const HttpExchange &exchange);
 
-/// Traces a failed reply (error text and HTTP status) under `tag`, when tracing is on.
-void traceFailedReply(const char *tag, const QNetworkReply &reply);
+/// Traces a failed exchange (error text and HTTP status) under `tag`, when tracing is on.
+void traceFailure(const char *tag, const HttpExchange &exchange);
 
-/// Traces a reply's HTTP status and the head of its body under `tag`, when tracing is on.
-void traceReply(const char *tag, const QNetworkReply &reply, const ReplyBytes &body);
+/// Traces an answer's HTTP status and the head of its body under `tag`, when tracing is on.
+void traceAnswer(const char *tag, const HttpExchange &exchange, const ReplyBytes &body);

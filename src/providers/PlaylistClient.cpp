@@ -2,13 +2,13 @@
 
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
+#include "providers/HttpExchange.h"
 #include "providers/NetworkTrace.h"
 #include "providers/ReplyBody.h"
 #include "providers/UserAgent.h"
 
 #include <QFile>
 #include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QUrl>
 
@@ -21,16 +21,16 @@ bool isDownloadable(const QString &address)
     return address.startsWith("http://"_L1) || address.startsWith("https://"_L1);
 }
 
-/// Takes the body of a finished reply, and traces it.
-PlaylistReply takeReply(const QNetworkReply &reply, ReplyBody &replyBody)
+/// Takes the body of a finished exchange, and traces it.
+PlaylistReply takeReply(HttpExchange &exchange)
 {
-    const ReplyBytes body = replyBody.take();
-    if (reply.error() != QNetworkReply::NoError) {
+    if (exchange.failed()) {
         if (netDebugEnabled()) {
-            NetLogStream() << "[M3U] <- error:" << traceSafeError(reply);
+            NetLogStream() << "[M3U] <- error:" << traceSafeError(exchange);
         }
-        return {PlaylistReply::Outcome::DownloadFailed, {}, reply.errorString()};
+        return {PlaylistReply::Outcome::DownloadFailed, {}, exchange.errorString()};
     }
+    const ReplyBytes body = exchange.take();
     if (netDebugEnabled()) {
         NetLogStream() << "[M3U] <-" << body.size() << "bytes";
     }
@@ -71,12 +71,13 @@ void PlaylistClient::download(const QString &url, const QString &userAgent,
     if (netDebugEnabled()) {
         NetLogStream() << "[M3U] ->" << traceSafeUrl(url);
     }
-    QNetworkRequest request{QUrl(url)};
-    setUserAgent(request, userAgent);
-    QNetworkReply *reply = network->get(request);
-    auto *body = new ReplyBody(reply, ReplyBody::maxCatalogBytes);
-    connect(body, &ReplyBody::finished, this, [reply, body, callback] {
-        reply->deleteLater();
-        callback(takeReply(*reply, *body));
+    HttpQuestion question;
+    question.request.setUrl(QUrl(url));
+    setUserAgent(question.request, userAgent);
+    question.maxBytes = ReplyBody::maxCatalogBytes;
+    auto *exchange = new HttpExchange(network, question);
+    connect(exchange, &HttpExchange::finished, this, [exchange, callback] {
+        exchange->deleteLater();
+        callback(takeReply(*exchange));
     });
 }

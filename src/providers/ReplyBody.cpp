@@ -25,11 +25,10 @@ ReplyBody::ReplyBody(QNetworkReply *networkReply, qint64 mostBytes)
     reply->setReadBufferSize(waitingPackedBytes);
     nextSlice.setSingleShot(true);
     connect(&nextSlice, &QTimer::timeout, this, &ReplyBody::readSlice);
-    // Until the first head arrives, the manager's own timeout runs.
+    // Until the head arrives, the manager's own timeout runs.
     timer.setSingleShot(true);
     timer.setInterval(reply->manager()->transferTimeout());
     connect(&timer, &QTimer::timeout, reply, &QNetworkReply::abort);
-    connect(reply, &QNetworkReply::redirected, this, &ReplyBody::restartTimer);
     connect(reply, &QNetworkReply::metaDataChanged, this, &ReplyBody::checkHead);
     connect(reply, &QNetworkReply::readyRead, this, &ReplyBody::read);
     connect(reply, &QNetworkReply::finished, this, &ReplyBody::readRest);

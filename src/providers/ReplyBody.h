@@ -51,7 +51,6 @@ private:
     void readSlice();
     void readRest();
     bool keep(QByteArrayView bytes);
-    /// Qt 6.4 forgets the manager's timeout behind a redirect.
     void restartTimer();
 
     QNetworkReply *reply;

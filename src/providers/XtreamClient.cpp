@@ -2,8 +2,8 @@
 
 #include "app/NetLog.h"
 #include "providers/BackgroundJobs.h"
+#include "providers/HttpExchange.h"
 #include "providers/NetworkTrace.h"
-#include "providers/RedirectFollower.h"
 #include "providers/ReplyBody.h"
 #include "providers/UserAgent.h"
 #include "providers/WebUrl.h"
@@ -11,7 +11,6 @@
 
 #include <QJsonObject>
 #include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QUrl>
 #include <QUrlQuery>
@@ -142,28 +141,27 @@ void XtreamClient::request(const QString &action, const QString &extra, qint64 m
     url.setQuery(query);
 
     QNetworkRequest networkRequest(url);
-    networkRequest.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                                QNetworkRequest::UserVerifiedRedirectPolicy);
     setUserAgent(networkRequest, userAgent);
     if (netDebugEnabled()) {
         NetLogStream() << "[Xtream] ->" << traceSafe(url.toString(QUrl::FullyEncoded));
     }
-    // A request without an address fails like one to a server that is not there.
-    QNetworkReply *reply = network->get(isWebUrl(url) ? networkRequest : QNetworkRequest());
-    new RedirectFollower(reply);
-    auto *replyBody = new ReplyBody(reply, maxBytes);
+    HttpQuestion question;
+    question.request = isWebUrl(url) ? networkRequest : QNetworkRequest();
+    question.maxBytes = maxBytes;
+    question.redirects = HttpQuestion::Redirects::Anywhere;
+    auto *exchange = new HttpExchange(network, question);
     // The captured scope redacts the password until the reply is traced, even if another account is
     // configured before that.
-    connect(replyBody, &ReplyBody::finished, this,
-            [reply, replyBody, sent = redaction, callback = std::move(callback)] {
-                reply->deleteLater();
-                ReplyBytes body = replyBody->take();
-                if (reply->error() != QNetworkReply::NoError) {
-                    traceFailedReply("[Xtream]", *reply);
+    connect(exchange, &HttpExchange::finished, this,
+            [exchange, sent = redaction, callback = std::move(callback)] {
+                exchange->deleteLater();
+                if (exchange->failed()) {
+                    traceFailure("[Xtream]", *exchange);
                     callback({}, false);
                     return;
                 }
-                traceReply("[Xtream]", *reply, body);
+                ReplyBytes body = exchange->take();
+                traceAnswer("[Xtream]", *exchange, body);
                 callback(std::move(body), true);
             });
 }

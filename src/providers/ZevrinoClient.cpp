@@ -3,6 +3,7 @@
 #include "app/NetLog.h"
 #include "app/TraceSecrets.h"
 #include "providers/BackgroundJobs.h"
+#include "providers/HttpExchange.h"
 #include "providers/NetworkTrace.h"
 #include "providers/ReplyBody.h"
 #include "providers/SubscriptionAddress.h"
@@ -10,7 +11,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QUrl>
 
@@ -69,29 +69,33 @@ void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
     const RedactionScope redaction(subscriptionKey);
     QNetworkRequest request(QUrl(endpoint, QUrl::TolerantMode));
     request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
-    const QByteArray question = QJsonDocument(QJsonObject{{u"subscription_key"_s, subscriptionKey}})
-                                    .toJson(QJsonDocument::Compact);
+    const QByteArray body = QJsonDocument(QJsonObject{{u"subscription_key"_s, subscriptionKey}})
+                                .toJson(QJsonDocument::Compact);
     if (netDebugEnabled()) {
-        NetLogStream() << "[Zevrino] ->" << endpoint << traceSafe(QString::fromUtf8(question));
+        NetLogStream() << "[Zevrino] ->" << endpoint << traceSafe(QString::fromUtf8(body));
     }
-    QNetworkReply *reply = network->post(request, question);
-    auto *body = new ReplyBody(reply, ReplyBody::maxAnswerBytes);
-    // The captured scope redacts the key until the reply is deleted.
-    connect(body, &ReplyBody::finished, this,
-            [this, reply, body, redaction, callback = std::move(callback)] {
-                ReplyBytes bytes = body->take();
-                if (reply->error() != QNetworkReply::NoError) {
-                    traceFailedReply("[Zevrino]", *reply);
-                    reply->deleteLater();
-                    callback(false, {}, tr("Could not reach server: %1").arg(reply->errorString()));
+    HttpQuestion question;
+    question.request = request;
+    question.maxBytes = ReplyBody::maxAnswerBytes;
+    question.posted = body;
+    auto *exchange = new HttpExchange(network, question);
+    // The captured scope redacts the key until the exchange is deleted.
+    connect(exchange, &HttpExchange::finished, this,
+            [this, exchange, redaction, callback = std::move(callback)] {
+                if (exchange->failed()) {
+                    traceFailure("[Zevrino]", *exchange);
+                    exchange->deleteLater();
+                    callback(false, {},
+                             tr("Could not reach server: %1").arg(exchange->errorString()));
                     return;
                 }
-                const auto take = [reply, bytes, callback](const Outcome &outcome) {
+                ReplyBytes bytes = exchange->take();
+                const auto take = [exchange, bytes, callback](const Outcome &outcome) {
                     // The reply may repeat the account's password outside the member of that name.
                     const RedactionScope account(outcome.credentials.password,
                                                  outcome.credentials.serverUrl);
-                    traceReply("[Zevrino]", *reply, bytes);
-                    reply->deleteLater();
+                    traceAnswer("[Zevrino]", *exchange, bytes);
+                    exchange->deleteLater();
                     callback(outcome.ok, outcome.credentials, outcome.message);
                 };
                 parsing->run(

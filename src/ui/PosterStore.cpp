@@ -1,5 +1,6 @@
 #include "ui/PosterStore.h"
 
+#include "providers/HttpExchange.h"
 #include "providers/ReplyBody.h"
 #include "providers/UserAgent.h"
 #include "providers/WebUrl.h"
@@ -9,8 +10,6 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QNetworkRequest>
 #include <QUrl>
 
 #include <algorithm>
@@ -176,31 +175,30 @@ void PosterStore::download(const QString &url)
         return;
     }
     ++downloads;
-    QNetworkRequest request(address);
+    HttpQuestion question;
+    question.request.setUrl(address);
     if (address.host() == userAgentHost) {
-        ::setUserAgent(request, userAgent);
+        ::setUserAgent(question.request, userAgent);
     }
-    QNetworkReply *reply = network->get(request);
-    auto *body = new ReplyBody(reply, maxPosterBytes);
+    question.maxBytes = maxPosterBytes;
+    auto *exchange = new HttpExchange(network, question);
     // A request may wait for others to the same server while its timeout runs.
     const auto waited = std::make_shared<bool>(true);
-    const auto begin = [waited] { *waited = false; };
-    connect(reply, &QNetworkReply::socketStartedConnecting, reply, begin);
-    connect(reply, &QNetworkReply::requestSent, reply, begin);
-    connect(body, &ReplyBody::finished, this, [this, reply, body, waited, url] {
-        reply->deleteLater();
+    connect(exchange, &HttpExchange::begun, exchange, [waited] { *waited = false; });
+    connect(exchange, &HttpExchange::finished, this, [this, exchange, waited, url] {
+        exchange->deleteLater();
         --downloads;
-        if (*waited && reply->error() == QNetworkReply::OperationCanceledError) {
+        if (*waited && exchange->error() == QNetworkReply::OperationCanceledError) {
             Q_EMIT requestAbandoned(url);
         } else {
-            takeReply(url, *reply, body->take().join());
+            takeAnswer(url, *exchange);
         }
     });
 }
 
-void PosterStore::takeReply(const QString &url, const QNetworkReply &reply, const QByteArray &body)
+void PosterStore::takeAnswer(const QString &url, HttpExchange &exchange)
 {
-    if (reply.error() == QNetworkReply::NoError && mayBeImage(reply)) {
-        enqueue({url, posterCachePath(url), body, qGuiApp->devicePixelRatio()});
+    if (!exchange.failed() && mayBeImage(exchange.reply())) {
+        enqueue({url, posterCachePath(url), exchange.take().join(), qGuiApp->devicePixelRatio()});
     }
 }

@@ -9,8 +9,8 @@
 #include <QString>
 #include <QThread>
 
+class HttpExchange;
 class QNetworkAccessManager;
-class QNetworkReply;
 
 /// The posters of all grids: in memory within a budget of bytes, on disk, and under way.
 ///
@@ -63,7 +63,7 @@ private:
     void takeDecoded(const DecodedPoster &poster);
     bool isDecoding(const QString &url) const;
     void download(const QString &url);
-    void takeReply(const QString &url, const QNetworkReply &reply, const QByteArray &body);
+    void takeAnswer(const QString &url, HttpExchange &exchange);
 
     QNetworkAccessManager *network;
     int downloads = 0; ///< under way

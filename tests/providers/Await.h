@@ -3,8 +3,10 @@
 #include "fakeprovider/HttpServer.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEvent>
-#include <QTest>
+#include <QEventLoop>
+#include <QTimer>
 
 #include <algorithm>
 #include <memory>
@@ -19,6 +21,21 @@ inline QByteArray headerNames(const HttpRequest &request)
     }
     std::sort(names.begin(), names.end());
     return names.join(' ');
+}
+
+/// Runs the event loop until `condition` holds, which is asked after each event and now and then;
+/// false after a minute. QTest::qWaitFor() would sleep between the events: what follows an event at
+/// once in the program would come later, and a race with another thread would hardly ever be lost.
+template <typename Condition>
+bool waitUntil(Condition condition)
+{
+    const QDeadlineTimer limit(60'000);
+    QTimer wakeUp;
+    wakeUp.start(10);
+    while (!condition() && !limit.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return condition();
 }
 
 /// What a completion callback was called with, and how often.
@@ -42,7 +59,7 @@ Answer<Value> await(Start start)
     if (answer->calls > 0) {
         answer->calls += 1000; // a callback comes later, never from within the call
     }
-    (void)QTest::qWaitFor([&answer] { return answer->calls > 0; }, 20'000);
+    (void)waitUntil([&answer] { return answer->calls > 0; });
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
     return *answer;
