@@ -32,6 +32,7 @@ function(vantiro_add_test name)
 
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE vantiro_options ${ARG_LINK} vantiro_test_support)
+    vantiro_reuse_precompiled(${name} widgets)
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests/bin)
     if(ARG_STREAMS)
