@@ -10,6 +10,8 @@
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -52,7 +54,7 @@ GuideDownload::GuideDownload(QNetworkAccessManager *manager, const QString &url,
     question.maxBytes = mostBytes;
     question.redirects = HttpQuestion::Redirects::Anywhere;
     question.receive = [this](QByteArrayView bytes) { return store(bytes); };
-    exchange = new HttpExchange(manager, question);
+    exchange = new HttpExchange(manager, std::move(question));
     connect(exchange, &HttpExchange::finished, this, &GuideDownload::finish);
 }
 

@@ -13,6 +13,7 @@
 #include <QUrl>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -116,7 +117,7 @@ void PlaylistGuideClient::download(const QString &url, const QString &userAgent,
         head->append(bytes.first(qMin(bytes.size(), longestLine - head->size())));
         return !hasFirstLine(*head);
     };
-    auto *exchange = new HttpExchange(network, question);
+    auto *exchange = new HttpExchange(network, std::move(question));
     // The network's own timeouts let a line go on for ever that arrives slowly.
     QTimer::singleShot(network->transferTimeout(), exchange, &HttpExchange::abort);
     connect(exchange, &HttpExchange::finished, this, [exchange, head, callback] {

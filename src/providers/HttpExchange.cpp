@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -70,10 +71,10 @@ QString refusalText(QNetworkReply::NetworkError refusal)
 
 } // namespace
 
-HttpExchange::HttpExchange(QNetworkAccessManager *manager, const HttpQuestion &httpQuestion)
+HttpExchange::HttpExchange(QNetworkAccessManager *manager, HttpQuestion httpQuestion)
     : QObject(manager)
     , network(manager)
-    , question(httpQuestion)
+    , question(std::move(httpQuestion))
 {
     question.request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                                   QNetworkRequest::ManualRedirectPolicy);

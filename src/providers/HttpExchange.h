@@ -51,7 +51,7 @@ public:
     static constexpr qsizetype maxRedirects = 50;
 
     /// Sends the request. Without an address it fails like one to a server that is not there.
-    HttpExchange(QNetworkAccessManager *manager, const HttpQuestion &question);
+    HttpExchange(QNetworkAccessManager *manager, HttpQuestion question);
 
     /// Makes the exchange fail, unless it has finished.
     void abort();

@@ -12,6 +12,8 @@
 #include <QNetworkRequest>
 #include <QUrl>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -75,7 +77,7 @@ void PlaylistClient::download(const QString &url, const QString &userAgent,
     question.request.setUrl(QUrl(url));
     setUserAgent(question.request, userAgent);
     question.maxBytes = ReplyBody::maxCatalogBytes;
-    auto *exchange = new HttpExchange(network, question);
+    auto *exchange = new HttpExchange(network, std::move(question));
     connect(exchange, &HttpExchange::finished, this, [exchange, callback] {
         exchange->deleteLater();
         callback(takeReply(*exchange));

@@ -20,7 +20,7 @@ public:
     /// The whole body. This object is empty afterwards.
     QByteArray join();
 
-    static constexpr qsizetype pieceBytes = 1024 * 1024;
+    static constexpr qsizetype pieceBytes = 1024LL * 1024;
 
 private:
     QList<QByteArray> pieces; ///< only the last one may be shorter than pieceBytes

@@ -149,7 +149,7 @@ void XtreamClient::request(const QString &action, const QString &extra, qint64 m
     question.request = isWebUrl(url) ? networkRequest : QNetworkRequest();
     question.maxBytes = maxBytes;
     question.redirects = HttpQuestion::Redirects::Anywhere;
-    auto *exchange = new HttpExchange(network, question);
+    auto *exchange = new HttpExchange(network, std::move(question));
     // The captured scope redacts the password until the reply is traced, even if another account is
     // configured before that.
     connect(exchange, &HttpExchange::finished, this,

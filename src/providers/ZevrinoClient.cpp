@@ -78,7 +78,7 @@ void ZevrinoClient::resolve(const QString &subscriptionKey, Callback callback)
     question.request = request;
     question.maxBytes = ReplyBody::maxAnswerBytes;
     question.posted = body;
-    auto *exchange = new HttpExchange(network, question);
+    auto *exchange = new HttpExchange(network, std::move(question));
     // The captured scope redacts the key until the exchange is deleted.
     connect(exchange, &HttpExchange::finished, this,
             [this, exchange, redaction, callback = std::move(callback)] {

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -181,7 +182,7 @@ void PosterStore::download(const QString &url)
         ::setUserAgent(question.request, userAgent);
     }
     question.maxBytes = maxPosterBytes;
-    auto *exchange = new HttpExchange(network, question);
+    auto *exchange = new HttpExchange(network, std::move(question));
     // A request may wait for others to the same server while its timeout runs.
     const auto waited = std::make_shared<bool>(true);
     connect(exchange, &HttpExchange::begun, exchange, [waited] { *waited = false; });
