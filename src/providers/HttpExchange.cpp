@@ -56,17 +56,16 @@ QNetworkReply::NetworkError refusalOf(const QUrl &from, const QUrl &target, qsiz
                : QNetworkReply::NoError;
 }
 
-/// Qt's own words, translated with the rest of Qt.
+/// Qt's own words, in Qt's own translation.
 QString refusalText(QNetworkReply::NetworkError refusal)
 {
-    switch (refusal) {
-    case QNetworkReply::TooManyRedirectsError:
-        return QCoreApplication::translate("QHttp", "Too many redirects");
-    case QNetworkReply::InsecureRedirectError:
-        return QCoreApplication::translate("QHttp", "Insecure redirect");
-    default:
-        return QCoreApplication::translate("QHttp", "Unknown protocol specified");
+    const char *text = "Unknown protocol specified";
+    if (refusal == QNetworkReply::TooManyRedirectsError) {
+        text = "Too many redirects";
+    } else if (refusal == QNetworkReply::InsecureRedirectError) {
+        text = "Insecure redirect";
     }
+    return QCoreApplication::translate("QHttp", text);
 }
 
 } // namespace
