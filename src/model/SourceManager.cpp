@@ -119,15 +119,30 @@ std::optional<QList<SourceConfig>> storedSources(QSettings &settings)
     return readSources(settings);
 }
 
-/// False on a disk without room for the settings: QSettings replaces its file even by one that a
-/// full disk has cut short, and all sources would be gone.
-bool hasRoom(const QSettings &settings)
+/// The most bytes that these sources take in a settings file.
+[[maybe_unused]] qint64 mostBytesOf(const QList<SourceConfig> &sources)
+{
+    constexpr qint64 keysAndNumbers = 300;
+    constexpr qint64 escapedUnit = 6; // as in "\x20ac"
+    qint64 units = 0;
+    for (const SourceConfig &source : sources) {
+        units += source.name.size() + source.url.size() + source.username.size() +
+                 source.password.size() + source.liveExtension.size() +
+                 source.subscriptionKey.size() + source.userAgent.size();
+    }
+    return sources.size() * keysAndNumbers + units * escapedUnit;
+}
+
+/// False on a disk without room for the settings with these sources: QSettings replaces its file
+/// even by one that a full disk has cut short, and all sources would be gone.
+bool hasRoom(const QSettings &settings, const QList<SourceConfig> &sources)
 {
 #ifdef Q_OS_WIN
     Q_UNUSED(settings) // the registry changes single values
+    Q_UNUSED(sources)
     return true;
 #else
-    constexpr qint64 ampleGrowth = 64 * 1024;
+    const qint64 ampleGrowth = 64 * 1024 + mostBytesOf(sources);
     const QFileInfo file(settings.fileName());
     QTemporaryFile trial(file.filePath());
     if (!file.exists() || !trial.open()) {
@@ -188,7 +203,7 @@ void SourceManager::setLastActiveSourceName(const QString &name)
     }
     lastActiveName = name;
     QSettings settings(organization, application);
-    if (hasRoom(settings)) {
+    if (hasRoom(settings, {})) {
         makePrivate(settings);
         settings.setValue(lastActiveKey, name);
     }
@@ -240,7 +255,7 @@ bool SourceManager::store(const QList<SourceConfig> &sources, OnFailure onFailur
 {
     const StoreLock lock;
     QSettings settings(organization, application);
-    if (!hasRoom(settings)) {
+    if (!hasRoom(settings, sources)) {
         return false;
     }
     makePrivate(settings);

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void catalog_data();
     void catalog();
     void sources();
+    void sourcesThatNeedMoreRoom();
     void playlistCopy();
     void poster();
 };
@@ -129,6 +130,23 @@ void tst_FullDisk::sources()
         }
         QCOMPARE(QFileInfo(PrivateProfile::current().settingsFile()).dir().count(), 3U);
     }
+}
+
+void tst_FullDisk::sourcesThatNeedMoreRoom()
+{
+    const auto settings = [] { return readFile(PrivateProfile::current().settingsFile()); };
+    SourceManager manager(nullptr);
+    manager.saveSource(playlistSource(u"A"_s, u"a"_s));
+    const QByteArray before = settings();
+    {
+        const FullDisk full(100'000);
+        QVERIFY(!manager.setSources({playlistSource(u"D"_s, QString(200'000, u'd'))}));
+    }
+    QCOMPARE(manager.sources().size(), 1);
+    QCOMPARE(settings(), before);
+    manager.setLastActiveSourceName(u"A"_s);
+    QVERIFY(settings().contains("name=A\n"));
+    QVERIFY(!settings().contains("name=D\n"));
 }
 
 void tst_FullDisk::playlistCopy()
