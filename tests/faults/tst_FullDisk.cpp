@@ -3,6 +3,7 @@
 
 #include "fakeprovider/HttpServer.h"
 #include "faults/FullDisk.h"
+#include "library/LibraryStore.h"
 #include "model/CatalogCache.h"
 #include "model/SourceManager.h"
 #include "providers/SampleCatalogs.h"
@@ -70,6 +71,7 @@ private Q_SLOTS:
     void catalog();
     void sources();
     void sourcesThatNeedMoreRoom();
+    void library();
     void playlistCopy();
     void poster();
 };
@@ -147,6 +149,33 @@ void tst_FullDisk::sourcesThatNeedMoreRoom()
     manager.setLastActiveSourceName(u"A"_s);
     QVERIFY(settings().contains("name=A\n"));
     QVERIFY(!settings().contains("name=D\n"));
+}
+
+void tst_FullDisk::library()
+{
+    using Result = LibraryStore::Result;
+    const QString path = PrivateProfile::current().appDataDir() + "/library.sqlite"_L1;
+    const auto favorites = [](const QStringList &ids) {
+        LibraryChange change;
+        for (const QString &id : ids) {
+            change.put.favorites.append({{u"A"_s, EntryKind::Movie, id, {}, {}}, 0, 0});
+        }
+        return change;
+    };
+    LibraryStore store(path);
+    QCOMPARE(store.apply({favorites({u"1"_s})}), Result::Done);
+    const LibraryChange second = favorites({u"2"_s, QString(300'000, u'x')});
+    {
+        const FullDisk full(200'000);
+        QCOMPARE(store.apply({second}), Result::Unavailable);
+        QVERIFY(!store.errorText().isEmpty());
+    }
+    LibraryRows rows;
+    QCOMPARE(store.load(rows), Result::Done);
+    QCOMPARE(rows.favorites.size(), 1);
+    QCOMPARE(store.apply({second}), Result::Done);
+    QCOMPARE(store.load(rows), Result::Done);
+    QCOMPARE(rows.favorites.size(), 3);
 }
 
 void tst_FullDisk::playlistCopy()

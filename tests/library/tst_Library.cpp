@@ -48,6 +48,7 @@ private Q_SLOTS:
 
     void favoriteOrder();
     void addingTwiceKeepsThePlace();
+    void removingWhatIsNotThere();
     void takingBack_data();
     void takingBack();
 
@@ -179,6 +180,15 @@ void tst_Library::addingTwiceKeepsThePlace()
     QVERIFY(library->addFavorite(makeEntry(u"1"_s)).isEmpty());
     QCOMPARE(idsOf(library->favoritesInOrder(source, EntryKind::Movie)),
              (QStringList{u"1"_s, u"2"_s}));
+}
+
+void tst_Library::removingWhatIsNotThere()
+{
+    library->addFavorite(makeEntry(u"1"_s));
+    LibraryChange change;
+    change.removed.favorites = {{makeEntry(u"2"_s), 0, 0}};
+    library->apply(library->apply(change)); // and taken back
+    QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Movie)), QStringList{u"1"_s});
 }
 
 void tst_Library::takingBack_data()
@@ -388,6 +398,14 @@ void tst_Library::followsUrls_data()
     QTest::newRow("unchanged") << QList{channel(u"old1"_s, u"News"_s), channel(u"new"_s, u"News"_s),
                                         channel(u"old2"_s, u"News"_s)}
                                << QStringList{u"old1"_s, u"old2"_s};
+    QTest::newRow("unchanged, and more follow")
+        << QList{channel(u"old1"_s, u"News"_s), channel(u"old2"_s, u"News"_s),
+                 channel(u"new"_s, u"News"_s)}
+        << QStringList{u"old1"_s, u"old2"_s};
+    QTest::newRow("both changed, and more follow")
+        << QList{channel(u"new1"_s, u"News"_s), channel(u"new2"_s, u"News"_s),
+                 channel(u"new3"_s, u"News"_s)}
+        << QStringList{u"new1"_s, u"new2"_s};
     QTest::newRow("both changed") << QList{channel(u"new1"_s, u"News"_s),
                                            channel(u"new2"_s, u"News"_s)}
                                   << QStringList{u"new1"_s, u"new2"_s};

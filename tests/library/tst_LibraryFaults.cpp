@@ -33,6 +33,7 @@ private Q_SLOTS:
     void newerFile();
     void writesWhenItCanAgain();
     void applyingNow();
+    void applyingNowAfterAFailure();
 
 private:
     void restart()
@@ -129,6 +130,23 @@ void tst_LibraryFaults::applyingNow()
     QVERIFY(library->applyNow(change));
     QCOMPARE(library->rows(), sampleRows());
     QCOMPARE(RawLibraryFile().run(u"SELECT count(*) FROM favorites"_s).toInt(), 1);
+}
+
+void tst_LibraryFaults::applyingNowAfterAFailure()
+{
+    const QString folder = PrivateProfile::current().appDataDir();
+    writeFile(folder, "x");
+    QSignalSpy problems(library.get(), &Library::problem);
+    library->addFavorite(makeEntry(u"9"_s));
+    QTRY_COMPARE(problems.size(), 1);
+    LibraryChange change;
+    change.put = sampleRows();
+    QVERIFY(!library->applyNow(change));
+    QCOMPARE(sortedIdsOf(library->rows().favorites), QStringList{u"9"_s});
+    QVERIFY(QFile::remove(folder));
+    QVERIFY(library->applyNow(change));
+    restart();
+    QCOMPARE(sortedIdsOf(library->rows().favorites), (QStringList{u"1"_s, u"9"_s}));
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_LibraryFaults)

@@ -75,6 +75,7 @@ private Q_SLOTS:
 
     void everyField();
     void everyKind();
+    void unknownKind();
     void texts_data();
     void texts();
     void changes_data();
@@ -92,6 +93,7 @@ private Q_SLOTS:
     void damagedTwice();
     void damageThatIsGone();
     void unavailable();
+    void lockedByAnother();
     void onlyTheOwnerMayRead();
 };
 
@@ -112,6 +114,13 @@ void tst_LibraryStore::everyKind()
     QCOMPARE(rows.favorites.size(), entries.size());
     for (const LibraryEntry &entry : entries)
         QVERIFY(rows.favorites.contains(Favorite{entry, 0, 0}));
+}
+
+void tst_LibraryStore::unknownKind()
+{
+    store(favorites({makeEntry(u"1"_s)}));
+    RawLibraryFile().run(u"INSERT INTO favorites (source, kind, id) VALUES ('S', 'radio', '2')"_s);
+    QCOMPARE(stored(), favorites({makeEntry(u"1"_s)}));
 }
 
 void tst_LibraryStore::texts_data()
@@ -346,6 +355,21 @@ void tst_LibraryStore::unavailable()
     QCOMPARE(rows, sampleRows());
     QCOMPARE(unusable.apply({putting(sampleRows())}), Result::Unavailable);
     QVERIFY(!unusable.errorText().isEmpty());
+}
+
+void tst_LibraryStore::lockedByAnother()
+{
+    store(sampleRows());
+    RawLibraryFile other;
+    other.run(u"BEGIN IMMEDIATE"_s);
+    const LibraryChange change = putting(favorites({makeEntry(u"2"_s)}));
+    LibraryStore waiting(libraryFile());
+    QCOMPARE(waiting.apply({change}), Result::Unavailable);
+    QVERIFY(!waiting.errorText().isEmpty());
+    QCOMPARE(stored(), sampleRows()); // reading waits for nobody
+    other.run(u"ROLLBACK"_s);
+    QCOMPARE(waiting.apply({change}), Result::Done);
+    QCOMPARE(sortedIdsOf(stored().favorites), (QStringList{u"1"_s, u"2"_s}));
 }
 
 void tst_LibraryStore::onlyTheOwnerMayRead()
