@@ -145,6 +145,8 @@ void tst_AccountInformation::connections_data()
     QTest::addColumn<qint64>("count"); ///< -1: unknown
     QTest::newRow("text") << R"("3")"_ba << qint64(3);
     QTest::newRow("number") << "3"_ba << qint64(3);
+    QTest::newRow("flag") << "true"_ba << qint64(1);
+    QTest::newRow("flag that is not set") << "false"_ba << qint64(0);
     QTest::newRow("none in use") << "0"_ba << qint64(0);
     for (const QByteArray &unknown : {"null"_ba, R"("N/A")"_ba, R"("")"_ba, "[1]"_ba})
         QTest::newRow(unknown.constData()) << unknown << qint64(-1);
