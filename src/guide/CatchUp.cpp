@@ -239,8 +239,9 @@ qint64 archiveSeconds(const CatchUpRules &rules)
 
 bool archiveHolds(const CatchUpRules &rules, const ArchivedProgramme &programme)
 {
-    return programme.start < programme.now &&
-           programme.now - programme.start <= archiveSeconds(rules);
+    const qint64 seconds = archiveSeconds(rules);
+    return seconds > 0 && programme.start <= programme.now &&
+           programme.now - programme.start <= seconds;
 }
 
 QTimeZone serverZone(const QJsonDocument &summary)

@@ -54,7 +54,8 @@ QString playlistCatchUpUrl(const QString &streamUrl, const CatchUpRules &rules,
 /// How many seconds an archive reaches back: 0 without one, a week when the source does not tell.
 qint64 archiveSeconds(const CatchUpRules &rules);
 
-/// Whether an archive holds the programme, from its beginning; also the one that runs now.
+/// Whether an archive holds the programme, from its beginning; also the one that runs or begins
+/// now.
 bool archiveHolds(const CatchUpRules &rules, const ArchivedProgramme &programme);
 
 /// The zone of an account's server, from the account's summary: the one that it names, otherwise

@@ -86,7 +86,9 @@ void CatchUpPlayer::start(const ArchiveChannel &channel, const GuideProgramme &p
     const auto addresses = [channel, programme, zone, forms](qint64 fromMs) {
         return addressesOf(channel, programme, fromMs, zone, forms);
     };
-    const qint64 seconds = std::min(programme.stop, currentTime()) - programme.start;
+    // What begins now has a length as well.
+    const qint64 seconds =
+        std::min(programme.stop, std::max(currentTime(), programme.start + 1)) - programme.start;
     if (seconds <= 0 || addresses(0).contains(QString())) {
         Q_EMIT failed(tr("The archive does not tell how to play this programme."));
         return;

@@ -103,9 +103,9 @@ bool ScheduleModel::holds(const GuideProgramme &programme, qint64 now) const
 
 QList<ScheduleRow> ScheduleModel::hours(QDate day, qint64 now) const
 {
-    const qint64 end = std::min(startOf(day.addDays(1)), now);
+    const qint64 end = startOf(day.addDays(1));
     QList<ScheduleRow> rows;
-    for (qint64 start = startOf(day); start < end;) {
+    for (qint64 start = startOf(day); start < end && start <= now;) {
         const qint64 stop = nextFullHour(start);
         GuideProgramme hour{start, stop, {}, {}};
         if (holds(hour, now)) {

@@ -144,6 +144,7 @@ private Q_SLOTS:
     void whenAllFormsFail();
     void theFormThatWorkedIsAskedFirst();
     void aRunningProgrammeIsAsLongAsItRan();
+    void aProgrammeThatBeginsNowPlays();
     void seeksWhereTheStreamCannot();
     void aHeldKeyAsksOnce();
     void seeksWithinAStreamWithALength();
@@ -301,6 +302,16 @@ void tst_CatchUpPlayer::aRunningProgrammeIsAsLongAsItRan()
     viewer->session.seek(minuteMs);
     QVERIFY(viewer->length >= 600'000);
     QVERIFY(viewer->length < 610'000);
+}
+
+void tst_CatchUpPlayer::aProgrammeThatBeginsNowPlays()
+{
+    viewer->server.onPrefix(u"/"_s, statusReply(404));
+    const qint64 now = QDateTime::currentSecsSinceEpoch();
+    const GuideProgramme begins{now, now + 600, u"Now"_s, {}};
+    viewer->catchUp.play(viewer->playlistChannel(CatchUpForm::Shift, u"/live/1"_s), begins);
+    QCOMPARE(viewer->refusals, QStringList());
+    QVERIFY(viewer->session.hasMedia());
 }
 
 /// The account's addresses know minutes only.

@@ -81,6 +81,7 @@ private Q_SLOTS:
     void programmesOfADay();
     void aProgrammeOverMidnightIsOfBothDays();
     void hoursOfTheArchive();
+    void fromItsFirstSecond();
     void hoursFillTheDaysThatTheGuideLacks();
     void localDays_data();
     void localDays();
@@ -176,6 +177,27 @@ void tst_ScheduleModel::hoursOfTheArchive()
     QVERIFY(model.rows(QDate(2026, 3, 11), now).isEmpty());
     QVERIFY(ScheduleModel({}, QTimeZone::utc()).isEmpty());
     QVERIFY(ScheduleModel({}, QTimeZone::utc()).rows(QDate(2026, 3, 10), now).isEmpty());
+}
+
+/// Rows are asked for when they change: in the first second of an hour, or of a programme.
+void tst_ScheduleModel::fromItsFirstSecond()
+{
+    const qint64 hourStart = at(u"2026-03-10 03:00"_s);
+    const QDate date(2026, 3, 10);
+    const ScheduleModel hours(withArchive(1.0 / 24), QTimeZone::utc());
+    QCOMPARE(hours.nextChange(hourStart - 1), hourStart);
+    QCOMPARE(described(hours.rows(date, hourStart)),
+             QStringList({u"02:00 - 03:00 over+"_s, u"03:00 - 04:00 running+"_s}));
+    const qint64 midnight = at(u"2026-03-10 00:00"_s);
+    QCOMPARE(described(hours.rows(date, midnight)), QStringList(u"00:00 - 01:00 running+"_s));
+    QVERIFY(hours.rows(date, midnight - 1).isEmpty());
+
+    GuideSchedule schedule;
+    schedule.entry.catchUp = archiveOf(1);
+    schedule.programmes = {{hourStart, hourStart + hour, u"A"_s, {}}};
+    const ScheduleModel guide(schedule, QTimeZone::utc());
+    QCOMPARE(described(guide.rows(date, hourStart - 1)), QStringList(u"A upcoming"_s));
+    QCOMPARE(described(guide.rows(date, hourStart)), QStringList(u"A running+"_s));
 }
 
 void tst_ScheduleModel::hoursFillTheDaysThatTheGuideLacks()
