@@ -119,7 +119,7 @@ void MainWindow::forgetLastSource()
 {
     catalogLoader->reset();
     currentSource = defaultSourceConfig();
-    session->stop();
+    session->forget();
     playingList->clear();
     showLibraryOf({});
     sourceGuide->setSource(currentSource);

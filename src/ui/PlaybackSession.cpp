@@ -89,11 +89,18 @@ void PlaybackSession::stop()
     seekTimer->stop();
     openTimer->stop();
     soughtMs.reset();
-    archive.reset();
-    currentUrl.clear();
+    streamFromMs = 0;
+    addressIndex = 0;
     player->stop();
     currentState = State::Idle;
     Q_EMIT stopped();
+}
+
+void PlaybackSession::forget()
+{
+    archive.reset();
+    currentUrl.clear();
+    stop();
 }
 
 void PlaybackSession::cancelLiveReconnect()
@@ -107,7 +114,7 @@ void PlaybackSession::cancelLiveReconnect()
 
 void PlaybackSession::interrupt(const QString &reason)
 {
-    if (currentKind == StreamKind::Live && canReplay()) {
+    if (currentKind == StreamKind::Live && currentState != State::Idle) {
         ++reconnectAttempts;
         if (netDebugEnabled()) {
             NetLogStream() << "[VLC] live reconnect attempt" << reconnectAttempts << "-" << reason;
@@ -121,7 +128,7 @@ void PlaybackSession::interrupt(const QString &reason)
         return;
     }
     keepArchivePlace();
-    if (canReplay()) {
+    if (currentState != State::Idle) {
         currentState = State::Interrupted;
     }
     Q_EMIT interrupted();

@@ -26,7 +26,7 @@ class PlaybackSession final : public QObject
 public:
     enum class State
     {
-        Idle,               ///< nothing was played, or it was stopped
+        Idle,               ///< nothing was played, or it was stopped; see canReplay()
         Playing,            ///< the entry plays, or is about to
         WaitingToReconnect, ///< a live channel failed; the timer will play it again
         Reconnecting,       ///< it was played again and has not made progress yet
@@ -46,8 +46,10 @@ public:
     /// Plays the current entry again, from its start, a recording from where it was interrupted;
     /// does nothing when there is none.
     void replay();
-    /// Stops, and forgets what played.
+    /// Stops. What played can be replayed, a recording from its start as well.
     void stop();
+    /// Stops, and forgets what played.
+    void forget();
     /// The stream failed after it had started: reconnects, or reports the failure.
     void interrupt(const QString &reason);
     /// Forgets the attempts so far, and that another one is due.

@@ -78,7 +78,8 @@ void PlaybackSession::connectArchive()
 bool PlaybackSession::tryNextAddress()
 {
     openTimer->stop();
-    if (!archive || hasAdvanced || addressIndex + 1 >= archive->addresses(streamFromMs).size()) {
+    if (!archive || currentState == State::Idle || hasAdvanced ||
+        addressIndex + 1 >= archive->addresses(streamFromMs).size()) {
         return false;
     }
     ++addressIndex;

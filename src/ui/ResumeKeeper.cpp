@@ -31,7 +31,8 @@ ResumeKeeper::ResumeKeeper(VlcPlayer *vlcPlayer, PlaybackSession *session, Libra
     connect(offerTimer, &QTimer::timeout, this, &ResumeKeeper::withdraw);
     connect(session, &PlaybackSession::starting, this, &ResumeKeeper::beginStream);
     connect(session, &PlaybackSession::interrupted, this, &ResumeKeeper::noteInterruption);
-    connect(session, &PlaybackSession::stopped, this, [this] { follow({}); });
+    connect(session, &PlaybackSession::stopped, this,
+            [this, session] { follow(session->canReplay() ? current : std::nullopt); });
     connect(player, &VlcPlayer::positionChanged, this, &ResumeKeeper::notePosition);
     connect(player, &VlcPlayer::finished, this, &ResumeKeeper::noteEnd);
 }

@@ -150,6 +150,7 @@ private Q_SLOTS:
     void seeksWithinAStreamWithALength();
     void anAddressWithoutATimeStays();
     void anEarlyEndIsReported();
+    void afterAStopItBeginsAnew();
     void anotherEntryTakesThePlace();
     void aChannelWithoutAnAddress();
 
@@ -397,6 +398,20 @@ void tst_CatchUpPlayer::anEarlyEndIsReported()
     const qint64 from = viewer->asked().constFirst().section(u'=', 1).toLongLong();
     QVERIFY2(from > programme.start && from < programme.start + 5,
              qPrintable(viewer->asked().constFirst()));
+}
+
+void tst_CatchUpPlayer::afterAStopItBeginsAnew()
+{
+    viewer->catchUp.play(
+        viewer->playlistChannel(CatchUpForm::Append, u"/live/1"_s, u"?utc={utc}"_s), programme);
+    QVERIFY(viewer->plays());
+    viewer->session.seek(20'000);
+    QTRY_COMPARE_WITH_TIMEOUT(viewer->asked().size(), 2, openMs);
+    viewer->session.stop();
+    viewer->server.clearRequests();
+    viewer->session.replay();
+    QTRY_COMPARE_WITH_TIMEOUT(viewer->asked(), QStringList{u"/live/1?utc=1719864900"_s}, openMs);
+    QCOMPARE(viewer->length, 90 * minuteMs);
 }
 
 void tst_CatchUpPlayer::anotherEntryTakesThePlace()

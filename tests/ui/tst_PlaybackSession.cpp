@@ -69,14 +69,23 @@ private:
     const QHash<QString, std::function<void()>> events{
         {u"channel"_s, [this] { play(StreamKind::Live, u"channel"_s); }},
         {u"film"_s, [this] { play(StreamKind::Movie, u"film"_s); }},
+        {u"recording"_s, [this] { playRecording(); }},
         {u"interruption"_s, [this] { Q_EMIT player.playbackInterrupted(u"%1 broke"_s); }},
         {u"error"_s, [this] { Q_EMIT player.playbackError(u"no"_s); }},
         {u"progress"_s, [this] { Q_EMIT player.playbackProgressing(); }},
         {u"replay"_s, [this] { session.replay(); }},
         {u"cancel"_s, [this] { session.cancelLiveReconnect(); }},
         {u"stop"_s, [this] { session.stop(); }},
+        {u"forget"_s, [this] { session.forget(); }},
         {u"timer"_s, [this] { endTimer(); }},
     };
+
+    void playRecording()
+    {
+        const QStringList addresses{server.url(u"/a"_s), server.url(u"/b"_s)};
+        session.playArchive({60'000, 1000, [addresses](qint64) { return addresses; }, {}},
+                            u"recording"_s);
+    }
 
     void endTimer()
     {
@@ -111,8 +120,12 @@ void tst_PlaybackSession::states_data()
 {
     QTest::addColumn<State>("state");
     QTest::addColumn<QString>("report"); ///< of the last event
+    QTest::addColumn<bool>("canReplay");
     const auto row = [](const char *events, State state, const QString &report) {
-        QTest::newRow(events) << state << report;
+        QTest::newRow(events) << state << report << (state != State::Idle);
+    };
+    const auto stopped = [](const char *events, const QString &report) {
+        QTest::newRow(events) << State::Idle << report << true;
     };
     const QString entry = u"entry, starting, started"_s;
     const QString again = u"starting, started"_s;
@@ -128,7 +141,11 @@ void tst_PlaybackSession::states_data()
     row("channel, progress", State::Playing, {});
     row("channel, error", State::Playing, u"no"_s);
     row("channel, replay", State::Playing, again);
-    row("channel, stop", State::Idle, u"stopped"_s);
+    row("channel, forget", State::Idle, u"stopped"_s);
+    stopped("channel, stop", u"stopped"_s);
+    stopped("channel, stop, interruption", box);
+    row("channel, stop, replay", State::Playing, again);
+    row("channel, stop, forget, replay", State::Idle, {});
 
     const State waiting = State::WaitingToReconnect;
     row("channel, interruption", waiting, u"reconnect 1"_s);
@@ -138,7 +155,7 @@ void tst_PlaybackSession::states_data()
     row("channel, interruption, cancel", State::Playing, {});
     row("channel, interruption, channel", State::Playing, entry);
     row("channel, interruption, film", State::Playing, entry);
-    row("channel, interruption, stop", State::Idle, u"stopped"_s);
+    stopped("channel, interruption, stop", u"stopped"_s);
 
     row("channel, interruption, timer", State::Reconnecting, again);
     row("channel, interruption, replay", State::Reconnecting, again);
@@ -147,20 +164,29 @@ void tst_PlaybackSession::states_data()
     row("channel, interruption, timer, progress, interruption", waiting, u"reconnect 1"_s);
     row("channel, interruption, timer, cancel, interruption", waiting, u"reconnect 1"_s);
     row("channel, interruption, timer, channel, interruption", waiting, u"reconnect 1"_s);
-    row("channel, interruption, timer, stop, replay", State::Idle, {});
+    row("channel, interruption, timer, stop, replay", State::Playing, again);
+    row("channel, interruption, timer, forget, replay", State::Idle, {});
 
     row("film, interruption", State::Interrupted, box);
     row("film, interruption, interruption", State::Interrupted, box);
     row("film, interruption, progress", State::Interrupted, {});
     row("film, interruption, replay", State::Playing, again);
     row("film, interruption, channel", State::Playing, entry);
-    row("film, interruption, stop", State::Idle, u"stopped"_s);
+    stopped("film, interruption, stop", u"stopped"_s);
+    row("film, interruption, stop, replay", State::Playing, again);
+    row("film, interruption, forget, replay", State::Idle, {});
+
+    row("recording, interruption", State::Playing, again); // from the next address
+    row("recording, interruption, interruption", State::Interrupted, box);
+    stopped("recording, stop, interruption", box);
+    row("recording, interruption, stop, replay", State::Playing, again);
 }
 
 void tst_PlaybackSession::states()
 {
     QFETCH(State, state);
     QFETCH(QString, report);
+    QFETCH(bool, canReplay);
     Probe probe(*player);
     for (const QString &event : QString::fromLatin1(QTest::currentDataTag()).split(u", "_s)) {
         probe.happen(event);
@@ -169,7 +195,7 @@ void tst_PlaybackSession::states()
     QCOMPARE(probe.log.join(u", "_s), report);
     QCOMPARE(probe.timer.isActive(), state == State::WaitingToReconnect);
     QCOMPARE(probe.session.hasMedia(), state != State::Idle && state != State::Interrupted);
-    QCOMPARE(probe.session.canReplay(), state != State::Idle);
+    QCOMPARE(probe.session.canReplay(), canReplay);
 }
 
 void tst_PlaybackSession::aStartIsToldBeforeAndAfter()

@@ -109,6 +109,7 @@ private Q_SLOTS:
     void withdrawsTheOffer();
     void offersThePlaceOfAnInterruption_data();
     void offersThePlaceOfAnInterruption();
+    void goesOnAfterAStop();
 
 private:
     std::unique_ptr<Viewer> viewer;
@@ -316,6 +317,21 @@ void tst_ResumeKeeper::offersThePlaceOfAnInterruption()
     // Of another entry nothing is known.
     viewer->play(movie(u"2"_s));
     QCOMPARE(viewer->offeredMs, 0);
+}
+
+void tst_ResumeKeeper::goesOnAfterAStop()
+{
+    viewer->play(movie(u"1"_s));
+    viewer->reports(40 * second);
+    viewer->session.stop();
+    viewer->session.replay();
+    QCOMPARE(viewer->offeredMs, 40 * second);
+    viewer->reports(52 * second);
+    QCOMPARE(viewer->kept(u"1"_s).positionMs, 52 * second);
+    // Forgotten, it is followed no more.
+    viewer->session.forget();
+    viewer->reports(70 * second);
+    QCOMPARE(viewer->kept(u"1"_s).positionMs, 52 * second);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_ResumeKeeper)
