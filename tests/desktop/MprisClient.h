@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/PrivateBus.h"
+#include "desktop/BusClient.h"
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
@@ -11,8 +11,8 @@ class MprisClient final : public QObject
     Q_OBJECT
 
 public:
-    explicit MprisClient(PrivateBus *privateBus)
-        : bus(privateBus)
+    explicit MprisClient(BusClient *busClient)
+        : bus(busClient)
     {
         bus->client.connect({}, path(), QStringLiteral("org.freedesktop.DBus.Properties"),
                             QStringLiteral("PropertiesChanged"), this,
@@ -75,5 +75,5 @@ private Q_SLOTS:
     void noteSeek(qlonglong position) { seekedTo << position; }
 
 private:
-    PrivateBus *bus;
+    BusClient *bus;
 };

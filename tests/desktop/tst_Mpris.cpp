@@ -1,5 +1,6 @@
 #include "desktop/MediaControls.h"
 #include "desktop/MprisClient.h"
+#include "desktop/PrivateBus.h"
 #include "support/TestMain.h"
 
 #include <QSignalSpy>
