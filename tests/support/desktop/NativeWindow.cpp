@@ -7,6 +7,8 @@
 
 #include <xcb/xcb.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -73,6 +75,23 @@ QList<std::uint32_t> numbers(xcb_window_t window, const char *name)
         result.append(number);
     }
     return result;
+}
+
+constexpr std::uint32_t fromAPanel = 2;
+
+/// Asks the window manager for something, as a panel does.
+void ask(xcb_window_t window, const char *what, const std::array<std::uint32_t, 5> &values)
+{
+    xcb_client_message_event_t request{};
+    request.response_type = XCB_CLIENT_MESSAGE;
+    request.format = 32;
+    request.window = window;
+    request.type = atom(what);
+    std::copy(values.begin(), values.end(), std::begin(request.data.data32));
+    xcb_send_event(connection(), false, rootWindow(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char *>(&request));
+    xcb_flush(connection());
 }
 
 /// What the window manager has in its frames, and what it leaves alone, such as menus.
@@ -148,6 +167,33 @@ bool NativeWindow::isFullScreen() const
 bool NativeWindow::isAlwaysOnTop() const
 {
     return numbers(id, "_NET_WM_STATE").contains(atom("_NET_WM_STATE_ABOVE"));
+}
+
+bool NativeWindow::isMaximized() const
+{
+    const QList<std::uint32_t> state = numbers(id, "_NET_WM_STATE");
+    return state.contains(atom("_NET_WM_STATE_MAXIMIZED_VERT")) &&
+           state.contains(atom("_NET_WM_STATE_MAXIMIZED_HORZ"));
+}
+
+bool NativeWindow::setMaximized(bool maximized) const
+{
+    ask(id, "_NET_WM_STATE",
+        {maximized ? 1U : 0U, atom("_NET_WM_STATE_MAXIMIZED_VERT"),
+         atom("_NET_WM_STATE_MAXIMIZED_HORZ"), fromAPanel, 0});
+    return QTest::qWaitFor([this, maximized] { return isMaximized() == maximized; },
+                           settleTimeoutMs);
+}
+
+bool NativeWindow::setGeometry(const QRect &rect) const
+{
+    constexpr std::uint32_t ofTheContent = XCB_GRAVITY_STATIC;
+    constexpr std::uint32_t allFour = 0xFU << 8U;
+    const auto number = [](int value) { return static_cast<std::uint32_t>(value); };
+    ask(id, "_NET_MOVERESIZE_WINDOW",
+        {ofTheContent | allFour | fromAPanel << 12U, number(rect.x()), number(rect.y()),
+         number(rect.width()), number(rect.height())});
+    return QTest::qWaitFor([this, &rect] { return geometry() == rect; }, settleTimeoutMs);
 }
 
 bool NativeWindow::activate() const

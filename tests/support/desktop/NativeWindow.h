@@ -33,9 +33,16 @@ public:
     bool isVisible() const;
     bool isFullScreen() const;
     bool isAlwaysOnTop() const;
+    bool isMaximized() const;
 
     /// Returns once the window system has done it; false if it does not.
     [[nodiscard]] bool activate() const;
+    /// As a panel or the title bar does it. Each returns once the window system has done it; false
+    /// if it does not.
+    /// @{
+    [[nodiscard]] bool setMaximized(bool maximized) const;
+    [[nodiscard]] bool setGeometry(const QRect &rect) const;
+    /// @}
     /// As the user closes it, with Alt+F4. Does not wait for the window to go.
     [[nodiscard]] bool requestClose() const;
 
