@@ -75,6 +75,13 @@ void installQtTexts(const QString &code)
     }
 }
 
+/// As names, addresses and what the user types have in any language. Of the languages that the
+/// program has, only Arabic has others, and not in all countries.
+bool hasLatinDigits(const QLocale &locale)
+{
+    return locale.zeroDigit() == "0"_L1;
+}
+
 } // namespace
 
 QString Language::choose(const QString &wanted, const QStringList &systemLanguages)
@@ -109,8 +116,11 @@ void Language::apply()
     QCoreApplication::installTranslator(texts.release());
 
     const QLocale locale(wanted.isEmpty() ? code : wanted);
-    if (!wanted.isEmpty() && QLocale::system().language() != locale.language()) {
-        QLocale::setDefault(locale);
+    const bool isOwnChoice = !wanted.isEmpty() && QLocale::system().language() != locale.language();
+    if (isOwnChoice || !hasLatinDigits(QLocale())) {
+        QLocale::setDefault(hasLatinDigits(locale)
+                                ? locale
+                                : QLocale(locale.language(), QLocale::UnitedArabEmirates));
     }
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) != nullptr) {
         QGuiApplication::setLayoutDirection(locale.textDirection());

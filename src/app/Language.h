@@ -14,8 +14,8 @@ QString choose(const QString &wanted, const QStringList &systemLanguages);
 
 /// Loads the texts of the language that VANTIRO_LANGUAGE names, otherwise of the system's. Sets the
 /// direction of layouts. Dates and numbers keep the system's formats, unless VANTIRO_LANGUAGE names
-/// another language than the system's. English changes nothing. To be called once, when the
-/// application object is there and before any text shows.
+/// another language than the system's; the digits are Latin. English changes nothing. To be called
+/// once, when the application object is there and before any text shows.
 void apply();
 
 } // namespace Language

@@ -58,6 +58,8 @@ private Q_SLOTS:
     void everyLanguageIsThere();
     void arabicRunsRightToLeft();
     void formatsFollowTheChosenLanguage();
+    void digitsAreLatin_data();
+    void digitsAreLatin();
     void buttonsOfQtAreTranslated();
     void pluralForms_data();
     void pluralForms();
@@ -199,6 +201,35 @@ void tst_Language::formatsFollowTheChosenLanguage()
     QCOMPARE(QLocale().dayName(1), u"Montag"_s);
 }
 
+void tst_Language::digitsAreLatin_data()
+{
+    QTest::addColumn<QByteArray>("wanted");
+    QTest::addColumn<QByteArray>("system"); ///< its languages, and its formats
+    QTest::newRow("Arabic") << "ar"_ba
+                            << "C"_ba;
+    QTest::newRow("as in Egypt") << "ar_EG"_ba
+                                 << "C"_ba;
+    QTest::newRow("as in Morocco") << "ar_MA"_ba
+                                   << "C"_ba;
+    QTest::newRow("an Arabic system") << ""_ba
+                                      << "ar_EG"_ba;
+}
+
+void tst_Language::digitsAreLatin()
+{
+    QFETCH(QByteArray, wanted);
+    QFETCH(QByteArray, system);
+    qputenv("LANGUAGE", system);
+    QLocale::setDefault(QLocale(QString::fromLatin1(system)));
+    applyLanguage(wanted.constData());
+    qunsetenv("LANGUAGE");
+    const QLocale locale;
+    QCOMPARE(locale.language(), QLocale::Arabic);
+    QCOMPARE(locale.dayName(1), u"الاثنين"_s);
+    QCOMPARE(locale.toString(2026).remove(locale.groupSeparator()), u"2026"_s);
+    QVERIFY(locale.toString(QDate(2026, 1, 31), QLocale::ShortFormat).contains("31"_L1));
+}
+
 void tst_Language::buttonsOfQtAreTranslated()
 {
     applyLanguage("de");
@@ -221,6 +252,7 @@ void tst_Language::pluralForms_data()
     QTest::newRow("Russian, one") << "ru"_ba << 21 << u"A: 21 передача."_s;
     QTest::newRow("Russian, few") << "ru"_ba << 3 << u"A: 3 передачи."_s;
     QTest::newRow("Russian, many") << "ru"_ba << 11 << u"A: 11 передач."_s;
+    QTest::newRow("Arabic, many") << "ar"_ba << 12 << u"\u200fA: 12 برنامجًا."_s;
     QTest::newRow("Turkish, many") << "tr"_ba << 5 << u"A: 5 program."_s;
 }
 
