@@ -50,7 +50,9 @@ GuideView::GuideView(QWidget *parent)
     results->setObjectName(u"guideSearchList"_s);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addLayout(buildTopRow());
+    layout->addLayout(buildDayRow());
+    // Beside the days it would be too narrow for what it asks for.
+    layout->addWidget(search);
     layout->addWidget(guideGrid, 1);
     layout->addWidget(results, 1);
     buildStrip();
@@ -58,12 +60,12 @@ GuideView::GuideView(QWidget *parent)
     layout->addWidget(description);
     connect(guideGrid, &GuideGrid::daysChanged, this, &GuideView::showDays);
     connect(guideGrid, &GuideGrid::currentChanged, this, &GuideView::showCurrent);
-    connectSearch();
+    buildSearch();
     showDays();
     showSearch();
 }
 
-QBoxLayout *GuideView::buildTopRow()
+QBoxLayout *GuideView::buildDayRow()
 {
     auto *row = new QHBoxLayout;
     const QPushButton *now =
@@ -77,15 +79,11 @@ QBoxLayout *GuideView::buildTopRow()
     constexpr int shortestDay = 9;
     dayCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     dayCombo->setMinimumContentsLength(shortestDay);
-    row->addWidget(dayCombo);
+    row->addWidget(dayCombo, 1);
     connect(dayCombo, &QComboBox::activated, this,
             [this] { guideGrid->showDay(dayCombo->currentData().toDate()); });
     const QPushButton *after = addButton(*row, u"guideDayAfterButton"_s, u">"_s, tr("Next day"));
     connect(after, &QPushButton::clicked, this, [this] { stepDay(1); });
-    search->setObjectName(u"guideSearch"_s);
-    search->setPlaceholderText(tr("Search programmes..."));
-    search->setAccessibleName(search->placeholderText());
-    row->addWidget(search, 1);
     return row;
 }
 
@@ -107,8 +105,11 @@ void GuideView::buildStrip()
     description->setFixedHeight(lines * description->fontMetrics().lineSpacing());
 }
 
-void GuideView::connectSearch()
+void GuideView::buildSearch()
 {
+    search->setObjectName(u"guideSearch"_s);
+    search->setPlaceholderText(tr("Search programmes..."));
+    search->setAccessibleName(search->placeholderText());
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, search, &QLineEdit::clear);
     connect(search, &QLineEdit::textChanged, this, &GuideView::showSearch);

@@ -38,9 +38,9 @@ Q_SIGNALS:
     void scheduleRequested(const QString &entryId, const GuideProgramme &programme);
 
 private:
-    QBoxLayout *buildTopRow();
+    QBoxLayout *buildDayRow();
     void buildStrip();
-    void connectSearch();
+    void buildSearch();
 
     void showDays();
     void stepDay(int days);

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void init();
     void currentProgramme();
     void days();
+    void theSearchFieldHasRoomForItsText();
     void programmesFound_data();
     void programmesFound();
     void onlyTheLatestSearchCounts();
@@ -106,6 +107,16 @@ void tst_GuideView::days()
     part<QPushButton>(u"guideNowButton"_s).click();
     QCOMPARE(view->grid().shownDay(), today);
     QCOMPARE(combo.currentText(), u"Today"_s);
+}
+
+/// Also in a narrow window.
+void tst_GuideView::theSearchFieldHasRoomForItsText()
+{
+    constexpr int frame = 20; // and more, as the theme draws it
+    view->resize(340, 400);
+    const auto &field = part<QLineEdit>(u"guideSearch"_s);
+    const int text = field.fontMetrics().horizontalAdvance(field.placeholderText());
+    QTRY_VERIFY2(field.width() >= text + frame, qPrintable(QString::number(field.width())));
 }
 
 void tst_GuideView::programmesFound_data()
