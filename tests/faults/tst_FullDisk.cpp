@@ -3,6 +3,9 @@
 
 #include "fakeprovider/HttpServer.h"
 #include "faults/FullDisk.h"
+#include "guide/GuideImport.h"
+#include "guide/GuideReader.h"
+#include "guide/StoredGuide.h"
 #include "library/LibraryStore.h"
 #include "model/CatalogCache.h"
 #include "model/SourceManager.h"
@@ -72,6 +75,7 @@ private Q_SLOTS:
     void sources();
     void sourcesThatNeedMoreRoom();
     void library();
+    void guide();
     void playlistCopy();
     void poster();
 };
@@ -176,6 +180,40 @@ void tst_FullDisk::library()
     QCOMPARE(store.apply({second}), Result::Done);
     QCOMPARE(store.load(rows), Result::Done);
     QCOMPARE(rows.favorites.size(), 3);
+}
+
+void tst_FullDisk::guide()
+{
+    constexpr int many = 5000;
+    constexpr qint64 now = StoredGuide::now;
+    const QString entry = u"http://h/1"_s;
+    StoredGuide contents;
+    contents.addEntry(entry, u"One"_s, uR"(tvg-id="one")"_s);
+    contents.addChannel(u"one"_s, u"One"_s);
+    contents.addProgramme(u"one"_s, now, now + 60, u"Old"_s);
+    QCOMPARE(contents.store().programmes, 1);
+    contents.clearGuide();
+    for (int number = 0; number < many; ++number) {
+        const qint64 start = now + number * 60;
+        contents.addProgramme(u"one"_s, start, start + 60, u"New %1"_s.arg(number));
+    }
+    const GuideImportJob job = contents.job();
+    const auto runningTitle = [&] {
+        const OnNow found = GuideReader(contents.path(), 0).onNow({entry}, now).value(entry);
+        return found.now.value_or(GuideProgramme()).title;
+    };
+    for (const qint64 bytes : {0, 40'000, 100'000, 200'000}) {
+        GuideResult result;
+        {
+            const FullDisk full(bytes);
+            result = GuideImport(job).run();
+        }
+        QCOMPARE(result.addresses.constLast().problem, GuideProblem::NotStored);
+        QVERIFY(!result.addresses.constLast().detail.isEmpty());
+        QCOMPARE(runningTitle(), u"Old"_s);
+    }
+    QCOMPARE(GuideImport(job).run().programmes, many);
+    QCOMPARE(runningTitle(), u"New 0"_s);
 }
 
 void tst_FullDisk::playlistCopy()
