@@ -59,6 +59,7 @@ private Q_SLOTS:
     void matching();
     void corrections();
     void preference();
+    void playlistAsItIs();
     void accountChannels();
     void channelsOfNoSource_data();
     void channelsOfNoSource();
@@ -263,6 +264,20 @@ void tst_GuideImport::preference()
     QCOMPARE(titles(*guide, two), QStringList({u"0-1 Sure"_s}));
 }
 
+void tst_GuideImport::playlistAsItIs()
+{
+    addTwoHours();
+    GuideImportJob job = guide->job();
+    // A byte order mark, line ends of an old Mac, and blank lines.
+    writeFile(job.entriesPath, "\xef\xbb\xbf#EXTM3U catchup=\"flussonic\" catchup-days=\"3\"\r\r"
+                               "#EXTINF:-1 tvg-id=\"one\",One\r\r\n\nhttp://h/1\r"_ba);
+    QCOMPARE(GuideImport(job).run().matched, 1);
+    QCOMPARE(titles(*guide, one).size(), 2);
+    const auto found = GuideReader(guide->path(), 0).onNow({one}, now).value(one);
+    QCOMPARE(found.entry.catchUp.form, CatchUpForm::Flussonic);
+    QCOMPARE(found.entry.catchUp.days, 3.0);
+}
+
 void tst_GuideImport::accountChannels()
 {
     addTwoHours();
@@ -271,15 +286,17 @@ void tst_GuideImport::accountChannels()
         job.entriesPath,
         R"([{"stream_id":7,"name":"X","epg_channel_id":"ONE","tv_archive":1,)"
         R"("tv_archive_duration":"2"},{"stream_id":"8","name":"First","epg_channel_id":null},)"
-        R"({"stream_id":9,"name":"Y","tv_archive":"0"}, 5])"_ba);
+        R"({"stream_id":9,"name":"Y","tv_archive":"0"}, 5,)"
+        R"({"stream_id":10,"name":"Z","tv_archive":true}])"_ba);
     job.entriesAreOfAccount = true;
     QCOMPARE(GuideImport(job).run().matched, 2);
     QCOMPARE(titles(*guide, u"7"_s).size(), 2);
     QCOMPARE(titles(*guide, u"8"_s).size(), 2);
-    const auto found = GuideReader(guide->path(), 0).onNow({u"7"_s, u"9"_s}, now);
+    const auto found = GuideReader(guide->path(), 0).onNow({u"7"_s, u"9"_s, u"10"_s}, now);
     QCOMPARE(found.value(u"7"_s).entry.catchUp.form, CatchUpForm::Account);
     QCOMPARE(found.value(u"7"_s).entry.catchUp.days, 2.0);
     QCOMPARE(found.value(u"9"_s).entry.catchUp.form, CatchUpForm::None);
+    QCOMPARE(found.value(u"10"_s).entry.catchUp.form, CatchUpForm::Account);
 }
 
 void tst_GuideImport::channelsOfNoSource_data()

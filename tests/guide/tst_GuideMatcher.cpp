@@ -99,6 +99,7 @@ void tst_GuideMatcher::suggestions_data()
     row(u"NE | News HD"_s, u"news"_s);
     row(u"[NE] News (backup)"_s, u"news"_s);
     row(u"|NE| News"_s, u"news"_s);
+    row(u"{NE} News"_s, u"news"_s);
     row(u"News (HD) [multi"_s, none);
     row(u"N-e-w-s"_s, u"news"_s);
     row(u"N\u00e9ws HD"_s, u"news"_s);

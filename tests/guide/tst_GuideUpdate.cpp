@@ -12,6 +12,10 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <chrono>
+#include <filesystem>
+
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 // What an update asks for, and what becomes of the answers; tst_GuideImport shows how they are
@@ -35,6 +39,7 @@ private Q_SLOTS:
     void playlist();
     void account();
     void localFiles();
+    void foldersLeftBehind();
     void packedOnTheWay();
     void redirected();
     void failures_data();
@@ -164,6 +169,23 @@ void tst_GuideUpdate::localFiles()
     QVERIFY(!result->addresses.last().detail.isEmpty());
     QVERIFY(server->requests().isEmpty());
     QVERIFY(QFile::exists(wanted.addresses.first()));
+}
+
+void tst_GuideUpdate::foldersLeftBehind()
+{
+    // As of updates of programs that were killed.
+    QDir guides(folder->filePath(u"guides"_s));
+    for (const QString &name : {u"update-old"_s, u"update-new"_s}) {
+        QVERIFY(guides.mkpath(name));
+        writeFile(guides.filePath(name + u"/guide-0"_s), "x");
+    }
+    namespace fs = std::filesystem;
+    fs::last_write_time(guides.filePath(u"update-old"_s).toStdU16String(),
+                        fs::file_time_type::clock::now() - 48h);
+    QVERIFY(update(request()));
+    QVERIFY(!guides.exists(u"update-old"_s));
+    QVERIFY(guides.exists(u"update-new/guide-0"_s)); // another program's, perhaps
+    QVERIFY(QDir(guides.filePath(u"update-new"_s)).removeRecursively());
 }
 
 void tst_GuideUpdate::packedOnTheWay()

@@ -103,6 +103,10 @@ void tst_XmltvScanner::encodings_data()
         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><tv>" + body.toLatin1() + "</tv>");
     QTest::newRow("declared as UTF-16, but is UTF-8")
         << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-16\"?><tv>" + body.toUtf8() + "</tv>");
+    if (QStringDecoder("windows-1252").isValid()) { // by ICU, which Qt may lack
+        QTest::newRow("windows-1252, declared") << QByteArray(
+            "<?xml version=\"1.0\" encoding=\"windows-1252\"?><tv>" + body.toLatin1() + "</tv>");
+    }
     QTest::newRow("an encoding that nobody knows")
         << QByteArray("<?xml version=\"1.0\" encoding=\"x-none\"?><tv>" + body.toUtf8() + "</tv>");
 }
@@ -152,6 +156,8 @@ void tst_XmltvScanner::recovers_data()
     row("quote missing before another attribute",
         "<programme start=\"20240101190000 channel=\"c0\"><title>B</title></programme>", {});
     row("no channel", "<programme start=\"20240101190000\"><title>B</title></programme>", {});
+    row("channel without an id",
+        "<channel><display-name>X</display-name></channel>" + wrapped("<title>B</title>"), u"B"_s);
     row("empty channel", "<programme start=\"2024\" channel=\" \"><title>B</title></programme>",
         {});
     row("no time", "<programme start=\"soon\" channel=\"c0\"><title>B</title></programme>", {});
