@@ -155,7 +155,19 @@ bool SoakUser::searchEverything()
     return search(line, {}) && session.window.waitFor(Role::ListItem, UiTexts::allCategories);
 }
 
+bool SoakUser::seeEverything()
+{
+    constexpr int posterMs = 300; // a row is in sight for two or three steps
+    return useSource(SoakProviders::away) && scroll(posterMs) && useSource(SoakProviders::home) &&
+           scroll(posterMs);
+}
+
 bool SoakUser::scrollLists()
+{
+    return scroll(60);
+}
+
+bool SoakUser::scroll(int stepMs)
 {
     const QStringList tabs = channelsTab() == UiTexts::liveTab
                                  ? QStringList{UiTexts::moviesTab, UiTexts::showsTab}
@@ -168,7 +180,8 @@ bool SoakUser::scrollLists()
         if (!Mouse::moveTo(view.rect().center()))
             return false;
         for (const QString &wheel : {u"5"_s, u"4"_s}) { // down, then up
-            if (!xdotool({u"click"_s, u"--repeat"_s, u"30"_s, u"--delay"_s, u"60"_s, wheel}))
+            if (!xdotool({u"click"_s, u"--repeat"_s, u"30"_s, u"--delay"_s, QString::number(stepMs),
+                          wheel}))
                 return false;
         }
     }

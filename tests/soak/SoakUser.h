@@ -14,6 +14,9 @@ class SoakUser
 public:
     SoakUser(PlayerSession &playerSession, SoakProviders &soakProviders, quint32 seed);
 
+    /// Looks at the posters of all films and shows once, so that what the player keeps of them is
+    /// there before anything is measured.
+    [[nodiscard]] bool seeEverything();
     /// Does the next thing and waits for its effect. False, with a warning, if that stays away.
     [[nodiscard]] bool act();
     /// What act() did last.
@@ -39,6 +42,7 @@ private:
     bool addAndDeletePlaylist();
     bool searchEverything();
     bool scrollLists();
+    bool scroll(int stepMs);
 
     // ---- SoakPlayback.cpp ----
     bool watchChannel();

@@ -124,6 +124,7 @@ void TestSoak::holdsItsOwn()
     QVERIFY(session.start());
     SoakUser user(session, providers, seed);
     const SecretForms secrets(providers.secrets());
+    QVERIFY(user.seeEverything());
 
     QElapsedTimer clock;
     clock.start();
