@@ -59,6 +59,7 @@ public:
 private:
     Result open();
     Result connectToFile();
+    Result writeAhead();
     Result migrate();
     Result check();
     Result version(int &number);

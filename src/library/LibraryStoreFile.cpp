@@ -3,11 +3,13 @@
 #include "model/OwnerOnlyFile.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int busyTimeoutMs = 5000;
+constexpr int busy = 5; ///< SQLite's result code
 
 /// Makes a missing file and narrows the permissions of one that is there. SQLite gives the files
 /// that it puts beside it the same permissions.
@@ -63,10 +66,26 @@ LibraryStore::Result LibraryStore::connectToFile()
     if (!database.open()) {
         return fail(database.lastError());
     }
-    // A file system on which WAL does not work keeps the other mode.
-    const Result result = execute(u"PRAGMA journal_mode = WAL"_s);
+    const Result result = writeAhead();
     // Each commit reaches the disk.
     return result == Result::Done ? execute(u"PRAGMA synchronous = FULL"_s) : result;
+}
+
+/// Sets the journal mode WAL; a file system on which that does not work keeps the other mode.
+LibraryStore::Result LibraryStore::writeAhead()
+{
+    constexpr int retryMs = 10;
+    const QDeadlineTimer limit(busyTimeoutMs);
+    QSqlQuery query(database);
+    while (!query.exec(u"PRAGMA journal_mode = WAL"_s)) {
+        // When two processes make the file, SQLite refuses one of them at once, whatever its
+        // timeout.
+        if (query.lastError().nativeErrorCode().toInt() != busy || limit.hasExpired()) {
+            return fail(query.lastError());
+        }
+        QThread::msleep(retryMs);
+    }
+    return Result::Done;
 }
 
 LibraryStore::Result LibraryStore::version(int &number)

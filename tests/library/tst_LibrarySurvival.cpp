@@ -41,12 +41,14 @@ int runChild(const QString &path, const QString &prefix, int count)
     return 0;
 }
 
-std::unique_ptr<QProcess> startChild(const QString &prefix, int count)
+/// With "--child-on-call" it first says that it is there, and waits for a line.
+std::unique_ptr<QProcess> startChild(const QString &prefix, int count,
+                                     const QString &mode = u"--child"_s)
 {
     auto child = std::make_unique<QProcess>();
     child->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     child->start(QCoreApplication::applicationFilePath(),
-                 {u"--child"_s, libraryFile(), prefix, QString::number(count)});
+                 {mode, libraryFile(), prefix, QString::number(count)});
     return child;
 }
 
@@ -77,6 +79,7 @@ private Q_SLOTS:
     void killedAtRandomMoments();
     void twoProcesses_data();
     void twoProcesses();
+    void manyMakeTheFile();
     void hundredThousandRows();
 };
 
@@ -141,6 +144,31 @@ void tst_LibrarySurvival::twoProcesses()
     }
 }
 
+void tst_LibrarySurvival::manyMakeTheFile()
+{
+#ifdef Q_OS_WIN
+    constexpr int rounds = 2; // Wine takes seconds to start a process
+#else
+    constexpr int rounds = 25;
+#endif
+    const QStringList prefixes{u"a"_s, u"b"_s, u"c"_s, u"d"_s};
+    for (int round = 0; round < rounds; ++round) {
+        PrivateProfile::current().clear();
+        std::vector<std::unique_ptr<QProcess>> children;
+        for (const QString &prefix : prefixes)
+            children.push_back(startChild(prefix, 3, u"--child-on-call"_s));
+        for (const auto &child : children)
+            QVERIFY(child->waitForReadyRead());
+        for (const auto &child : children)
+            QVERIFY(child->write("\n") == 1 && child->waitForBytesWritten());
+        for (const auto &child : children) {
+            QVERIFY(child->waitForFinished());
+            QCOMPARE(child->exitCode(), 0);
+        }
+        QCOMPARE(Library(nullptr).favorites(u"S"_s, EntryKind::Movie).size(), 3 * prefixes.size());
+    }
+}
+
 void tst_LibrarySurvival::hundredThousandRows()
 {
     constexpr int perPart = 50'000;
@@ -177,8 +205,13 @@ void tst_LibrarySurvival::hundredThousandRows()
 
 int main(int argc, char **argv)
 {
-    if (argc == 5 && qstrcmp(argv[1], "--child") == 0) {
+    if (argc == 5 && qstrncmp(argv[1], "--child", 7) == 0) {
         const QCoreApplication application(argc, argv);
+        if (qstrcmp(argv[1], "--child-on-call") == 0) {
+            std::puts("ready");
+            std::fflush(stdout);
+            (void)std::getchar();
+        }
         const QStringList arguments = QCoreApplication::arguments();
         return runChild(arguments.at(2), arguments.at(3), arguments.at(4).toInt());
     }
