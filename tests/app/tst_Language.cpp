@@ -211,8 +211,10 @@ void tst_Language::digitsAreLatin_data()
                                  << "C"_ba;
     QTest::newRow("as in Morocco") << "ar_MA"_ba
                                    << "C"_ba;
+#ifndef Q_OS_WIN // whose language no variable sets
     QTest::newRow("an Arabic system") << ""_ba
                                       << "ar_EG"_ba;
+#endif
 }
 
 void tst_Language::digitsAreLatin()

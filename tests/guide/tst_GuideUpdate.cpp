@@ -179,6 +179,9 @@ void tst_GuideUpdate::foldersLeftBehind()
         QVERIFY(guides.mkpath(name));
         writeFile(guides.filePath(name + u"/guide-0"_s), "x");
     }
+#ifdef Q_OS_WIN
+    QSKIP("Wine does not set the time of a folder");
+#endif
     namespace fs = std::filesystem;
     fs::last_write_time(guides.filePath(u"update-old"_s).toStdU16String(),
                         fs::file_time_type::clock::now() - 48h);
