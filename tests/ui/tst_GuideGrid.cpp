@@ -45,6 +45,8 @@ private Q_SLOTS:
     void clicks();
     void activating_data();
     void activating();
+    void doubleClicks_data();
+    void doubleClicks();
     void menus();
     void wheel_data();
     void wheel();
@@ -254,6 +256,42 @@ void tst_GuideGrid::activating()
     QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, QPoint(5, place(1, 0).y()));
     QCOMPARE(entries.count(), 1);
     QCOMPARE(entries.first().at(0).value<MediaItem>().name.toString(), u"Two"_s);
+}
+
+void tst_GuideGrid::doubleClicks_data()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<qint64>("hours");
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("programme");
+    const QString none;
+    QTest::newRow("what runs now") << Qt::LeftButton << 1 << qint64(0) << u"Two"_s << none;
+    QTest::newRow("what is to come") << Qt::LeftButton << 1 << qint64(2) << none << u"News"_s;
+    QTest::newRow("the other button") << Qt::RightButton << 1 << qint64(2) << none << none;
+    QTest::newRow("below the rows") << Qt::LeftButton << 4 << qint64(2) << none << none;
+}
+
+void tst_GuideGrid::doubleClicks()
+{
+    QFETCH(const Qt::MouseButton, button);
+    QFETCH(const int, row);
+    QFETCH(const qint64, hours);
+    QFETCH(const QString, entry);
+    QFETCH(const QString, programme);
+    QString activated;
+    QString chosen;
+    connect(grid.get(), &GuideGrid::activated, this,
+            [&activated](const MediaItem &item) { activated += item.name.toString(); });
+    connect(grid.get(), &GuideGrid::programmeActivated, this,
+            [&chosen](const MediaItem & /*item*/, const GuideProgramme &one) {
+                chosen += one.title;
+            });
+    const QPoint at = place(row, hours);
+    QVERIFY(grid->viewport()->rect().contains(at));
+    QTest::mouseDClick(grid->viewport(), button, {}, at);
+    QCOMPARE(activated, entry);
+    QCOMPARE(chosen, programme);
 }
 
 void tst_GuideGrid::menus()

@@ -75,6 +75,7 @@ private Q_SLOTS:
     void theLineTellsOfAKey_data();
     void theLineTellsOfAKey();
     void theLineGoesAfterTwoSeconds();
+    void aLongLineIsShortened();
     void choicesGoRound_data();
     void choicesGoRound();
     void anotherStreamHasItsOwnSpeed();
@@ -115,6 +116,10 @@ void tst_PlayerCommands::theLineTellsOfAKey_data()
     row("deinterlacing", Needs::Nothing, Qt::Key_D, false, u"Deinterlacing: on"_s);
     row("audio track", Needs::Sound, Qt::Key_B, false, u"Audio track: Track 1"_s);
     row("subtitle track", Needs::Nothing, Qt::Key_V, false, u"No subtitles"_s);
+    row("an audio track where there is none", Needs::Entry, Qt::Key_B, false, u"No audio tracks"_s);
+    row("the speed of nothing", Needs::Nothing, Qt::Key_Equal, false, u"Nothing playing"_s);
+    row("the sound of nothing", Needs::Nothing, Qt::Key_J, false, u"Nothing playing"_s);
+    row("the picture of nothing", Needs::Nothing, Qt::Key_S, true, u"Nothing playing"_s);
     row("always on top", Needs::Nothing, Qt::Key_T, true, u"Always on top: on"_s);
 }
 
@@ -144,6 +149,18 @@ void tst_PlayerCommands::theLineGoesAfterTwoSeconds()
     QTRY_COMPARE(fixture->line(), QString());
     fixture->commands.tell(u"Two"_s);
     QCOMPARE(fixture->line(), u"Two"_s);
+}
+
+void tst_PlayerCommands::aLongLineIsShortened()
+{
+    const QString text = u"A long name"_s.repeated(50);
+    fixture->commands.tell(text);
+    const auto &line = *fixture->window.findChild<QLabel *>(u"pictureLine"_s);
+    QVERIFY(line.text().startsWith("A long name"_L1));
+    QVERIFY(line.text().endsWith(u'\u2026'));
+    QVERIFY(line.sizeHint().width() <= line.width());
+    QVERIFY(fixture->panel.surface()->geometry().contains(line.geometry()));
+    QCOMPARE(line.accessibleName(), text);
 }
 
 void tst_PlayerCommands::choicesGoRound_data()

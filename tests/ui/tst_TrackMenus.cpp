@@ -1,4 +1,5 @@
 #include "PanelFixture.h"
+#include "fakeprovider/Streams.h"
 
 #include <QBoxLayout>
 #include <QFileDialog>
@@ -17,6 +18,7 @@ private Q_SLOTS:
     void withoutTracks();
     void aMenuOpensAboveItsButton();
     void theCurrentAudioTrackIsMarked();
+    void subtitlesCanBeTurnedOff();
     void subtitleFileIsAskedFor();
     void streamInfo();
 
@@ -73,6 +75,20 @@ void tst_TrackMenus::theCurrentAudioTrackIsMarked()
     QTRY_COMPARE(fixture->player.audioTracks().size(), 1);
     const QString name = fixture->player.audioTracks().constFirst().second;
     QCOMPARE(menuOf(u"Audio"_s), QStringList{name + u'*'});
+}
+
+void tst_TrackMenus::subtitlesCanBeTurnedOff()
+{
+    fixture->playSound();
+    fixture->player.loadSubtitleFile(streamPath(u"subtitles.srt"_s));
+    QTRY_VERIFY(fixture->player.currentSubtitleTrack() >= 0);
+    fixture->dialogs.nextMenu([](QMenu &menu) {
+        QVERIFY(!menu.actions().constFirst()->isChecked());
+        menu.actions().constFirst()->trigger();
+    });
+    fixture->button(u"Subtitles"_s).click();
+    QTRY_COMPARE(fixture->player.currentSubtitleTrack(), -1);
+    QVERIFY(menuOf(u"Subtitles"_s).contains(u"Disable*"_s));
 }
 
 void tst_TrackMenus::subtitleFileIsAskedFor()

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -114,11 +115,11 @@ void tst_UndoBar::staysWhileFocused()
     bar->offer(u"Removed"_s, [this] { ++undone; });
     button->setFocus();
     QTRY_VERIFY(button->hasFocus());
+    const QSignalSpy times(timer, &QTimer::timeout);
     timer->start(0);
-    QTRY_VERIFY(timer->isActive());
+    QTRY_VERIFY(times.count() >= 2); // it began again
     QVERIFY(bar->isVisible());
     window->findChild<QLineEdit *>()->setFocus();
-    timer->start(0);
     QTRY_VERIFY(!bar->isVisible());
 }
 
