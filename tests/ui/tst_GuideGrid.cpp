@@ -283,10 +283,9 @@ void tst_GuideGrid::doubleClicks()
     QString chosen;
     connect(grid.get(), &GuideGrid::activated, this,
             [&activated](const MediaItem &item) { activated += item.name.toString(); });
-    connect(grid.get(), &GuideGrid::programmeActivated, this,
-            [&chosen](const MediaItem & /*item*/, const GuideProgramme &one) {
-                chosen += one.title;
-            });
+    connect(
+        grid.get(), &GuideGrid::programmeActivated, this,
+        [&chosen](const MediaItem & /*item*/, const GuideProgramme &one) { chosen += one.title; });
     const QPoint at = place(row, hours);
     QVERIFY(grid->viewport()->rect().contains(at));
     QTest::mouseDClick(grid->viewport(), button, {}, at);
