@@ -93,7 +93,7 @@ QString Language::choose(const QString &wanted, const QStringList &systemLanguag
         if (isEnglish(name)) {
             return {};
         }
-        if (const QString code = codeOf(name); !code.isEmpty()) {
+        if (QString code = codeOf(name); !code.isEmpty()) {
             return code;
         }
     }

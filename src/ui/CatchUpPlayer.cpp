@@ -95,7 +95,7 @@ void CatchUpPlayer::start(const ArchiveChannel &channel, const GuideProgramme &p
     }
     playingSource = channel.source;
     playingForms = forms;
-    Q_EMIT aboutToPlay(channel);
+    Q_EMIT aboutToPlay();
     const QString title =
         programme.title.isEmpty() ? channel.name : tr("%1 - %2").arg(channel.name, programme.title);
     session->playArchive({seconds * msOfSecond, stepOf(channel), addresses, channel.headers},

@@ -328,6 +328,7 @@ private:
     ServerZones *serverZones = nullptr;
     CatchUpPlayer *catchUp = nullptr;
     MediaItem archiveChannel;  ///< what `catchUp` was told to play
+    LibraryEntry archiveEntry; ///< the same, of the source that was shown then
     PlayingPlace archivePlace; ///< where it stands; without entries when it is in no list
     ReminderKeeper *reminders = nullptr;
     QPointer<ScheduleDialog> scheduleDialog;

@@ -131,10 +131,10 @@ void MainWindow::createCatchUp()
 {
     serverZones = new ServerZones(this);
     catchUp = new CatchUpPlayer(session, serverZones, this);
-    connect(catchUp, &CatchUpPlayer::aboutToPlay, this, [this](const ArchiveChannel &channel) {
+    connect(catchUp, &CatchUpPlayer::aboutToPlay, this, [this] {
         // The channel counts as watched; a recording keeps no place.
         playingChannel = archiveChannel;
-        playingEntry = libraryEntry(channel.source, sourceGuide->kind(), archiveChannel);
+        playingEntry = archiveEntry;
         channelToWatch.reset();
         episodeQueue.clear();
         if (archivePlace.entries.count() > 0) {
@@ -174,6 +174,7 @@ void MainWindow::playFromArchive(const MediaItem &channel, const CatchUpRules &a
         wanted.workedForm = static_cast<AccountArchiveForm>(form);
     }
     archiveChannel = channel;
+    archiveEntry = libraryEntry(currentSource.name, sourceGuide->kind(), channel);
     const auto section = static_cast<CatalogSection>(sourceGuide->kind());
     archivePlace = placeOf(section, channel).value_or(PlayingPlace());
     catchUp->play(wanted, programme);
