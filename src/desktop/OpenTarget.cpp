@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 headBytes = 64 * 1024;
+constexpr qint64 headBytes = 64LL * 1024;
 
 OpenTarget unfit(const QString &title, const QString &problem)
 {

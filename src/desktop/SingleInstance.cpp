@@ -18,6 +18,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -28,7 +29,7 @@ namespace {
 /// which is sent back: a start that has waited too long opens its addresses by itself, and is gone.
 constexpr qsizetype sizeBytes = 4;
 /// More than a command line can hold.
-constexpr qsizetype maxMessageBytes = 4 * 1024 * 1024;
+constexpr qsizetype maxMessageBytes = 4LL * 1024 * 1024;
 constexpr char takenByte = '+';
 constexpr unsigned long lockRetryMs = 20;
 
@@ -113,9 +114,9 @@ QString profileServerName()
 #endif
 }
 
-SingleInstance::SingleInstance(const QString &name, int timeLimitMs, QObject *parent)
+SingleInstance::SingleInstance(QString name, int timeLimitMs, QObject *parent)
     : QObject(parent)
-    , serverName(name)
+    , serverName(std::move(name))
     , limitMs(timeLimitMs)
 {
     server.setSocketOptions(QLocalServer::UserAccessOption);

@@ -41,8 +41,7 @@ public:
     static constexpr int defaultLimitMs = 5000;
 
     /// `name` as profileServerName() gives it.
-    explicit SingleInstance(const QString &name, int limitMs = defaultLimitMs,
-                            QObject *parent = nullptr);
+    explicit SingleInstance(QString name, int limitMs = defaultLimitMs, QObject *parent = nullptr);
 
     /// Hands over to the program that runs, or becomes the one that runs. What a crashed program
     /// has left is no obstacle. Blocks for little more than the time limit.

@@ -22,7 +22,7 @@ bool isControl(QChar character)
 /// Titles and descriptions are Base64 of UTF-8 on most servers, and themselves on others.
 QString readText(const QJsonValue &value)
 {
-    const QString text = textOf(value);
+    QString text = textOf(value);
     const auto bytes =
         QByteArray::fromBase64Encoding(text.toUtf8(), QByteArray::AbortOnBase64DecodingErrors);
     constexpr qsizetype group = 4;
@@ -77,7 +77,7 @@ std::optional<ScheduledProgramme> readProgramme(const QJsonObject &listing, cons
 /// latest.
 void putInOrder(QList<ScheduledProgramme> &programmes)
 {
-    constexpr qint64 longestGuess = 6 * 60 * 60;
+    constexpr qint64 longestGuess = 6LL * 60 * 60;
     std::stable_sort(programmes.begin(), programmes.end(),
                      [](const auto &left, const auto &right) { return left.start < right.start; });
     qsizetype kept = 0;

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 secondsOfDay = 24 * 60 * 60;
+constexpr qint64 secondsOfDay = 24LL * 60 * 60;
 constexpr qint64 secondsOfMinute = 60;
 
 /// An address, and the headers that follow it.
@@ -70,7 +70,7 @@ std::optional<PathParts> pathPartsOf(const QString &address)
 /// The template that takes the place of the last part of a path, which tells the kind of stream.
 QString flussonicTemplate(const QString &last, CatchUpForm form)
 {
-    const QString hls = u"timeshift_rel-{offset}.m3u8"_s;
+    QString hls = u"timeshift_rel-{offset}.m3u8"_s;
     if (last == "index.m3u8"_L1) {
         return hls;
     }
@@ -161,7 +161,7 @@ QString encoded(const QString &text)
 
 std::optional<QTimeZone> zoneOfClock(const QJsonObject &server)
 {
-    constexpr qint64 quarter = 15 * 60;
+    constexpr qint64 quarter = 15LL * 60;
     const QDateTime shown =
         QDateTime::fromString(textOf(server.value("time_now"_L1)), u"yyyy-MM-dd HH:mm:ss"_s);
     const std::optional<qint64> now = integerOf(server.value("timestamp_now"_L1));

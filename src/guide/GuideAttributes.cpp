@@ -8,6 +8,7 @@
 #include <QUrl>
 
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -25,8 +26,8 @@ class AttributeScanner
 {
 public:
     /// `endsAtComma`: the attributes end at the last comma outside a value.
-    AttributeScanner(const QString &text, bool endsAtComma)
-        : line(text)
+    AttributeScanner(QString text, bool endsAtComma)
+        : line(std::move(text))
         , hasName(endsAtComma)
     {}
 

@@ -18,7 +18,7 @@ constexpr qint64 pieceBytes = 128LL * 1024;
 constexpr qint64 headBytes = 64LL * 1024;
 /// A batch is sorted and stored when it has so many programmes, or so long texts.
 constexpr std::size_t batchProgrammes = 32'000;
-constexpr qsizetype batchUnits = 4 * 1024 * 1024;
+constexpr qsizetype batchUnits = 4LL * 1024 * 1024;
 
 constexpr qint64 day = 86400;
 constexpr qint64 comingSeconds = 7 * day;

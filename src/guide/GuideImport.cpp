@@ -11,6 +11,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -50,8 +51,8 @@ qint64 numberOf(GuideStore &store, const QString &statement, const QVariantList 
 
 } // namespace
 
-GuideImport::GuideImport(const GuideImportJob &importJob)
-    : job(importJob)
+GuideImport::GuideImport(GuideImportJob importJob)
+    : job(std::move(importJob))
 {
     for (const GuideImportJob::File &file : job.guides) {
         allBytes += QFileInfo(file.path).size();

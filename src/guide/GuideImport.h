@@ -44,7 +44,7 @@ struct GuideImportJob
 class GuideImport final
 {
 public:
-    explicit GuideImport(const GuideImportJob &importJob);
+    explicit GuideImport(GuideImportJob importJob);
 
     /// Makes the update. On any thread, which it keeps busy for seconds.
     GuideResult run();

@@ -36,7 +36,7 @@ GuideResult guideResultOfJson(const QString &json)
     result.newest = object.value("newest"_L1).toInteger();
     result.cancelled = object.value("cancelled"_L1).toBool();
     const QJsonArray addresses = object.value("addresses"_L1).toArray();
-    for (const QJsonValue &value : addresses) {
+    for (const QJsonValueConstRef value : addresses) {
         GuideAddressResult one;
         one.address = value["address"_L1].toString();
         one.problem = static_cast<GuideProblem>(value["problem"_L1].toInt());

@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QUuid>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -45,8 +47,8 @@ QStringList schema()
 
 } // namespace
 
-GuideStore::GuideStore(const QString &filePath, Mode mode)
-    : path(filePath)
+GuideStore::GuideStore(QString filePath, Mode mode)
+    : path(std::move(filePath))
     , openMode(mode)
     , connectionName("guide-"_L1 + QUuid::createUuid().toString())
 {}

@@ -32,7 +32,7 @@ public:
         Write
     };
 
-    GuideStore(const QString &filePath, Mode mode);
+    GuideStore(QString filePath, Mode mode);
     ~GuideStore();
     Q_DISABLE_COPY_MOVE(GuideStore)
 

@@ -12,7 +12,7 @@ class GuideStore;
 namespace GuideTimes {
 
 /// How long a programme without an end lasts at most, in seconds, when the next one starts later.
-inline constexpr qint64 longestUnknown = 6 * 3600;
+inline constexpr qint64 longestUnknown = 6LL * 3600;
 
 /// Removes the programmes of the channels whose numbers the statement selects.
 bool removeProgrammes(GuideStore &store, const QString &channels);

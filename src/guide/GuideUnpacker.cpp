@@ -16,7 +16,7 @@ constexpr std::array otherMarks{
     QByteArrayView("\x37\x7a\xbc\xaf"),
 };
 constexpr qsizetype longestMark = 5;
-constexpr std::size_t bufferBytes = 128 * 1024;
+constexpr std::size_t bufferBytes = 128UL * 1024;
 
 } // namespace
 

@@ -19,7 +19,7 @@ constexpr int downloadPercent = 70;
 constexpr int wholePercent = 100;
 constexpr auto folderName = "update-"_L1;
 /// A folder that is older was left behind by a program that was killed.
-constexpr qint64 oldFolderSeconds = 24 * 3600;
+constexpr qint64 oldFolderSeconds = 24LL * 3600;
 
 bool isWebAddress(const QString &address)
 {

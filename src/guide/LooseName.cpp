@@ -66,7 +66,7 @@ bool isPrefixEnd(const QString &name, qsizetype at)
 /// Takes a mark like "DE: " or "DE | " off the beginning; its country.
 QString takePrefix(QString &name)
 {
-    const QString country = countryOf(name.left(2));
+    QString country = countryOf(name.left(2));
     qsizetype at = 2;
     while (at < name.size() && name.at(at).isSpace()) {
         ++at;

@@ -35,9 +35,9 @@ constexpr std::array delimited{
 
 } // namespace
 
-XmltvScanner::XmltvScanner(XmltvHandler &receiver, const QString &language)
+XmltvScanner::XmltvScanner(XmltvHandler &receiver, QString language)
     : handler(receiver)
-    , preferredLanguage(language)
+    , preferredLanguage(std::move(language))
 {}
 
 // ---- bytes ----

@@ -52,14 +52,14 @@ class XmltvScanner final
 {
 public:
     /// A longer element is dropped.
-    static constexpr qsizetype longestElement = 1024 * 1024;
+    static constexpr qsizetype longestElement = 1024LL * 1024;
     /// Longer texts are cut, in UTF-16 units.
     static constexpr qsizetype longestTitle = 1024;
-    static constexpr qsizetype longestDescription = 16 * 1024;
+    static constexpr qsizetype longestDescription = 16LL * 1024;
 
     /// Of several titles or descriptions the first one in `language` is reported, for instance
     /// "de", otherwise the first one.
-    explicit XmltvScanner(XmltvHandler &receiver, const QString &language = {});
+    explicit XmltvScanner(XmltvHandler &receiver, QString language = {});
 
     void add(QByteArrayView bytes);
     /// Reads what waited for more. Call it once, at the end.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -90,8 +91,9 @@ std::optional<XmltvTime> readXmltvTime(QByteArrayView text)
         return {};
     }
     XmltvTime time;
-    time.seconds = std::chrono::sys_days(date).time_since_epoch().count() * secondsPerDay +
-                   hour * secondsPerHour + minute * secondsPerMinute + second;
+    const int secondOfDay = hour * secondsPerHour + minute * secondsPerMinute + second;
+    time.seconds =
+        std::chrono::sys_days(date).time_since_epoch().count() * secondsPerDay + secondOfDay;
 
     const QByteArrayView zone = text.trimmed();
     if (zone.isEmpty()) {

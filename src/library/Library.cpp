@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Up to here, a file is read within a few frames.
-constexpr qint64 largeFileBytes = 1024 * 1024;
+constexpr qint64 largeFileBytes = 1024LL * 1024;
 
 qint64 now()
 {
@@ -136,7 +136,7 @@ void Library::keepAll(const QString &aside)
 LibraryChange Library::apply(const LibraryChange &change)
 {
     waitUntilLoaded();
-    const LibraryChange inverse = loadedState.apply(change);
+    LibraryChange inverse = loadedState.apply(change);
     // The file may have rows that another running program wrote.
     const bool concernsOthers = !change.cleared.isEmpty() || !change.moves.isEmpty();
     if (!inverse.isEmpty() || (concernsOthers && QFile::exists(path))) {

@@ -20,7 +20,7 @@ namespace {
 constexpr auto formatName = "vantiro-backup"_L1;
 constexpr int formatVersion = 1;
 /// A larger file is no backup: it would hold millions of rows.
-constexpr qint64 largestFile = 256 * 1024 * 1024;
+constexpr qint64 largestFile = 256LL * 1024 * 1024;
 
 /// In the order of SourceType.
 constexpr std::array sourceTypeNames{"playlist"_L1, "account"_L1, "subscription"_L1};
@@ -136,7 +136,7 @@ bool readRows(const Table &table, const QJsonObject &root, LibraryRows &rows)
         return false;
     }
     const QJsonArray array = list.toArray();
-    for (const QJsonValue &element : array) {
+    for (const QJsonValueConstRef element : array) {
         typename Table::Row row;
         const QJsonObject object = element.toObject();
         bool valid = element.isObject();
@@ -161,7 +161,7 @@ QString readParts(const QJsonObject &root, LibraryBackup::Content &content)
     const QJsonValue sources = root.value("sources"_L1);
     const QJsonArray array = sources.toArray();
     bool valid = sources.isArray() || sources.isUndefined();
-    for (const QJsonValue &element : array) {
+    for (const QJsonValueConstRef element : array) {
         SourceConfig source = defaultSourceConfig();
         valid = valid && readSource(element.toObject(), source);
         content.sources.append(source);

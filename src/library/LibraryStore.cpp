@@ -6,6 +6,8 @@
 #include <QSqlQuery>
 #include <QUuid>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -69,8 +71,8 @@ LibraryStore::LibraryStore(const QString &filePath)
     : LibraryStore(filePath, migrations())
 {}
 
-LibraryStore::LibraryStore(const QString &filePath, std::span<const Migration> steps)
-    : path(filePath)
+LibraryStore::LibraryStore(QString filePath, std::span<const Migration> steps)
+    : path(std::move(filePath))
     , connectionName("library-"_L1 + QUuid::createUuid().toString())
     , migrationSteps(steps)
 {}

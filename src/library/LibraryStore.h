@@ -35,7 +35,7 @@ public:
 
     explicit LibraryStore(const QString &filePath);
     /// With other migrations than the program's; for tests.
-    LibraryStore(const QString &filePath, std::span<const Migration> steps);
+    LibraryStore(QString filePath, std::span<const Migration> steps);
     ~LibraryStore();
     Q_DISABLE_COPY_MOVE(LibraryStore)
 

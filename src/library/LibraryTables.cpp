@@ -5,7 +5,7 @@
 
 namespace {
 
-using Qt::StringLiterals::operator""_L1;
+using namespace Qt::StringLiterals;
 
 /// In the order of EntryKind.
 constexpr std::array kindNames{"live"_L1, "movie"_L1, "show"_L1, "channel"_L1, "episode"_L1};

@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <tuple>
+#include <utility>
 
 /// @file
 /// The parts of the library as tables. One description serves the file, the state in memory and the
@@ -37,7 +38,7 @@ struct LibraryTable
         : part(whichPart)
         , name(tableName)
         , rows(tableRows)
-        , columns(tableColumns)
+        , columns(std::move(tableColumns))
     {}
 
     LibraryPart part;

@@ -12,9 +12,9 @@ constexpr auto retryInterval = 1s;
 
 } // namespace
 
-LibraryWriter::LibraryWriter(const QString &filePath, QObject *parent)
+LibraryWriter::LibraryWriter(QString filePath, QObject *parent)
     : QThread(parent)
-    , path(filePath)
+    , path(std::move(filePath))
 {
     setObjectName(u"library"_s);
 }

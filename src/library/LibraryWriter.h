@@ -21,7 +21,7 @@ class LibraryWriter final : public QThread
     Q_OBJECT
 
 public:
-    LibraryWriter(const QString &filePath, QObject *parent);
+    LibraryWriter(QString filePath, QObject *parent);
     /// Writes what waits; what cannot be written then is lost.
     ~LibraryWriter() override;
     Q_DISABLE_COPY_MOVE(LibraryWriter)

@@ -89,8 +89,8 @@ QByteArray separator(const QString &key)
 
 } // namespace
 
-CacheFile::CacheFile(const QString &filePath)
-    : path(filePath)
+CacheFile::CacheFile(QString filePath)
+    : path(std::move(filePath))
 {}
 
 void CacheFile::readOnce()

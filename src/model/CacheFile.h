@@ -16,7 +16,7 @@ class CacheFile final
 {
 public:
     /// Opens nothing yet. A file that is missing, damaged or no object has no members.
-    explicit CacheFile(const QString &filePath);
+    explicit CacheFile(QString filePath);
 
     /// The text of the whole file; empty when it cannot be read.
     QByteArray readText();

@@ -142,7 +142,7 @@ bool hasRoom(const QSettings &settings, const QList<SourceConfig> &sources)
     Q_UNUSED(sources)
     return true;
 #else
-    const qint64 ampleGrowth = 64 * 1024 + mostBytesOf(sources);
+    const qint64 ampleGrowth = 64LL * 1024 + mostBytesOf(sources);
     const QFileInfo file(settings.fileName());
     QTemporaryFile trial(file.filePath());
     if (!file.exists() || !trial.open()) {

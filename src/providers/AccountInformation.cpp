@@ -32,12 +32,12 @@ QStringList textsOf(const QJsonValue &value)
         texts = value.toString().split(separators);
     } else if (value.isObject()) {
         const QJsonObject object = value.toObject();
-        for (const QJsonValue &element : object) {
+        for (const QJsonValueConstRef element : object) {
             texts << textOf(element);
         }
     } else {
         const QJsonArray array = value.toArray();
-        for (const QJsonValue &element : array) {
+        for (const QJsonValueConstRef element : array) {
             texts << textOf(element);
         }
     }

@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    static constexpr qsizetype worthAThread = 256 * 1024;
+    static constexpr qsizetype worthAThread = 256LL * 1024;
 
     void start(std::function<void()> job);
     void report(const std::function<void()> &job);

@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -99,9 +100,9 @@ CatalogLoader::CatalogLoader(QObject *parent)
     : CatalogLoader(configuredSubscriptionUrl(), parent)
 {}
 
-CatalogLoader::CatalogLoader(const QString &subscriptionBaseUrl, QObject *parent)
+CatalogLoader::CatalogLoader(QString subscriptionBaseUrl, QObject *parent)
     : QObject(parent)
-    , subscriptionUrl(subscriptionBaseUrl)
+    , subscriptionUrl(std::move(subscriptionBaseUrl))
     , jobs(new BackgroundJobs(this))
     , playlist(new PlaylistClient(this))
 {}

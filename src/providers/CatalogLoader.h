@@ -55,7 +55,7 @@ public:
     /// Exchanges subscription keys with the service that the build configured.
     explicit CatalogLoader(QObject *parent);
     /// Exchanges subscription keys with the service at this base address.
-    CatalogLoader(const QString &subscriptionBaseUrl, QObject *parent);
+    CatalogLoader(QString subscriptionBaseUrl, QObject *parent);
 
     /// Loads `source`; `force` skips the cache. A small catalog that needs no network is reported
     /// within this call.

@@ -5,6 +5,7 @@
 #include <QByteArrayView>
 #include <QHash>
 
+#include <iterator>
 #include <string_view>
 
 using namespace Qt::StringLiterals;
@@ -69,7 +70,7 @@ QByteArrayView extractAttr(QByteArrayView line, std::string_view opening)
     if (found == std::string_view::npos) {
         return {};
     }
-    const auto start = static_cast<qsizetype>(found + opening.size());
+    const auto start = static_cast<qsizetype>(found) + std::ssize(opening);
     const qsizetype end = line.indexOf('"', start);
     return end < 0 ? QByteArrayView() : line.sliced(start, end - start);
 }

@@ -48,8 +48,8 @@ public:
     void cancel() { ++requestNumber; }
 
 Q_SIGNALS:
-    /// The session is told next. What plays belongs to the channel that play() was given; its place is
-    /// not kept.
+    /// The session is told next. What plays belongs to the channel that play() was given; its place
+    /// is not kept.
     void aboutToPlay();
     /// The source's server knows this form: it is to be asked first from now on.
     void formWorked(const QString &source, AccountArchiveForm form);
