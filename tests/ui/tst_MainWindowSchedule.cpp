@@ -46,6 +46,7 @@ private Q_SLOTS:
     void theFormThatWorkedIsAskedFirst_data();
     void theFormThatWorkedIsAskedFirst();
     void aClosedScheduleAsksTheAccountNothing();
+    void aRecordingBelongsToTheSourceItWasChosenIn();
 
 private:
     /// Opens the playlist with its guide.
@@ -392,6 +393,29 @@ void tst_MainWindowSchedule::aClosedScheduleAsksTheAccountNothing()
     provider.release(XtreamAction::login);
     QTRY_VERIFY(repliesUnderWay().isEmpty());
     QCOMPARE(provider.requestCount(XtreamAction::fullSchedule), 0);
+}
+
+/// Its server tells the zone when another source is shown.
+void tst_MainWindowSchedule::aRecordingBelongsToTheSourceItWasChosenIn()
+{
+    store(playlistSource(u"B"_s, server->url(u"/list"_s), neverLoaded));
+    storeLastActive(u"A"_s);
+    XtreamProvider provider;
+    GuideSettings settings;
+    settings.addresses = accountGuideAddress.toString();
+    openAccount(provider, settings);
+    auto &channels = find<EntryTable>(u"liveTable"_s);
+    QTRY_VERIFY(!channels.item(0, 0)->data(Qt::AccessibleDescriptionRole).toString().isEmpty());
+    provider.setManner(XtreamAction::login, XtreamProvider::Manner::Held);
+    const int before = provider.requestCount(XtreamAction::login);
+    QVERIFY(RowMenus::choose(RowMenus::openByMouse(channels, 0), u"Watch from Start"_s));
+    QTRY_VERIFY(provider.requestCount(XtreamAction::login) > before);
+    combo().setCurrentIndex(combo().findText(u"B"_s));
+    QTRY_VERIFY(!shownChannels().isEmpty());
+    provider.release(XtreamAction::login);
+    QTRY_VERIFY(nowPlaying().startsWith("Playing: One - "_L1));
+    QTest::keyClick(&window(), Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(library().favorites(u"A"_s, EntryKind::Live).keys(), QStringList{u"1"_s});
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowSchedule)
