@@ -1,7 +1,8 @@
 """Reports the lines and branches of `src/` that no test reached, from the counts in a build folder.
 
-A branch is a way out of a condition; the ways that only an exception takes are left out, as are lines
-without a word. Lines in `unreached.txt` are named with a reason there and are not listed again.
+A branch is a way out of a condition. Left out are the ways that only an exception takes, those of a
+line without a condition, which the compiler made, and lines without a word. Lines in `unreached.txt`
+are named with a reason there and are not listed again.
 Headers are left out: of an inline function the linker may take a test's copy, which does not count.
 
 Exits with 1 if a line is neither reached nor named.
@@ -18,6 +19,7 @@ from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parents[2]
 NAMED = Path(__file__).with_suffix(".txt")
+CONDITION = re.compile(r"\b(if|while|for|switch|case|default)\b|\?|&&|\|\|")
 
 
 class Reached:
@@ -41,7 +43,8 @@ class Reached:
                 if not re.search(r"\w", texts[number - 1]):
                     continue  # the end of a block, which destroys what an exception leaves
                 self.lines[file][number] += line["count"]
-                self._add_branches(file, number, line)
+                if has_condition(texts, number):
+                    self._add_branches(file, number, line)
 
     def texts(self, file):
         """The lines of a file, with single spaces."""
@@ -58,6 +61,12 @@ class Reached:
         # Instances of a template differ in their branches: those of one that ran count.
         if line["count"] or not known:
             self.branches[file][number] = taken
+
+
+def has_condition(texts, number):
+    """Whether a line has a condition, or goes on with the one before."""
+    before = texts[number - 2] if number > 1 else ""
+    return bool(CONDITION.search(texts[number - 1])) or before.endswith(("&&", "||"))
 
 
 def project_path(file):
