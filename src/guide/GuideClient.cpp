@@ -4,6 +4,8 @@
 
 #include <QUrl>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,10 +28,10 @@ QString credentialsQuery(const XtreamAccount &account)
 
 } // namespace
 
-GuideClient::GuideClient(const XtreamAccount &account, const QTimeZone &serverZone, QObject *parent)
+GuideClient::GuideClient(const XtreamAccount &account, QTimeZone serverZone, QObject *parent)
     : QObject(parent)
     , client(new XtreamClient(this))
-    , zone(serverZone)
+    , zone(std::move(serverZone))
 {
     client->configure(account);
 }

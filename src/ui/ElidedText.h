@@ -8,7 +8,7 @@
 /// text, also where the layout has the other direction.
 inline QString elidedText(const QFontMetrics &metrics, const QString &text, int width)
 {
-    const QString shown = metrics.elidedText(text, Qt::ElideRight, width);
+    QString shown = metrics.elidedText(text, Qt::ElideRight, width);
     if (shown == text || text.isRightToLeft() == QGuiApplication::isRightToLeft()) {
         return shown;
     }

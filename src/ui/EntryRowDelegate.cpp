@@ -35,9 +35,9 @@ void paintBar(QPainter &painter, const QRect &bar, int percent, const QStyleOpti
 
 } // namespace
 
-EntryRowDelegate::EntryRowDelegate(QWidget *table, const RowContents &contents)
+EntryRowDelegate::EntryRowDelegate(QWidget *table, RowContents contents)
     : QStyledItemDelegate(table)
-    , contentsOf(contents)
+    , contentsOf(std::move(contents))
 {}
 
 int EntryRowDelegate::heightWithGuide(const QWidget &table)

@@ -26,7 +26,7 @@ public:
     using RowContents = std::function<EntryRow(int row)>;
 
     /// `contents` is called for rows that show.
-    EntryRowDelegate(QWidget *table, const RowContents &contents);
+    EntryRowDelegate(QWidget *table, RowContents contents);
 
     /// The height of a row with two lines, in pixels.
     static int heightWithGuide(const QWidget &table);

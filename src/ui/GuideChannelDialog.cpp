@@ -14,6 +14,8 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,13 +30,13 @@ QString shownChannel(const GuideChannel &channel)
 
 } // namespace
 
-GuideChannelDialog::GuideChannelDialog(Guide *theGuide, const LibraryEntry &ofChannel,
+GuideChannelDialog::GuideChannelDialog(Guide *theGuide, LibraryEntry ofChannel,
                                        const GuideMatch &match,
                                        const std::optional<GuideCorrection> &before,
                                        QWidget *parent)
     : QDialog(parent)
     , guide(theGuide)
-    , channel(ofChannel)
+    , channel(std::move(ofChannel))
     , automatic(new QRadioButton(tr("Automatic: find it by its id and name")))
     , none(new QRadioButton(tr("No guide for this channel")))
     , chosen(new QRadioButton(tr("This channel of the guide:")))

@@ -27,7 +27,7 @@ public:
 
     /// `match` is the channel's present match; `correction` is what the user has set before.
     /// `guide` must live as long as the dialog.
-    GuideChannelDialog(Guide *guide, const LibraryEntry &channel, const GuideMatch &match,
+    GuideChannelDialog(Guide *guide, LibraryEntry channel, const GuideMatch &match,
                        const std::optional<GuideCorrection> &correction, QWidget *parent);
 
     /// What the user has chosen; nothing when the channel is to be found by itself.

@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -31,11 +32,11 @@ QString canonicalLanguage(const QString &language)
 }
 
 LanguageKeeper::LanguageKeeper(VlcPlayer *vlcPlayer, PlaybackSession *session, Library *userLibrary,
-                               const PlayingSource &sourceOfPlaying, QObject *parent)
+                               PlayingSource sourceOfPlaying, QObject *parent)
     : QObject(parent)
     , player(vlcPlayer)
     , library(userLibrary)
-    , playingSource(sourceOfPlaying)
+    , playingSource(std::move(sourceOfPlaying))
 {
     connect(session, &PlaybackSession::starting, this, &LanguageKeeper::beginStream);
     connect(player, &VlcPlayer::playbackProgressing, this, &LanguageKeeper::selectTracks);

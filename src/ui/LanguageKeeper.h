@@ -21,7 +21,7 @@ public:
 
     /// None of the three is owned; they must outlive the keeper.
     LanguageKeeper(VlcPlayer *player, PlaybackSession *session, Library *library,
-                   const PlayingSource &playingSource, QObject *parent);
+                   PlayingSource playingSource, QObject *parent);
 
 private:
     void beginStream();

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -58,11 +59,11 @@ QString guidesWithoutCredentials(const RestorePlan &plan)
 
 } // namespace
 
-RestoreDialog::RestoreDialog(const LibraryBackup::Content &currentContent,
-                             const LibraryBackup::Content &backupContent, QWidget *parent)
+RestoreDialog::RestoreDialog(LibraryBackup::Content currentContent,
+                             LibraryBackup::Content backupContent, QWidget *parent)
     : QDialog(parent)
-    , current(currentContent)
-    , backup(backupContent)
+    , current(std::move(currentContent))
+    , backup(std::move(backupContent))
     , replace(new QRadioButton(tr("Replace: only what the backup holds stays")))
     , notes(new WrappedLabel)
 {

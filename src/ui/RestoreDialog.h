@@ -18,8 +18,7 @@ class RestoreDialog final : public QDialog
     Q_OBJECT
 
 public:
-    RestoreDialog(const LibraryBackup::Content &current, const LibraryBackup::Content &backup,
-                  QWidget *parent);
+    RestoreDialog(LibraryBackup::Content current, LibraryBackup::Content backup, QWidget *parent);
 
     /// What the user has chosen.
     RestoreMode mode() const;

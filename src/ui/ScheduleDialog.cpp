@@ -40,11 +40,11 @@ qint64 currentTime()
 
 } // namespace
 
-ScheduleDialog::ScheduleDialog(const QString &source, const MediaItem &channel, Guide *channelGuide,
+ScheduleDialog::ScheduleDialog(QString source, MediaItem channel, Guide *channelGuide,
                                QWidget *parent)
     : QDialog(parent)
-    , sourceName(source)
-    , item(channel)
+    , sourceName(std::move(source))
+    , item(std::move(channel))
     , guide(channelGuide)
     , timer(new QTimer(this))
     , dayBox(new ElidedComboBox)

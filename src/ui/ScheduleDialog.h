@@ -30,7 +30,7 @@ class ScheduleDialog final : public QDialog
 
 public:
     /// `channel` is an entry of the source with that name. `guide` is not owned.
-    ScheduleDialog(const QString &source, const MediaItem &channel, Guide *guide, QWidget *parent);
+    ScheduleDialog(QString source, MediaItem channel, Guide *guide, QWidget *parent);
 
     const QString &source() const { return sourceName; }
     const MediaItem &channel() const { return item; }
