@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 blockSeconds = 6 * 3600;
+constexpr qint64 blockSeconds = 6LL * 3600;
 /// Some screens of channels: what is scrolled back to is here still.
 constexpr int mostBlocks = 4000;
 /// Whatever a source says of its archive.

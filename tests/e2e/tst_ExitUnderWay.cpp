@@ -44,7 +44,8 @@ struct Stage
 enum class Closing
 {
     MainWindow,
-    FrontFirst ///< what is in front of the main window keeps it from being closed
+    FromPanel,  ///< a menu has the keyboard
+    FrontFirst, ///< what is in front of the main window keeps it from being closed
 };
 
 struct Moment
@@ -56,9 +57,10 @@ struct Moment
     std::function<bool(Stage &)> reach;
 };
 
-Moment plays(const HttpReply &stream, const std::function<bool(PlayerSession &)> &andThen)
+Moment plays(const HttpReply &stream, const std::function<bool(PlayerSession &)> &andThen,
+             Closing closing = Closing::MainWindow)
 {
-    return {Closing::MainWindow, [=](Stage &stage) { stage.provider.addChannel(name, stream); },
+    return {closing, [=](Stage &stage) { stage.provider.addChannel(name, stream); },
             [=](Stage &stage) {
                 return stage.session->openAll(UiTexts::liveTab) && stage.session->play(name) &&
                        andThen(*stage.session);
@@ -189,9 +191,10 @@ void TestExitUnderWay::endsPromptly_data()
     QTest::newRow("the episodes of a show") << episodes();
     QTest::newRow("a login test in its dialog") << loginTest();
     QTest::newRow("a message box") << errorBox();
-    QTest::newRow("a menu") << plays(liveTs(), [](PlayerSession &session) {
-        return isSeen(session) && session.openMenu(u"Audio"_s);
-    });
+    QTest::newRow("a menu") << plays(
+        liveTs(),
+        [](PlayerSession &session) { return isSeen(session) && session.openMenu(u"Audio"_s); },
+        Closing::FromPanel);
     QTest::newRow("fullscreen") << plays(liveTs(), [](PlayerSession &session) {
         return isSeen(session) && Keyboard::press(u"f"_s) &&
                QTest::qWaitFor([&] { return session.nativeWindow().isFullScreen(); }, 20'000);
@@ -220,6 +223,8 @@ void TestExitUnderWay::endsPromptly()
     clock.start();
     if (moment.closing == Closing::FrontFirst)
         QVERIFY(stage.session->app.close());
+    else if (moment.closing == Closing::FromPanel)
+        window.closeFromPanel();
     else
         QVERIFY(window.requestClose());
     QVERIFY(stage.session->app.waitUntilEnded());

@@ -207,4 +207,9 @@ bool NativeWindow::requestClose() const
     return activate() && Keyboard::press(u"alt+F4"_s);
 }
 
+void NativeWindow::closeFromPanel() const
+{
+    ask(id, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, fromAPanel});
+}
+
 } // namespace desktop

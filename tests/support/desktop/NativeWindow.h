@@ -45,6 +45,8 @@ public:
     /// @}
     /// As the user closes it, with Alt+F4. Does not wait for the window to go.
     [[nodiscard]] bool requestClose() const;
+    /// As a panel closes it, whoever has the keyboard. Does not wait either.
+    void closeFromPanel() const;
 
 private:
     explicit NativeWindow(std::uint32_t windowId)
