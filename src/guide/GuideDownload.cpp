@@ -10,6 +10,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -76,7 +77,10 @@ bool GuideDownload::store(QByteArrayView bytes)
 
 void GuideDownload::finish()
 {
-    if (failure == GuideProblem::None && exchange->size() > mostBytes) {
+    const QNetworkReply &reply = exchange->reply();
+    // One that announces too much is aborted before a byte of it has come.
+    const qint64 announced = reply.header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    if (failure == GuideProblem::None && std::max(exchange->size(), announced) > mostBytes) {
         failure = GuideProblem::TooLarge;
     } else if (failure == GuideProblem::None && exchange->failed()) {
         failure = GuideProblem::NotReachable;

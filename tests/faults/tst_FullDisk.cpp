@@ -3,6 +3,7 @@
 
 #include "fakeprovider/HttpServer.h"
 #include "faults/FullDisk.h"
+#include "guide/GuideDownload.h"
 #include "guide/GuideImport.h"
 #include "guide/GuideReader.h"
 #include "guide/StoredGuide.h"
@@ -20,6 +21,8 @@
 #include <QBuffer>
 #include <QDir>
 #include <QImage>
+#include <QNetworkAccessManager>
+#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
@@ -76,6 +79,8 @@ private Q_SLOTS:
     void sourcesThatNeedMoreRoom();
     void library();
     void guide();
+    void guideDownload_data();
+    void guideDownload();
     void playlistCopy();
     void poster();
 };
@@ -214,6 +219,48 @@ void tst_FullDisk::guide()
     }
     QCOMPARE(GuideImport(job).run().programmes, many);
     QCOMPARE(runningTitle(), u"New 0"_s);
+}
+
+void tst_FullDisk::guideDownload_data()
+{
+    QTest::addColumn<qsizetype>("size");
+    QTest::addColumn<qint64>("room");
+    QTest::addColumn<QString>("path");
+    const QString path = u"/guide.xml"_s;
+    // Below and above the size in which a file is buffered.
+    QTest::newRow("a small guide") << qsizetype(1000) << 0LL << path;
+    QTest::newRow("a large guide") << qsizetype(1'000'000) << 500'000LL << path;
+    QTest::newRow("no folder") << qsizetype(1000) << 1'000'000LL << u"/missing"_s + path;
+}
+
+void tst_FullDisk::guideDownload()
+{
+    QFETCH(const qsizetype, size);
+    QFETCH(const qint64, room);
+    QFETCH(const QString, path);
+    const QByteArray body(size, 'x');
+    HttpServer server;
+    server.on(u"/guide"_s, bodyReply(body));
+    QNetworkAccessManager network;
+    const QString file = PrivateProfile::current().root() + path;
+    const auto download = [&] {
+        auto made = std::make_unique<GuideDownload>(&network, server.url(u"/guide"_s), QString(),
+                                                    GuideDownload::Packing::Kept, file, nullptr);
+        QSignalSpy finished(made.get(), &GuideDownload::finished);
+        return finished.wait(20'000) ? std::move(made) : nullptr;
+    };
+    {
+        const FullDisk full(room);
+        const auto failed = download();
+        QVERIFY(failed);
+        QCOMPARE(failed->problem(), GuideProblem::NotStored);
+        QVERIFY(!failed->detail().isEmpty());
+    }
+    QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+    const auto done = download();
+    QVERIFY(done);
+    QCOMPARE(done->problem(), GuideProblem::None);
+    QCOMPARE(readFile(file), body);
 }
 
 void tst_FullDisk::playlistCopy()

@@ -44,15 +44,20 @@ private Q_SLOTS:
     void redirected();
     void failures_data();
     void failures();
+    void tooLarge();
+    void noFolder();
     void noChannels();
     void restarted();
     void cancelledWhileItIsFetched();
     void cancelledWhileItIsStored();
+    void restartedWhileItIsStored();
     void progress();
     void tracesShowNoPassword();
 
 private:
     GuideUpdateRequest request() const;
+    /// An update that reads a file for seconds; begins it and waits until it does.
+    void beginLong();
     /// Runs an update to its end.
     std::optional<GuideResult> update(const GuideUpdateRequest &wanted);
     QString runningTitle(const QString &entry) const;
@@ -242,6 +247,31 @@ void tst_GuideUpdate::failures()
     QCOMPARE(runningTitle(u"http://h/1"_s), u"News"_s);
 }
 
+/// One that announces its length; of others the bytes are counted.
+void tst_GuideUpdate::tooLarge()
+{
+    QVERIFY(update(request()));
+    HttpReply reply;
+    reply.producer = [](qint64) { return QByteArray(1000, ' '); };
+    reply.producedBytes = 1024LL * 1024 * 1024 + 1;
+    server->on(guidePath, reply);
+    const auto result = update(request());
+    QVERIFY(result);
+    QCOMPARE(result->addresses.first().problem, GuideProblem::TooLarge);
+    QCOMPARE(runningTitle(u"http://h/1"_s), u"News"_s);
+}
+
+void tst_GuideUpdate::noFolder()
+{
+    writeFile(folder->filePath(u"guides"_s), "a file in the folder's place");
+    const auto result = update(request());
+    QVERIFY(result);
+    QCOMPARE(result->addresses.size(), 1);
+    QCOMPARE(result->addresses.first().problem, GuideProblem::NotStored);
+    QCOMPARE(result->addresses.first().detail, request().storePath);
+    QCOMPARE(readFile(folder->filePath(u"guides"_s)), "a file in the folder's place");
+}
+
 void tst_GuideUpdate::noChannels()
 {
     QVERIFY(update(request()));
@@ -277,9 +307,8 @@ void tst_GuideUpdate::cancelledWhileItIsFetched()
     QCOMPARE(finished.count(), 0);
 }
 
-void tst_GuideUpdate::cancelledWhileItIsStored()
+void tst_GuideUpdate::beginLong()
 {
-    QVERIFY(update(request()));
     const qint64 now = QDateTime::currentSecsSinceEpoch();
     for (int number = 0; number < 200'000; ++number) {
         contents->addProgramme(u"one"_s, now + number, 0, u"New"_s);
@@ -294,9 +323,27 @@ void tst_GuideUpdate::cancelledWhileItIsStored()
     updater->start(wanted);
     QTRY_VERIFY(progressed.count() >= 2); // it reads the file
     QCOMPARE(finished.count(), 0);
+}
+
+void tst_GuideUpdate::cancelledWhileItIsStored()
+{
+    QVERIFY(update(request()));
+    const QSignalSpy finished(updater.get(), &GuideUpdate::finished);
+    beginLong();
     updater->cancel();
     updater.reset(); // waits for the thread
     QCOMPARE(finished.count(), 0);
+    QCOMPARE(runningTitle(u"http://h/1"_s), u"News"_s);
+}
+
+void tst_GuideUpdate::restartedWhileItIsStored()
+{
+    beginLong();
+    // Nothing comes of the one that was under way.
+    const auto result = update(request());
+    QVERIFY(result);
+    QVERIFY(!result->cancelled);
+    QCOMPARE(result->programmes, 1);
     QCOMPARE(runningTitle(u"http://h/1"_s), u"News"_s);
 }
 
