@@ -94,7 +94,7 @@ GuideProblem GuideFileImport::read(QIODevice &file)
 bool GuideFileImport::takeUnpacked(QByteArrayView bytes)
 {
     unpackedBytes += bytes.size();
-    if (unpackedBytes > mostBytes) {
+    if (unpackedBytes > options.mostBytes) {
         problem = GuideProblem::TooLarge;
     } else {
         scanner.add(bytes);
@@ -163,7 +163,7 @@ bool GuideFileImport::wantsProgramme(const QString &channel, qint64 start)
 
 void GuideFileImport::programme(const XmltvProgramme &programme)
 {
-    if (++takenProgrammes > mostProgrammes) {
+    if (++takenProgrammes > options.mostProgrammes) {
         problem = GuideProblem::TooLarge;
         return;
     }

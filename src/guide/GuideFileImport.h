@@ -22,16 +22,14 @@ class QIODevice;
 class GuideFileImport final : private XmltvHandler
 {
 public:
-    /// Bytes of one guide, as unpacked.
-    static constexpr qint64 mostBytes = 1024LL * 1024 * 1024;
-    static constexpr qint64 mostProgrammes = 5'000'000;
-
     struct Options
     {
         qint64 guide = 0;        ///< its number in the store; its channels were removed
         qint64 now = 0;          ///< seconds since the epoch
         QString language;        ///< preferred for titles
         qint64 firstChannel = 1; ///< the number of its first channel; later ones count on
+        qint64 mostBytes = 1024LL * 1024 * 1024; ///< of one guide, as unpacked
+        qint64 mostProgrammes = 5'000'000;
         std::function<bool()> cancelled;
         std::function<void(qint64)> tookBytes; ///< as they stand in the file
     };

@@ -183,16 +183,13 @@ bool GuideImport::takeGuide(GuideStore &store, GuideMatching &matching,
                                   {checksumOf(file.address)});
     GuideAddressResult one{file.shown, file.problem, file.detail, 0, false};
     if (file.problem == GuideProblem::None) {
-        bool isStored = true;
         const bool isTaken = store.inTransaction([&] {
             one = importFile(store, matching, file, guide);
-            isStored = one.problem != GuideProblem::NotStored;
             return one.problem == GuideProblem::None;
         });
+        const bool isStored = isTaken || (one.problem != GuideProblem::None &&
+                                          one.problem != GuideProblem::NotStored);
         if (cancelled || !isStored) {
-            return false;
-        }
-        if (!isTaken && one.problem == GuideProblem::None) {
             return false;
         }
     }
