@@ -30,21 +30,36 @@ std::optional<Value> optionalOf(const QVariant &value)
     return value.isNull() ? std::nullopt : std::optional(value.value<Value>());
 }
 
+/// One question to the store. Behind it a damaged file is let go: the next update replaces it,
+/// which it cannot on Windows while the file is open.
+class Question final
+{
+public:
+    explicit Question(GuideStore &askedStore)
+        : store(askedStore)
+        , ready(store.open())
+    {}
+    ~Question()
+    {
+        if (store.isDamaged()) {
+            store.close();
+        }
+    }
+    Q_DISABLE_COPY_MOVE(Question)
+
+    bool isReady() const { return ready; }
+
+private:
+    GuideStore &store;
+    const bool ready;
+};
+
 } // namespace
 
 GuideReader::GuideReader(const QString &path, qint64 offsetSeconds)
     : store(path, GuideStore::Mode::Read)
     , offset(offsetSeconds)
 {}
-
-/// A damaged file is let go: the next update replaces it, which it cannot while the file is open.
-bool GuideReader::isReady()
-{
-    if (store.isDamaged()) {
-        store.close();
-    }
-    return store.open();
-}
 
 std::optional<GuideReader::StoredEntry> GuideReader::entryOf(const QString &id)
 {
@@ -107,7 +122,8 @@ std::optional<GuideProgramme> GuideReader::programmeAfter(const StoredEntry &ent
 QHash<QString, OnNow> GuideReader::onNow(const QStringList &entryIds, qint64 at)
 {
     QHash<QString, OnNow> answer;
-    if (!isReady()) {
+    const Question question(store);
+    if (!question.isReady()) {
         return answer;
     }
     for (const QString &id : entryIds) {
@@ -124,7 +140,8 @@ QHash<QString, GuideSchedule> GuideReader::schedules(const QStringList &entryIds
                                                      qint64 to, bool withDescriptions)
 {
     QHash<QString, GuideSchedule> answer;
-    if (!isReady()) {
+    const Question question(store);
+    if (!question.isReady()) {
         return answer;
     }
     QSqlQuery query = store.prepared("SELECT key, stop, title, "_L1 +
@@ -158,7 +175,8 @@ QList<GuideHit> GuideReader::search(const QString &text, qint64 endsAfter, int m
 {
     QList<GuideHit> hits;
     const QString terms = fullTextQuery(text);
-    if (terms.isEmpty() || !isReady()) {
+    const Question question(store);
+    if (terms.isEmpty() || !question.isReady()) {
         return hits;
     }
     // Entries are joined last: a short word may stand in hundreds of thousands of titles. Their
@@ -183,7 +201,8 @@ QList<GuideHit> GuideReader::search(const QString &text, qint64 endsAfter, int m
 QList<GuideChannel> GuideReader::channels(const QString &text, int most)
 {
     QList<GuideChannel> found;
-    if (!isReady()) {
+    const Question question(store);
+    if (!question.isReady()) {
         return found;
     }
     QSqlQuery query = store.prepared(u"SELECT id, names FROM channel ORDER BY guide, number"_s);
@@ -209,5 +228,6 @@ QList<GuideChannel> GuideReader::channels(const QString &text, int most)
 
 GuideResult GuideReader::lastResult()
 {
-    return isReady() ? guideResultOfJson(store.state(u"result"_s)) : GuideResult();
+    const Question question(store);
+    return question.isReady() ? guideResultOfJson(store.state(u"result"_s)) : GuideResult();
 }

@@ -40,7 +40,6 @@ private:
         qint64 shift = 0;
     };
 
-    bool isReady();
     std::optional<StoredEntry> entryOf(const QString &id);
     std::optional<GuideProgramme> programmeAt(const StoredEntry &entry, qint64 at);
     std::optional<GuideProgramme> programmeAfter(const StoredEntry &entry, qint64 at);
