@@ -2,11 +2,13 @@
 
 #include "model/OwnerOnlyFile.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSqlError>
 #include <QStringList>
+#include <QThread>
 #include <QUuid>
 
 #include <utility>
@@ -19,6 +21,7 @@ constexpr int busyTimeoutMs = 5000;
 /// Another version replaces the file: everything in it can be fetched again.
 constexpr int schemaVersion = 1;
 /// Result codes of SQLite.
+constexpr int busy = 5;
 constexpr int corrupt = 11;
 constexpr int notADatabase = 26;
 
@@ -77,13 +80,13 @@ bool GuideStore::open()
     }
     // Not a locked one: another process uses it.
     const bool isUseless =
-        damaged || (database.isOpen() && schemaInFile().value_or(0) != 0 && !hasSchema());
+        isDamaged() || (database.isOpen() && schemaInFile().value_or(0) != 0 && !hasSchema());
     return isUseless && replaceFile() && connectToFile() && makeSchema();
 }
 
 void GuideStore::close()
 {
-    damaged = false;
+    lastCode = 0;
     if (database.isValid()) {
         database = {};
         QSqlDatabase::removeDatabase(connectionName);
@@ -107,9 +110,23 @@ bool GuideStore::connectToFile()
         return false;
     }
     // What a power cut takes is fetched again.
-    return openMode == Mode::Read ||
-           (run(u"PRAGMA journal_mode = WAL"_s) && run(u"PRAGMA synchronous = OFF"_s) &&
-            run(u"PRAGMA cache_size = -16384"_s));
+    return openMode == Mode::Read || (writeAhead() && run(u"PRAGMA synchronous = OFF"_s) &&
+                                      run(u"PRAGMA cache_size = -16384"_s));
+}
+
+/// Sets the journal mode. When two processes make the file, SQLite refuses one of them at once,
+/// whatever its timeout.
+bool GuideStore::writeAhead()
+{
+    constexpr int retryMs = 10;
+    const QDeadlineTimer limit(busyTimeoutMs);
+    while (!run(u"PRAGMA journal_mode = WAL"_s)) {
+        if (lastCode != busy || limit.hasExpired()) {
+            return false;
+        }
+        QThread::msleep(retryMs);
+    }
+    return true;
 }
 
 /// The version of the schema; 0 of a new file, nothing of one that cannot be read.
@@ -181,12 +198,16 @@ bool GuideStore::run(QSqlQuery &query, const QVariantList &values)
     return false;
 }
 
+bool GuideStore::isDamaged() const
+{
+    return lastCode == corrupt || lastCode == notADatabase;
+}
+
 void GuideStore::noteError(const QSqlQuery &query)
 {
     constexpr int primaryCode = 0xff;
     const QSqlError error = query.lastError();
-    const int code = error.nativeErrorCode().toInt() & primaryCode;
-    damaged = code == corrupt || code == notADatabase;
+    lastCode = error.nativeErrorCode().toInt() & primaryCode;
     lastError = error.databaseText();
 }
 

@@ -41,7 +41,7 @@ public:
     bool open();
     void close();
     /// Whether the last statement failed because the file is damaged.
-    bool isDamaged() const { return damaged; }
+    bool isDamaged() const;
     /// Closes and removes the file.
     bool replaceFile();
     bool isOpen() const { return database.isOpen(); }
@@ -83,6 +83,7 @@ public:
 
 private:
     bool connectToFile();
+    bool writeAhead();
     std::optional<int> schemaInFile();
     bool hasSchema();
     bool makeSchema();
@@ -93,6 +94,6 @@ private:
     QString connectionName;
     QSqlDatabase database;
     QString lastError;
-    bool damaged = false;
-    int depth = 0; ///< of transactions
+    int lastCode = 0; ///< of SQLite, for lastError
+    int depth = 0;    ///< of transactions
 };
