@@ -25,6 +25,12 @@ Guide::Guide(QObject *parent)
 
 Guide::~Guide()
 {
+    letReaderGo();
+}
+
+/// Its connection ends on the thread that began it.
+void Guide::letReaderGo()
+{
     if (reader) {
         jobs->runApart(
             [last = std::exchange(reader, nullptr)]() mutable { return last.reset(), 0; },
@@ -46,9 +52,7 @@ void Guide::close()
     if (!reader) {
         return;
     }
-    // Its connection ends on the thread that began it.
-    jobs->runApart([last = std::exchange(reader, nullptr)]() mutable { return last.reset(), 0; },
-                   [](int) {});
+    letReaderGo();
     Q_EMIT changed();
 }
 

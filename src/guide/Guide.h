@@ -73,6 +73,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void letReaderGo();
     template <typename Question, typename Callback>
     void ask(Question question, const Callback &callback);
 
