@@ -75,6 +75,9 @@ void tst_GuideUnpacker::files_data()
         << packedWithGzip(text) + QByteArray(3, '\0') + packedWithGzip("<!-- -->") << Result::Good
         << text + "<!-- -->";
     QTest::newRow("something behind") << packed + "garbage" << Result::Good << text;
+    const QByteArray asTheBuffer(128 * 1024, 'x');
+    QTest::newRow("as long as the buffer")
+        << packedWithGzip(asTheBuffer) << Result::Good << asTheBuffer;
     QTest::newRow("empty member") << packedWithGzip({}) << Result::Good << QByteArray();
     QTest::newRow("wrong checksum") << withWrongChecksum(packed) << Result::Damaged << text;
     QTest::newRow("no gzip behind its mark")
@@ -92,7 +95,10 @@ void tst_GuideUnpacker::files()
     QFETCH(QByteArray, file);
     QFETCH(Result, result);
     QFETCH(QByteArray, bytes);
-    for (const qsizetype pieceBytes : {1, 7, 1000, 1'000'000}) {
+    // With the checksum and the length, which are the last 8 bytes, in a piece of their own, too.
+    const qsizetype beforeChecksum = std::max<qsizetype>(1, file.size() - 8);
+    for (const qsizetype pieceBytes :
+         {qsizetype(1), qsizetype(7), qsizetype(1000), beforeChecksum, qsizetype(1'000'000)}) {
         const Unpacked all = unpack(file, pieceBytes);
         QCOMPARE(all.result, result);
         QVERIFY2(all.bytes == bytes, qPrintable(QString::number(pieceBytes)));
