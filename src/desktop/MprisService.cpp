@@ -68,9 +68,6 @@ void MprisService::tellChanges(const MediaStatus &before, const MediaStatus &now
     changed.removeIf([&old](const QVariantMap::iterator &property) {
         return property.key() != "Metadata"_L1 && old.value(property.key()) == property.value();
     });
-    if (changed.isEmpty()) {
-        return;
-    }
     QDBusMessage signal = QDBusMessage::createSignal(
         objectPath, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
     signal << u"org.mpris.MediaPlayer2.Player"_s << changed << QStringList();

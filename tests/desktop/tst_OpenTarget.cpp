@@ -10,6 +10,13 @@
 #include <QTest>
 #include <QUrl>
 
+#ifndef Q_OS_WIN
+#include <cerrno>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#endif
+
 using namespace Qt::StringLiterals;
 using Kind = OpenTarget::Kind;
 
@@ -31,6 +38,8 @@ private Q_SLOTS:
     void urls_data();
     void urls();
     void aFolderAndNothing();
+    void aPipe();
+    void aFileThatCannotBeOpened();
     void dropped_data();
     void dropped();
 };
@@ -209,6 +218,44 @@ void tst_OpenTarget::aFolderAndNothing()
         QVERIFY(!target.problem.isEmpty());
     }
     QCOMPARE(openTarget(folder.filePath(u"gone.mp4"_s)).title, u"gone.mp4"_s);
+}
+
+/// Nobody reads what comes through it but libVLC.
+void tst_OpenTarget::aPipe()
+{
+#ifdef Q_OS_WIN
+    QSKIP("pipes are no files");
+#else
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a pipe.m3u"_s);
+    QCOMPARE(mkfifo(QFile::encodeName(path).constData(), S_IRUSR | S_IWUSR), 0);
+    const OpenTarget target = openTarget(path);
+    QCOMPARE(target.kind, Kind::Live);
+    QCOMPARE(target.title, u"a pipe.m3u"_s);
+    QCOMPARE(QUrl(target.address).toLocalFile(), path);
+#endif
+}
+
+/// Root may read every file: here no more files can be opened at all.
+void tst_OpenTarget::aFileThatCannotBeOpened()
+{
+#ifdef Q_OS_WIN
+    QSKIP("has no such limit");
+#else
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"film.mp4"_s);
+    writeFile(path, "x");
+    rlimit before{};
+    QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
+    const OpenTarget target = openTarget(path);
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
+    QCOMPARE(target.kind, Kind::Unfit);
+    QCOMPARE(target.title, u"film.mp4"_s);
+    QCOMPARE(target.problem, qt_error_string(EMFILE));
+    QCOMPARE(openTarget(path).kind, Kind::Film);
+#endif
 }
 
 void tst_OpenTarget::dropped_data()

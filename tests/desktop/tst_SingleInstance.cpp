@@ -1,11 +1,13 @@
 // One program per profile: over real sockets, in threads that stand for programs.
 
 #include "desktop/SingleInstance.h"
+#include "support/TestFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QLocalServer>
 #include <QLocalSocket>
 #include <QSettings>
 #include <QSignalSpy>
@@ -63,9 +65,11 @@ private Q_SLOTS:
     void init();
     void handsOver_data();
     void handsOver();
+    void moreThanAMessageHolds();
     void firstAgainAfterTheEnd();
     void aCrashedFirstOne();
     void aHungFirstOne();
+    void anotherProgramListens();
     void severalAtOnce();
     void brokenMessages_data();
     void brokenMessages();
@@ -111,6 +115,26 @@ void tst_SingleInstance::handsOver()
     const OtherStart third(name);
     QTRY_COMPARE(requests.size(), 2);
     QCOMPARE(requests.constLast(), StartRequest());
+}
+
+/// The first ones arrive.
+void tst_SingleInstance::moreThanAMessageHolds()
+{
+    const QString path = u"/films/"_s + QString(120, u'x');
+    const QStringList addresses(50'000, path);
+    SingleInstance first(name);
+    QList<StartRequest> requests;
+    connect(&first, &SingleInstance::requested, this,
+            [&requests](const StartRequest &request) { requests << request; });
+    QCOMPARE(first.start({}), Start::First);
+    const OtherStart second(name, {addresses, u"token"_s});
+    QTRY_VERIFY(second.hasEnded());
+    QCOMPARE(second.result(), Start::HandedOver);
+    QTRY_COMPARE(requests.size(), 1);
+    QCOMPARE(requests.constFirst().activationToken, u"token"_s);
+    // 4 MiB of them, each with its end.
+    const qsizetype most = (4 * 1024 * 1024 - 6) / (path.size() + 1);
+    QVERIFY(requests.constFirst().addresses == addresses.first(most));
 }
 
 void tst_SingleInstance::firstAgainAfterTheEnd()
@@ -170,6 +194,21 @@ void tst_SingleInstance::aHungFirstOne()
     QTRY_VERIFY(third.hasEnded());
     QCOMPARE(third.result(), Start::HandedOver);
     QTRY_COMPARE(requests, QList<StartRequest>{request});
+}
+
+/// One that answers with something else.
+void tst_SingleInstance::anotherProgramListens()
+{
+    QLocalServer other;
+    connect(&other, &QLocalServer::newConnection, this, [&other] {
+        QLocalSocket *socket = other.nextPendingConnection();
+        socket->write("HTTP/1.1 400 Bad Request\r\n");
+    });
+    QVERIFY(other.listen(name));
+    const OtherStart start(name, {{u"/film"_s}, {}});
+    QTRY_VERIFY(start.hasEnded());
+    QCOMPARE(start.result(), Start::Alone);
+    QVERIFY(other.isListening());
 }
 
 void tst_SingleInstance::severalAtOnce()
@@ -267,7 +306,14 @@ void tst_SingleInstance::profilesNeverMeet()
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
     qunsetenv("XDG_RUNTIME_DIR");
     QCOMPARE(QFileInfo(profileServerName()).path(), PrivateProfile::current().appDataDir());
+    // Nor where there is no place at all.
+    const QString file = root + u"/file"_s;
+    writeFile(file, "x");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(file));
+    QCOMPARE(profileServerName(), QString());
+    qputenv("XDG_DATA_HOME", data);
     qputenv("XDG_RUNTIME_DIR", runtime);
+    QCOMPARE(profileServerName(), here);
 #endif
 }
 
