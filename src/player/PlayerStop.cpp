@@ -36,11 +36,7 @@ PlayerStop PlayerStop::begin(MediaPlayerPtr mediaPlayer)
 
 bool PlayerStop::isDone() const
 {
-    if (!state) {
-        return true;
-    }
-    const std::lock_guard guard(state->mutex);
-    return state->done;
+    return waitUntil(Clock::time_point());
 }
 
 bool PlayerStop::waitUntil(Clock::time_point deadline) const

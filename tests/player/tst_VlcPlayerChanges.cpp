@@ -1,6 +1,9 @@
 #include "PlayerTest.h"
 #include "fakeprovider/HangingChannel.h"
 
+#include <QFileInfo>
+#include <QSignalSpy>
+
 #include <vlc/vlc.h>
 
 /// The change from one stream to the next: what the next one inherits, what is selected while it
@@ -19,6 +22,8 @@ private Q_SLOTS:
     void stopEndsTheWait();
     void theLastRequestWins();
     void infoIsThatOfTheWaitingStream();
+    void noPictureOfAWaitingStream();
+    void opensUntilItPlays();
     void selectsForAWaitingStream_data();
     void selectsForAWaitingStream();
     void subtitleFileForAWaitingStream();
@@ -184,6 +189,33 @@ void tst_VlcPlayerChanges::infoIsThatOfTheWaitingStream()
     QTRY_VERIFY_WITH_TIMEOUT(player.mediaInfoText().startsWith(u"Audio codec: mp3"_s), openMs);
 }
 
+void tst_VlcPlayerChanges::noPictureOfAWaitingStream()
+{
+    const QString path = PrivateProfile::current().root() + u"/picture.png"_s;
+    playAfterTheHangingChannel(u"/files/film.mp4"_s);
+    const QSignalSpy taken(&probe->player, &VlcPlayer::snapshotTaken);
+    probe->player.takeSnapshot(path);
+    QCOMPARE(taken.size(), 1);
+    QCOMPARE(taken.constFirst(), QVariantList({path, false}));
+    QVERIFY(!QFileInfo::exists(path));
+}
+
+void tst_VlcPlayerChanges::opensUntilItPlays()
+{
+    VlcPlayer &player = probe->player;
+    QVERIFY(!player.isOpening());
+    play(u"/never.ts"_s, true);
+    QVERIFY(player.isOpening());
+    player.stop();
+    QVERIFY(!player.isOpening());
+    probe->log.clear();
+    playAfterTheHangingChannel(u"/files/film.mp4"_s);
+    QVERIFY(!player.isOpening()); // it waits, and libVLC has none of it
+    channel->letGo();
+    QVERIFY(probe->advances());
+    QVERIFY(!player.isOpening());
+}
+
 void tst_VlcPlayerChanges::selectsForAWaitingStream_data()
 {
     QTest::addColumn<bool>("hangs");
@@ -203,6 +235,7 @@ void tst_VlcPlayerChanges::selectsForAWaitingStream()
     QCOMPARE(player.timeMs(), 8000);
     player.setAudioTrack(2);
     QCOMPARE(player.currentAudioTrack(), 2);
+    QCOMPARE(player.trackLanguage(2), QString());
     player.setSubtitleTrack(3);
     player.setSubtitlesEnabled(false);
     QVERIFY(!player.subtitlesEnabled());
@@ -216,6 +249,7 @@ void tst_VlcPlayerChanges::selectsForAWaitingStream()
     QTRY_COMPARE_WITH_TIMEOUT(probe->log, startedPaused, openMs);
     QTRY_COMPARE_WITH_TIMEOUT(player.currentAudioTrack(), 2, openMs);
     QTRY_COMPARE(player.currentSubtitleTrack(), 3);
+    QCOMPARE(player.trackLanguage(2), u"deu"_s);
     QTRY_VERIFY_WITH_TIMEOUT(player.timeMs() >= 7500, openMs);
     QTRY_VERIFY(!player.isPlaying());
     QVERIFY(probe->staysSilent());
