@@ -4,7 +4,6 @@
 #include "providers/BackgroundJobs.h"
 #include "providers/M3uParser.h"
 #include "providers/PlaylistClient.h"
-#include "providers/SubscriptionAddress.h"
 #include "providers/XtreamClient.h"
 #include "providers/ZevrinoClient.h"
 
@@ -95,10 +94,6 @@ SourceConfig withAccount(SourceConfig source, const ZevrinoClient::Credentials &
 }
 
 } // namespace
-
-CatalogLoader::CatalogLoader(QObject *parent)
-    : CatalogLoader(configuredSubscriptionUrl(), parent)
-{}
 
 CatalogLoader::CatalogLoader(QString subscriptionBaseUrl, QObject *parent)
     : QObject(parent)

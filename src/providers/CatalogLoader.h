@@ -52,8 +52,6 @@ class CatalogLoader final : public QObject
     Q_OBJECT
 
 public:
-    /// Exchanges subscription keys with the service that the build configured.
-    explicit CatalogLoader(QObject *parent);
     /// Exchanges subscription keys with the service at this base address.
     CatalogLoader(QString subscriptionBaseUrl, QObject *parent);
 

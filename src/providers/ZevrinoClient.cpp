@@ -6,7 +6,6 @@
 #include "providers/HttpExchange.h"
 #include "providers/NetworkTrace.h"
 #include "providers/ReplyBody.h"
-#include "providers/SubscriptionAddress.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -26,10 +25,6 @@ ZevrinoClient::Outcome refusal(const QString &message)
 }
 
 } // namespace
-
-ZevrinoClient::ZevrinoClient(QObject *parent)
-    : ZevrinoClient(configuredSubscriptionUrl(), parent)
-{}
 
 ZevrinoClient::ZevrinoClient(const QString &baseUrl, QObject *parent)
     : QObject(parent)

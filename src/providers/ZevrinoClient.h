@@ -40,8 +40,6 @@ public:
     /// Success, the credentials (empty on failure), a message for the user (empty on success).
     using Callback = std::function<void(bool, const Credentials &, const QString &)>;
 
-    /// Asks the service that the build configured.
-    explicit ZevrinoClient(QObject *parent);
     /// Asks the service at `baseUrl`, an address without the path.
     ZevrinoClient(const QString &baseUrl, QObject *parent);
 
