@@ -149,10 +149,11 @@ QWidget *GuideChannelDialog::buildSearch(const QString &text)
     down->setContext(Qt::WidgetShortcut);
     connect(down, &QShortcut::activated, list, [this] {
         chosen->setChecked(true);
-        list->setFocus();
+        // Before the focus, with which the list would make a row current that is not selected.
         if (list->currentRow() < 0) {
             list->setCurrentRow(0);
         }
+        list->setFocus();
     });
 
     auto *page = new QWidget;

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void matchIsTold_data();
     void matchIsTold();
     void suggestionIsConfirmed();
+    void suggestionIsConfirmedBesideOthers();
     void correctionComesBack_data();
     void correctionComesBack();
     void channelIsChosenFromTheList();
@@ -159,6 +160,19 @@ void tst_GuideChannelDialog::suggestionIsConfirmed()
     QCOMPARE(dialog->correction(), (GuideCorrection{channel, u"news.two"_s}));
 }
 
+/// Whatever else was looked at.
+void tst_GuideChannelDialog::suggestionIsConfirmedBesideOthers()
+{
+    make({u"news.two"_s, Rule::Suggestion});
+    type(u"news"_s);
+    QTRY_COMPARE(list().count(), 2);
+    list().setCurrentRow(0);
+    QCOMPARE(dialog->correction(), (GuideCorrection{channel, u"news.one"_s}));
+    find<QPushButton>(u"confirmSuggestion"_s).click();
+    QCOMPARE(dialog->result(), int(QDialog::Accepted));
+    QCOMPARE(dialog->correction(), (GuideCorrection{channel, u"news.two"_s}));
+}
+
 void tst_GuideChannelDialog::correctionComesBack_data()
 {
     QTest::addColumn<std::optional<GuideCorrection>>("correction");
@@ -201,6 +215,7 @@ void tst_GuideChannelDialog::channelIsChosenByKeys()
     QTRY_COMPARE(list().count(), 2);
     QTest::keyClick(&search(), Qt::Key_Down);
     QVERIFY(list().hasFocus());
+    QVERIFY(list().item(0)->isSelected());
     QTest::keyClick(&list(), Qt::Key_Down);
     QTest::keyClick(&list(), Qt::Key_Return);
     QCOMPARE(dialog->result(), int(QDialog::Accepted));
