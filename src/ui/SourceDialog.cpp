@@ -32,14 +32,7 @@ Widget *named(Widget *widget, const QString &name)
 
 QString defaultName(qint32 type)
 {
-    switch (type) {
-    case SourceType::Xtream:
-        return u"Xtream Account"_s;
-    case SourceType::Zevrino:
-        return subscriptionSourceName;
-    default:
-        return u"M3U Playlist"_s;
-    }
+    return type == SourceType::Xtream ? u"Xtream Account"_s : u"M3U Playlist"_s;
 }
 
 } // namespace
@@ -169,13 +162,11 @@ void SourceDialog::fillFrom(const SourceConfig &source)
 {
     editedName = source.name;
     userAgent = source.userAgent;
-    typeCombo->setCurrentIndex(source.type);
-    pages->setCurrentIndex(source.type);
-    switch (source.type) {
-    case SourceType::Playlist:
-        m3uNameEdit->setText(source.name);
-        m3uUrlEdit->setText(source.url);
-        break;
+    // Whatever is no account is loaded as a playlist.
+    const qint32 type = SourceType::isAccount(source.type) ? source.type : SourceType::Playlist;
+    typeCombo->setCurrentIndex(type);
+    pages->setCurrentIndex(type);
+    switch (type) {
     case SourceType::Xtream: {
         xtreamNameEdit->setText(source.name);
         serverEdit->setText(source.url);
@@ -190,6 +181,8 @@ void SourceDialog::fillFrom(const SourceConfig &source)
         keyEdit->setText(source.subscriptionKey);
         break;
     default:
+        m3uNameEdit->setText(source.name);
+        m3uUrlEdit->setText(source.url);
         break;
     }
 }

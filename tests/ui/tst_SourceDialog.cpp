@@ -168,6 +168,8 @@ void tst_SourceDialog::editingShowsWhatTheTypeHas_data()
     QTest::newRow("account") << SourceType::Xtream
                              << QStringList{
                                     {}, {}, u"Home"_s, u"http://h"_s, u"user"_s, u" secret "_s, {}};
+    QTest::newRow("unknown, which is loaded as a playlist")
+        << 7 << QStringList{u"Home"_s, u"http://h"_s, {}, {}, {}, {}, {}};
     // What the service gave for the key is not the user's to edit.
     QTest::newRow("subscription") << SourceType::Zevrino
                                   << QStringList{{}, {}, {}, {}, {}, {}, u"ABC-123"_s};
@@ -179,8 +181,9 @@ void tst_SourceDialog::editingShowsWhatTheTypeHas()
     const SourceConfig source = existingSource(type);
     const Form form(&source);
     QCOMPARE(form.dialog.windowTitle(), u"Edit Source"_s);
-    QCOMPARE(form.types.currentIndex(), type);
-    QCOMPARE(form.pages.currentIndex(), type);
+    const int page = SourceType::isAccount(type) ? type : SourceType::Playlist;
+    QCOMPARE(form.types.currentIndex(), page);
+    QCOMPARE(form.pages.currentIndex(), page);
     QTEST(form.texts(), "texts");
 }
 
