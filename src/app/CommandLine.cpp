@@ -35,7 +35,8 @@ bool CommandLine::asksForText(int argc, char **argv)
 {
     return std::any_of(argv, argv + argc, [](const char *argument) {
         const QByteArrayView text(argument);
-        return text == "--help" || text == "-h" || text == "--version" || text == "-v";
+        return text == "--help" || text == "--help-all" || text == "-h" || text == "--version" ||
+               text == "-v";
     });
 }
 

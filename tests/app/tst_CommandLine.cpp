@@ -33,6 +33,7 @@ void tst_CommandLine::answers_data()
         << QStringList{u"--help"_s} << u"A player for internet television."_s;
     QTest::newRow("help tells what can be opened")
         << QStringList{u"--help"_s} << u" [options] [FILE|URL...]\n"_s;
+    QTest::newRow("all help") << QStringList{u"--help-all"_s} << u"Usage: "_s;
     QTest::newRow("help, short") << QStringList{u"-h"_s} << u"--version "_s;
 }
 

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void whatMainSets();
     void theWindowSpeaksTheLanguage();
     void unknownOptionsAreReported();
+    void optionsInOneWordAreAnswered();
     void tracesWithTheSwitch();
 
 private:
@@ -69,6 +70,7 @@ Run tst_StartUp::run(const QStringList &words, bool traces)
     if (traces) {
         environment.insert(u"VANTIRO_NET_DEBUG"_s, u"1"_s);
     }
+    QFile::remove(folder + u"/report"_s); // of an earlier run
     QProcess process;
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(VANTIRO_PLAYER), words);
@@ -112,6 +114,15 @@ void tst_StartUp::unknownOptionsAreReported()
     QCOMPARE(result.errors, "Unknown option 'nope'.\n"_ba);
     QCOMPARE(result.exitCode, probeStatus);
     QCOMPARE(server->requestCount(), 1);
+}
+
+/// No window shows.
+void tst_StartUp::optionsInOneWordAreAnswered()
+{
+    const Run result = run({u"-hv"_s});
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.report, QStringList());
+    QCOMPARE(server->requestCount(), 0);
 }
 
 void tst_StartUp::tracesWithTheSwitch()
