@@ -125,16 +125,14 @@ void MainWindow::markShow(const MediaItem &show, bool watched)
         markEpisodesOfShow(entry, cached, true);
         return;
     }
-    XtreamClient *xtream = catalogLoader->accountClient();
-    if (xtream == nullptr) {
-        return;
-    }
-    xtream->fetchSeriesEpisodes(entry.id, [this, entry](const QList<Episode> &episodes) {
-        if (!episodes.isEmpty()) {
-            CatalogCache::saveEpisodes(entry.source, entry.id, episodes);
-            markEpisodesOfShow(entry, episodes, true);
-        }
-    });
+    // There is a client: shows come with an account.
+    catalogLoader->accountClient()->fetchSeriesEpisodes(
+        entry.id, [this, entry](const QList<Episode> &episodes) {
+            if (!episodes.isEmpty()) {
+                CatalogCache::saveEpisodes(entry.source, entry.id, episodes);
+                markEpisodesOfShow(entry, episodes, true);
+            }
+        });
 }
 
 /// Marks the show and its episodes in one change. Without `episodes`, those that have marks.

@@ -125,24 +125,22 @@ void ReminderKeeper::showFirst(const QList<Reminder> &reminders, qint64 now)
     message->setAttribute(Qt::WA_ShowWithoutActivating);
     message->setAttribute(Qt::WA_QuitOnClose, false);
     message->setModal(false);
-    connect(message.get(), &QDialog::finished, this,
-            [this, watch] { closeMessage(message->clickedButton() == watch); });
+    connect(message.get(), &QDialog::finished, this, [this, watch, reminder = *told] {
+        closeMessage(reminder, message->clickedButton() == watch);
+    });
     message->show();
 }
 
-void ReminderKeeper::closeMessage(bool watch)
+void ReminderKeeper::closeMessage(const Reminder &reminder, bool watch)
 {
     // The box is at work.
     message.release()->deleteLater();
-    const std::optional<Reminder> reminder = std::exchange(told, std::nullopt);
-    if (!reminder) {
-        return;
-    }
+    told.reset();
     // Shows the next one.
-    library->removeReminder(*reminder);
+    library->removeReminder(reminder);
     if (watch) {
         bringToFront(*window);
-        Q_EMIT watchRequested(*reminder);
+        Q_EMIT watchRequested(reminder);
     }
 }
 

@@ -48,7 +48,7 @@ private:
     void look();
     void dropThoseThatAreOver(qint64 now);
     void showFirst(const QList<Reminder> &reminders, qint64 now);
-    void closeMessage(bool watch);
+    void closeMessage(const Reminder &reminder, bool watch);
     void waitForNext(const QList<Reminder> &reminders);
 
     Library *library;
