@@ -190,6 +190,13 @@ void tst_BrowseTabGuide::programmesFound()
     QCOMPARE(schedules.count(), 1);
     QCOMPARE(schedules.first().at(0).value<MediaItem>().name.toString(), u"Two"_s);
     QCOMPARE(schedules.first().at(1).value<GuideProgramme>().start, fixture->at(1));
+    // It is in none of the rows that show, so that it plays in the list of all.
+    int row = -1;
+    const ShownEntries all = tab->tab.entriesAround(fixture->items.at(1), row);
+    QCOMPARE(all.count(), 3);
+    QCOMPARE(row, 1);
+    QCOMPARE(tab->tab.entriesAround(film(u"Gone"_s), row).count(), 0);
+    QCOMPARE(row, -1);
     // A channel that the source no longer has.
     tab->tab.setItems(fixture->items.mid(2));
     QTest::keyClick(&field, Qt::Key_Return);

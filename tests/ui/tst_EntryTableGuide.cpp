@@ -52,6 +52,9 @@ private Q_SLOTS:
     void withoutGuide();
     void secondLine();
     void toolTip();
+    void toolTipOfALongDescription();
+    void theNameLeavesRoomForTheStar_data();
+    void theNameLeavesRoomForTheStar();
     void onlyVisibleRows();
     void rowsThatAreScrolledTo();
     void nextProgramme();
@@ -132,6 +135,50 @@ void tst_EntryTableGuide::toolTip()
     QVERIFY(tip.contains("What &amp; why"_L1));
     QVERIFY(tip.contains("Second c0"_L1));
     QVERIFY(!tip.contains("<b>c0"_L1));
+}
+
+void tst_EntryTableGuide::toolTipOfALongDescription()
+{
+    OnNow onNow;
+    onNow.now = GuideProgramme{now, now + hour, u"Film"_s, u"word "_s.repeated(200)};
+    const QString tip = onNowToolTip(onNow);
+    QVERIFY(tip.contains("word word"_L1));
+    QVERIFY(tip.endsWith(u"\u2026</p>"_s));
+    QVERIFY2(tip.size() < 800, qPrintable(tip));
+}
+
+void tst_EntryTableGuide::theNameLeavesRoomForTheStar_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("from left to right") << Qt::LeftToRight;
+    QTest::newRow("from right to left") << Qt::RightToLeft;
+}
+
+void tst_EntryTableGuide::theNameLeavesRoomForTheStar()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    // Two rows that differ in nothing but the name.
+    QList<MediaItem> items(2);
+    items[1].name = u"H"_s.repeated(100);
+    EntryTable marked(u"Channel"_s);
+    marked.setMarks([](const MediaItem &) { return EntryMark{true, false, 0}; });
+    marked.setFocusPolicy(Qt::NoFocus);
+    marked.setAlternatingRowColors(false);
+    marked.setLayoutDirection(direction);
+    marked.resize(300, 400);
+    marked.fill({items, {0, 1}});
+    marked.setGuide(guide.get());
+    marked.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&marked));
+    const QImage picture = marked.viewport()->grab().toImage();
+    const auto part = [&](int row, int fromEdge, int width) {
+        QRect cell = marked.visualItemRect(marked.item(row, 0));
+        const int left = direction == Qt::LeftToRight ? cell.right() + 1 - fromEdge - width
+                                                      : cell.left() + fromEdge;
+        return picture.copy(left, cell.top(), width, cell.height());
+    };
+    QCOMPARE(part(1, 0, entryMarkSize), part(0, 0, entryMarkSize));
+    QVERIFY(part(1, 2 * entryMarkSize, entryMarkSize) != part(0, 2 * entryMarkSize, entryMarkSize));
 }
 
 void tst_EntryTableGuide::onlyVisibleRows()

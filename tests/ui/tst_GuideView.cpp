@@ -31,6 +31,7 @@ private Q_SLOTS:
     void nothingFound();
     void escape();
     void otherContents();
+    void takenBackWhileItSearches();
 
 private:
     template <typename Widget>
@@ -236,6 +237,16 @@ void tst_GuideView::otherContents()
     QTRY_COMPARE(found(), QStringList{u"One: Another film"_s});
     view->setGuide(nullptr);
     QCOMPARE(found(), QStringList());
+}
+
+void tst_GuideView::takenBackWhileItSearches()
+{
+    type(u"film"_s);
+    QTRY_COMPARE(found().size(), 1);
+    view->setGuide(nullptr);
+    QCOMPARE(part<QLineEdit>(u"guideSearch"_s).text(), QString());
+    QCOMPARE(text(u"guideStrip"_s), QString());
+    QCOMPARE(text(u"guideDescription"_s), QString());
 }
 
 VANTIRO_TEST_MAIN(tst_GuideView)

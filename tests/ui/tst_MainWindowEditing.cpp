@@ -3,6 +3,7 @@
 #include "support/TestFiles.h"
 #include "ui/EpisodePage.h"
 
+#include <QMenu>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTreeWidget>
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void init();
     void addingStoresSelectsAndLoads();
     void cancellingChangesNothing();
+    void theOptionsOfASourceThatIsNotStored();
     void invalidInputIsRefused_data();
     void invalidInputIsRefused();
     void twinsAreOneSource();
@@ -122,6 +124,27 @@ void tst_MainWindowEditing::cancellingChangesNothing()
     button(u"Edit Source..."_s).click();
     QCOMPARE(dialogs.seen().size(), 4);
     expectOnlyA();
+}
+
+void tst_MainWindowEditing::theOptionsOfASourceThatIsNotStored()
+{
+    openWith({u"a"_s});
+    cacheOneChannel(u"b"_s, u"b"_s);
+    window().loadSource(playlistSource(u"b"_s, server->url(u"/b"_s)), false);
+    QTRY_COMPARE(shownChannels(), QStringList{u"b"_s});
+    bool isChosen = false;
+    dialogs.nextMenu([&isChosen](QMenu &menu) {
+        for (QAction *action : menu.actions()) {
+            if (action->text() == "Source Options..."_L1) {
+                isChosen = true;
+                action->trigger();
+            }
+        }
+    });
+    button(u"More"_s).click();
+    QVERIFY(isChosen);
+    QVERIFY(dialogs.seen().isEmpty());
+    QCOMPARE(storedNames(), QStringList{u"a"_s});
 }
 
 void tst_MainWindowEditing::invalidInputIsRefused_data()

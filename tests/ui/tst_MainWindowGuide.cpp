@@ -162,19 +162,26 @@ void tst_MainWindowGuide::anotherChannelOfTheGuide()
     openPlaylist();
     turnOn(server->url(u"/guide.xml"_s));
     QTRY_VERIFY(!description(0).isEmpty());
-    bool isAnswered = false;
-    dialogs.next([&](QDialog &dialog) {
-        for (QRadioButton *choice : dialog.findChildren<QRadioButton *>()) {
-            if (choice->objectName() == "noGuide"_L1) {
-                choice->click();
-            }
-        }
-        isAnswered = DialogAnswers::click(dialog, u"OK"_s);
-    });
-    QVERIFY(RowMenus::choose(RowMenus::openByMouse(table(), 0), u"Guide Channel..."_s));
-    QTRY_VERIFY(isAnswered);
+    const auto answer = [this](const QString &choice, const QString &button) {
+        bool isAnswered = false;
+        dialogs.next([&](QDialog &dialog) {
+            dialog.findChild<QRadioButton *>(choice)->click();
+            isAnswered = DialogAnswers::click(dialog, button);
+        });
+        QVERIFY(RowMenus::choose(RowMenus::openByMouse(table(), 0), u"Guide Channel..."_s));
+        QTRY_VERIFY(isAnswered);
+    };
+    answer(u"noGuide"_s, u"OK"_s);
     QTRY_COMPARE(description(0), QString());
     QVERIFY(!description(1).isEmpty());
+    const auto corrections = [this] {
+        return window().findChild<Library *>()->guideCorrections(u"A"_s, EntryKind::Channel).size();
+    };
+    answer(u"automaticGuide"_s, u"Cancel"_s);
+    QCOMPARE(corrections(), 1);
+    answer(u"automaticGuide"_s, u"OK"_s);
+    QTRY_VERIFY(description(0).endsWith(" News of One"_L1));
+    QCOMPARE(corrections(), 0);
 }
 
 void tst_MainWindowGuide::theGuideIsBesideTheSearch()

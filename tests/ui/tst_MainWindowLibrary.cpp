@@ -39,6 +39,7 @@ class tst_MainWindowLibrary : public QObject, private WindowFixture
 private Q_SLOTS:
     void init();
     void withoutUseThereIsNoFile();
+    void aFileThatCannotBeMadeIsTold();
     void theKeyIsForTheListWithTheFocus();
     void theKeyIsForWhatPlays();
     void undoBringsItBack();
@@ -126,6 +127,17 @@ void tst_MainWindowLibrary::withoutUseThereIsNoFile()
     QVERIFY(window().close());
     QCOMPARE(filesIn(folder), before);
     QVERIFY(!QFile::exists(Library::defaultFilePath()));
+}
+
+void tst_MainWindowLibrary::aFileThatCannotBeMadeIsTold()
+{
+    QVERIFY(QDir().mkpath(Library::defaultFilePath() + "/in the way"_L1));
+    openPlaylist();
+    addFavorite(0);
+    QTRY_VERIFY(!dialogs.seen().isEmpty());
+    QCOMPARE(dialogs.seen().constLast().title, u"Favorites and Positions"_s);
+    QVERIFY(dialogs.seen().constLast().text.startsWith(
+        "Favorites and positions cannot be stored: "_L1));
 }
 
 void tst_MainWindowLibrary::theKeyIsForTheListWithTheFocus()

@@ -51,6 +51,8 @@ private Q_SLOTS:
     void clearedHistoryCanBeTakenBack();
     void backsUp_data();
     void backsUp();
+    void cancelling_data();
+    void cancelling();
     void aBackupThatCannotBeWritten();
     void restoresWhatIsGone();
     void aFileThatIsNoBackup();
@@ -86,6 +88,7 @@ private:
 void tst_MainWindowMore::init()
 {
     reset();
+    QFile::remove(backupFile()); // which another backup would ask about
     server = std::make_unique<HttpServer>();
     for (const QString &name : {u"a"_s, u"b"_s, u"c"_s}) {
         server->on(u'/' + name, bodyReply(oneChannel(name)));
@@ -255,6 +258,39 @@ void tst_MainWindowMore::backsUp()
     dialogs.nextClicks(u"Save"_s);
     choose(u"Back Up..."_s);
     QVERIFY(!QFile::exists(backupFile()));
+}
+
+/// At any of their steps.
+void tst_MainWindowMore::cancelling_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<int>("accepted"); ///< how many of the dialogs
+    QTest::newRow("the backup") << u"Back Up..."_s << 0;
+    QTest::newRow("the backup's file") << u"Back Up..."_s << 1;
+    QTest::newRow("the file to restore") << u"Restore..."_s << 0;
+    QTest::newRow("restoring it") << u"Restore..."_s << 1;
+}
+
+void tst_MainWindowMore::cancelling()
+{
+    QFETCH(const QString, line);
+    QFETCH(const int, accepted);
+    openWith({u"a"_s});
+    const bool restores = line == "Restore..."_L1;
+    if (restores) {
+        writeBackup({{served(u"b"_s, u"/b"_s)}, {}});
+    }
+    const QByteArray before = readFile(backupFile());
+    if (accepted > 0 && restores) {
+        nextChoosesFile(backupFile());
+    } else if (accepted > 0) {
+        dialogs.nextClicks(u"Save"_s);
+    }
+    dialogs.next([](QDialog &dialog) { dialog.reject(); });
+    choose(line);
+    QCOMPARE(dialogs.seen().size(), accepted + 1);
+    QCOMPARE(storedNames(), QStringList{u"a"_s});
+    QCOMPARE(readFile(backupFile()), before);
 }
 
 void tst_MainWindowMore::aBackupThatCannotBeWritten()

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void anEntryPlays_data();
     void anEntryPlays();
     void whatDoesNotPlayChangesNothing();
+    void anEntryWithoutAnAddress();
     void aLongTitleDoesNotWidenTheWindow();
     void aFailedFilmAsksTheUser_data();
     void aFailedFilmAsksTheUser();
@@ -119,6 +120,26 @@ void tst_MainWindowPlayer::whatDoesNotPlayChangesNothing()
     // The attempts continue.
     window().onPlaybackInterrupted(u"it broke"_s);
     QCOMPARE(nowPlaying(), u"Reconnecting to Entry... (attempt 2)"_s);
+}
+
+/// The list goes on from what plays.
+void tst_MainWindowPlayer::anEntryWithoutAnAddress()
+{
+    const SourceConfig source = playlistSource(u"A"_s, u"/nowhere"_s);
+    store(source);
+    CatalogCache::save(source.name, u"channel"_s,
+                       {{},
+                        {channel(u"1"_s, {}, {}), channel(u"2"_s, server->url(u"/2"_s), {}),
+                         channel(u"3"_s, server->url(u"/3"_s), {})}});
+    open();
+    QCOMPARE(shownChannels(), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+    window().selectChannelCategory(find<QListWidget>(u"channelCategoryList"_s).item(0));
+    window().playChannelRow(1, 0);
+    QCOMPARE(nowPlaying(), u"Playing: 2"_s);
+    window().playChannelRow(0, 0);
+    QCOMPARE(nowPlaying(), u"Playing: 2"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_N);
+    QCOMPARE(nowPlaying(), u"Playing: 3"_s);
 }
 
 void tst_MainWindowPlayer::aLongTitleDoesNotWidenTheWindow()

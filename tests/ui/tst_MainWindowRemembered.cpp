@@ -22,6 +22,7 @@ private Q_SLOTS:
     void theSmallWindowIsNotRemembered();
     void itIsStoredWhileTheProgramRuns();
     void aScreenThatIsGone();
+    void maximizedWithoutAGeometry();
     void damagedSettingsDoNoHarm_data();
     void damagedSettingsDoNoHarm();
 
@@ -139,6 +140,18 @@ void tst_MainWindowRemembered::aScreenThatIsGone()
         all |= screen->availableGeometry();
     }
     QVERIFY(all.contains(window().geometry()));
+}
+
+/// As much of it as can be read.
+void tst_MainWindowRemembered::maximizedWithoutAGeometry()
+{
+    {
+        QSettings settings(u"Vantiro"_s, u"Window"_s);
+        settings.setValue(u"geometry"_s, QByteArray("junk"));
+        settings.setValue(u"maximized"_s, true);
+    }
+    open();
+    QTRY_VERIFY(window().isMaximized());
 }
 
 void tst_MainWindowRemembered::damagedSettingsDoNoHarm_data()

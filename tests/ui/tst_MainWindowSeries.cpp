@@ -68,6 +68,7 @@ private Q_SLOTS:
     void withoutAnAccountNothingOpens();
     void anAccountLoadedEarlierIsEnough();
     void nextEpisodeWalksToTheEnd();
+    void keysWalkToBothEnds();
     void nextEpisodeFollowsThePlayingShow();
     void nextEpisodeStaysWithItsAccount();
     void playingAnEntryEndsTheShow();
@@ -309,6 +310,26 @@ void tst_MainWindowSeries::nextEpisodeWalksToTheEnd()
     // The show stays: it continues from its page.
     choose(0);
     QVERIFY(nextButton().isEnabled());
+}
+
+void tst_MainWindowSeries::keysWalkToBothEnds()
+{
+    openEpisodes();
+    choose(0);
+    QTRY_COMPARE(server->requestCount(u"/series/u/p/21.mkv"_s), 1);
+    const QString first = u"Show - S02E01 - Return"_s;
+    const QString second = u"Show - S02E02 - End"_s;
+    const QList<std::pair<Qt::Key, QString>> steps{
+        {Qt::Key_P, first}, {Qt::Key_N, second}, {Qt::Key_N, second}, {Qt::Key_P, first}};
+    for (const auto &[key, title] : steps) {
+        const bool moves = !nowPlaying().endsWith(title);
+        QTest::keyClick(QApplication::focusWidget(), key);
+        QCOMPARE(nowPlaying(), u"Playing: "_s + title);
+        if (moves) { // which is told
+            QCOMPARE(find<QLabel>(u"pictureLine"_s).accessibleName(), title);
+        }
+    }
+    QTRY_COMPARE(server->requestCount(u"/series/u/p/21.mkv"_s), 2);
 }
 
 void tst_MainWindowSeries::nextEpisodeFollowsThePlayingShow()

@@ -240,6 +240,12 @@ void tst_PosterImage::paintsWhatTheOriginalPaints()
         for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected, QIcon::Disabled}) {
             QCOMPARE(painted(icon, pixelRatio, mode), painted(expected, pixelRatio, mode));
         }
+        // A copy that is changed is one of its own.
+        QIcon copy = icon;
+        copy.setIsMask(true);
+        QVERIFY(!icon.isMask());
+        QCOMPARE(painted(copy, pixelRatio, QIcon::Normal),
+                 painted(icon, pixelRatio, QIcon::Normal));
     }
 }
 

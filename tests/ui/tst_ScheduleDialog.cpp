@@ -7,6 +7,7 @@
 #include "ui/ScheduleDialog.h"
 
 #include <QComboBox>
+#include <QImage>
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -23,6 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 day = 24 * 60 * 60;
+const QColor bellColor(0xf5c518); ///< of a reminder
 
 /// A minute in seconds; a shorter one near midnight, so that half an hour before and after now is
 /// today; 0 in the last and the first half minute of a day.
@@ -263,11 +265,25 @@ void tst_ScheduleDialog::reminders()
     viewer->addProgrammes();
     viewer->open(u"tvg-id=\"one\""_s);
     viewer->choose(u"Next"_s);
+    const auto bells = [this] {
+        const QImage picture = viewer->list().viewport()->grab().toImage();
+        QSet<int> rows;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) == bellColor)
+                    rows.insert(viewer->list().row(viewer->list().itemAt(x, y)));
+            }
+        }
+        return rows;
+    };
+    QCOMPARE(bells(), QSet<int>());
     viewer->dialog->setReminders({viewer->now + 10 * minute});
+    QCOMPARE(bells(), QSet<int>{2});
     QCOMPARE(viewer->marks(2), u"Reminder Set"_s);
     QCOMPARE(viewer->marks(1), u"On Now"_s);
     QCOMPARE(viewer->actions(), QStringList{u"Remove Reminder"_s});
     viewer->dialog->setReminders({});
+    QCOMPARE(bells(), QSet<int>());
     QCOMPARE(viewer->marks(2), QString());
     QCOMPARE(viewer->actions(), QStringList{u"Remind Me"_s});
 }
@@ -347,6 +363,9 @@ void tst_ScheduleDialog::tellsWhenThereIsNothing()
     QCOMPARE(viewer->message().text(), text);
     QCOMPARE(viewer->list().count(), 0);
     QCOMPARE(viewer->actions(), QStringList());
+    QVERIFY(QTest::qWaitForWindowActive(viewer->dialog.get()));
+    QTest::keyClick(&viewer->list(), Qt::Key_Return);
+    QCOMPARE(viewer->log, QStringList());
 }
 
 void tst_ScheduleDialog::tellsOfAGuess()

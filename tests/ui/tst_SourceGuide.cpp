@@ -49,6 +49,7 @@ private Q_SLOTS:
     void anotherSource();
     void correction();
     void correctionOfAnUnstoredChannel();
+    void correctionWhileAnUpdateRuns();
     void cancelled();
     void renamed();
     void deleted();
@@ -293,6 +294,20 @@ void tst_SourceGuide::correctionOfAnUnstoredChannel()
     QTRY_COMPARE(server->requests().size(), 4);
     QTRY_VERIFY(!guide->isUpdating());
     QCOMPARE(running(one), u"On three"_s);
+}
+
+void tst_SourceGuide::correctionWhileAnUpdateRuns()
+{
+    QVERIFY(turnOn());
+    server->on(u"/guide.xml"_s, heldReply());
+    guide->update(settings());
+    QTRY_COMPARE(server->requestCount(u"/guide.xml"_s), 2);
+    makeGuides();
+    // It begins again, with the correction.
+    guide->setCorrection(channel(one), u"two"_s);
+    QTRY_VERIFY(!guide->isUpdating());
+    QCOMPARE(server->requestCount(u"/guide.xml"_s), 3);
+    QCOMPARE(running(one), u"On two"_s);
 }
 
 void tst_SourceGuide::cancelled()
