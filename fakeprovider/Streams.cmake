@@ -91,6 +91,10 @@ vantiro_stream(tracks.mkv
     -metadata:s:s:0 language=eng -metadata:s:s:0 title=English
     -metadata:s:s:1 language=fra -metadata:s:s:1 title=Français
     -disposition:s:0 0 -disposition:s:1 0)
+# Its subtitles show by themselves.
+vantiro_stream(default-subtitles.mkv
+    ${picture} ${tone} -i ${streams_dir}/english.srt -map 0:v -map 1:a -map 2:s -t 20
+    ${x264} -b:v 150k ${aac} -c:s srt -metadata:s:s:0 language=eng -disposition:s:0 default+forced)
 
 # Nothing but dark blue, on which subtitles stand out.
 vantiro_stream(subtitled.mkv

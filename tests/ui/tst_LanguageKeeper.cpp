@@ -69,6 +69,7 @@ private Q_SLOTS:
     void nothingIsStoredBeforeAChoice();
     void aLaterChoiceInTheStreamStays();
     void aSubtitleFileShowsAlthoughTheyAreOff();
+    void subtitlesStayOff();
     void goesAlongWithTheSource();
 };
 
@@ -189,6 +190,20 @@ void tst_LanguageKeeper::aSubtitleFileShowsAlthoughTheyAreOff()
     const QSignalSpy progress(&viewer.player, &VlcPlayer::playbackProgressing);
     QTRY_VERIFY(progress.count() >= 3);
     QVERIFY(viewer.player.subtitlesEnabled());
+    QCOMPARE(viewer.library.preferredLanguages(u"S"_s).subtitles, subtitlesOff);
+}
+
+/// libVLC selects some by itself.
+void tst_LanguageKeeper::subtitlesStayOff()
+{
+    const QString stream = u"default-subtitles.mkv"_s;
+    Viewer viewer;
+    viewer.watch(u"T"_s, stream);
+    QTRY_VERIFY(viewer.player.currentSubtitleTrack() >= 0);
+    viewer.watch(u"S"_s);
+    viewer.player.setSubtitleTrack(none);
+    viewer.watch(u"S"_s, stream);
+    QTRY_COMPARE(viewer.player.currentSubtitleTrack(), none);
     QCOMPARE(viewer.library.preferredLanguages(u"S"_s).subtitles, subtitlesOff);
 }
 
