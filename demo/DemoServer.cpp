@@ -19,7 +19,7 @@ namespace {
 constexpr int channelSeconds = 60;
 constexpr int dropOutSeconds = 30;
 constexpr int archiveDays = 3;
-constexpr qint64 daySeconds = 24 * 60 * 60;
+constexpr qint64 daySeconds = 24LL * 60 * 60;
 /// 2024-01-01, in seconds since the epoch.
 constexpr qint64 firstAdded = 1704067200;
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Enough to keep a client busy, little enough to notice soon that it went away.
-constexpr qint64 kQueueLimit = 256 * 1024;
+constexpr qint64 kQueueLimit = 256LL * 1024;
 constexpr int kPaceIntervalMs = 10;
 
 // QNetworkAccessManager takes a reply that arrives while it still writes the request, but does

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 minute = 60;
-constexpr qint64 blockSeconds = 6 * 60 * minute;
+constexpr qint64 blockSeconds = 6LL * 60 * minute;
 /// The lengths of a block's programmes, in minutes; a block in all.
 constexpr std::array blockMinutes{30, 15, 45, 90, 60, 30, 90};
 
@@ -136,7 +136,7 @@ QByteArray ProviderGuide::shortSchedule(int stream, qint64 now, int most) const
 
 QByteArray ProviderGuide::fullSchedule(int stream, qint64 now) const
 {
-    constexpr qint64 day = 24 * 60 * minute;
+    constexpr qint64 day = 24LL * 60 * minute;
     QJsonArray list;
     if (const auto channel = channelOf(stream)) {
         const auto all = programmes(*channel, now - reachSeconds, now + reachSeconds);

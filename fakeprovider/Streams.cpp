@@ -47,7 +47,7 @@ HttpReply liveClip(const QString &path, int seconds, int burstSeconds)
     reply.bytesPerSecond = clip.size() / seconds;
     reply.burst = reply.bytesPerSecond * burstSeconds;
     reply.producer = [clip](qint64 offset) {
-        constexpr qint64 piece = 188 * 64;
+        constexpr qint64 piece = 188LL * 64;
         const qint64 position = offset % clip.size();
         return clip.sliced(position, std::min<qint64>(piece, clip.size() - position));
     };

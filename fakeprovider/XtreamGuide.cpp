@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 secondsPerMinute = 60;
-constexpr qint64 secondsPerDay = 24 * 60 * secondsPerMinute;
+constexpr qint64 secondsPerDay = 24LL * 60 * secondsPerMinute;
 
 HttpReply refusal(int status)
 {

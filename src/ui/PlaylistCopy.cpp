@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 blockSize = 1024 * 1024;
+constexpr qint64 blockSize = 1024LL * 1024;
 
 bool isRemote(const QString &url)
 {

@@ -23,7 +23,7 @@ namespace {
 /// More posters do not wait to be read from disk: the view may have moved on when their turn comes.
 constexpr int maxWaitingReads = 32;
 /// Bodies that wait to be decoded may have so many bytes together.
-constexpr qint64 maxWaitingBytes = 64 * 1024 * 1024;
+constexpr qint64 maxWaitingBytes = 64LL * 1024 * 1024;
 
 bool mayBeImage(const QNetworkReply &reply)
 {

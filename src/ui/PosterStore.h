@@ -23,7 +23,7 @@ class PosterStore final : public QObject
 
 public:
     /// The default holds five hundred posters on a screen of pixel ratio 1.
-    static constexpr qint64 defaultMemoryBytes = 64 * 1024 * 1024;
+    static constexpr qint64 defaultMemoryBytes = 64LL * 1024 * 1024;
 
     explicit PosterStore(QObject *parent = nullptr, qint64 memoryBytes = defaultMemoryBytes);
     /// Waits for the picture that is being decoded; drops what else is under way.

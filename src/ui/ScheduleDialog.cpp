@@ -29,7 +29,7 @@ namespace {
 constexpr int smallestWidth = 560;
 constexpr int smallestHeight = 480;
 constexpr int descriptionHeight = 110;
-constexpr qint64 secondsOfDay = 24 * 60 * 60;
+constexpr qint64 secondsOfDay = 24LL * 60 * 60;
 constexpr qint64 daysAhead = 14; ///< more than any guide holds
 constexpr qint64 noStart = -1;
 

@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr qint64 secondsOfDay = 24 * 60 * 60;
-constexpr qint64 secondsOfHour = 60 * 60;
+constexpr qint64 secondsOfDay = 24LL * 60 * 60;
+constexpr qint64 secondsOfHour = 60LL * 60;
 
 ScheduleRow::Phase phaseOf(const GuideProgramme &programme, qint64 now)
 {

@@ -14,10 +14,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int lookMs = 10 * 60 * 1000;
-constexpr qint64 refreshSeconds = 12 * 3600;
+constexpr qint64 refreshSeconds = 12LL * 3600;
 /// After an update that met a problem.
 constexpr qint64 retrySeconds = 3600;
-constexpr qint64 daySeconds = 24 * 3600;
+constexpr qint64 daySeconds = 24LL * 3600;
 
 bool hasProblem(const GuideResult &result)
 {

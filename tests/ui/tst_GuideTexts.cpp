@@ -10,7 +10,7 @@ namespace {
 
 /// 2026-11-22 20:15 in UTC, a Sunday.
 constexpr qint64 sunday = 1'795'378'500;
-constexpr qint64 day = 24 * 3600;
+constexpr qint64 day = 24LL * 3600;
 
 const QLocale english(QLocale::English, QLocale::UnitedKingdom);
 

@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 day = 24 * 60 * 60;
+constexpr qint64 day = 24LL * 60 * 60;
 const QColor bellColor(0xf5c518); ///< of a reminder
 
 /// A minute in seconds; a shorter one near midnight, so that half an hour before and after now is
