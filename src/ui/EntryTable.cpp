@@ -174,6 +174,7 @@ void EntryTable::setMovable(bool movable)
     setDragEnabled(movable);
     setDragDropMode(movable ? QAbstractItemView::InternalMove : QAbstractItemView::NoDragDrop);
     setDropIndicatorShown(movable);
+    setDragDropOverwriteMode(false); // the mark is a line between two rows
     for (QAction *action : moveActions()) {
         action->setEnabled(movable);
     }
@@ -188,7 +189,7 @@ void EntryTable::dropEvent(QDropEvent *event)
         ++to;
     }
     // The view would remove the row that a move leaves behind.
-    event->setDropAction(Qt::CopyAction);
+    event->setDropAction(Qt::IgnoreAction);
     event->accept();
     if (event->source() == this && from >= 0 && to != from && to != from + 1) {
         Q_EMIT rowMoved(from, to);

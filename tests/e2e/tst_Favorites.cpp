@@ -70,7 +70,15 @@ void TestFavorites::orderSurvivesARestart()
     QVERIFY(Mouse::moveTo(first.topLeft() + QPoint(41, 2)));
     QTRY_VERIFY(Screen::differs(before, Screen::grab(edge), 0.05));
     QVERIFY(Mouse::release());
-    const QStringList moved{u"Four"_s, u"Two"_s, u"Three"_s};
+    QTRY_COMPARE(table().rowTexts(), (QStringList{u"Four"_s, u"Two"_s, u"Three"_s}));
+    // Behind a row as well, and not only in front of it.
+    const QRect target = session->entry(u"Two"_s).rect();
+    QVERIFY(Mouse::press(session->entry(u"Four"_s).rect().center()));
+    QVERIFY(Mouse::moveTo(target.center()));
+    QVERIFY(Mouse::moveTo(target.bottomLeft() + QPoint(40, -3)));
+    QVERIFY(Mouse::moveTo(target.bottomLeft() + QPoint(41, -2)));
+    QVERIFY(Mouse::release());
+    const QStringList moved{u"Two"_s, u"Four"_s, u"Three"_s};
     QTRY_COMPARE(table().rowTexts(), moved);
     session->keepScreenshot(u"favorites"_s);
     // A drag does not play.

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void searchLinesKeepTheirKeys();
     void alwaysOnTop();
     void smallWindow();
+    void movesTheSmallWindow();
     void savesThePicture();
     void theMenu_data();
     void theMenu();
@@ -299,6 +300,31 @@ void TestPlayerKeys::smallWindow()
     QVERIFY2(window.isVisible(), "the window is the same");
     QVERIFY(session->seesPicture());
     QVERIFY(session->hasOneWindow());
+}
+
+void TestPlayerKeys::movesTheSmallWindow()
+{
+    const NativeWindow window = session->nativeWindow();
+    watchChannel();
+    QVERIFY(tells(u"shift+p"_s, u"Shift+P or Escape leaves the small window"_s));
+    QTRY_COMPARE(window.geometry().size(), QSize(480, 270));
+    const QRect before = window.geometry();
+    QPoint pointer = before.center();
+    QVERIFY(Mouse::press(pointer));
+    // The window manager follows the pointer from the moment it has it.
+    const auto moves = [&] {
+        pointer -= QPoint(20, 15);
+        return Mouse::moveTo(pointer) && window.geometry().topLeft() != before.topLeft();
+    };
+    QVERIFY(QTest::qWaitFor(moves, 20'000));
+    QVERIFY(Mouse::release());
+    QCOMPARE(window.geometry().size(), before.size());
+    session->keepScreenshot(u"player-small-window-moved"_s);
+    // The first one may reach the window manager, which still moves the window.
+    const auto leaves = [&] {
+        return Keyboard::press(u"Escape"_s) && window.geometry().size() != before.size();
+    };
+    QVERIFY(QTest::qWaitFor(leaves, 20'000));
 }
 
 void TestPlayerKeys::savesThePicture()
