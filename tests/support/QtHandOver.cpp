@@ -57,15 +57,17 @@ void QThreadPool::start(std::function<void()> job, int priority)
 {
     using Function = void (*)(QThreadPool *, std::function<void()>, int);
     static const auto next = original<Function>("_ZN11QThreadPool5startESt8functionIFvvEEi");
-    releaseHandOver();
     // What the job holds is destroyed before the release.
-    const auto synchronized = [held = std::make_shared<std::function<void()>>(std::move(job))] {
-        acquireHandOver();
-        (*held)();
-        *held = nullptr;
-        releaseHandOver();
-    };
-    next(this, synchronized, priority);
+    std::function<void()> synchronized =
+        [held = std::make_shared<std::function<void()>>(std::move(job))] {
+            acquireHandOver();
+            (*held)();
+            *held = nullptr;
+            releaseHandOver();
+        };
+    // Behind the release nothing may be written that the other thread reads.
+    releaseHandOver();
+    next(this, std::move(synchronized), priority);
 }
 
 bool QThreadPool::waitForDone(int ms)
