@@ -35,6 +35,7 @@ private Q_SLOTS:
     void playAfterAStop_data();
     void playAfterAStop();
     void mediaKeys();
+    void raisesTheWindow();
     void nothingTellsCredentials();
 
 private:
@@ -237,6 +238,15 @@ void TestDesktopControls::mediaKeys()
     QVERIFY(Keyboard::press(u"XF86AudioStop"_s));
     QTRY_COMPARE(status(), u"Stopped"_s);
     QTRY_COMPARE(provider->http().openConnections(filmPath), 0);
+}
+
+void TestDesktopControls::raisesTheWindow()
+{
+    const NativeWindow window = session->nativeWindow();
+    QVERIFY(window.minimize());
+    desktop->callOn(u"org.mpris.MediaPlayer2"_s, u"Raise"_s);
+    QTRY_VERIFY(window.isVisible());
+    QTRY_COMPARE(NativeWindow::active(), window);
 }
 
 void TestDesktopControls::nothingTellsCredentials()

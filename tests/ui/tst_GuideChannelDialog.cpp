@@ -41,6 +41,7 @@ private Q_SLOTS:
     void matchIsTold();
     void suggestionIsConfirmed();
     void suggestionIsConfirmedBesideOthers();
+    void suggestionIsConfirmedOutOfSight();
     void correctionComesBack_data();
     void correctionComesBack();
     void channelIsChosenFromTheList();
@@ -170,6 +171,16 @@ void tst_GuideChannelDialog::suggestionIsConfirmedBesideOthers()
     QCOMPARE(dialog->correction(), (GuideCorrection{channel, u"news.one"_s}));
     find<QPushButton>(u"confirmSuggestion"_s).click();
     QCOMPARE(dialog->result(), int(QDialog::Accepted));
+    QCOMPARE(dialog->correction(), (GuideCorrection{channel, u"news.two"_s}));
+}
+
+void tst_GuideChannelDialog::suggestionIsConfirmedOutOfSight()
+{
+    make({u"news.two"_s, Rule::Suggestion});
+    QTRY_COMPARE(list().count(), 1);
+    type(u"nothing is called this"_s);
+    QTRY_COMPARE(list().count(), 0);
+    find<QPushButton>(u"confirmSuggestion"_s).click();
     QCOMPARE(dialog->correction(), (GuideCorrection{channel, u"news.two"_s}));
 }
 

@@ -167,6 +167,7 @@ private Q_SLOTS:
     void whatAClickDoes();
     void reminders();
     void hoursWithoutAGuide();
+    void whatWasToldStays();
     void theRunningRowMovesOnWithTheClock();
     void aChosenRowStays();
     void followsTheGuide();
@@ -298,6 +299,21 @@ void tst_ScheduleDialog::hoursWithoutAGuide()
     QVERIFY2(hour.contains(" - "_L1), qPrintable(hour));
     viewer->click();
     QCOMPARE(viewer->log, QStringList{u"archive "_s + hour});
+}
+
+/// The guide knows less than the account has told.
+void tst_ScheduleDialog::whatWasToldStays()
+{
+    viewer->stored.addEntry(address, u"One"_s, archive);
+    viewer->store();
+    viewer->show();
+    viewer->dialog->setProgrammes({{viewer->now - 600, viewer->now + 600, u"Told"_s, {}}});
+    bool answered = false; // after the dialog, which asked first
+    viewer->guide.fetchOnNow({address}, viewer->now,
+                             [&answered](const QHash<QString, OnNow> &) { answered = true; });
+    QTRY_VERIFY(answered);
+    QVERIFY(!viewer->messageShows());
+    QCOMPARE(viewer->current().section(u"  "_s, 1), u"Told"_s);
 }
 
 void tst_ScheduleDialog::theRunningRowMovesOnWithTheClock()

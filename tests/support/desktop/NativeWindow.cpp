@@ -185,6 +185,12 @@ bool NativeWindow::setMaximized(bool maximized) const
                            settleTimeoutMs);
 }
 
+bool NativeWindow::minimize() const
+{
+    return xdotool({u"windowminimize"_s, QString::number(id)}) &&
+           QTest::qWaitFor([this] { return !isVisible(); }, settleTimeoutMs);
+}
+
 bool NativeWindow::setGeometry(const QRect &rect) const
 {
     constexpr std::uint32_t ofTheContent = XCB_GRAVITY_STATIC;

@@ -40,6 +40,7 @@ public:
     /// As a panel or the title bar does it. Each returns once the window system has done it; false
     /// if it does not.
     /// @{
+    [[nodiscard]] bool minimize() const;
     [[nodiscard]] bool setMaximized(bool maximized) const;
     [[nodiscard]] bool setGeometry(const QRect &rect) const;
     /// @}
