@@ -40,7 +40,7 @@ private:
     static GuideFileImport::Options options();
 
     std::unique_ptr<StoredGuide> guide;
-    const QHash<QString, QString> corrections; ///< none
+    const QHash<QString, QString> corrections{}; ///< none
 };
 
 void tst_GuideFile::init()
