@@ -286,6 +286,7 @@ void tst_GuideGrid::doubleClicks()
     connect(
         grid.get(), &GuideGrid::programmeActivated, this,
         [&chosen](const MediaItem & /*item*/, const GuideProgramme &one) { chosen += one.title; });
+    grid->resize(3000, 600); // hours and rows are as wide and high as the font asks for
     const QPoint at = place(row, hours);
     QVERIFY(grid->viewport()->rect().contains(at));
     QTest::mouseDClick(grid->viewport(), button, {}, at);
