@@ -3,7 +3,7 @@
 
 option(VANTIRO_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 set(VANTIRO_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
-option(VANTIRO_COVERAGE "Count how often each line of src/ runs (GCC)" OFF)
+option(VANTIRO_COVERAGE "Count how often each line of src/ runs (Clang)" OFF)
 option(VANTIRO_HARDEN "Build with the compiler's and linker's hardening" OFF)
 
 add_library(vantiro_options INTERFACE)
@@ -39,7 +39,7 @@ if(VANTIRO_SANITIZE)
 endif()
 
 if(VANTIRO_COVERAGE) # src/CMakeLists.txt compiles with it
-    target_link_options(vantiro_options INTERFACE --coverage)
+    target_link_options(vantiro_options INTERFACE -fprofile-instr-generate)
 endif()
 
 if(VANTIRO_HARDEN)
