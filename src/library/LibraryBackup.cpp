@@ -42,6 +42,17 @@ constexpr std::array sourceMembers{
     SourceMember{"subscriptionKey"_L1, &SourceConfig::subscriptionKey, true},
 };
 
+/// A disk that fills up cuts a write short, which is no error to Qt; what remains then fails with
+/// one.
+bool writeWhole(QIODevice &file, const QByteArray &bytes)
+{
+    qint64 written = 0;
+    for (qint64 count = 1; count > 0 && written < bytes.size(); written += count) {
+        count = file.write(bytes.constData() + written, bytes.size() - written);
+    }
+    return written == bytes.size();
+}
+
 QJsonObject writeSource(SourceConfig source, bool withCredentials)
 {
     if (!withCredentials) {
@@ -250,9 +261,7 @@ bool LibraryBackup::save(const QString &path, const Content &content, bool withC
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly)) {
         file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        file.write(write(content, withCredentials));
-        // Fails, too, when a write has failed.
-        if (file.commit()) {
+        if (writeWhole(file, write(content, withCredentials)) && file.commit()) {
             return true;
         }
     }

@@ -7,6 +7,7 @@
 #include "guide/GuideImport.h"
 #include "guide/GuideReader.h"
 #include "guide/StoredGuide.h"
+#include "library/LibraryBackup.h"
 #include "library/LibraryStore.h"
 #include "model/CatalogCache.h"
 #include "model/SourceManager.h"
@@ -78,6 +79,7 @@ private Q_SLOTS:
     void sources();
     void sourcesThatNeedMoreRoom();
     void library();
+    void backup();
     void guide();
     void guideDownload_data();
     void guideDownload();
@@ -185,6 +187,24 @@ void tst_FullDisk::library()
     QCOMPARE(store.apply({second}), Result::Done);
     QCOMPARE(store.load(rows), Result::Done);
     QCOMPARE(rows.favorites.size(), 3);
+}
+
+void tst_FullDisk::backup()
+{
+    const QString path = PrivateProfile::current().root() + "/backup.json"_L1;
+    LibraryBackup::Content content;
+    QString error;
+    QVERIFY(LibraryBackup::save(path, content, true, error));
+    content.sources = {playlistSource(u"A"_s, u"a"_s)};
+    content.sources[0].url += QString(300'000, u'x');
+    {
+        const FullDisk full(200'000);
+        QVERIFY(!LibraryBackup::save(path, content, true, error));
+        QVERIFY2(error.endsWith(u"File too large"_s), qPrintable(error));
+    }
+    const auto kept = LibraryBackup::load(path, error);
+    QVERIFY2(kept, "a backup that cannot be written leaves the one before");
+    QVERIFY(kept->sources.isEmpty());
 }
 
 void tst_FullDisk::guide()
