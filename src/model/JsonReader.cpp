@@ -143,7 +143,7 @@ private:
     static constexpr int elementDepth = 3;
     static constexpr size_t noSink = ~size_t(0);
 
-    bool isAtSink() const { return depth == arrayDepth && sink != noSink && !inArray; }
+    bool isAtSink() const { return depth == arrayDepth && sink != noSink; }
 
     /// Up to date at the beginning and the end of objects and arrays only.
     qsizetype position() const { return static_cast<qsizetype>(stream->Tell()); }

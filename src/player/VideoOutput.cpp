@@ -83,7 +83,7 @@ void VideoOutput::clear() const
 
 bool VideoOutput::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == surface && event->type() == QEvent::Resize) {
+    if (event->type() == QEvent::Resize) {
         for (QWidget *window : substitutes) {
             window->setGeometry(surface->rect());
         }

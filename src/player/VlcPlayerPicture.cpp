@@ -136,7 +136,7 @@ void VlcPlayer::setSubtitleDelay(qint64 ms)
 QString VlcPlayer::trackLanguage(int id) const
 {
     libvlc_media_player_t *player = mediaPlayer->handleUnlessStopping();
-    if (player == nullptr || isWaiting()) {
+    if (player == nullptr) {
         return {};
     }
     const MediaPtr media(libvlc_media_player_get_media(player));

@@ -36,7 +36,7 @@ ReplyBody::ReplyBody(QNetworkReply *networkReply, qint64 mostBytes)
 
 ReplyBytes ReplyBody::take()
 {
-    return reply->error() == QNetworkReply::NoError ? std::exchange(body, {}) : ReplyBytes();
+    return std::exchange(body, {});
 }
 
 void ReplyBody::restartTimer()

@@ -36,7 +36,7 @@ public:
     /// Hands the body to `take` as it arrives, instead of keeping it; false aborts the reply.
     void setReceiver(const std::function<bool(QByteArrayView)> &take) { receive = take; }
 
-    /// The body of the reply after finished(); empty when it failed.
+    /// The body of the reply after finished(); of one that failed, what had arrived.
     ReplyBytes take();
     /// How many bytes of the body have arrived, as unpacked.
     qint64 size() const { return arrived; }

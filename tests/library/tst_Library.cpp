@@ -59,10 +59,12 @@ private Q_SLOTS:
     void guideSettings();
     void guideCorrections();
     void reminders();
+    void rowsOfAnotherProgram();
     void sources_data();
     void sources();
     void followsUrls_data();
     void followsUrls();
+    void entriesWithoutANameAreNotFollowed();
     void followingLeavesWhatChangesMeanwhile();
     void aLargeFileIsReadMeanwhile_data();
     void aLargeFileIsReadMeanwhile();
@@ -353,6 +355,31 @@ void tst_Library::reminders()
     QCOMPARE(library->reminders(), ordered);
 }
 
+/// They are not in memory when this program changes lists as a whole.
+void tst_Library::rowsOfAnotherProgram()
+{
+    const auto watch = [](Library &one, const QString &prefix) {
+        for (int id = 0; id < Library::recentlyWatchedCount; ++id) {
+            one.noteWatched(makeEntry(prefix + QString::number(id), EntryKind::Live));
+        }
+        return one.flush();
+    };
+    QVERIFY(library->rows().favorites.isEmpty()); // so it has read the file
+    {
+        Library other(nullptr);
+        other.addFavorite(makeEntry(u"1"_s, EntryKind::Movie, u"A"_s));
+        other.addFavorite(makeEntry(u"1"_s, EntryKind::Movie, u"B"_s));
+        QVERIFY(watch(other, u"other"_s));
+    }
+    library->forgetSource(u"A"_s);
+    QVERIFY(watch(*library, u"own"_s));
+    restart();
+    QVERIFY(library->favorites(u"A"_s, EntryKind::Movie).isEmpty());
+    QCOMPARE(library->favorites(u"B"_s, EntryKind::Movie).size(), 1);
+    QCOMPARE(library->recentlyWatched(source, EntryKind::Live).size(),
+             Library::recentlyWatchedCount);
+}
+
 void tst_Library::sources_data()
 {
     QTest::addColumn<QString>("from");
@@ -380,6 +407,7 @@ void tst_Library::sources()
         library->forgetSource(from);
     else
         library->renameSource(from, to);
+    library->renameSource(u"B"_s, {}); // no name
     for (int start = 0; start < 2; ++start) {
         QStringList kept;
         const LibraryRows rows = library->rows();
@@ -458,18 +486,36 @@ void tst_Library::followsUrls()
     }
 }
 
+void tst_Library::entriesWithoutANameAreNotFollowed()
+{
+    for (const QString &name : {u""_s, u"News"_s})
+        library->addFavorite(
+            libraryEntry(source, EntryKind::Channel, channel(u"old "_s + name, name)));
+    library->followEntries(source, EntryKind::Channel,
+                           {channel(u"new"_s, {}), channel(u"new News"_s, u"News"_s)});
+    QVERIFY(library->flush());
+    QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)),
+             (QStringList{u"new News"_s, u"old "_s}));
+}
+
 void tst_Library::followingLeavesWhatChangesMeanwhile()
 {
     for (const QString &url : {u"old1"_s, u"old2"_s, u"old3"_s})
         library->addFavorite(libraryEntry(source, EntryKind::Channel, channel(url, url)));
+    const LibraryEntry third =
+        libraryEntry(source, EntryKind::Channel, channel(u"old3"_s, u"old3"_s));
+    library->setGuideCorrection({third, u"one.tv"_s});
     library->followEntries(source, EntryKind::Channel,
                            {channel(u"new1"_s, u"old1"_s), channel(u"new2"_s, u"old2"_s),
                             channel(u"new3"_s, u"old3"_s)});
+    library->setGuideCorrection({third, u"two.tv"_s});
     library->removeFavorite(makeEntry(u"old1"_s, EntryKind::Channel));
     library->addFavorite(makeEntry(u"new2"_s, EntryKind::Channel));
     QVERIFY(library->flush());
     QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)),
              (QStringList{u"new2"_s, u"new3"_s, u"old2"_s}));
+    QCOMPARE(sortedIdsOf(library->guideCorrections(source, EntryKind::Channel)),
+             QStringList{u"old3"_s});
 }
 
 void tst_Library::aLargeFileIsReadMeanwhile_data()

@@ -102,6 +102,7 @@ private Q_SLOTS:
     void credentialsStayOut();
     void lacksCredentials_data();
     void lacksCredentials();
+    void unknownTypeOfSource();
     void membersThatAreMissing_data();
     void membersThatAreMissing();
     void noBackup_data();
@@ -199,6 +200,22 @@ void tst_LibraryBackup::lacksCredentials()
         QCOMPARE(LibraryBackup::lacksCredentials(content->sources.at(0)),
                  !withCredentials && withoutThem);
     }
+}
+
+/// As a newer version may have stored it.
+void tst_LibraryBackup::unknownTypeOfSource()
+{
+    SourceConfig source = playlist();
+    source.type = 99;
+    LibraryBackup::Content content;
+    content.sources = {source};
+    content.hasCredentials = false;
+    QString error;
+    const auto read = LibraryBackup::read(LibraryBackup::write(content, true), error);
+    QVERIFY2(read, qPrintable(error));
+    QCOMPARE(read->sources.at(0).type, SourceType::Playlist);
+    QCOMPARE(read->sources.at(0).url, source.url);
+    QVERIFY2(!read->hasCredentials, "a backup was restored without them");
 }
 
 void tst_LibraryBackup::membersThatAreMissing_data()

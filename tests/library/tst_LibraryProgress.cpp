@@ -122,6 +122,8 @@ void tst_LibraryProgress::watchedShow()
     library->notePosition(episode(3, 99 * minute));
     library->noteEpisodes(show(), threeEpisodes);
     QVERIFY(isMarked());
+    QVERIFY(library->noteEpisodes(show(), threeEpisodes).isEmpty());
+    QVERIFY(isMarked());
     library->noteEpisodes(show(), {});
     QVERIFY2(isMarked(), "episodes that could not be loaded say nothing");
     library->setWatched({episode(2)}, false);

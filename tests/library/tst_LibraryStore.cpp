@@ -195,6 +195,7 @@ void tst_LibraryStore::allOrNothing()
     store(favorites({makeEntry(u"1"_s)}));
     RawLibraryFile().run(u"DROP TABLE hiddenCategories"_s);
     LibraryChange second;
+    second.cleared = {LibraryPart::HiddenCategories};
     second.put.hiddenCategories = sampleRows().hiddenCategories;
     QVERIFY(LibraryStore(libraryFile()).apply({putting(favorites({makeEntry(u"2"_s)})), second}) !=
             Result::Done);
@@ -355,6 +356,10 @@ void tst_LibraryStore::unavailable()
     QCOMPARE(rows, sampleRows());
     QCOMPARE(unusable.apply({putting(sampleRows())}), Result::Unavailable);
     QVERIFY(!unusable.errorText().isEmpty());
+
+    LibraryStore longName(PrivateProfile::current().appDataDir() + u'/' + QString(300, u'x'));
+    QCOMPARE(longName.load(rows), Result::Unavailable);
+    QCOMPARE(rows, sampleRows());
 }
 
 void tst_LibraryStore::lockedByAnother()

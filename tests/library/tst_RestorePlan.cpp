@@ -135,15 +135,22 @@ void tst_RestorePlan::sources()
 void tst_RestorePlan::sourcesWithoutCredentials()
 {
     const QString url = u"http://h/get.php?username=u&password=secret"_s;
-    const Content current{{source(u"A"_s), source(u"B"_s, url), source(u"C"_s)}, {}, true};
+    const Content current{
+        {source(u"A"_s), source(u"B"_s, url), source(u"C"_s), source(u"D"_s), source(u"E"_s)},
+        {},
+        true};
     Content backup = throughAFile(current, false);
     backup.sources[2].username = u"another"_s;
+    backup.sources[3].type = SourceType::Zevrino;
+    backup.sources[4].url = u"http://another"_s;
     const RestorePlan plan = planRestore(current, backup, RestoreMode::Replace);
-    QCOMPARE(plan.sourceCounts, (RestoreCounts{0, 1, 0}));
+    QCOMPARE(plan.sourceCounts, (RestoreCounts{0, 3, 0}));
     QCOMPARE(plan.sources.at(0).password, u"secret"_s);
     QCOMPARE(plan.sources.at(0).lastUpdated, 9);
     QCOMPARE(plan.sources.at(1).url, url);
-    QVERIFY2(plan.sources.at(2).password.isEmpty(), "it is another account's password");
+    for (const int place : {2, 3, 4}) {
+        QVERIFY2(plan.sources.at(place).password.isEmpty(), "it is another account's password");
+    }
 }
 
 void tst_RestorePlan::ownBackupChangesNothing_data()

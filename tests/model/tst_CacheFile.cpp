@@ -24,6 +24,8 @@ private Q_SLOTS:
     void aChangedFileIsReadAgain_data();
     void aChangedFileIsReadAgain();
     void aFreshFileOfSomeoneElseIsNotRemembered();
+    void textsForQt_data();
+    void textsForQt();
     void anyOrderOfCalls();
 
 private:
@@ -112,6 +114,32 @@ void tst_CacheFile::aFreshFileOfSomeoneElseIsNotRemembered()
     QCOMPARE(value(u"a"_s), "[1]");
     overwrite(R"({"b":[2]})", now);
     QCOMPARE(value(u"a"_s), "");
+}
+
+void tst_CacheFile::textsForQt_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("a");
+    QTest::newRow("without members") << "{}"_ba
+                                     << ""_ba;
+    QTest::newRow("a member twice") << R"({"a":[1],"a":[2]})"_ba
+                                    << "[2]"_ba;
+    QTest::newRow("no JSON") << "{"_ba
+                             << ""_ba;
+}
+
+void tst_CacheFile::textsForQt()
+{
+    QFETCH(const QByteArray, text);
+    QFETCH(const QByteArray, a);
+    overwrite(text, QDateTime::currentDateTime().addDays(-1));
+    for (int time = 0; time < 2; ++time) {
+        QCOMPARE(CacheFile(path).contains(u"a"_s), !a.isEmpty());
+        QCOMPARE(value(u"a"_s), a);
+    }
+    replace(u"b"_s, "[3]");
+    QCOMPARE(value(u"a"_s), a);
+    QCOMPARE(value(u"b"_s), "[3]");
 }
 
 /// Whoever wrote last, the file holds what was written member by member.

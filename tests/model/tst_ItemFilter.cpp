@@ -82,6 +82,7 @@ void tst_ItemFilter::matches_data()
     row("beyond ASCII, whatever the case", u"Über Österreich"_s, u"ÖSTER"_s, true);
     row("an accent is part of its letter", u"Café"_s, u"cafe"_s, false);
     row("sharp s is not two letters", u"Straße"_s, u"strasse"_s, false);
+    row("beside half of a surrogate pair", QChar(0xd83d) + u"News"_s, u"news"_s, true);
     row("beyond the first plane, whatever the case", u"𐐀"_s, u"𐐨"_s, true);
 }
 

@@ -41,6 +41,8 @@ void tst_ItemIds::rows_data()
     QTest::newRow("one is missing") << abc << QStringList{u"c"_s, u"x"_s, u"b"_s} << QList{2, 1};
     QTest::newRow("the first of equal ids")
         << QStringList{u"b"_s, u"a"_s, u"a"_s} << QStringList{u"a"_s} << QList{1};
+    QTest::newRow("equal ids before the last one that is asked for")
+        << QStringList{u"a"_s, u"a"_s, u"b"_s} << QStringList{u"b"_s, u"a"_s} << QList{2, 0};
     QTest::newRow("an id twice") << abc << QStringList{u"b"_s, u"b"_s, u"a"_s} << QList{1, 0};
     QTest::newRow("case and other scripts") << QStringList{u"A"_s, u"a"_s, u"канал"_s}
                                             << QStringList{u"канал"_s, u"a"_s} << QList{2, 1};

@@ -297,6 +297,7 @@ void tst_JsonReader::leftToTheReaderOfMembers_data()
     QTest::newRow("an array twice") << R"({"m":{"one":[],"one":[]}})"_ba;
     QTest::newRow("a member twice") << R"({"m":{"one":[]},"m":{}})"_ba;
     QTest::newRow("cut short") << R"({"m":{"one":[{"a":1})"_ba;
+    QTest::newRow("a name for Qt") << R"({"\ude3d":{"one":[]}})"_ba;
     QTest::newRow("a text for Qt") << R"({"m":{"one":[{"a":"\ud83d"}]}})"_ba;
 }
 

@@ -119,6 +119,7 @@ private Q_SLOTS:
     void arraySize();
     void damagedFile_data();
     void damagedFile();
+    void damagedMeanwhile();
     void onlyTheOwnerMayRead();
     void unwritableStore();
     void unwritableStoreKeepsTheList();
@@ -384,6 +385,19 @@ void tst_SourceManager::damagedFile()
     QCOMPARE(names(storedSources()), QStringList{u"A"_s});
     manager.removeSource(u"A"_s);
     QCOMPARE(names(storedSources()), QStringList());
+}
+
+void tst_SourceManager::damagedMeanwhile()
+{
+#ifdef Q_OS_WIN
+    QSKIP("the registry holds the settings");
+#endif
+    SourceManager manager(nullptr);
+    manager.saveSource(source(u"A"_s));
+    writeSettingsFile("[sources\n");
+    forgetSettingsInMemory();
+    manager.saveSource(source(u"B"_s));
+    QCOMPARE(names(storedSources()), (QStringList{u"A"_s, u"B"_s}));
 }
 
 void tst_SourceManager::onlyTheOwnerMayRead()

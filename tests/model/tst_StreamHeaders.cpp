@@ -44,6 +44,7 @@ void tst_StreamHeaders::addresses_data()
     row("equals signs in a value", u"|Referer=http://r/?a=b=c"_s, {}, u"http://r/?a=b=c"_s);
     row("blanks around", u" | User-Agent = A/1 "_s, u"A/1"_s, {});
     row("other headers are not sent", u"|Cookie=c&User-Agent=A/1&X-Any=x"_s, u"A/1"_s, {});
+    row("nothing but an extension", u"|X-Any=x"_s, {}, {});
     row("nothing but other headers", u"|Origin=http://o&verifypeer=false"_s, {}, {});
     row("options of libVLC are not taken",
         u"|User-Agent=A/1&sout=#std{access=file,dst=x}&demuxdump-file=x&input-slave=x&sub-file=x"_s,

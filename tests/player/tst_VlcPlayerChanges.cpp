@@ -27,12 +27,17 @@ private Q_SLOTS:
     void selectsForAWaitingStream_data();
     void selectsForAWaitingStream();
     void subtitleFileForAWaitingStream();
+    void oneTrackForAWaitingStream_data();
+    void oneTrackForAWaitingStream();
     void resumedBeforeItStarts();
+    void resumedWhileItOpens();
     void continuesAt_data();
     void continuesAt();
     void continuesAfterAWait_data();
     void continuesAfterAWait();
     void continuesWhilePaused();
+    void continuesWhenItHasOpened();
+    void commandsToAStoppingStream();
     void togglingWhileItOpensReportsNothing();
     void reportsOfAnEarlierStreamAreIgnored();
 
@@ -269,6 +274,35 @@ void tst_VlcPlayerChanges::subtitleFileForAWaitingStream()
     QTRY_VERIFY(probe->player.subtitlesEnabled());
 }
 
+void tst_VlcPlayerChanges::oneTrackForAWaitingStream_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("isAudio");
+    QTest::addColumn<int>("track"); ///< the second of its kind
+    QTest::newRow("sound") << u"/files/tracks.mkv"_s << true << 2;
+    QTest::newRow("subtitles") << u"/files/tracks.mkv"_s << false << 4;
+    QTest::newRow("sound of a transport stream, which announces it late")
+        << u"/files/two-tracks.ts"_s << true << 0x102;
+}
+
+void tst_VlcPlayerChanges::oneTrackForAWaitingStream()
+{
+    QFETCH(const QString, path);
+    QFETCH(const bool, isAudio);
+    QFETCH(const int, track);
+    playAfterTheHangingChannel(path);
+    VlcPlayer &player = probe->player;
+    if (isAudio) {
+        player.setAudioTrack(track);
+    } else {
+        player.setSubtitleTrack(track);
+    }
+    channel->letGo();
+    QVERIFY(probe->advances());
+    QTRY_COMPARE_WITH_TIMEOUT(isAudio ? player.currentAudioTrack() : player.currentSubtitleTrack(),
+                              track, openMs);
+}
+
 void tst_VlcPlayerChanges::resumedBeforeItStarts()
 {
     playAfterTheHangingChannel(u"/files/film.mp4"_s);
@@ -277,6 +311,16 @@ void tst_VlcPlayerChanges::resumedBeforeItStarts()
     QCOMPARE(probe->log, (QStringList{u"paused"_s, u"not paused"_s}));
     channel->letGo();
     QVERIFY(probe->advances());
+}
+
+void tst_VlcPlayerChanges::resumedWhileItOpens()
+{
+    playAfterTheHangingChannel(u"/never.ts"_s, true);
+    probe->player.pause();
+    channel->letGo();
+    QTRY_VERIFY_WITH_TIMEOUT(probe->player.isOpening(), openMs);
+    probe->player.togglePause();
+    QCOMPARE(probe->log.last(), u"not paused"_s);
 }
 
 void tst_VlcPlayerChanges::continuesAt_data()
@@ -337,6 +381,46 @@ void tst_VlcPlayerChanges::continuesWhilePaused()
     probe->player.continueAt(40000);
     probe->player.togglePause();
     QTRY_VERIFY_WITH_TIMEOUT(probe->currentMs >= 39000, openMs);
+}
+
+/// A server that takes its time: the player asks several times whether the stream plays.
+void tst_VlcPlayerChanges::continuesWhenItHasOpened()
+{
+    HttpReply slow = HttpReply::file(streamPath(u"film.mp4"_s));
+    slow.delayMs = 1500;
+    server->on(u"/slow.mp4"_s, slow);
+    play(u"/slow.mp4"_s);
+    QVERIFY(probe->player.isOpening());
+    probe->player.continueAt(40000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe->currentMs >= 39000, openMs);
+}
+
+/// It takes no command any more. The picture's settings are those of the next stream.
+void tst_VlcPlayerChanges::commandsToAStoppingStream()
+{
+    VlcPlayer &player = probe->player;
+    player.play(channel->url(), true);
+    QTRY_VERIFY_WITH_TIMEOUT(channel->hangs() && probe->positions > 0, openMs);
+    player.stop();
+    PictureSettings picture;
+    picture.aspectRatio = u"4:3"_s;
+    player.setPicture(picture);
+    player.setRate(2);
+    player.setAudioDelay(100);
+    player.setSubtitleDelay(100);
+    player.setSubtitlesEnabled(true);
+    player.setSubtitleTrack(1);
+    player.pause();
+    player.togglePause();
+    QVERIFY(!player.isPlaying());
+    QVERIFY(!player.hasPicture());
+    QVERIFY(!player.hasSubtitles());
+    QCOMPARE(player.trackLanguage(0), QString());
+    channel->letGo();
+
+    QVERIFY(starts(u"/files/film.mp4"_s));
+    QCOMPARE(pictureInLibVlc().aspectRatio, u"4:3"_s);
+    QCOMPARE(libvlc_audio_get_delay(handle()), 0);
 }
 
 void tst_VlcPlayerChanges::togglingWhileItOpensReportsNothing()

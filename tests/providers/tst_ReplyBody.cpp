@@ -1,5 +1,6 @@
 // Servers that stop answering or never end: the clients end the exchange, once, and only then.
 
+#include "fakeprovider/Gzip.h"
 #include "faults/GuiLoad.h"
 #include "providers/Await.h"
 #include "providers/ReplyBody.h"
@@ -14,6 +15,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,6 +29,16 @@ void setTimeout(const QObject &client, int ms)
     auto *network = client.findChild<QNetworkAccessManager *>();
     QCOMPARE(network->transferTimeout(), 60'000);
     network->setTransferTimeout(ms);
+}
+
+/// Digits, which hardly can be packed, in a JSON array of about so many bytes.
+QByteArray numbers(qsizetype bytes)
+{
+    QByteArray array("[0");
+    for (quint32 number = 1; array.size() < bytes; ++number) {
+        array += ',' + QByteArray::number(number * 2654435761U);
+    }
+    return array + ']';
 }
 
 } // namespace
@@ -100,6 +113,13 @@ void tst_ReplyBody::endsOnce_data()
     HttpReply endless;
     endless.producer = [](qint64) { return QByteArray(65536, ' '); };
     QTest::newRow("a body without an end") << endless << HttpReply();
+    HttpReply damaged;
+    damaged.headers.append({"Content-Encoding"_ba, "gzip"_ba});
+    damaged.body = packedWithGzip(numbers(4L * 1024 * 1024));
+    std::fill_n(damaged.body.begin() + damaged.body.size() / 2, 1000, '\xff');
+    QTest::newRow("a packed body that is damaged") << damaged << HttpReply();
+    damaged.bytesPerSecond = damaged.body.size() * 5;
+    QTest::newRow("a slow packed body that is damaged") << damaged << HttpReply();
     HttpReply announced = bodyReply(success);
     announced.headers.append(
         {"Content-Length"_ba, QByteArray::number(ReplyBody::maxAnswerBytes + 1)});
@@ -131,16 +151,6 @@ void tst_ReplyBody::largeAnswer_data()
     QTest::newRow("plain") << false << false;
     QTest::newRow("packed") << true << false;
     QTest::newRow("chunked") << false << true;
-}
-
-/// Digits, which hardly can be packed, in a JSON array of about so many bytes.
-static QByteArray numbers(qsizetype bytes)
-{
-    QByteArray array("[0");
-    for (quint32 number = 1; array.size() < bytes; ++number) {
-        array += ',' + QByteArray::number(number * 2654435761U);
-    }
-    return array + ']';
 }
 
 // More than what waits to be read at a time, and so much that it is parsed on another thread.
