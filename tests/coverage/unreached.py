@@ -178,8 +178,9 @@ def missing_lines(reached, known):
     """The lines that are neither reached nor named."""
     for file in sorted(reached.lines):
         for number, count in sorted(reached.lines[file].items()):
-            if not count and (file, number) not in known:
-                yield f"{file}:{number}: {reached.texts(file)[number - 1]}"
+            text = reached.texts(file)[number - 1]
+            if not count and any(map(str.isalpha, text)) and (file, number) not in known:
+                yield f"{file}:{number}: {text}"
 
 
 def missing_ways(reached, known_lines, known_ways):
