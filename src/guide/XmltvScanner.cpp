@@ -231,7 +231,7 @@ void XmltvScanner::takeDeclaration(QByteArrayView declaration)
 
 void XmltvScanner::takeTag(QByteArrayView tag)
 {
-    if (!tag.isEmpty() && tag.front() == '/') {
+    if (tag.startsWith('/')) {
         endTag(XmltvTag::nameOf(tag.sliced(1)));
         return;
     }

@@ -89,6 +89,7 @@ void tst_CredentialPatterns::redactsNamedCredentials_data()
     const auto row = [](const char *name, const QString &marked) { QTest::newRow(name) << marked; };
     row("JSON", uR"({"password":"«unknown1»","x":"seen"})"_s);
     row("JSON, short", uR"({"password":"«1»","x":1})"_s);
+    row("JSON, a name that often has a number", uR"({"auth":«abc1»,"x":{"auth":1}})"_s);
     row("JSON with spaces", u"{ \"api_key\" :\n \"«a b»\" }"_s);
     row("JSON number", uR"({"password":«1234567»,"x":1})"_s);
     row("JSON list", uR"({"tokens":1,"token":["«abc»"]})"_s);

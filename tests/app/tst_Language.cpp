@@ -96,6 +96,7 @@ void tst_Language::chosen_data()
     QTest::newRow("with a country and an encoding") << u"ru_RU.UTF-8"_s << german << u"ru"_s;
     QTest::newRow("English is wanted") << u"en"_s << german << QString();
     QTest::newRow("British English is wanted") << u"en_GB"_s << german << QString();
+    QTest::newRow("POSIX is wanted") << u"POSIX"_s << german << QString();
     QTest::newRow("C is wanted") << u"C"_s << german << QString();
     QTest::newRow("what is wanted is unknown") << u"klingon"_s << german << QString();
     QTest::newRow("what is wanted is not translated") << u"fi"_s << german << QString();
@@ -109,6 +110,8 @@ void tst_Language::chosen_data()
     QTest::newRow("with a script") << QString() << QStringList{u"ar-Arab-EG"_s} << u"ar"_s;
     QTest::newRow("none of the system's") << QString() << QStringList{u"fi"_s} << QString();
     QTest::newRow("the system has none") << QString() << QStringList{} << QString();
+    QTest::newRow("the system is POSIX")
+        << QString() << QStringList{u"POSIX"_s, u"de"_s} << QString();
     QTest::newRow("the system is C") << QString() << QStringList{u"C"_s, u"de"_s} << QString();
 }
 

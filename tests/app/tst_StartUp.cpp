@@ -35,6 +35,7 @@ private Q_SLOTS:
     void theWindowSpeaksTheLanguage();
     void unknownOptionsAreReported();
     void optionsInOneWordAreAnswered();
+    void aFileIsNoOption();
     void tracesWithTheSwitch();
 
 private:
@@ -123,6 +124,14 @@ void tst_StartUp::optionsInOneWordAreAnswered()
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.report, QStringList());
     QCOMPARE(server->requestCount(), 0);
+}
+
+void tst_StartUp::aFileIsNoOption()
+{
+    const Run result = run({u"--"_s, u"--help"_s});
+    QCOMPARE(result.exitCode, probeStatus);
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(server->requestCount(), 1);
 }
 
 void tst_StartUp::tracesWithTheSwitch()

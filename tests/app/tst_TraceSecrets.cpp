@@ -77,6 +77,35 @@ void tst_TraceSecrets::redactsEveryEncoding_data()
     QTest::newRow("HTML, cut or too long") << u"&r&s&t"_s << u"&#38;r&#38;s&#38 &#12345678;r&#"_s
                                            << u"&#38;r&#38;s&#38 &#12345678;r&#"_s;
 
+    QTest::newRow("HTML, cut behind its sign") << u"&r&s&t"_s << u"x &#38;r&"_s << u"x &#38;r&"_s;
+    QTest::newRow("HTML, no digits") << u"&r&s&t"_s << u"&#3z;r&s&t"_s << u"&#3z;r&s&t"_s;
+    QTest::newRow("not ASCII, JSON, half a character")
+        << foreign << uR"(p\u00e4ss\u20AC\ud83dx)"_s << uR"(p\u00e4ss\u20AC\ud83dx)"_s;
+    QTest::newRow("not ASCII, JSON, cut")
+        << foreign << uR"(p\u00e4ss\u20AC\ud83d\)"_s << uR"(p\u00e4ss\u20AC\ud83d\)"_s;
+    QTest::newRow("JSON, cut before the sign") << u"\"ab"_s << u"x \\"_s << u"x \\"_s;
+    // At each offset within a group of three bytes, without the characters that it shares with
+    // others.
+    struct Part
+    {
+        QByteArray before;
+        qsizetype first;
+        qsizetype shared;
+    };
+    const QByteArray inBase64 = "abcdef~?>1234";
+    for (const Part &part : {Part{"", 0, 1}, Part{"z", 2, 1}, Part{"zz", 3, 0}}) {
+        const QByteArray whole = (part.before + inBase64).toBase64(QByteArray::OmitTrailingEquals);
+        const QString known = QString::fromLatin1(whole.sliced(part.first).chopped(part.shared));
+        for (const QString &sign :
+             {u""_s, u"."_s, u"["_s, u"{"_s, u"9"_s, u"+"_s, u"/"_s, u"-"_s, u"_"_s}) {
+            // What may be Base64 shares bits with the secret.
+            const bool isBase64 = QStringView(u"9+/-_").contains(sign) && !sign.isEmpty();
+            QTest::newRow(qPrintable(u"Base64 at %1 in \"%2\""_s.arg(part.before.size()).arg(sign)))
+                << QString::fromLatin1(inBase64) << QString(sign + known + sign)
+                << QString((isBase64 && part.first > 0 ? QString() : sign) + u"***"_s +
+                           (isBase64 && part.shared > 0 ? QString() : sign));
+        }
+    }
     QTest::newRow("Base64") << u"abcdef~?>1234"_s << u"x YWJjZGVmfj8+MTIzNA== y"_s
                             << u"x ***== y"_s;
     QTest::newRow("Base64 for URLs")

@@ -144,11 +144,21 @@ void tst_Mpris::changesAreTold()
     QCOMPARE(desktop->changed,
              (QVariantMap{{u"PlaybackStatus"_s, u"Paused"_s}, {u"CanGoNext"_s, true}}));
 
+    desktop->changed.clear();
+    status.title = u"The Bridge"_s;
+    controls->setStatus(status);
+    QTRY_COMPARE(desktop->changes, 3);
+    QCOMPARE(desktop->changed.keys(), QStringList(u"Metadata"_s));
+    status.posterFile = u"/data/later.img"_s;
+    controls->setStatus(status);
+    QTRY_COMPARE(desktop->changes, 4);
+    QCOMPARE(desktop->changed.keys(), QStringList(u"Metadata"_s));
+
     controls->setStatus(status); // the same
     status.volumePercent = 10;
     controls->setStatus(status);
     QTRY_COMPARE(desktop->changed.value(u"Volume"_s), 0.1);
-    QCOMPARE(desktop->changes, 3);
+    QCOMPARE(desktop->changes, 5);
 }
 
 void tst_Mpris::onlyJumpsAreTold()

@@ -306,6 +306,9 @@ void tst_SingleInstance::profilesNeverMeet()
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
     qunsetenv("XDG_RUNTIME_DIR");
     QCOMPARE(QFileInfo(profileServerName()).path(), PrivateProfile::current().appDataDir());
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(root + u"/none"_s));
+    QCOMPARE(QFileInfo(profileServerName()).path(), PrivateProfile::current().appDataDir());
+    qunsetenv("XDG_RUNTIME_DIR");
     // Nor where there is no place at all.
     const QString file = root + u"/file"_s;
     writeFile(file, "x");

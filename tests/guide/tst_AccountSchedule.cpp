@@ -61,6 +61,8 @@ void tst_AccountSchedule::replies_data()
         "channel_id":"a.uk","start_timestamp":"100","stop_timestamp":"200","now_playing":1,
         "has_archive":1}])",
         u"100-200* News at nine/Today"_s);
+    row("Base64 of no text", R"([{"start_timestamp":1,"stop_timestamp":2,"title":"YQFi"}])",
+        u"1-2 YQFi/"_s);
     row("object", R"({"b":{"start_timestamp":100,"stop_timestamp":200,"title":"B!"},
                       "a":{"start_timestamp":200,"stop_timestamp":300,"title":"A!"}})",
         u"100-200 B!/, 200-300 A!/"_s);

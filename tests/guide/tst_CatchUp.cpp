@@ -314,6 +314,8 @@ void tst_CatchUp::serverZones_data()
         20'700);
     row("a clock that is wrong by days",
         R"({"time_now":"2026-03-05 22:00:00","timestamp_now":1772395200})", 0);
+    row("a clock that is slow by days",
+        R"({"time_now":"2026-02-27 22:00:00","timestamp_now":1772395200})", 0);
     row("a clock without its seconds", R"({"time_now":"2026-03-01 22:00:00"})", 0);
     row("no clock", R"({"time_now":"now","timestamp_now":1772395200})", 0);
     row("null", R"({"timezone":null,"time_now":null,"timestamp_now":null})", 0);

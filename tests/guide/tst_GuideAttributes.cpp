@@ -79,6 +79,8 @@ void tst_GuideAttributes::lines_data()
     row("the first counts", R"(tvg-id="a" tvg-id="b")", u"id=a"_s);
     row("an empty one does not", R"(tvg-id="" tvg-id="b")", u"id=b"_s);
     row("not the end of a longer key", R"(x-tvg-id="a")", {});
+    row("not the end of one with an underscore", R"(x_tvg-id="a")", {});
+    row("an equals sign without a key", R"(="x" tvg-id="a")", u"id=a"_s);
     row("an equals sign in a value", R"(group-title="tvg-id=a" tvg-name="b")", u"name=b"_s);
     row("without blanks", R"(tvg-id="a"tvg-name="b")", u"id=a name=b"_s);
     row("beyond ASCII", "tvg-name=\"T\xc3\xa9l\xc3\xa9\"", u"name=T\u00e9l\u00e9"_s);
@@ -87,6 +89,7 @@ void tst_GuideAttributes::lines_data()
     row("shift with a sign", R"(tvg-shift="+5.5")", u"shift=19800"_s);
     row("shift with a comma", R"(tvg-shift="-0,5")", u"shift=-1800"_s);
     row("shift of nonsense", R"(tvg-shift="x")", {});
+    row("shift without an end", R"(tvg-shift="inf")", {});
     row("shift of years", R"(tvg-shift="9999")", {});
 
     row("type", R"(catchup-type="flussonic-ts")", u"form=flussonic-ts"_s);
@@ -116,6 +119,7 @@ void tst_GuideAttributes::lines()
     QFETCH(QByteArray, attributes);
     QFETCH(QString, expected);
     // What stands in the channel's name is not read.
+    QCOMPARE(shown(guideAttributesOfLine("#EXTINF:-1 " + attributes)), expected);
     QCOMPARE(shown(guideAttributesOfLine("#EXTINF:-1 " + attributes +
                                          ",A name with tvg-shift=\"3\" and 'quotes")),
              expected);
@@ -139,6 +143,7 @@ void tst_GuideAttributes::headers_data()
         << R"(#EXTM3U x-tvg-url="http://h/a m)"_ba << u"http://h/a"_s << QString();
     QTest::newRow("a list") << R"(#EXTM3U x-tvg-url="http://h/a, HTTPS://h/b,http://h/c?d=1,2")"_ba
                             << u"http://h/a HTTPS://h/b http://h/c?d=1,2"_s << QString();
+    QTest::newRow("no address") << "#EXTM3U x-tvg-url="_ba << QString() << QString();
     QTest::newRow("two keys with one in common")
         << R"(#EXTM3U url-tvg="http://h/a" x-tvg-url="http://h/b,http://h/a")"_ba
         << u"http://h/b http://h/a"_s << QString();

@@ -59,6 +59,9 @@ private Q_SLOTS:
     void matching();
     void corrections();
     void preference();
+    void suggestionsOfTwoGuides();
+    void longTexts();
+    void missingChannels();
     void playlistAsItIs();
     void accountChannels();
     void channelsOfNoSource_data();
@@ -264,13 +267,65 @@ void tst_GuideImport::preference()
     QCOMPARE(titles(*guide, two), QStringList({u"0-1 Sure"_s}));
 }
 
+/// The same channel, too, is found once among those to choose from.
+void tst_GuideImport::suggestionsOfTwoGuides()
+{
+    guide->addEntry(two, u"Second HD"_s);
+    guide->addChannel(u"2"_s, u"Second"_s);
+    guide->addProgramme(u"2"_s, now, now + hour, u"The first guide's"_s);
+    GuideImportJob job = guide->job();
+    guide->clearGuide();
+    guide->addChannel(u"2"_s, u"Second"_s);
+    guide->addProgramme(u"2"_s, now, now + hour, u"The other's"_s);
+    job.guides.append(guide->file(u"http://guide.example/2"_s, guide->guideText()));
+    guide->clearGuide();
+    guide->addChannel(u"one"_s, u"First"_s);
+    guide->addProgramme(u"one"_s, now, now + hour, u"News"_s);
+    job.guides.append(guide->file(u"http://guide.example/3"_s, guide->guideText()));
+    QCOMPARE(GuideImport(job).run().suggested, 1);
+    QCOMPARE(titles(*guide, two), QStringList({u"0-1 The first guide's"_s}));
+    QCOMPARE(titles(*guide, one), QStringList({u"0-1 News"_s}));
+    QCOMPARE(GuideReader(guide->path(), 0).channels(u"second"_s, 10).size(), 1);
+}
+
+/// They are stored in several parts. A time that no calendar has is left out.
+void tst_GuideImport::longTexts()
+{
+    constexpr int count = 3000;
+    constexpr qint64 minute = 60;
+    guide->addChannel(u"one"_s, u"First"_s);
+    const QString description(3000, u'x');
+    for (int number = 0; number < count; ++number) {
+        const qint64 start = now + number * minute;
+        guide->addProgramme(u"one"_s, start, start + minute, QString::number(number), description);
+    }
+    guide->addProgramme(u"one"_s, 253'402'300'799, 0, u"The last second of the year 9999"_s);
+    QCOMPARE(guide->store().programmes, count);
+    const QStringList stored = titles(*guide, one);
+    QCOMPARE(stored.size(), count);
+    QVERIFY(stored.constLast().endsWith(u" 2999"_s));
+}
+
+/// The channels of the last update stay.
+void tst_GuideImport::missingChannels()
+{
+    addTwoHours();
+    guide->store();
+    GuideImportJob job = guide->job();
+    QVERIFY(QFile::remove(job.entriesPath));
+    const GuideResult result = GuideImport(job).run();
+    QCOMPARE(result.matched, 1);
+    QCOMPARE(titles(*guide, one).size(), 2);
+}
+
 void tst_GuideImport::playlistAsItIs()
 {
     addTwoHours();
     GuideImportJob job = guide->job();
     // A byte order mark, line ends of an old Mac, and blank lines.
-    writeFile(job.entriesPath, "\xef\xbb\xbf#EXTM3U catchup=\"flussonic\" catchup-days=\"3\"\r\r"
-                               "#EXTINF:-1 tvg-id=\"one\",One\r\r\n\nhttp://h/1\r"_ba);
+    writeFile(job.entriesPath,
+              "\xef\xbb\xbf#EXTM3U catchup=\"flussonic\" catchup-days=\"3\"\r\r"
+              "#\r#EXTGRP:Any\r#EXTINF:-1 tvg-id=\"one\",One\r\r\n\nhttp://h/1\r"_ba);
     QCOMPARE(GuideImport(job).run().matched, 1);
     QCOMPARE(titles(*guide, one).size(), 2);
     const auto found = GuideReader(guide->path(), 0).onNow({one}, now).value(one);

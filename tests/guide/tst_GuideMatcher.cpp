@@ -120,6 +120,12 @@ void tst_GuideMatcher::suggestions_data()
     row(u"FR: Sky News"_s, none);
     row(u"Sky News 4K"_s, u"Sky.uk"_s); // the shortest name
     row(u"FR: Documentary"_s, u"documentary"_s);
+    // That of the country goes before a shorter name of none.
+    row(u"FR: History"_s, u"history.fr"_s);
+    row(u"History HD"_s, u"history"_s);
+    row(u"NE-"_s, none);
+    row(u"NE"_s, none);
+    row(u"TV: News"_s, none);
 }
 
 void tst_GuideMatcher::suggestions()
@@ -136,6 +142,8 @@ void tst_GuideMatcher::suggestions()
     matcher.addChannel(u"emtv"_s, {u"EMTV"_s});
     matcher.addChannel(u"Sky.de"_s, {u"Sky News FHD"_s});
     matcher.addChannel(u"Sky.uk"_s, {u"Sky News."_s});
+    matcher.addChannel(u"history"_s, {u"History"_s});
+    matcher.addChannel(u"history.fr"_s, {u"FR: History HD"_s});
     matcher.addChannel(u"documentary"_s, {u"Documentary HD"_s});
     const QString expected = id.isEmpty() ? u"none"_s : u"suggestion: "_s + id;
     QCOMPARE(shown(matcher.match({}, {}, name)), expected);

@@ -63,6 +63,7 @@ void tst_GuideReader::initTestCase()
     guide.addEntry(u"http://h/4"_s, u"Nothing"_s);
     guide.addChannel(u"one"_s, u"First"_s);
     guide.addChannel(u"three"_s, u"Ärte"_s);
+    guide.addChannel(u"unnamed.tv"_s, {});
     guide.addProgramme(u"one"_s, now, now + hour, u"News at Six"_s, u"What happened"_s);
     guide.addProgramme(u"one"_s, now + hour, now + 2 * hour, u"Sports"_s);
     guide.addProgramme(u"one"_s, now + 3 * hour, now + 4 * hour, u"Late news"_s);
@@ -183,7 +184,9 @@ void tst_GuideReader::channels_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("expected");
-    QTest::newRow("all, by name") << QString() << QStringList{u"First"_s, u"Ärte"_s};
+    QTest::newRow("all, by name") << QString()
+                                  << QStringList{u"First"_s, u"unnamed.tv"_s, u"Ärte"_s};
+    QTest::newRow("no name") << u"unnamed"_s << QStringList{u"unnamed.tv"_s};
     QTest::newRow("part of a name, any case") << u"äRT"_s << QStringList{u"Ärte"_s};
     QTest::newRow("id") << u"One"_s << QStringList{u"First"_s};
     QTest::newRow("none") << u"zzz"_s << QStringList();

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void foldersLeftBehind();
     void packedOnTheWay();
     void redirected();
+    void ofUnknownLength();
+    void secureAddress();
     void failures_data();
     void failures();
     void tooLarge();
@@ -214,6 +216,31 @@ void tst_GuideUpdate::redirected()
     const auto result = update(wanted);
     QVERIFY(result);
     QCOMPARE(result->programmes, 1);
+}
+
+void tst_GuideUpdate::ofUnknownLength()
+{
+    HttpReply reply = bodyReply(contents->guideText() + QByteArray(300'000, '\n'));
+    reply.chunked = true;
+    reply.bytesPerSecond = 1'000'000;
+    server->on(guidePath, reply);
+    const auto result = update(request());
+    QVERIFY(result);
+    QCOMPARE(result->programmes, 1);
+    QCOMPARE(runningTitle(u"http://h/1"_s), u"News"_s);
+}
+
+/// It is asked, although nobody answers there.
+void tst_GuideUpdate::secureAddress()
+{
+    GuideUpdateRequest wanted = request();
+    wanted.addresses = {u"HTTPS://127.0.0.1:1/guide.xml"_s, u"http:///nowhere"_s};
+    const auto result = update(wanted);
+    QVERIFY(result);
+    QCOMPARE(result->addresses.size(), 2);
+    for (const GuideAddressResult &address : result->addresses) {
+        QCOMPARE(address.problem, GuideProblem::NotReachable);
+    }
 }
 
 void tst_GuideUpdate::failures_data()

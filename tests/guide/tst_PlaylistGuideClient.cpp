@@ -169,6 +169,7 @@ void tst_PlaylistGuideClient::failures()
     network->setTransferTimeout(500);
     QVERIFY(!fetch(server->url(path)));
     QCOMPARE(calls, 1);
+    QVERIFY(!fetch(u"https://127.0.0.1:1/list.m3u"_s));
 }
 
 void tst_PlaylistGuideClient::filesAreReadAtOnce()

@@ -107,6 +107,10 @@ void tst_XmltvScanner::encodings_data()
         QTest::newRow("windows-1252, declared") << QByteArray(
             "<?xml version=\"1.0\" encoding=\"windows-1252\"?><tv>" + body.toLatin1() + "</tv>");
     }
+    for (const QByteArray &name : {"UTF-99"_ba, "utf"_ba, ""_ba}) {
+        QTest::addRow("declared as \"%s\", but is UTF-8", name.constData())
+            << "<?xml version=\"1.0\" encoding=\"" + name + "\"?><tv>" + body.toUtf8() + "</tv>";
+    }
     QTest::newRow("an encoding that nobody knows")
         << QByteArray("<?xml version=\"1.0\" encoding=\"x-none\"?><tv>" + body.toUtf8() + "</tv>");
 }
@@ -144,6 +148,11 @@ void tst_XmltvScanner::recovers_data()
     row("unknown entity", wrapped("<title>a&nbsp;b</title>"), u"a&nbsp;b"_s);
     row("number of no character", wrapped("<title>&#0;&#xD800;&#x110000;&#-5;</title>"),
         u"&#0;&#xD800;&#x110000;&#-5;"_s);
+    row("number without digits", wrapped("<title>&#;&#x;&#x1g;</title>"), u"&#;&#x;&#x1g;"_s);
+    row("white space by its number", wrapped("<title>a&#9;b&#32;c</title>"), u"a b c"_s);
+    row("signs that begin a name", wrapped("<title>B<_x></_x><:y/><\xc3\xa4></\xc3\xa4></title>"),
+        u"B"_s);
+    row("a sign that begins no name", wrapped("<title>a <{b} <~c</title>"), u"a <{b} <~c"_s);
     row("HTML in the title", wrapped("<title><i>B</i><br></title>"), u"B"_s);
     row("unclosed comment", wrapped("<title>B</title><!-- x"), u"B"_s);
     row("unclosed CDATA", wrapped("<title>B</title><![CDATA[ x"), u"B"_s);
@@ -155,6 +164,13 @@ void tst_XmltvScanner::recovers_data()
         "<programme start=20240101190000 channel=c0><title>B</title></programme>", u"B"_s);
     row("quote missing before another attribute",
         "<programme start=\"20240101190000 channel=\"c0\"><title>B</title></programme>", {});
+    row("carriage returns between attributes",
+        "<programme\r\nstart=\"20240101190000\"\rchannel=\"c0\"><title>B</title></programme>",
+        u"B"_s);
+    row("attribute without a value",
+        "<programme new start=\"20240101190000\" channel=\"c0\" x=><title>B</title></programme>",
+        u"B"_s);
+    row("a quote in an end tag", wrapped("<title>B</title' x>"), u"B"_s);
     row("no channel", "<programme start=\"20240101190000\"><title>B</title></programme>", {});
     row("channel without an id",
         "<channel><display-name>X</display-name></channel>" + wrapped("<title>B</title>"), u"B"_s);

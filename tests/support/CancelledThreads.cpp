@@ -1,7 +1,8 @@
 // libVLC ends its threads by cancelling them where they wait. The thread sanitizer ignores what a
 // library without instrumentation does while a function that it intercepts runs, and a thread that
 // never returns from one ends the program: "finished with ignores enabled". The functions in which
-// libVLC's threads are cancelled are not intercepted here. They hand nothing over to another thread.
+// libVLC's threads are cancelled are not intercepted here. They hand nothing over to another
+// thread.
 
 #include <ctime>
 #include <dlfcn.h>

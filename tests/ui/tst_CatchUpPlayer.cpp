@@ -138,6 +138,7 @@ private Q_SLOTS:
     void eachFormReachesTheServer();
     void theServersZoneIsAskedOnce();
     void withoutAZoneTheTimesAreUtc();
+    void anAnswerWithoutAServerIsAskedForAgain();
     void aFormThatFailsLeadsToTheNext_data();
     void aFormThatFailsLeadsToTheNext();
     void whenAllFormsFail_data();
@@ -220,6 +221,27 @@ void tst_CatchUpPlayer::theServersZoneIsAskedOnce()
     viewer->catchUp.play(viewer->accountChannel(), programme);
     QVERIFY(viewer->session.hasMedia());
     QCOMPARE(viewer->server.requestCount(summaryPath), 1);
+}
+
+void tst_CatchUpPlayer::anAnswerWithoutAServerIsAskedForAgain()
+{
+    HttpServer server;
+    ServerZones zones;
+    QList<QTimeZone> found;
+    for (const QByteArray &answer :
+         {"{}"_ba,
+          R"({"server_info":{"time_now":"2026-03-01 22:00:00","timestamp_now":1772395200}})"_ba,
+          "{}"_ba}) {
+        server.on(u"/player_api.php"_s, bodyReply(answer));
+        const qsizetype before = found.size();
+        zones.find({server.url(), u"joe"_s, u"pw"_s},
+                   [&found](const QTimeZone &zone) { found.append(zone); });
+        QTRY_COMPARE(found.size(), before + 1);
+    }
+    QCOMPARE(found.at(0).offsetFromUtc(QDateTime::currentDateTimeUtc()), 0);
+    QCOMPARE(found.at(1).offsetFromUtc(QDateTime::currentDateTimeUtc()), 7200);
+    QCOMPARE(found.at(2).offsetFromUtc(QDateTime::currentDateTimeUtc()), 7200);
+    QCOMPARE(server.requestCount(), 2);
 }
 
 void tst_CatchUpPlayer::withoutAZoneTheTimesAreUtc()
