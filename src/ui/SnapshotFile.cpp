@@ -15,8 +15,7 @@ QString snapshotFileName(const QString &entryName, const QDateTime &time)
 {
     QString name;
     for (const QChar character : entryName.simplified().left(longestName)) {
-        const bool isUnsafe = !character.isPrint() || character.isSurrogate() ||
-                              u"\\/:*?\"<>|%$"_s.contains(character);
+        const bool isUnsafe = !character.isPrint() || u"\\/:*?\"<>|%$"_s.contains(character);
         name += isUnsafe ? u'_' : character;
     }
     while (name.startsWith(u'.')) {

@@ -154,6 +154,9 @@ private Q_SLOTS:
     void afterAStopItBeginsAnew();
     void anotherEntryTakesThePlace();
     void aChannelWithoutAnAddress();
+    void aProgrammeWithoutATitle();
+    void aProgrammeWithoutALength();
+    void anAccountWithoutAFormat();
 
 private:
     std::unique_ptr<VlcPlayer> player;
@@ -456,6 +459,38 @@ void tst_CatchUpPlayer::aChannelWithoutAnAddress()
     viewer->catchUp.play(viewer->playlistChannel(CatchUpForm::None, u"/live/1"_s), programme);
     QCOMPARE(viewer->refusals.size(), 1);
     QCOMPARE(viewer->session.state(), State::Idle);
+}
+
+void tst_CatchUpPlayer::aProgrammeWithoutATitle()
+{
+    viewer->server.onPrefix(u"/"_s, statusReply(404));
+    GuideProgramme untitled = programme;
+    untitled.title.clear();
+    viewer->catchUp.play(
+        viewer->playlistChannel(CatchUpForm::Append, u"/live/1"_s, u"?utc={utc}"_s), untitled);
+    QCOMPARE(viewer->session.title(), u"News"_s);
+}
+
+/// As a provider's schedule may have it.
+void tst_CatchUpPlayer::aProgrammeWithoutALength()
+{
+    GuideProgramme empty = programme;
+    empty.stop = empty.start;
+    viewer->catchUp.play(
+        viewer->playlistChannel(CatchUpForm::Append, u"/live/1"_s, u"?utc={utc}"_s), empty);
+    QCOMPARE(viewer->refusals.size(), 1);
+    QCOMPARE(viewer->session.state(), State::Idle);
+}
+
+void tst_CatchUpPlayer::anAccountWithoutAFormat()
+{
+    viewer->server.onPrefix(u"/"_s, statusReply(404));
+    viewer->server.on(summaryPath, summary("Europe/Berlin"));
+    ArchiveChannel channel = viewer->accountChannel();
+    channel.liveExtension.clear();
+    viewer->catchUp.play(channel, programme);
+    QTRY_VERIFY_WITH_TIMEOUT(!viewer->asked().isEmpty(), openMs);
+    QCOMPARE(viewer->asked().constFirst(), pathM3u8);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_CatchUpPlayer)

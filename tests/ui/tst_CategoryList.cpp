@@ -102,6 +102,8 @@ void tst_CategoryList::noHiddenCategoryEndsTheRequest()
 {
     list->setHidden({u"s"_s});
     QVERIFY(RowMenus::choose(RowMenus::openByMouse(*list, -1), u"Show Hidden Categories"_s));
+    list->setHidden({u"s"_s, u"n"_s});
+    QCOMPARE(texts(), allRows);
     list->setHidden({});
     list->setHidden({u"s"_s});
     QCOMPARE(texts(), (QStringList{u"All Categories"_s, u"News"_s, u"Kids"_s}));

@@ -6,6 +6,7 @@
 #include "support/TestFiles.h"
 
 #include <QCheckBox>
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QMenu>
@@ -51,6 +52,8 @@ private Q_SLOTS:
     void clearedHistoryCanBeTakenBack();
     void backsUp_data();
     void backsUp();
+    void aBackupTellsOfGuidesOnceUsed_data();
+    void aBackupTellsOfGuidesOnceUsed();
     void cancelling_data();
     void cancelling();
     void aBackupThatCannotBeWritten();
@@ -261,6 +264,40 @@ void tst_MainWindowMore::backsUp()
 }
 
 /// At any of their steps.
+void tst_MainWindowMore::aBackupTellsOfGuidesOnceUsed_data()
+{
+    QTest::addColumn<LibraryChange>("change");
+    const auto row = [](const char *name, const auto &set) {
+        LibraryChange change;
+        set(change.put);
+        QTest::newRow(name) << change;
+    };
+    const LibraryEntry one{u"S"_s, EntryKind::Channel, u"http://h/1"_s, u"One"_s, {}};
+    row("nothing", [](LibraryRows &) {});
+    row("a guide", [](LibraryRows &rows) {
+        GuideSettings settings;
+        settings.source = u"S"_s;
+        rows.guideSettings = {settings};
+    });
+    row("a channel of a guide", [&one](LibraryRows &rows) {
+        rows.guideCorrections = {{one, u"one.tv"_s}};
+    });
+    row("a reminder", [&one](LibraryRows &rows) {
+        const qint64 later = QDateTime::currentSecsSinceEpoch() + 3600;
+        rows.reminders = {reminderOf(one, later, later + 60, u"News"_s)};
+    });
+}
+
+void tst_MainWindowMore::aBackupTellsOfGuidesOnceUsed()
+{
+    QFETCH(const LibraryChange, change);
+    open();
+    library().apply(change);
+    choose(u"Back Up..."_s);
+    QCOMPARE(dialogs.seen().last().text.contains(u"programme guides and reminders"_s),
+             !change.isEmpty());
+}
+
 void tst_MainWindowMore::cancelling_data()
 {
     QTest::addColumn<QString>("line");

@@ -6,6 +6,7 @@
 #include "ui/EntryTable.h"
 #include "ui/GuideGrid.h"
 #include "ui/PlayerPanel.h"
+#include "ui/ReminderKeeper.h"
 #include "ui/ScheduleDialog.h"
 #include "ui/SourceGuide.h"
 
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void aProgrammeOfTheGridPlaysFromTheArchive();
     void watchingFromTheSchedule();
     void aReminderFromTheSchedule();
+    void aReminderOfAnAccountsChannel();
     void oneScheduleAtATime();
     void closesWithTheGuide();
     void aChannelThatIsGone();
@@ -272,6 +274,26 @@ void tst_MainWindowSchedule::aReminderFromTheSchedule()
     button.click();
     QVERIFY(library().reminders().isEmpty());
     QCOMPARE(button.text(), u"Remind Me"_s);
+}
+
+/// Its source is another one, and has gone meanwhile or not.
+void tst_MainWindowSchedule::aReminderOfAnAccountsChannel()
+{
+    store(playlistSource(u"B"_s, server->url(u"/list"_s), neverLoaded));
+    storeLastActive(u"A"_s);
+    XtreamProvider provider;
+    openAccount(provider, {});
+    auto *keeper = window().findChild<ReminderKeeper *>();
+    LibraryEntry gone{u"Gone"_s, EntryKind::Live, u"1"_s, u"One"_s, {}};
+    Q_EMIT keeper->watchRequested(reminderOf(gone, now, now + hour, u"News"_s));
+    QVERIFY(!nowPlaying().startsWith("Playing"_L1));
+    combo().setCurrentIndex(combo().findText(u"B"_s));
+    QTRY_VERIFY(!shownChannels().isEmpty());
+    LibraryEntry channel = gone;
+    channel.source = u"A"_s;
+    Q_EMIT keeper->watchRequested(reminderOf(channel, now, now + hour, u"News"_s));
+    QTRY_COMPARE(nowPlaying(), u"Playing: One"_s);
+    QCOMPARE(combo().currentText(), u"A"_s);
 }
 
 void tst_MainWindowSchedule::oneScheduleAtATime()

@@ -243,7 +243,13 @@ void tst_PlayerCommands::digitsAreCollected()
     timer.setInterval(1);
     QTRY_COMPARE(requested.count(), 1);
     QCOMPARE(requested.at(0).at(0).toInt(), 104);
-    // The next number begins anew.
+    // The next number begins anew. It has six digits at most.
+    for (int digit = 0; digit < 8; ++digit) {
+        fixture->press(Qt::Key_9);
+    }
+    QCOMPARE(fixture->line(), u"Channel 999999"_s);
+    QTRY_COMPARE(requested.count(), 2);
+    QCOMPARE(requested.at(1).at(0).toInt(), 999'999);
     fixture->press(Qt::Key_7);
     QCOMPARE(fixture->line(), u"Channel 7"_s);
 }

@@ -202,6 +202,8 @@ void tst_PlayingList::refreshed_data()
     QTest::addColumn<QString>("next");
     QTest::newRow("nothing new") << QStringList{u"a"_s, u"b"_s, u"c"_s} << u"a"_s << u"c"_s;
     QTest::newRow("more behind") << QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s} << u"a"_s << u"c"_s;
+    QTest::newRow("more in front, and some twice")
+        << QStringList{u"x"_s, u"a"_s, u"b"_s, u"b"_s, u"c"_s, u"a"_s} << u"a"_s << u"c"_s;
     QTest::newRow("in another order") << QStringList{u"c"_s, u"a"_s, u"b"_s} << u"a"_s << u"c"_s;
     QTest::newRow("a neighbour is gone") << QStringList{u"a"_s, u"b"_s} << u"a"_s << u"a"_s;
     QTest::newRow("what plays is gone") << QStringList{u"c"_s} << u"a"_s << u"c"_s;

@@ -103,6 +103,7 @@ private Q_SLOTS:
     void watchShowsTheWindow();
     void closeForgetsTheReminder();
     void oneMessageAtATime();
+    void startsOfAChannel();
     void keptOverARestart_data();
     void keptOverARestart();
     void aMessageGoesWithItsReminder_data();
@@ -176,6 +177,25 @@ void tst_ReminderKeeper::oneMessageAtATime()
     Program::press(u"Watch"_s);
     QVERIFY(Program::message() == nullptr);
     QCOMPARE(program->watched, QStringList{u"Two"_s});
+}
+
+void tst_ReminderKeeper::startsOfAChannel()
+{
+    const qint64 start = currentTime() + 5 * minute;
+    LibraryEntry ofAnotherSource = channel;
+    ofAnotherSource.source = u"T"_s;
+    LibraryEntry ofAPlaylist = channel;
+    ofAPlaylist.kind = EntryKind::Channel;
+    LibraryEntry another = channel;
+    another.id = u"8"_s;
+    qint64 later = start;
+    for (const LibraryEntry &entry : {channel, ofAnotherSource, ofAPlaylist, another}) {
+        program->keeper.toggle(entry, {later, later + minute, u"A"_s, {}});
+        later += minute;
+    }
+    QCOMPARE(program->kept().size(), 4);
+    QCOMPARE(program->keeper.startsOf(channel), QSet<qint64>{start});
+    QCOMPARE(program->keeper.startsOf(another), QSet<qint64>{start + 3 * minute});
 }
 
 void tst_ReminderKeeper::keptOverARestart_data()
