@@ -462,6 +462,7 @@ void tst_GuideImport::cancelled()
     guide->store();
     guide->clearGuide();
     guide->addProgramme(u"one"_s, now, now + hour, u"New"_s);
+    QCOMPARE(GuideImport(GuideImportJob()).percent(), 0);
     GuideImport import(guide->job());
     import.cancel();
     const GuideResult result = import.run();

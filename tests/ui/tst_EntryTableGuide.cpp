@@ -139,6 +139,13 @@ void tst_EntryTableGuide::toolTip()
 
 void tst_EntryTableGuide::toolTipOfALongDescription()
 {
+    OnNow coming;
+    coming.entry.match.rule = GuideMatch::Rule::Suggestion;
+    QCOMPARE(onNowToolTip(coming), QString());
+    coming.next = GuideProgramme{now, now + hour, u"Film"_s, {}};
+    QVERIFY(onNowToolTip(coming).contains("Next"_L1));
+    QVERIFY(!onNowToolTip(coming).contains("Now"_L1));
+
     OnNow onNow;
     onNow.now = GuideProgramme{now, now + hour, u"Film"_s, u"word "_s.repeated(200)};
     const QString tip = onNowToolTip(onNow);

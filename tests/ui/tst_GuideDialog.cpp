@@ -58,6 +58,7 @@ private Q_SLOTS:
     void whatWasRemovedStaysAway();
     void addressesAreAdded();
     void addressesAreEdited();
+    void ownAddressesAreAddedOnce();
     void filesAreAdded();
     void orderOfPreference();
     void removing();
@@ -202,6 +203,15 @@ void tst_GuideDialog::ownGuideIsFilledIn()
         QCOMPARE(button(u"addOwnGuide"_s).text(),
                  isAccount ? u"Add Account's Guide"_s : u"Add Playlist's Guide"_s);
     }
+}
+
+void tst_GuideDialog::ownAddressesAreAddedOnce()
+{
+    make(stored(u"http://h/a\n\nhttp://h/c"_s), false);
+    dialog->offerPlaylistAddresses({u"http://h/a"_s, u"http://h/b"_s});
+    QCOMPARE(addresses(), u"http://h/a\nhttp://h/c"_s);
+    button(u"addOwnGuide"_s).click();
+    QCOMPARE(addresses(), u"http://h/a\nhttp://h/c\nhttp://h/b"_s);
 }
 
 void tst_GuideDialog::whatWasRemovedStaysAway()

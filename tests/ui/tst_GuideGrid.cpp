@@ -48,6 +48,7 @@ private Q_SLOTS:
     void doubleClicks_data();
     void doubleClicks();
     void menus();
+    void menuByKeyFromRightToLeft();
     void wheel_data();
     void wheel();
     void days();
@@ -315,22 +316,40 @@ void tst_GuideGrid::menus()
     QCOMPARE(menus.count(), 2);
 }
 
+void tst_GuideGrid::menuByKeyFromRightToLeft()
+{
+    grid->setLayoutDirection(Qt::RightToLeft);
+    QSignalSpy menus(grid.get(), &GuideGrid::contextMenuRequested);
+    grid->setCurrentRow(1);
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, QPoint());
+    QCoreApplication::sendEvent(grid.get(), &byKey);
+    QCOMPARE(menus.count(), 1);
+    const QPoint place = grid->viewport()->mapFromGlobal(menus.last().at(0).toPoint());
+    QVERIFY(grid->viewport()->rect().contains(place));
+    QVERIFY2(place.x() > grid->viewport()->width() / 2, "the names stand on the right");
+}
+
 void tst_GuideGrid::wheel_data()
 {
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QPoint>("turned");
     QTest::addColumn<bool>("channels");
-    QTest::newRow("channels") << Qt::KeyboardModifiers(Qt::NoModifier) << true;
-    QTest::newRow("with Shift, time") << Qt::KeyboardModifiers(Qt::ShiftModifier) << false;
+    const Qt::KeyboardModifiers none;
+    const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+    QTest::newRow("channels") << none << QPoint(0, -120) << true;
+    QTest::newRow("with Shift, time") << shift << QPoint(0, -120) << false;
+    QTest::newRow("with Shift, by a system that turns it") << shift << QPoint(-120, 0) << false;
 }
 
 void tst_GuideGrid::wheel()
 {
     QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(QPoint, turned);
     QFETCH(bool, channels);
     grid->resize(1000, 120);
     const int down = grid->verticalScrollBar()->value();
     const int on = grid->horizontalScrollBar()->value();
-    QWheelEvent event(QPointF(500, 60), grid->mapToGlobal(QPointF(500, 60)), {}, {0, -120},
+    QWheelEvent event(QPointF(500, 60), grid->mapToGlobal(QPointF(500, 60)), {}, turned,
                       Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(grid->viewport(), &event);
     QCOMPARE(grid->verticalScrollBar()->value() > down, channels);
@@ -402,6 +421,12 @@ void tst_GuideGrid::withoutEntries()
         QTest::keyClick(grid.get(), key);
     grid->grab();
     QCOMPARE(grid->currentRow(), -1);
+    QCOMPARE(grid->currentId(), QString());
+    QVERIFY(!grid->isCurrentInArchive());
+    QSignalSpy menus(grid.get(), &GuideGrid::contextMenuRequested);
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, QPoint());
+    QCoreApplication::sendEvent(grid.get(), &byKey);
+    QCOMPARE(menus.count(), 0);
     QCOMPARE(entries.count(), 0);
     QCOMPARE(grid->accessibleDescription(), QString());
     grid->setEntries(fixture->entries());

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void init();
 
     void turnedOnInTheDialog();
+    void aCancelledDialogTurnsNothingOn();
     void nothingInTheMenuUnlessTurnedOn();
     void anotherChannelOfTheGuide();
     void theGuideIsBesideTheSearch();
@@ -143,6 +144,25 @@ void tst_MainWindowGuide::turnedOnInTheDialog()
     QTRY_VERIFY(description(0).endsWith(" News of One"_L1));
     QVERIFY(description(1).endsWith(" News of Two"_L1));
     QCOMPARE(server->requestCount(u"/guide.xml"_s), 1);
+}
+
+/// And one whose playlist cannot be fetched any more offers no address.
+void tst_MainWindowGuide::aCancelledDialogTurnsNothingOn()
+{
+    openPlaylist();
+    const int before = server->requestCount(u"/list"_s);
+    server->on(u"/list"_s, statusReply(404));
+    dialogs.next([this, before](QDialog &dialog) {
+        dialog.findChild<QCheckBox *>(u"guideEnabled"_s)->setChecked(true);
+        QTRY_VERIFY(server->requestCount(u"/list"_s) > before);
+        QTRY_COMPARE(server->openConnections(u"/list"_s), 0);
+        QCOMPARE(dialog.findChild<QListWidget *>(u"guideAddresses"_s)->count(), 0);
+        QVERIFY(DialogAnswers::click(dialog, u"Cancel"_s));
+    });
+    choose(u"Programme Guide..."_s);
+    QCOMPARE(dialogs.seen().size(), 1);
+    QVERIFY(!sourceGuide().isOn());
+    QCOMPARE(server->requestCount(u"/guide.xml"_s), 0);
 }
 
 void tst_MainWindowGuide::nothingInTheMenuUnlessTurnedOn()

@@ -5,8 +5,10 @@
 #include "player/VlcPlayer.h"
 #include "support/TestFiles.h"
 
+#include <QDialog>
 #include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -38,6 +40,9 @@ private Q_SLOTS:
     void openFile_data();
     void openFile();
     void openLocation();
+    void keysWalkThroughWhatWasOpened();
+    void cancelled_data();
+    void cancelled();
     void aLaterStartRaisesTheWindow();
 
 private:
@@ -364,6 +369,41 @@ void tst_MainWindowOpen::openLocation()
     QCOMPARE(dialogs.seen().at(1).text, u"Addresses that begin with \"vlc:\" are not supported."_s);
 }
 
+/// Films have no numbers, and are no channels to go back to.
+void tst_MainWindowOpen::keysWalkThroughWhatWasOpened()
+{
+    openWithSource();
+    window().open({server->url(u"/one.mp4"_s), server->url(u"/two.mp4"_s)});
+    QCOMPARE(nowPlaying(), u"Playing: one.mp4"_s);
+    const QList<std::pair<Qt::Key, QString>> steps{
+        {Qt::Key_N, u"two.mp4"_s}, {Qt::Key_Backspace, u"two.mp4"_s}, {Qt::Key_P, u"one.mp4"_s}};
+    for (const auto &[key, title] : steps) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        QCOMPARE(nowPlaying(), u"Playing: "_s + title);
+        QCOMPARE(find<QLabel>(u"pictureLine"_s).accessibleName(), title);
+    }
+}
+
+void tst_MainWindowOpen::cancelled_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("a file") << Qt::Key_O;
+    QTest::newRow("an address") << Qt::Key_L;
+}
+
+void tst_MainWindowOpen::cancelled()
+{
+    QFETCH(const Qt::Key, key);
+    openWithSource();
+    dialogs.next([](QDialog &dialog) { dialog.reject(); });
+    QTest::keyClick(&window(), key, Qt::ControlModifier);
+    QTRY_COMPARE(dialogs.waiting(), 0);
+    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+    QCOMPARE(dialogs.seen().size(), 1);
+    QCOMPARE(nowPlaying(), u"Nothing playing"_s);
+    QCOMPARE(server->requestCount(), 0);
+}
+
 void tst_MainWindowOpen::aLaterStartRaisesTheWindow()
 {
     openWithSource();
@@ -374,6 +414,13 @@ void tst_MainWindowOpen::aLaterStartRaisesTheWindow()
     QVERIFY(window().isMaximized());
     QTRY_VERIFY(window().isActiveWindow());
     QTRY_COMPARE(server->requestCount(u"/1.ts"_s), 1);
+    // A dialog stays in front.
+    QDialog dialog(&window());
+    dialog.setModal(true);
+    dialog.show();
+    QTRY_COMPARE(QApplication::activeModalWidget(), &dialog);
+    window().takeOver({});
+    QTRY_COMPARE(QApplication::activeWindow(), &dialog);
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowOpen)

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void aProgrammeOfTheGridPlaysFromTheArchive();
     void watchingFromTheSchedule();
     void aReminderFromTheSchedule();
+    void onlyAChannelOfTheSourceHasASchedule();
     void aReminderOfAnAccountsChannel();
     void oneScheduleAtATime();
     void closesWithTheGuide();
@@ -276,6 +277,28 @@ void tst_MainWindowSchedule::aReminderFromTheSchedule()
     QCOMPARE(button.text(), u"Remind Me"_s);
 }
 
+void tst_MainWindowSchedule::onlyAChannelOfTheSourceHasASchedule()
+{
+    openPlaylist();
+    auto &panel = *window().findChild<PlayerPanel *>();
+    const auto asksInVain = [this, &panel] {
+        Q_EMIT panel.scheduleRequested();
+        return scheduleTitle().isEmpty();
+    };
+    QVERIFY2(asksInVain(), "nothing plays");
+    for (const QString &opened : {u"/Film.mp4"_s, u"/opened.ts"_s}) {
+        window().open({server->url(opened)});
+        QVERIFY(nowPlaying().startsWith("Playing: "_L1));
+        QVERIFY2(asksInVain(), qPrintable(opened));
+    }
+    window().playChannelRow(0, 0);
+    Q_EMIT panel.scheduleRequested();
+    QTRY_COMPARE(scheduleTitle(), u"Schedule of "_s + shownChannels().at(0));
+    sourceGuide().setSettings({});
+    QTRY_COMPARE(scheduleTitle(), QString());
+    QVERIFY2(asksInVain(), "there is no guide");
+}
+
 /// Its source is another one, and has gone meanwhile or not.
 void tst_MainWindowSchedule::aReminderOfAnAccountsChannel()
 {
@@ -294,6 +317,11 @@ void tst_MainWindowSchedule::aReminderOfAnAccountsChannel()
     Q_EMIT keeper->watchRequested(reminderOf(channel, now, now + hour, u"News"_s));
     QTRY_COMPARE(nowPlaying(), u"Playing: One"_s);
     QCOMPARE(combo().currentText(), u"A"_s);
+    // Now it is the active one.
+    window().open({server->url(u"/Film.mp4"_s)});
+    QVERIFY(nowPlaying() != u"Playing: One"_s);
+    Q_EMIT keeper->watchRequested(reminderOf(channel, now, now + hour, u"News"_s));
+    QTRY_COMPARE(nowPlaying(), u"Playing: One"_s);
 }
 
 void tst_MainWindowSchedule::oneScheduleAtATime()

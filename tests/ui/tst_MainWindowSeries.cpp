@@ -1,6 +1,7 @@
 // Shows: when the provider is asked for episodes, what becomes of the reply, and how they play.
 
 #include "WindowFixture.h"
+#include "library/Library.h"
 #include "player/VlcPlayer.h"
 #include "support/TestFiles.h"
 #include "ui/BrowseTab.h"
@@ -72,6 +73,7 @@ private Q_SLOTS:
     void nextEpisodeFollowsThePlayingShow();
     void nextEpisodeStaysWithItsAccount();
     void playingAnEntryEndsTheShow();
+    void marksAreToldAndCanBeTakenBack();
 
 private:
     void openShows();
@@ -376,6 +378,29 @@ void tst_MainWindowSeries::playingAnEntryEndsTheShow()
     choose(1);
     QCOMPARE(nowPlaying(), u"Playing: Show - S02E02 - End"_s);
     QVERIFY(nextButton().isVisible() && !nextButton().isEnabled());
+}
+
+void tst_MainWindowSeries::marksAreToldAndCanBeTakenBack()
+{
+    openEpisodes();
+    Progress first;
+    first.source = u"A"_s;
+    first.kind = EntryKind::Episode;
+    first.id = u"21"_s;
+    first.showId = u"9"_s;
+    auto &page = find<EpisodePage>(u"episodePage"_s);
+    const auto &library = *window().findChild<Library *>();
+    const auto isWatched = [&library] {
+        return library.progress(u"A"_s, EntryKind::Episode).contains(u"21"_s);
+    };
+    Q_EMIT page.markRequested({first}, true);
+    QCOMPARE(find<QLabel>(u"undoLabel"_s).text(), u"Marked as Watched"_s);
+    QVERIFY(isWatched());
+    Q_EMIT page.markRequested({first}, false);
+    QCOMPARE(find<QLabel>(u"undoLabel"_s).text(), u"Marked as Unwatched"_s);
+    QVERIFY(!isWatched());
+    button(u"Undo"_s).click();
+    QTRY_VERIFY(isWatched());
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowSeries)

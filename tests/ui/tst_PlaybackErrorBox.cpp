@@ -1,5 +1,6 @@
 #include "DialogAnswers.h"
 #include "support/TestMain.h"
+#include "ui/PlainMessageBox.h"
 #include "ui/PlaybackErrorBox.h"
 
 #include <QMessageBox>
@@ -14,6 +15,7 @@ private Q_SLOTS:
     void answers_data();
     void answers();
     void oneBoxAtATime();
+    void oneBoxOfATitle();
 };
 
 void tst_PlaybackErrorBox::answers_data()
@@ -69,6 +71,24 @@ void tst_PlaybackErrorBox::oneBoxAtATime()
     QCOMPARE(dialogs.seen().constFirst().text, u"first"_s);
     dialogs.nextClicks(u"Retry"_s);
     QVERIFY(box.asksToRetry(nullptr, u"third"_s, true));
+}
+
+void tst_PlaybackErrorBox::oneBoxOfATitle()
+{
+    QWidget parent;
+    QMessageBox ofAnotherTitle(&parent);
+    ofAnotherTitle.setWindowTitle(u"Another"_s);
+    ofAnotherTitle.show();
+    QMessageBox closed(&parent);
+    closed.setWindowTitle(u"Problem"_s);
+    DialogAnswers dialogs;
+    dialogs.next([&parent](QDialog &dialog) {
+        PlainMessageBox::warnOnce(&parent, u"Problem"_s, u"The second one."_s);
+        dialog.accept();
+    });
+    PlainMessageBox::warnOnce(&parent, u"Problem"_s, u"The first one."_s);
+    QCOMPARE(dialogs.seen().size(), 1);
+    QCOMPARE(dialogs.seen().at(0).text, u"The first one."_s);
 }
 
 VANTIRO_TEST_MAIN(tst_PlaybackErrorBox)

@@ -4,6 +4,7 @@
 #include "ui/PlayerMenu.h"
 
 #include <QAction>
+#include <QDir>
 #include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
@@ -83,6 +84,8 @@ private Q_SLOTS:
     void keysOfTheList_data();
     void keysOfTheList();
     void digitsAreCollected();
+    void aPictureThatCannotBeSaved();
+    void withoutAStreamNothingIsDelayed();
     void searchFieldsKeepTheirKeys();
     void theMenuHasAllCommandsAndKeys();
 
@@ -252,6 +255,23 @@ void tst_PlayerCommands::digitsAreCollected()
     QCOMPARE(requested.at(1).at(0).toInt(), 999'999);
     fixture->press(Qt::Key_7);
     QCOMPARE(fixture->line(), u"Channel 7"_s);
+}
+
+void tst_PlayerCommands::aPictureThatCannotBeSaved()
+{
+    const QString folder = QDir::toNativeSeparators(QDir::rootPath() + u"nowhere"_s);
+    Q_EMIT fixture->player.snapshotTaken(QDir::rootPath() + u"nowhere/News.png"_s, false);
+    QCOMPARE(fixture->line(), u"The picture could not be saved in %1."_s.arg(folder));
+}
+
+void tst_PlayerCommands::withoutAStreamNothingIsDelayed()
+{
+    for (const Qt::Key key : {Qt::Key_G, Qt::Key_H, Qt::Key_J, Qt::Key_K}) {
+        fixture->press(key);
+        QCOMPARE(fixture->line(), u"Nothing playing"_s);
+    }
+    QCOMPARE(fixture->player.subtitleDelayMs(), 0);
+    QCOMPARE(fixture->player.audioDelayMs(), 0);
 }
 
 void tst_PlayerCommands::searchFieldsKeepTheirKeys()

@@ -226,6 +226,10 @@ void tst_PlayingList::refreshed()
     QCOMPARE(list.playing()->origin.source.lastUpdated, follows ? 5 : 0);
     // Nothing is left of the old catalog.
     QCOMPARE(list.playing()->entries.isOf(items), follows);
+    // The same list again, as when it was only shown anew.
+    list.follow(originOf(u"A"_s), CatalogSection::Channel, items);
+    QCOMPARE(list.playing()->origin.source.lastUpdated, follows ? 5 : 0);
+    QTEST(idOf(list.next()), "next");
 }
 
 void tst_PlayingList::otherListsStayAtARefresh()

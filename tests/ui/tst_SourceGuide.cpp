@@ -134,6 +134,15 @@ QString tst_SourceGuide::running(const QString &entry)
 
 void tst_SourceGuide::nothingUnlessTurnedOn()
 {
+    const QSignalSpy toldOf(guide.get(), &SourceGuide::updated);
+    guide->update(settings());
+    guide->cancelUpdate();
+    guide->setSource(source());
+    guide->setCorrection(channel(one), u"two"_s);
+    guide->cancelUpdate();
+    QVERIFY(!guide->isUpdating());
+    QCOMPARE(toldOf.count(), 0);
+    guide->setSource({});
     const QSignalSpy turned(guide.get(), &SourceGuide::turned);
     guide->setSource(source());
     guide->setSettings(settings(false));

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void newestCounts();
     void hidesAfterSixSeconds();
     void staysWhileFocused();
+    void staysUnderThePointer();
     void liesOverTheLowerEdge();
     void offersAgainWhileTakingBack();
 
@@ -120,6 +121,20 @@ void tst_UndoBar::staysWhileFocused()
     QTRY_VERIFY(times.count() >= 2); // it began again
     QVERIFY(bar->isVisible());
     window->findChild<QLineEdit *>()->setFocus();
+    QTRY_VERIFY(!bar->isVisible());
+}
+
+void tst_UndoBar::staysUnderThePointer()
+{
+    bar->offer(u"Removed"_s, [this] { ++undone; });
+    bar->setAttribute(Qt::WA_UnderMouse);
+    QSignalSpy over(timer, &QTimer::timeout);
+    timer->start(0); // the six seconds are over
+    QTRY_VERIFY(!over.isEmpty());
+    QVERIFY(bar->isVisible());
+    QVERIFY(timer->isActive());
+    bar->setAttribute(Qt::WA_UnderMouse, false);
+    timer->start(0);
     QTRY_VERIFY(!bar->isVisible());
 }
 
