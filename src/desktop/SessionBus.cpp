@@ -1,9 +1,11 @@
 #include "desktop/SessionBus.h"
 
 #include <QFileInfo>
-#include <QThread>
 
+#include <atomic>
 #include <memory>
+#include <mutex>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +18,17 @@ bool hasBus()
            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus"_L1);
 }
 
+/// Threads that wait for a bus. Some may never end.
+std::atomic<int> waitingThreads = 0;
+
 } // namespace
+
+/// What the thread of a bus knows of it.
+struct SessionBus::Waiting
+{
+    std::mutex mutex;
+    SessionBus *asking = nullptr; ///< null when it has gone
+};
 
 SessionBus::SessionBus(const QString &name, QObject *parent)
     : QObject(parent)
@@ -30,16 +42,31 @@ SessionBus::SessionBus(const QString &name, QObject *parent)
         return;
     }
     // Connecting waits for the bus. The thread belongs to nobody, so that nobody waits for it.
-    QThread *thread = QThread::create(
-        [made, name] { *made = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name); });
-    connect(thread, &QThread::finished, this, [this, made] { finish(*made); });
-    connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-    thread->start();
+    waiting = std::make_shared<Waiting>();
+    waiting->asking = this;
+    ++waitingThreads;
+    std::thread([made, name, waiting = waiting] {
+        *made = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+        --waitingThreads;
+        const std::lock_guard lock(waiting->mutex);
+        if (SessionBus *asking = waiting->asking; asking != nullptr) {
+            QMetaObject::invokeMethod(
+                asking, [asking, made] { asking->finish(*made); }, Qt::QueuedConnection);
+        }
+    }).detach();
 }
 
 SessionBus::~SessionBus()
 {
-    QDBusConnection::disconnectFromBus(connectionName);
+    if (waiting) {
+        const std::lock_guard lock(waiting->mutex);
+        waiting->asking = nullptr;
+    }
+    // Qt would wait for the bus until those threads have ended. The connection ends with the
+    // program.
+    if (waitingThreads == 0) {
+        QDBusConnection::disconnectFromBus(connectionName);
+    }
 }
 
 void SessionBus::finish(const QDBusConnection &made)

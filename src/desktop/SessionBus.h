@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
 /// A connection of its own to the desktop's session bus, made without waiting for it.
 ///
 /// A desktop without a session bus is no error. No bus is started. For the GUI thread.
@@ -28,9 +30,12 @@ Q_SIGNALS:
     void unavailable();
 
 private:
+    struct Waiting;
+
     void finish(const QDBusConnection &made);
 
     QString connectionName;
+    std::shared_ptr<Waiting> waiting; ///< null without a bus
     QDBusConnection bus;
     bool connecting = true;
 };
