@@ -7,6 +7,10 @@
 #include "desktop/WindowActivation.h"
 #include "ui/MainWindow.h"
 
+#ifdef VANTIRO_HAS_DBUS
+#include "desktop/SessionBus.h"
+#endif
+
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
@@ -14,6 +18,7 @@
 #include <QSettings>
 
 #include <cstdlib>
+#include <memory>
 
 #ifdef Q_OS_WIN
 #include <cstdio>
@@ -76,8 +81,18 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(VANTIRO_VERSION));
 }
 
+/// Whether a session bus that does not answer would hold up the program's end.
+bool isBusAwaited()
+{
+#ifdef VANTIRO_HAS_DBUS
+    return SessionBus::isAnyWaiting();
+#else
+    return false;
+#endif
+}
+
 /// Ends the process without destructors, which would destroy objects that libVLC's threads still
-/// use.
+/// use, or wait for a session bus.
 [[noreturn]] void leaveAtOnce(int status)
 {
     QSettings(u"Vantiro"_s, u"Player"_s).sync();
@@ -119,14 +134,18 @@ int main(int argc, char **argv)
     Theme::apply(app);
     showIcon();
 
-    MainWindow window;
-    QObject::connect(&instance, &SingleInstance::requested, &window, &MainWindow::takeOver);
-    window.open(request.addresses);
-    window.show();
+    auto window = std::make_unique<MainWindow>();
+    QObject::connect(&instance, &SingleInstance::requested, window.get(), &MainWindow::takeOver);
+    window->open(request.addresses);
+    window->show();
     const int status = QApplication::exec();
     // What follows may take a second; a start in it is one of its own.
     instance.close();
-    if (!window.endPlayback()) {
+    if (!window->endPlayback()) {
+        leaveAtOnce(status);
+    }
+    window.reset();
+    if (isBusAwaited()) {
         leaveAtOnce(status);
     }
     return status;

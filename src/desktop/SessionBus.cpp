@@ -64,9 +64,14 @@ SessionBus::~SessionBus()
     }
     // Qt would wait for the bus until those threads have ended. The connection ends with the
     // program.
-    if (waitingThreads == 0) {
+    if (!isAnyWaiting()) {
         QDBusConnection::disconnectFromBus(connectionName);
     }
+}
+
+bool SessionBus::isAnyWaiting()
+{
+    return waitingThreads != 0;
 }
 
 void SessionBus::finish(const QDBusConnection &made)

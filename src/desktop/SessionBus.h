@@ -20,6 +20,10 @@ public:
     ~SessionBus() override;
     Q_DISABLE_COPY_MOVE(SessionBus)
 
+    /// Whether a thread still waits for a bus. Qt's cleanup at the program's end may wait for it
+    /// without limit. For any thread.
+    static bool isAnyWaiting();
+
     /// Until one of the signals is emitted.
     bool isConnecting() const { return connecting; }
     const QDBusConnection &connection() const { return bus; }

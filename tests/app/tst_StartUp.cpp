@@ -6,7 +6,9 @@
 #include "support/TestMain.h"
 
 #include <QFile>
+#include <QLocalServer>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -37,6 +39,7 @@ private Q_SLOTS:
     void optionsInOneWordAreAnswered();
     void aFileIsNoOption();
     void tracesWithTheSwitch();
+    void aBusThatNeverAnswersHoldsNothingUp();
 
 private:
     /// Runs the program until it has loaded and cached its playlist.
@@ -140,6 +143,25 @@ void tst_StartUp::tracesWithTheSwitch()
     QCOMPARE(traced.exitCode, probeStatus);
     QCOMPARE(QString::fromUtf8(traced.errors),
              u"[M3U] -> "_s + server->url(u"/list.m3u"_s) + u" \n[M3U] <- 36 bytes \n"_s);
+}
+
+void tst_StartUp::aBusThatNeverAnswersHoldsNothingUp()
+{
+    QLocalServer silent;
+    const QString path = PrivateProfile::current().root() + u"/silent-bus"_s;
+    QVERIFY(silent.listen(path));
+    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    const auto restored = qScopeGuard([address] {
+        if (address.isNull()) {
+            qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        } else {
+            qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        }
+    });
+    qputenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path="_L1 + path).toUtf8());
+    const Run result = run();
+    QCOMPARE(result.exitCode, probeStatus);
+    QCOMPARE(result.errors, QByteArray());
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_StartUp)
