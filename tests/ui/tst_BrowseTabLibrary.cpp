@@ -261,6 +261,12 @@ void tst_BrowseTabLibrary::movingFavorites()
                         Qt::AltModifier);
         QCOMPARE(kept->tab.names().indexOf(moved), from);
     }
+    // Without a current row the key moves nothing.
+    const QStringList before = kept->tab.names();
+    kept->tab.view.setFocus();
+    kept->tab.view.setCurrentIndex({});
+    QTest::keyClick(&kept->tab.view, Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(kept->tab.names(), before);
     // Elsewhere rows do not move.
     kept->tab.openCategory(0);
     const auto &table = kept->tab.part<QTableWidget>(u"Table"_s);
