@@ -201,7 +201,10 @@ void ScheduleDialog::showProgramme(qint64 start)
         startToShow = start;
         return;
     }
-    fillDays(model->dayOf(start), model->dayOf(currentTime()));
+    const QDate day = model->dayOf(start);
+    // Before today there are only the days of an archive, which the channel may not have.
+    oldestShown = oldestShown.isValid() ? std::min(oldestShown, day) : day;
+    fillDays(day, model->dayOf(currentTime()));
     fillRows(start);
     scrollToCurrent();
 }
@@ -226,7 +229,7 @@ void ScheduleDialog::update()
 
 void ScheduleDialog::fillDays(QDate chosen, QDate today)
 {
-    const QList<QDate> days = model ? model->days(currentTime()) : QList<QDate>{today};
+    const QList<QDate> days = model ? model->days(currentTime(), oldestShown) : QList<QDate>{today};
     const QSignalBlocker blocker(dayBox);
     dayBox->clear();
     for (const QDate day : days) {

@@ -85,7 +85,8 @@ private:
     GuideSchedule schedule; ///< what is known
     bool toldThatNothingIsKnown = false;
     std::optional<qint64> startToShow;
-    QTimer *timer; ///< runs until the next change
+    QDate oldestShown; ///< of the programmes that were to be shown; null without one
+    QTimer *timer;     ///< runs until the next change
 
     QComboBox *dayBox;
     WrappedLabel *matchNote;

@@ -23,9 +23,9 @@ ScheduleRow::Phase phaseOf(const GuideProgramme &programme, qint64 now)
 
 } // namespace
 
-ScheduleModel::ScheduleModel(GuideSchedule guideSchedule, QTimeZone localZone)
+ScheduleModel::ScheduleModel(GuideSchedule guideSchedule, const QTimeZone &localZone)
     : schedule(std::move(guideSchedule))
-    , zone(std::move(localZone))
+    , zone(localZone)
 {}
 
 bool ScheduleModel::isEmpty() const
@@ -33,10 +33,13 @@ bool ScheduleModel::isEmpty() const
     return schedule.programmes.isEmpty() && archiveSeconds(schedule.entry.catchUp) <= 0;
 }
 
-QList<QDate> ScheduleModel::days(qint64 now) const
+QList<QDate> ScheduleModel::days(qint64 now, QDate oldest) const
 {
     const QDate today = dayOf(now);
-    const QDate first = std::min(today, dayOf(oldestArchived(now)));
+    QDate first = std::min(today, dayOf(oldestArchived(now)));
+    if (oldest.isValid()) {
+        first = std::min(first, oldest);
+    }
     const QDate last = schedule.programmes.isEmpty()
                            ? today
                            : std::max(today, dayOf(schedule.programmes.constLast().start));

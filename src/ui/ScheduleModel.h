@@ -32,13 +32,14 @@ public:
     /// An archive is shown no further back, whatever its source says.
     static constexpr int mostArchiveDays = 60;
 
-    ScheduleModel(GuideSchedule guideSchedule, QTimeZone localZone);
+    ScheduleModel(GuideSchedule guideSchedule, const QTimeZone &localZone);
 
     const GuideEntry &entry() const { return schedule.entry; }
     /// Neither programmes nor an archive.
     bool isEmpty() const;
-    /// From the oldest day of the archive to the last one of the guide; today is always among them.
-    QList<QDate> days(qint64 now) const;
+    /// From the oldest day of the archive, or from `oldest` where that is earlier, to the last one
+    /// of the guide; today is always among them. `oldest` may be null.
+    QList<QDate> days(qint64 now, QDate oldest) const;
     /// What runs on that day, also what began the day before; without programmes, the hours that
     /// the archive holds.
     QList<ScheduleRow> rows(QDate day, qint64 now) const;

@@ -163,6 +163,7 @@ private Q_SLOTS:
 
     void today();
     void otherDays();
+    void aProgrammeOfAnEarlierDay();
     void whatAClickDoes_data();
     void whatAClickDoes();
     void reminders();
@@ -171,6 +172,7 @@ private Q_SLOTS:
     void theRunningRowMovesOnWithTheClock();
     void aChosenRowStays();
     void followsTheGuide();
+    void aDayThatIsGone();
     void tellsWhenThereIsNothing_data();
     void tellsWhenThereIsNothing();
     void tellsOfAGuess();
@@ -205,11 +207,28 @@ void tst_ScheduleDialog::otherDays()
     QVERIFY(viewer->days().currentText().startsWith("Today"_L1));
     QCOMPARE(viewer->days().count(), 4);
     viewer->days().setCurrentIndex(viewer->days().currentIndex() - 1);
-    QCOMPARE(viewer->texts(), QStringList{viewer->clock(0) + u"  Yesterday"_s});
+    QCOMPARE(viewer->texts(), QStringList{viewer->clock(-day) + u"  Yesterday"_s});
     QCOMPARE(viewer->actions(), QStringList{u"Watch from Start"_s});
     viewer->days().setCurrentIndex(viewer->days().count() - 1);
-    QCOMPARE(viewer->texts(), QStringList{viewer->clock(0) + u"  Tomorrow"_s});
+    QCOMPARE(viewer->texts(), QStringList{viewer->clock(day) + u"  Tomorrow"_s});
     QCOMPARE(viewer->actions(), QStringList{u"Remind Me"_s});
+}
+
+/// It is asked for of a channel without an archive, whose days begin with today otherwise.
+void tst_ScheduleDialog::aProgrammeOfAnEarlierDay()
+{
+    viewer->addProgrammes();
+    viewer->open(u"tvg-id=\"one\""_s);
+    QCOMPARE(viewer->days().count(), 2);
+    viewer->dialog->showProgramme(viewer->now - day);
+    QVERIFY(viewer->current().endsWith("Yesterday"_L1));
+    QCOMPARE(viewer->days().currentIndex(), 0);
+    QCOMPARE(viewer->days().count(), 3);
+    viewer->dialog->showProgramme(viewer->now - 10 * minute);
+    QVERIFY(viewer->current().endsWith("Now"_L1));
+    // The day stays among the others.
+    QCOMPARE(viewer->days().currentIndex(), 1);
+    QCOMPARE(viewer->days().count(), 3);
 }
 
 void tst_ScheduleDialog::whatAClickDoes_data()
@@ -354,6 +373,20 @@ void tst_ScheduleDialog::followsTheGuide()
     QVERIFY(viewer->current().endsWith("Changed"_L1));
 }
 
+void tst_ScheduleDialog::aDayThatIsGone()
+{
+    viewer->addProgrammes();
+    viewer->open(u"tvg-id=\"one\""_s);
+    viewer->days().setCurrentIndex(viewer->days().count() - 1);
+    QVERIFY(viewer->days().currentText().startsWith("Tomorrow"_L1));
+    viewer->stored.clearGuide();
+    viewer->add(-5 * minute, 5 * minute, u"Changed"_s);
+    viewer->store();
+    viewer->guide.reload();
+    QTRY_COMPARE(viewer->texts(), QStringList{viewer->clock(-5 * minute) + u"  Changed"_s});
+    QVERIFY(viewer->days().currentText().startsWith("Today"_L1));
+}
+
 void tst_ScheduleDialog::tellsWhenThereIsNothing_data()
 {
     QTest::addColumn<std::function<void(Viewer &)>>("open");
@@ -376,6 +409,7 @@ void tst_ScheduleDialog::tellsWhenThereIsNothing()
     QFETCH(const QString, text);
     open(*viewer);
     QVERIFY(viewer->messageShows());
+    QVERIFY(viewer->dialog->archive().form == CatchUpRules().form);
     QCOMPARE(viewer->message().text(), text);
     QCOMPARE(viewer->list().count(), 0);
     QCOMPARE(viewer->actions(), QStringList());

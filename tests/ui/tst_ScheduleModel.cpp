@@ -115,7 +115,7 @@ void tst_ScheduleModel::days()
     QFETCH(const QString, first);
     QFETCH(const QString, last);
     const QStringList days =
-        datesOf(ScheduleModel(schedule, QTimeZone::utc()).days(at(u"2026-03-10 12:00"_s)));
+        datesOf(ScheduleModel(schedule, QTimeZone::utc()).days(at(u"2026-03-10 12:00"_s), {}));
     QCOMPARE(days.constFirst(), first);
     QCOMPARE(days.constLast(), last);
     QCOMPARE(days.size(),
@@ -270,7 +270,7 @@ void tst_ScheduleModel::localDays()
     QVERIFY(programmes.constLast().programme.start < end);
     QCOMPARE(guide.dayOf(begin), date);
     QCOMPARE(guide.dayOf(end - 1), date);
-    QCOMPARE(datesOf(guide.days(begin)),
+    QCOMPARE(datesOf(guide.days(begin, {})),
              QStringList({date.toString(Qt::ISODate), date.addDays(1).toString(Qt::ISODate)}));
 }
 
