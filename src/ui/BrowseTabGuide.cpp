@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 void BrowseTab::setGuide(Guide *newGuide)
 {
     table->setGuide(newGuide);
-    if (newGuide == guide || (newGuide == nullptr && guideView == nullptr)) {
+    if (newGuide == guide) {
         return;
     }
     if (guideView == nullptr) {

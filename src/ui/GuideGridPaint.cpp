@@ -146,6 +146,7 @@ void GuideGrid::paintCell(QPainter &painter, const GuideGridLayout &layout, int 
         const int taken = markSize + padding;
         text.adjust(isRightToLeft() ? taken : 0, 0, isRightToLeft() ? 0 : -taken, 0);
     }
+    // Where nothing of a title fits, a scroll step saves the time to find that out.
     if (text.width() > padding) {
         painter.setPen(textColor);
         painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

@@ -118,7 +118,7 @@ QString guideAddressName(const QString &address)
 
 QString guideResultText(const GuideResult &result)
 {
-    if (result.finishedAt == 0 && !result.cancelled && result.addresses.isEmpty()) {
+    if (result.finishedAt == 0 && !result.cancelled) {
         return {};
     }
     QStringList lines = Texts::summary(result);

@@ -191,7 +191,7 @@ void GuideView::showCurrent()
 void GuideView::askForDescription(const GuideProgramme &programme)
 {
     constexpr qsizetype longestShown = 1000; // more than there is room for
-    if (guide == nullptr || !guide->isOpen()) {
+    if (guide == nullptr) {
         return;
     }
     const QString id = guideGrid->currentId();

@@ -100,7 +100,7 @@ void MainWindow::showGuideDialog()
         dialog.setUpdating(false);
         dialog.setResult(result);
     });
-    PlaylistGuideClient client(nullptr);
+    PlaylistGuideClient client(&dialog);
     if (!SourceType::isAccount(currentSource.type)) {
         client.fetch(currentSource.url, currentSource.userAgent,
                      [&dialog](const std::optional<PlaylistGuide> &guide) {

@@ -49,10 +49,10 @@ void PlaybackSession::connectArchive()
         }
     });
     connect(player, &VlcPlayer::positionChanged, this, [this](qint64 currentMs, qint64 totalMs) {
-        if (!archive) {
-            Q_EMIT positionChanged(currentMs, totalMs);
-        } else if (!soughtMs) {
+        if (archive) {
             Q_EMIT positionChanged(positionMs(), lengthMs());
+        } else {
+            Q_EMIT positionChanged(currentMs, totalMs);
         }
     });
     connect(player, &VlcPlayer::playbackProgressing, this, [this] {

@@ -177,7 +177,7 @@ PosterGrid::PosterGrid(QListWidget *widget, PosterStore *store)
     connect(posters, &PosterStore::posterReady, this, &PosterGrid::showPoster);
     connect(posters, &PosterStore::posterEvicted, this, &PosterGrid::dropPoster);
     connect(posters, &PosterStore::requestAbandoned, this, &PosterGrid::retry);
-    connect(posters, &PosterStore::idle, this, &PosterGrid::requestLost);
+    connect(posters, &PosterStore::idle, this, &PosterGrid::requestVisible);
 }
 
 void PosterGrid::fill(const ShownEntries &newEntries)
@@ -226,10 +226,9 @@ void PosterGrid::requestVisible()
     const RowRange rows = rowsInBand(*list, band);
     for (int row = rows.first; row <= rows.last; ++row) {
         PosterItem *item = itemAt(row);
-        if ((item->isRequested && lost.isEmpty()) || !list->visualItemRect(item).intersects(band)) {
-            continue;
-        }
-        if (!item->isRequested || lost.contains(item->url())) {
+        const bool isWanted = !item->isRequested || lost.contains(item->url());
+        // A view may be narrower than the space before its items.
+        if (isWanted && list->visualItemRect(item).intersects(band)) {
             item->isRequested = true;
             requestPoster(item->url());
         }
@@ -271,13 +270,6 @@ void PosterGrid::retry(const QString &url)
 {
     if (awaited.remove(url)) {
         lost.insert(url);
-        requestVisible();
-    }
-}
-
-void PosterGrid::requestLost()
-{
-    if (!lost.isEmpty()) {
         requestVisible();
     }
 }

@@ -68,7 +68,6 @@ private:
     void showPoster(const QString &url, const QIcon &poster);
     void dropPoster(const QString &url);
     void retry(const QString &url);
-    void requestLost();
     void keepVisible();
     void repaint(const QString &url);
     QRect nearBand() const;
