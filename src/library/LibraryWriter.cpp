@@ -27,6 +27,8 @@ LibraryWriter::~LibraryWriter()
     }
     work.notify_all();
     wait();
+    // Tools that do not see what QThread::wait() hands over see the lock.
+    const std::lock_guard lock(mutex);
 }
 
 void LibraryWriter::beginLoading()
