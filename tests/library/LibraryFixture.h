@@ -25,6 +25,17 @@ inline LibraryEntry makeEntry(const QString &id, EntryKind kind = EntryKind::Mov
     return {source, kind, id, QStringLiteral("Name ") + id, QStringLiteral("c1")};
 }
 
+/// A channel of a playlist.
+inline MediaItem makeChannel(const QString &url, const QString &name,
+                             const QString &category = QStringLiteral("c1"))
+{
+    MediaItem item;
+    item.id = url;
+    item.name = name;
+    item.categoryId = category;
+    return item;
+}
+
 /// A row of each part, with a value of its own in each field.
 inline LibraryRows sampleRows()
 {

@@ -1,5 +1,5 @@
-#include "library/Library.h"
 #include "library/LibraryFixture.h"
+#include "library/LibraryRun.h"
 #include "library/WatchedEntries.h"
 #include "support/TestFiles.h"
 #include "support/TestMain.h"
@@ -9,22 +9,12 @@
 #include <QTest>
 
 #include <functional>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
 // What the library answers, and that a later start answers the same.
 
 namespace {
-
-MediaItem channel(const QString &url, const QString &name, const QString &category = u"c1"_s)
-{
-    MediaItem item;
-    item.id = url;
-    item.name = name;
-    item.categoryId = category;
-    return item;
-}
 
 Reminder reminder(const QString &id, qint64 start, const QString &ofSource = u"S"_s)
 {
@@ -33,13 +23,13 @@ Reminder reminder(const QString &id, qint64 start, const QString &ofSource = u"S
 
 } // namespace
 
-class tst_Library : public QObject
+class tst_Library : public QObject, private LibraryRun
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { reset(); }
+    void cleanup() { library.reset(); }
 
     void unusedMakesNothing();
     void ineffectiveChangesMakeNothing();
@@ -60,37 +50,9 @@ private Q_SLOTS:
     void guideCorrections();
     void reminders();
     void rowsOfAnotherProgram();
-    void sources_data();
-    void sources();
-    void followsUrls_data();
-    void followsUrls();
-    void entriesWithoutANameAreNotFollowed();
-    void followingLeavesWhatChangesMeanwhile();
-    void aLargeFileIsReadMeanwhile_data();
-    void aLargeFileIsReadMeanwhile();
     void clearing();
     void signalsPerList();
-
-private:
-    void restart()
-    {
-        library.reset();
-        library = std::make_unique<Library>(nullptr);
-    }
-
-    std::unique_ptr<Library> library;
 };
-
-void tst_Library::init()
-{
-    PrivateProfile::current().clear();
-    restart();
-}
-
-void tst_Library::cleanup()
-{
-    library.reset();
-}
 
 // ---- the file ----
 
@@ -121,7 +83,7 @@ void tst_Library::ineffectiveChangesMakeNothing()
     library->unhideCategory(source, EntryKind::Movie, u"c1"_s);
     library->renameSource(source, u"T"_s);
     library->forgetSource(source);
-    library->followEntries(source, EntryKind::Channel, {channel(u"u"_s, u"n"_s)});
+    library->followEntries(source, EntryKind::Channel, {makeChannel(u"u"_s, u"n"_s)});
     library->clear({LibraryPart::Favorites, LibraryPart::Progress});
     library->setGuideSettings(library->guideSettings(source));
     library->removeGuideCorrection(makeEntry(u"1"_s, EntryKind::Live));
@@ -280,7 +242,7 @@ void tst_Library::recentlyWatchedPerKindAndSource()
     QCOMPARE(library->recentlyWatched(u"T"_s, EntryKind::Movie).size(), 1);
 }
 
-// ---- categories and sources ----
+// ---- categories ----
 
 void tst_Library::hiddenCategories()
 {
@@ -355,6 +317,8 @@ void tst_Library::reminders()
     QCOMPARE(library->reminders(), ordered);
 }
 
+// ---- all lists ----
+
 /// They are not in memory when this program changes lists as a whole.
 void tst_Library::rowsOfAnotherProgram()
 {
@@ -378,179 +342,6 @@ void tst_Library::rowsOfAnotherProgram()
     QCOMPARE(library->favorites(u"B"_s, EntryKind::Movie).size(), 1);
     QCOMPARE(library->recentlyWatched(source, EntryKind::Live).size(),
              Library::recentlyWatchedCount);
-}
-
-void tst_Library::sources_data()
-{
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("to"); ///< empty: deleted
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("renamed") << u"A"_s << u"C"_s << QStringList{u"B/1"_s, u"C/1"_s, u"C/2"_s};
-    QTest::newRow("renamed to one that exists")
-        << u"A"_s << u"B"_s << QStringList{u"B/1"_s, u"B/2"_s};
-    QTest::newRow("renamed to itself")
-        << u"A"_s << u"A"_s << QStringList{u"A/1"_s, u"A/2"_s, u"B/1"_s};
-    QTest::newRow("deleted") << u"A"_s << QString() << QStringList{u"B/1"_s};
-    QTest::newRow("one without rows")
-        << u"X"_s << QString() << QStringList{u"A/1"_s, u"A/2"_s, u"B/1"_s};
-}
-
-void tst_Library::sources()
-{
-    QFETCH(QString, from);
-    QFETCH(QString, to);
-    QFETCH(QStringList, expected);
-    library->addFavorite(makeEntry(u"1"_s, EntryKind::Movie, u"A"_s));
-    library->addFavorite(makeEntry(u"2"_s, EntryKind::Movie, u"A"_s));
-    library->addFavorite(makeEntry(u"1"_s, EntryKind::Movie, u"B"_s));
-    if (to.isEmpty())
-        library->forgetSource(from);
-    else
-        library->renameSource(from, to);
-    library->renameSource(u"B"_s, {}); // no name
-    for (int start = 0; start < 2; ++start) {
-        QStringList kept;
-        const LibraryRows rows = library->rows();
-        for (const Favorite &row : rows.favorites)
-            kept << row.source + u'/' + row.id;
-        kept.sort();
-        QCOMPARE(kept, expected);
-        restart();
-    }
-}
-
-void tst_Library::followsUrls_data()
-{
-    QTest::addColumn<QList<MediaItem>>("items");
-    QTest::addColumn<QStringList>("expected"); ///< of the favorites "old1" and "old2", both "News"
-    QTest::newRow("unchanged") << QList{channel(u"old1"_s, u"News"_s), channel(u"new"_s, u"News"_s),
-                                        channel(u"old2"_s, u"News"_s)}
-                               << QStringList{u"old1"_s, u"old2"_s};
-    QTest::newRow("unchanged, and more follow")
-        << QList{channel(u"old1"_s, u"News"_s), channel(u"old2"_s, u"News"_s),
-                 channel(u"new"_s, u"News"_s)}
-        << QStringList{u"old1"_s, u"old2"_s};
-    QTest::newRow("both changed, and more follow")
-        << QList{channel(u"new1"_s, u"News"_s), channel(u"new2"_s, u"News"_s),
-                 channel(u"new3"_s, u"News"_s)}
-        << QStringList{u"new1"_s, u"new2"_s};
-    QTest::newRow("both changed") << QList{channel(u"new1"_s, u"News"_s),
-                                           channel(u"new2"_s, u"News"_s)}
-                                  << QStringList{u"new1"_s, u"new2"_s};
-    QTest::newRow("one changed") << QList{channel(u"old1"_s, u"News"_s),
-                                          channel(u"new2"_s, u"News"_s)}
-                                 << QStringList{u"new2"_s, u"old1"_s};
-    QTest::newRow("another name") << QList{channel(u"new1"_s, u"Sport"_s)}
-                                  << QStringList{u"old1"_s, u"old2"_s};
-    QTest::newRow("another category")
-        << QList{channel(u"new1"_s, u"News"_s, u"c2"_s)} << QStringList{u"old1"_s, u"old2"_s};
-    QTest::newRow("one of them is gone")
-        << QList{channel(u"new1"_s, u"News"_s)} << QStringList{u"new1"_s, u"old2"_s};
-    QTest::newRow("nothing was loaded") << QList<MediaItem>() << QStringList{u"old1"_s, u"old2"_s};
-    QTest::newRow("one URL twice")
-        << QList{channel(u"new1"_s, u"News"_s), channel(u"new1"_s, u"News"_s)}
-        << QStringList{u"new1"_s, u"old2"_s};
-}
-
-void tst_Library::followsUrls()
-{
-    QFETCH(QList<MediaItem>, items);
-    QFETCH(QStringList, expected);
-    for (const QString &url : {u"old1"_s, u"old2"_s}) {
-        const LibraryEntry entry =
-            libraryEntry(source, EntryKind::Channel, channel(url, u"News"_s));
-        library->addFavorite(entry);
-        library->noteWatched(entry);
-        library->setGuideCorrection({entry, url});
-        for (const qint64 start : {1, 2})
-            library->addReminder(reminderOf(entry, start, start + 1, {}));
-    }
-    library->addFavorite(makeEntry(u"News"_s, EntryKind::Channel, u"T"_s));
-    library->followEntries(source, EntryKind::Channel, items);
-    QVERIFY(library->flush());
-    for (int start = 0; start < 2; ++start) {
-        QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)), expected);
-        QCOMPARE(sortedIdsOf(library->recentlyWatched(source, EntryKind::Channel)), expected);
-        QCOMPARE(sortedIdsOf(library->guideCorrections(source, EntryKind::Channel)), expected);
-        QStringList channels;
-        const QList<Reminder> reminders = library->reminders();
-        for (const Reminder &row : reminders) {
-            QCOMPARE(row.id, QString::number(row.start) + u' ' + row.entryId);
-            channels << row.entryId;
-        }
-        channels.sort();
-        QCOMPARE(channels,
-                 (QStringList{expected.at(0), expected.at(0), expected.at(1), expected.at(1)}));
-        QCOMPARE(library->favorites(u"T"_s, EntryKind::Channel).size(), 1);
-        restart();
-    }
-}
-
-void tst_Library::entriesWithoutANameAreNotFollowed()
-{
-    for (const QString &name : {u""_s, u"News"_s})
-        library->addFavorite(
-            libraryEntry(source, EntryKind::Channel, channel(u"old "_s + name, name)));
-    library->followEntries(source, EntryKind::Channel,
-                           {channel(u"new"_s, {}), channel(u"new News"_s, u"News"_s)});
-    QVERIFY(library->flush());
-    QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)),
-             (QStringList{u"new News"_s, u"old "_s}));
-}
-
-void tst_Library::followingLeavesWhatChangesMeanwhile()
-{
-    for (const QString &url : {u"old1"_s, u"old2"_s, u"old3"_s})
-        library->addFavorite(libraryEntry(source, EntryKind::Channel, channel(url, url)));
-    const LibraryEntry third =
-        libraryEntry(source, EntryKind::Channel, channel(u"old3"_s, u"old3"_s));
-    library->setGuideCorrection({third, u"one.tv"_s});
-    library->followEntries(source, EntryKind::Channel,
-                           {channel(u"new1"_s, u"old1"_s), channel(u"new2"_s, u"old2"_s),
-                            channel(u"new3"_s, u"old3"_s)});
-    library->setGuideCorrection({third, u"two.tv"_s});
-    library->removeFavorite(makeEntry(u"old1"_s, EntryKind::Channel));
-    library->addFavorite(makeEntry(u"new2"_s, EntryKind::Channel));
-    QVERIFY(library->flush());
-    QCOMPARE(sortedIdsOf(library->favorites(source, EntryKind::Channel)),
-             (QStringList{u"new2"_s, u"new3"_s, u"old2"_s}));
-    QCOMPARE(sortedIdsOf(library->guideCorrections(source, EntryKind::Channel)),
-             QStringList{u"old3"_s});
-}
-
-void tst_Library::aLargeFileIsReadMeanwhile_data()
-{
-    QTest::addColumn<bool>("changedAtOnce");
-    QTest::newRow("looked at") << false;
-    QTest::newRow("changed before it was read") << true;
-}
-
-void tst_Library::aLargeFileIsReadMeanwhile()
-{
-    QFETCH(bool, changedAtOnce);
-    constexpr int count = 20'000;
-    LibraryChange change;
-    for (int number = 0; number < count; ++number) {
-        const QString url = u"http://provider.example/live/user/password/%1.ts"_s.arg(number);
-        change.put.favorites.append({makeEntry(url, EntryKind::Channel), number, 1});
-    }
-    library->apply(change);
-    restart();
-    QSignalSpy changes(library.get(), &Library::changed);
-    const auto &favorites = library->favorites(source, EntryKind::Channel);
-    if (changedAtOnce) {
-        library->addFavorite(makeEntry(u"one more"_s, EntryKind::Channel));
-    } else {
-        QVERIFY(favorites.isEmpty());
-        library->followEntries(source, EntryKind::Channel,
-                               {channel(u"followed"_s, change.put.favorites.at(7).name)});
-    }
-    QTRY_VERIFY(!changes.isEmpty());
-    QCOMPARE(library->favorites(source, EntryKind::Channel).size(),
-             count + (changedAtOnce ? 1 : 0));
-    QVERIFY(library->flush());
-    restart();
-    QCOMPARE(library->rows().favorites.size(), count + (changedAtOnce ? 1 : 0));
 }
 
 void tst_Library::clearing()

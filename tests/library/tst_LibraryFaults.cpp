@@ -1,5 +1,5 @@
-#include "library/Library.h"
 #include "library/LibraryFixture.h"
+#include "library/LibraryRun.h"
 #include "support/TestFiles.h"
 #include "support/TestMain.h"
 
@@ -7,8 +7,6 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTest>
-
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -20,12 +18,12 @@ const QString source = u"S"_s;
 
 } // namespace
 
-class tst_LibraryFaults : public QObject
+class tst_LibraryFaults : public QObject, private LibraryRun
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { reset(); }
     void cleanup() { library.reset(); }
 
     void setsADamagedFileAside();
@@ -34,22 +32,7 @@ private Q_SLOTS:
     void writesWhenItCanAgain();
     void applyingNow();
     void applyingNowAfterAFailure();
-
-private:
-    void restart()
-    {
-        library.reset();
-        library = std::make_unique<Library>(nullptr);
-    }
-
-    std::unique_ptr<Library> library;
 };
-
-void tst_LibraryFaults::init()
-{
-    PrivateProfile::current().clear();
-    restart();
-}
 
 void tst_LibraryFaults::setsADamagedFileAside()
 {

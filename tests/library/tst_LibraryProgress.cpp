@@ -1,22 +1,20 @@
-#include "library/Library.h"
 #include "library/LibraryFixture.h"
+#include "library/LibraryRun.h"
 #include "library/WatchedEntries.h"
 #include "support/TestMain.h"
 
 #include <QTest>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
 // How far films and episodes were watched.
 
-class tst_LibraryProgress : public QObject
+class tst_LibraryProgress : public QObject, private LibraryRun
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { reset(); }
     void cleanup() { library.reset(); }
 
     void positions_data();
@@ -29,22 +27,7 @@ private Q_SLOTS:
     void continueWatchingFilms();
     void continueWatchingShows_data();
     void continueWatchingShows();
-
-private:
-    void restart()
-    {
-        library.reset();
-        library = std::make_unique<Library>(nullptr);
-    }
-
-    std::unique_ptr<Library> library;
 };
-
-void tst_LibraryProgress::init()
-{
-    PrivateProfile::current().clear();
-    restart();
-}
 
 void tst_LibraryProgress::positions_data()
 {

@@ -1,7 +1,6 @@
 #include "GuideFixture.h"
 #include "support/TestMain.h"
 #include "ui/GuideGrid.h"
-#include "ui/GuideTitles.h"
 
 #include <QContextMenuEvent>
 #include <QImage>
@@ -36,8 +35,6 @@ class tst_GuideGrid : public QObject
 
 private Q_SLOTS:
     void init();
-    void titlesOfAnEntry();
-    void onlyWhatShowsIsAskedFor();
     void anotherGuideIsAskedAnew();
     void keys_data();
     void keys();
@@ -94,47 +91,6 @@ void tst_GuideGrid::init()
     grid->setFocus();
     QTRY_VERIFY(fixture->isShownBy(*grid));
     QCOMPARE(current(), u"One Running"_s);
-}
-
-void tst_GuideGrid::titlesOfAnEntry()
-{
-    GuideTitles titles(nullptr);
-    titles.setGuide(&fixture->guide);
-    const QString one = fixture->items.at(0).id;
-    const QString three = fixture->items.at(2).id;
-    // Over several of the blocks in which they are kept.
-    titles.want({one, three}, fixture->at(-6), fixture->at(30));
-    QVERIFY(!titles.isHere(one, fixture->at(-6), fixture->at(30)));
-    QTRY_VERIFY(titles.isHere(one, fixture->at(-6), fixture->at(30)));
-    QStringList all;
-    const auto programmes = titles.schedule(one, fixture->at(-6), fixture->at(30)).programmes;
-    for (const GuideProgramme &programme : programmes)
-        all << programme.title;
-    QCOMPARE(all, (QStringList{u"Old"_s, u"Running"_s, u"Later"_s, u"Match"_s}));
-    QCOMPARE(titles.archiveReach(), 3 * StoredGuide::day);
-    QTRY_COMPARE(titles.newest(), fixture->at(20));
-    // Not in the guide: it is not asked for again.
-    QVERIFY(titles.isHere(three, fixture->at(-6), fixture->at(30)));
-    QVERIFY(titles.schedule(three, fixture->at(-6), fixture->at(30)).programmes.isEmpty());
-}
-
-void tst_GuideGrid::onlyWhatShowsIsAskedFor()
-{
-    GuideTitles titles(nullptr);
-    titles.setGuide(&fixture->guide);
-    const QString one = fixture->items.at(0).id;
-    const QString two = fixture->items.at(1).id;
-    const QString three = fixture->items.at(2).id;
-    const auto isHere = [&](const QString &id) {
-        return titles.isHere(id, fixture->now, fixture->now);
-    };
-    // While the first question is under way the user has scrolled on, twice.
-    titles.want({one}, fixture->now, fixture->now);
-    titles.want({two}, fixture->now, fixture->now);
-    titles.want({three}, fixture->now, fixture->now);
-    QTRY_VERIFY(isHere(three));
-    QVERIFY(isHere(one));
-    QVERIFY(!isHere(two));
 }
 
 void tst_GuideGrid::anotherGuideIsAskedAnew()

@@ -1,14 +1,11 @@
 #include "RowMenus.h"
-#include "WindowFixture.h"
-#include "guide/CatchUp.h"
+#include "ScheduleWindow.h"
 #include "guide/StoredGuide.h"
 #include "library/Library.h"
 #include "ui/EntryTable.h"
 #include "ui/GuideGrid.h"
 #include "ui/PlayerPanel.h"
 #include "ui/ReminderKeeper.h"
-#include "ui/ScheduleDialog.h"
-#include "ui/SourceGuide.h"
 
 #include <QAction>
 #include <QDateTime>
@@ -20,13 +17,14 @@ namespace {
 
 constexpr qint64 hour = 3600;
 const QString archive = uR"( catchup="shift" catchup-days="2")"_s;
+const QString noProgrammes = u"The guide has no programmes of this channel."_s;
 
 } // namespace
 
 /// Schedules, archives and reminders in the window. The playlist has, by their names: "One" and
 /// "Two" with an archive, "Plain" without one, "Odd", the rules of whose archive do not fit its
 /// address, and "Unknown", of which the guide has nothing. No stream answers.
-class tst_MainWindowSchedule : public QObject, private WindowFixture
+class tst_MainWindowSchedule : public QObject, private ScheduleWindow
 {
     Q_OBJECT
 
@@ -40,23 +38,16 @@ private Q_SLOTS:
     void watchingFromTheSchedule();
     void aReminderFromTheSchedule();
     void onlyAChannelOfTheSourceHasASchedule();
-    void aReminderOfAnAccountsChannel();
     void oneScheduleAtATime();
     void closesWithTheGuide();
     void aChannelThatIsGone();
     void anArchiveWithoutAnAddress();
     void aChannelThatTheGuideDoesNotKnow();
-    void theFormThatWorkedIsAskedFirst_data();
-    void theFormThatWorkedIsAskedFirst();
-    void aClosedScheduleAsksTheAccountNothing();
-    void aRecordingBelongsToTheSourceItWasChosenIn();
+    void onlyAnArchiveIsWatchedFromTheStart();
 
 private:
     /// Opens the playlist with its guide.
     void openPlaylist();
-    /// Opens the account of `provider`, which has the channel "One", with its guide at `addresses`.
-    void openAccount(XtreamProvider &provider, const GuideSettings &settings);
-    void turnOn(const GuideSettings &settings) const;
     /// Opens the guide in place of the channels, and waits for what runs.
     GuideGrid &openGrid() const;
     /// What is current in the grid; empty while it is not known.
@@ -66,12 +57,6 @@ private:
         return programme ? programme->title : QString();
     }
     void openSchedule(int row) const;
-    template <typename Widget>
-    Widget *scheduleWidget(const QString &name) const
-    {
-        const auto *dialog = window().findChild<ScheduleDialog *>();
-        return dialog != nullptr ? dialog->findChild<Widget *>(name) : nullptr;
-    }
     /// What the schedule shows as current; empty without one.
     QString currentProgramme() const
     {
@@ -83,11 +68,6 @@ private:
     QAbstractButton &scheduleButton(const QString &name) const
     {
         return *scheduleWidget<QAbstractButton>(name);
-    }
-    QString scheduleTitle() const
-    {
-        const auto *dialog = window().findChild<ScheduleDialog *>();
-        return dialog != nullptr ? dialog->windowTitle() : QString();
     }
     /// Whether the server was asked for a stream that begins like this.
     bool isAskedFor(const QString &target) const
@@ -103,7 +83,6 @@ private:
     {
         return table().item(row, 0)->data(Qt::AccessibleDescriptionRole).toString();
     }
-    SourceGuide &sourceGuide() const { return *window().findChild<SourceGuide *>(); }
     Library &library() const { return *window().findChild<Library *>(); }
 
     qint64 now = 0;
@@ -145,30 +124,6 @@ void tst_MainWindowSchedule::openPlaylist()
     settings.addresses = server->url(u"/guide.xml"_s);
     turnOn(settings);
     QTRY_VERIFY(!description(1).isEmpty());
-}
-
-void tst_MainWindowSchedule::openAccount(XtreamProvider &provider, const GuideSettings &settings)
-{
-    XtreamEntry entry;
-    entry.name = u"One"_s;
-    entry.id = 1;
-    entry.guideId = u"one"_s;
-    entry.archiveDays = 2;
-    entry.archive = [](qint64 /*seconds*/) { return neverAnswers(); };
-    provider.add(XtreamAction::liveStreams, entry);
-    store(sourceFor(provider, u"A"_s));
-    open();
-    QTRY_COMPARE(rows(u"liveTable"_s), QStringList{u"One"_s});
-    window().selectLiveCategory(find<QListWidget>(u"liveCategoryList"_s).item(0));
-    turnOn(settings);
-}
-
-void tst_MainWindowSchedule::turnOn(const GuideSettings &settings) const
-{
-    GuideSettings on = settings;
-    on.enabled = true;
-    sourceGuide().setSettings(on);
-    QTRY_VERIFY_WITH_TIMEOUT(!sourceGuide().isUpdating(), 60'000);
 }
 
 GuideGrid &tst_MainWindowSchedule::openGrid() const
@@ -252,6 +207,11 @@ void tst_MainWindowSchedule::watchingFromTheSchedule()
     scheduleButton(u"archiveButton"_s).click();
     QCOMPARE(nowPlaying(), u"Playing: One - News of One"_s);
     QTRY_VERIFY(isAskedFor(u"/One?utc="_s + utc(-1)));
+    // The player leads back to the schedule of what it plays, from the archive as well.
+    schedule()->close();
+    QTRY_COMPARE(scheduleTitle(), QString());
+    Q_EMIT window().findChild<PlayerPanel *>()->scheduleRequested();
+    QTRY_COMPARE(scheduleTitle(), u"Schedule of One"_s);
 }
 
 void tst_MainWindowSchedule::aReminderFromTheSchedule()
@@ -299,36 +259,11 @@ void tst_MainWindowSchedule::onlyAChannelOfTheSourceHasASchedule()
     QVERIFY2(asksInVain(), "there is no guide");
 }
 
-/// Its source is another one, and has gone meanwhile or not.
-void tst_MainWindowSchedule::aReminderOfAnAccountsChannel()
-{
-    store(playlistSource(u"B"_s, server->url(u"/list"_s), neverLoaded));
-    storeLastActive(u"A"_s);
-    XtreamProvider provider;
-    openAccount(provider, {});
-    auto *keeper = window().findChild<ReminderKeeper *>();
-    LibraryEntry gone{u"Gone"_s, EntryKind::Live, u"1"_s, u"One"_s, {}};
-    Q_EMIT keeper->watchRequested(reminderOf(gone, now, now + hour, u"News"_s));
-    QVERIFY(!nowPlaying().startsWith("Playing"_L1));
-    combo().setCurrentIndex(combo().findText(u"B"_s));
-    QTRY_VERIFY(!shownChannels().isEmpty());
-    LibraryEntry channel = gone;
-    channel.source = u"A"_s;
-    Q_EMIT keeper->watchRequested(reminderOf(channel, now, now + hour, u"News"_s));
-    QTRY_COMPARE(nowPlaying(), u"Playing: One"_s);
-    QCOMPARE(combo().currentText(), u"A"_s);
-    // Now it is the active one.
-    window().open({server->url(u"/Film.mp4"_s)});
-    QVERIFY(nowPlaying() != u"Playing: One"_s);
-    Q_EMIT keeper->watchRequested(reminderOf(channel, now, now + hour, u"News"_s));
-    QTRY_COMPARE(nowPlaying(), u"Playing: One"_s);
-}
-
 void tst_MainWindowSchedule::oneScheduleAtATime()
 {
     openPlaylist();
     openSchedule(1);
-    const QPointer<ScheduleDialog> first = window().findChild<ScheduleDialog *>();
+    const QPointer<ScheduleDialog> first = schedule();
     QVERIFY(RowMenus::choose(RowMenus::openByMouse(table(), 3), u"Schedule"_s));
     QTRY_VERIFY(first.isNull());
     QCOMPARE(scheduleTitle(), u"Schedule of Two"_s);
@@ -388,84 +323,23 @@ void tst_MainWindowSchedule::aChannelThatTheGuideDoesNotKnow()
     openPlaylist();
     const qsizetype before = server->requests().size();
     openSchedule(4);
-    QTRY_COMPARE(scheduleWidget<QLabel>(u"scheduleMessage"_s)->text(),
-                 u"The guide has no programmes of this channel."_s);
+    QTRY_COMPARE(scheduleWidget<QLabel>(u"scheduleMessage"_s)->text(), noProgrammes);
     // Only an account can be asked for more.
     QVERIFY(repliesUnderWay().isEmpty());
     QCOMPARE(server->requests().size(), before);
 }
 
-void tst_MainWindowSchedule::theFormThatWorkedIsAskedFirst_data()
+/// Of the running programme, in the channel's menu.
+void tst_MainWindowSchedule::onlyAnArchiveIsWatchedFromTheStart()
 {
-    QTest::addColumn<int>("form"); ///< -1 for none
-    QTest::addColumn<QString>("path");
-    QTest::newRow("none as yet") << -1 << u"/timeshift/"_s;
-    QTest::newRow("the query") << static_cast<int>(AccountArchiveForm::Query)
-                               << u"/streaming/timeshift.php"_s;
-}
-
-void tst_MainWindowSchedule::theFormThatWorkedIsAskedFirst()
-{
-    QFETCH(const int, form);
-    QFETCH(const QString, path);
-    XtreamProvider provider;
-    GuideSettings settings;
-    settings.addresses = accountGuideAddress.toString();
-    settings.archiveForm = form;
-    openAccount(provider, settings);
-    auto &channels = find<EntryTable>(u"liveTable"_s);
-    QTRY_VERIFY(!channels.item(0, 0)->data(Qt::AccessibleDescriptionRole).toString().isEmpty());
-    provider.http().clearRequests();
-    QVERIFY(RowMenus::choose(RowMenus::openByMouse(channels, 0), u"Watch from Start"_s));
-    const auto firstPath = [&] {
-        for (const HttpRequest &request : provider.http().requests()) {
-            if (request.path.contains("timeshift"_L1)) {
-                return request.path;
-            }
-        }
-        return QString();
-    };
-    QTRY_VERIFY(!firstPath().isEmpty());
-    QVERIFY2(firstPath().startsWith(path), qPrintable(firstPath()));
-}
-
-void tst_MainWindowSchedule::aClosedScheduleAsksTheAccountNothing()
-{
-    XtreamProvider provider;
-    openAccount(provider, {}); // no guide: the account is asked for the channel alone
-    provider.setManner(XtreamAction::login, XtreamProvider::Manner::Held);
-    const int before = provider.requestCount(XtreamAction::login);
-    QVERIFY(RowMenus::choose(RowMenus::openByMouse(find<EntryTable>(u"liveTable"_s), 0),
-                             u"Schedule"_s));
-    QTRY_VERIFY(provider.requestCount(XtreamAction::login) > before); // for the server's zone
-    window().findChild<ScheduleDialog *>()->close();
-    QTRY_COMPARE(scheduleTitle(), QString());
-    provider.release(XtreamAction::login);
-    QTRY_VERIFY(repliesUnderWay().isEmpty());
-    QCOMPARE(provider.requestCount(XtreamAction::fullSchedule), 0);
-}
-
-/// Its server tells the zone when another source is shown.
-void tst_MainWindowSchedule::aRecordingBelongsToTheSourceItWasChosenIn()
-{
-    store(playlistSource(u"B"_s, server->url(u"/list"_s), neverLoaded));
-    storeLastActive(u"A"_s);
-    XtreamProvider provider;
-    GuideSettings settings;
-    settings.addresses = accountGuideAddress.toString();
-    openAccount(provider, settings);
-    auto &channels = find<EntryTable>(u"liveTable"_s);
-    QTRY_VERIFY(!channels.item(0, 0)->data(Qt::AccessibleDescriptionRole).toString().isEmpty());
-    provider.setManner(XtreamAction::login, XtreamProvider::Manner::Held);
-    const int before = provider.requestCount(XtreamAction::login);
-    QVERIFY(RowMenus::choose(RowMenus::openByMouse(channels, 0), u"Watch from Start"_s));
-    QTRY_VERIFY(provider.requestCount(XtreamAction::login) > before);
-    combo().setCurrentIndex(combo().findText(u"B"_s));
-    QTRY_VERIFY(!shownChannels().isEmpty());
-    provider.release(XtreamAction::login);
-    QTRY_VERIFY(nowPlaying().startsWith("Playing: One - "_L1));
-    QTest::keyClick(&window(), Qt::Key_D, Qt::ControlModifier);
-    QCOMPARE(library().favorites(u"A"_s, EntryKind::Live).keys(), QStringList{u"1"_s});
+    openPlaylist();
+    for (const auto &[row, hasArchive] : {std::pair(1, true), std::pair(2, false)}) {
+        QMenu *menu = RowMenus::openByMouse(table(), row);
+        const QStringList texts = RowMenus::texts(menu);
+        menu->close();
+        QVERIFY(texts.contains(u"Schedule"_s));
+        QCOMPARE(texts.contains(u"Watch from Start"_s), hasArchive);
+    }
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowSchedule)
