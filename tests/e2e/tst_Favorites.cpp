@@ -16,6 +16,7 @@ class TestFavorites : public AccountTest
 
 private Q_SLOTS:
     void orderSurvivesARestart();
+    void drops();
     void whatPlaysAndUndo();
     void hiddenCategoryByKey();
 
@@ -25,6 +26,16 @@ private:
     /// Chooses an action of the menu that is open.
     bool chooseFromMenu(const QString &action) const;
     bool addToFavorites(const QString &channel) const;
+    QPoint topOf(const QString &row) const
+    {
+        return session->entry(row).rect().topLeft() + QPoint(41, 2);
+    }
+    QPoint bottomOf(const QString &row) const
+    {
+        return session->entry(row).rect().bottomLeft() + QPoint(41, -2);
+    }
+    /// Drags a row by the mouse, and drops it at a place of the screen.
+    bool drag(const QString &row, const QPoint &place) const;
     /// Opens the favorites, or another list of the category page.
     bool openList(const QString &name) const;
 };
@@ -52,6 +63,14 @@ bool TestFavorites::openList(const QString &name) const
     return session->clickButton(u"< Back to Categories"_s) && session->openCategory(name);
 }
 
+bool TestFavorites::drag(const QString &row, const QPoint &place) const
+{
+    const QPoint start = session->entry(row).rect().center();
+    // A drag begins with a move, and marks the place with another.
+    return Mouse::press(start) && Mouse::moveTo(start + (place - start) / 2) &&
+           Mouse::moveTo(place - QPoint(1, 1)) && Mouse::moveTo(place) && Mouse::release();
+}
+
 void TestFavorites::orderSurvivesARestart()
 {
     QVERIFY(session->openAll(UiTexts::liveTab));
@@ -72,12 +91,7 @@ void TestFavorites::orderSurvivesARestart()
     QVERIFY(Mouse::release());
     QTRY_COMPARE(table().rowTexts(), (QStringList{u"Four"_s, u"Two"_s, u"Three"_s}));
     // Behind a row as well, and not only in front of it.
-    const QRect target = session->entry(u"Two"_s).rect();
-    QVERIFY(Mouse::press(session->entry(u"Four"_s).rect().center()));
-    QVERIFY(Mouse::moveTo(target.center()));
-    QVERIFY(Mouse::moveTo(target.bottomLeft() + QPoint(40, -3)));
-    QVERIFY(Mouse::moveTo(target.bottomLeft() + QPoint(41, -2)));
-    QVERIFY(Mouse::release());
+    QVERIFY(drag(u"Four"_s, bottomOf(u"Two"_s)));
     const QStringList moved{u"Two"_s, u"Four"_s, u"Three"_s};
     QTRY_COMPARE(table().rowTexts(), moved);
     session->keepScreenshot(u"favorites"_s);
@@ -88,6 +102,23 @@ void TestFavorites::orderSurvivesARestart()
     QVERIFY(session->openCategory(u"Favorites"_s));
     QTRY_COMPARE(table().rowTexts(), moved);
     QVERIFY(session->watch(u"Two"_s));
+}
+
+void TestFavorites::drops()
+{
+    QVERIFY(session->openAll(UiTexts::liveTab));
+    for (const QString &channel : {u"One"_s, u"Two"_s, u"Three"_s})
+        QVERIFY(addToFavorites(channel));
+    QVERIFY(openList(u"Favorites"_s));
+    const QStringList added{u"One"_s, u"Two"_s, u"Three"_s};
+    QTRY_COMPARE(table().rowTexts(), added);
+    // Right before and right behind itself a row stays where it is.
+    for (const QPoint &edge : {bottomOf(u"One"_s), topOf(u"Three"_s)})
+        QVERIFY(drag(u"Two"_s, edge));
+    QCOMPARE(table().rowTexts(), added);
+    // Below all rows, to the end.
+    QVERIFY(drag(u"One"_s, bottomOf(u"Three"_s) + QPoint(0, 100)));
+    QTRY_COMPARE(table().rowTexts(), (QStringList{u"Two"_s, u"Three"_s, u"One"_s}));
 }
 
 void TestFavorites::whatPlaysAndUndo()

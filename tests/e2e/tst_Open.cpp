@@ -17,6 +17,7 @@
 #include <QWidget>
 
 #include <csignal>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace desktop;
@@ -31,8 +32,8 @@ const QString filmWindow = filmTitle + u" - Vantiro Player"_s;
 class FileWindow final : public QWidget
 {
 public:
-    explicit FileWindow(const QString &draggedPath)
-        : path(draggedPath)
+    explicit FileWindow(QString draggedPath)
+        : path(std::move(draggedPath))
     {
         setWindowTitle(u"Files"_s);
         setGeometry(20, 40, 120, 80);

@@ -115,7 +115,7 @@ bool TestPlayerKeys::tells(const QString &text) const
 Accessible TestPlayerKeys::openMenu(int above) const
 {
     const QPoint place = session->videoRect().center() - QPoint(0, above);
-    const Accessible menu = Mouse::rightClick(place) ? session->app.waitForMenu() : Accessible();
+    Accessible menu = Mouse::rightClick(place) ? session->app.waitForMenu() : Accessible();
     if (menu.rect().topLeft() != place) {
         qWarning() << "The menu opens at" << menu.rect() << "instead of" << place;
         return {};

@@ -1,4 +1,5 @@
 #include "model/CacheFile.h"
+#include "model/JsonReader.h"
 #include "model/JsonWriter.h"
 #include "support/TestFiles.h"
 #include "support/TestMain.h"
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void aChangedFileIsReadAgain_data();
     void aChangedFileIsReadAgain();
     void aFreshFileOfSomeoneElseIsNotRemembered();
+    void placesOfAnOlderTextAreNotKept();
     void textsForQt_data();
     void textsForQt();
     void anyOrderOfCalls();
@@ -114,6 +116,20 @@ void tst_CacheFile::aFreshFileOfSomeoneElseIsNotRemembered()
     QCOMPARE(value(u"a"_s), "[1]");
     overwrite(R"({"b":[2]})", now);
     QCOMPARE(value(u"a"_s), "");
+}
+
+void tst_CacheFile::placesOfAnOlderTextAreNotKept()
+{
+    const QDateTime anHourAgo = QDateTime::currentDateTime().addSecs(-3600);
+    overwrite(R"({"a":[1],"b":[2]})", anHourAgo);
+    CacheFile file(path);
+    const auto read = findJsonMembers(file.readText());
+    QVERIFY(read);
+    // Another program replaces the file by one in which other members stand there.
+    overwrite(R"({"b":[3],"a":[4]})", anHourAgo.addSecs(60));
+    file.keepPlaces(*read);
+    QCOMPARE(value(u"a"_s), "[4]");
+    QCOMPARE(value(u"b"_s), "[3]");
 }
 
 void tst_CacheFile::textsForQt_data()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void activating();
     void programmesFound();
     void menuAndFavorite();
+    void withoutALibrary();
 
 private:
     QPushButton &button(const QString &suffix) const { return tab->part<QPushButton>(suffix); }
@@ -159,6 +160,8 @@ void tst_BrowseTabGuide::activating()
 {
     QSignalSpy programmes(&tab->tab, &BrowseTab::programmeActivated);
     openGuide();
+    tab->search.setFocus();
+    QVERIFY(!tab->tab.viewHasFocus());
     view().grid().setFocus();
     QVERIFY(tab->tab.viewHasFocus());
     QTest::keyClick(&view().grid(), Qt::Key_Return);
@@ -201,6 +204,10 @@ void tst_BrowseTabGuide::programmesFound()
     tab->tab.setItems(fixture->items.mid(2));
     QTest::keyClick(&field, Qt::Key_Return);
     QCOMPARE(schedules.count(), 1);
+    field.setText(u"film"_s);
+    QTRY_COMPARE(list.item(0, 1)->text(), u"Film"_s);
+    QTest::keyClick(&field, Qt::Key_Return);
+    QCOMPARE(tab->activations.count(), 1);
 }
 
 void tst_BrowseTabGuide::menuAndFavorite()
@@ -210,11 +217,21 @@ void tst_BrowseTabGuide::menuAndFavorite()
     grid.setCurrentRow(1);
     QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, QPoint());
     QCoreApplication::sendEvent(&grid, &event);
-    QMenu *menu = grid.findChild<QMenu *>(u"rowMenu"_s);
+    auto *menu = grid.findChild<QMenu *>(u"rowMenu"_s);
     QVERIFY(RowMenus::choose(menu, u"Add to Favorites"_s));
     QVERIFY(kept->isFavorite(fixture->items.at(1)));
     tab->tab.toggleFavorite();
     QVERIFY(!kept->isFavorite(fixture->items.at(1)));
+}
+
+void tst_BrowseTabGuide::withoutALibrary()
+{
+    QFETCH_GLOBAL(CatalogSection, section);
+    tab = std::make_unique<Tab>(section);
+    tab->tab.setItems(fixture->items);
+    openGuide();
+    QVERIFY(view().isVisible());
+    QVERIFY(!view().grab().isNull()); // its rows have no marks to look for
 }
 
 VANTIRO_TEST_MAIN(tst_BrowseTabGuide)

@@ -60,6 +60,8 @@ private Q_SLOTS:
     void nextProgramme();
     void suggestion();
     void turnedOff();
+    void describedBesideItsMark();
+    void rowsThatAreNotKnownYet();
     void percent_data();
     void percent();
 
@@ -256,6 +258,31 @@ void tst_EntryTableGuide::turnedOff()
     QVERIFY(!isKnown(0));
     QCOMPARE(text(0, Qt::ToolTipRole), QString());
     QCOMPARE(table->viewport()->grab().toImage(), plain);
+}
+
+void tst_EntryTableGuide::describedBesideItsMark()
+{
+    table->setMarks([](const MediaItem &) { return EntryMark{true, false, 0}; });
+    QCOMPARE(text(0, Qt::AccessibleDescriptionRole), u"Favorite"_s);
+    table->setGuide(guide.get());
+    QTRY_VERIFY(isKnown(0));
+    const QString both = text(0, Qt::AccessibleDescriptionRole);
+    QVERIFY2(both.startsWith("Favorite, "_L1) && both.endsWith(" First <b>c0"_L1),
+             qPrintable(both));
+}
+
+/// The guide changes while other rows than before are asked for.
+void tst_EntryTableGuide::rowsThatAreNotKnownYet()
+{
+    OnNowLines lines(guide.get(), nullptr);
+    lines.setVisible({idOf(0), idOf(1), idOf(2)});
+    QTRY_VERIFY(lines.find(idOf(2)));
+    lines.setVisible({idOf(2), idOf(7)});
+    Q_EMIT guide->changed();
+    QVERIFY(lines.find(idOf(2)));
+    QVERIFY(!lines.find(idOf(0)));
+    QVERIFY(!lines.find(idOf(7)));
+    QTRY_VERIFY(lines.find(idOf(7)));
 }
 
 void tst_EntryTableGuide::percent_data()

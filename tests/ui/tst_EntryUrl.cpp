@@ -34,6 +34,7 @@ private Q_SLOTS:
     void whatWasOpenedHasItsOwn();
     void headers_data();
     void headers();
+    void headersOfAnEpisodeWithoutAnAccount();
 };
 
 void tst_EntryUrl::url_data()
@@ -133,6 +134,13 @@ void tst_EntryUrl::headers()
     const StreamHeaders headers = entryHeaders(item, {config, account});
     QTEST(headers.userAgent, "userAgent");
     QTEST(headers.referrer, "referrer");
+}
+
+void tst_EntryUrl::headersOfAnEpisodeWithoutAnAccount()
+{
+    SourceConfig config = source(SourceType::Playlist);
+    config.userAgent = u"S"_s;
+    QCOMPARE(entryHeaders(entry(StreamKind::Episode), {config, {}}).userAgent, u"S"_s);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_EntryUrl)

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void marks();
     void menus_data();
     void menus();
+    void noMenuWithoutARow();
 
 private:
     QTreeWidget &tree() const { return *page->findChild<QTreeWidget *>(u"episodeTree"_s); }
@@ -262,6 +263,17 @@ void tst_EpisodePage::menus()
         QCOMPARE(marked.join(u' '), episodes);
         QCOMPARE(asWatched, text == u"Mark as Watched"_s);
     }
+}
+
+void tst_EpisodePage::noMenuWithoutARow()
+{
+    page->resize(400, 400);
+    page->show();
+    QVERIFY(QTest::qWaitForWindowActive(page.get()));
+    tree().setCurrentItem(nullptr);
+    QVERIFY(RowMenus::openByKey(tree()) == nullptr);
+    QVERIFY(RowMenus::openByMouse(tree(), -1) == nullptr);
+    QVERIFY(RowMenus::openByMouse(tree(), 0) != nullptr);
 }
 
 VANTIRO_TEST_MAIN(tst_EpisodePage)

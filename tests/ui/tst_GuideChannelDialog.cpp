@@ -128,6 +128,7 @@ void tst_GuideChannelDialog::matchIsTold_data()
     QTest::addColumn<GuideMatch>("match");
     QTest::addColumn<QString>("text");
     QTest::newRow("none") << GuideMatch() << QString();
+    QTest::newRow("chosen by the user") << GuideMatch{u"news.one"_s, Rule::Chosen} << QString();
     QTest::newRow("id") << GuideMatch{u"news.one"_s, Rule::Id}
                         << u"Found by the id that the source names: news.one"_s;
     QTest::newRow("name in the guide")
@@ -228,6 +229,11 @@ void tst_GuideChannelDialog::channelIsChosenByKeys()
     QVERIFY(list().hasFocus());
     QVERIFY(list().item(0)->isSelected());
     QTest::keyClick(&list(), Qt::Key_Down);
+    // What is chosen stays so when the list gets the focus again.
+    search().setFocus();
+    QTest::keyClick(&search(), Qt::Key_Down);
+    QVERIFY(list().hasFocus());
+    QVERIFY(list().item(1)->isSelected());
     QTest::keyClick(&list(), Qt::Key_Return);
     QCOMPARE(dialog->result(), int(QDialog::Accepted));
     QCOMPARE(dialog->correction(), (GuideCorrection{channel, u"news.two"_s}));

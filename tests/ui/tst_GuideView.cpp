@@ -32,6 +32,8 @@ private Q_SLOTS:
     void escape();
     void otherContents();
     void takenBackWhileItSearches();
+    void searchingWithoutAGuide();
+    void asManyOtherDays();
 
 private:
     template <typename Widget>
@@ -247,6 +249,34 @@ void tst_GuideView::takenBackWhileItSearches()
     QCOMPARE(part<QLineEdit>(u"guideSearch"_s).text(), QString());
     QCOMPARE(text(u"guideStrip"_s), QString());
     QCOMPARE(text(u"guideDescription"_s), QString());
+}
+
+void tst_GuideView::searchingWithoutAGuide()
+{
+    view = std::make_unique<GuideView>();
+    type(u"film"_s);
+    QCOMPARE(found(), QStringList());
+    view->setGuide(&fixture->guide);
+    type(u"film"_s);
+    QTRY_COMPARE(found(), QStringList{u"Two: Film"_s});
+}
+
+/// Without a guide the days begin today; this guide has as many, with those of an archive.
+void tst_GuideView::asManyOtherDays()
+{
+    constexpr int shownWithout = 8;
+    constexpr int hoursOfDays = 4 * 24;
+    fixture->programme("two", hoursOfDays, hoursOfDays + 1, "Last");
+    fixture->store();
+    fixture->guide.reload();
+    const auto &combo = part<QComboBox>(u"guideDayCombo"_s);
+    const QDate today = QDate::currentDate();
+    QTRY_COMPARE(combo.count(), shownWithout);
+    QTRY_COMPARE(combo.itemData(0).toDate(), today.addDays(-3));
+    view->setGuide(nullptr);
+    QCOMPARE(combo.count(), shownWithout);
+    QCOMPARE(combo.itemData(0).toDate(), today);
+    QCOMPARE(combo.currentText(), u"Today"_s);
 }
 
 VANTIRO_TEST_MAIN(tst_GuideView)

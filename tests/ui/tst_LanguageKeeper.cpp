@@ -64,8 +64,10 @@ private Q_SLOTS:
     void canonical();
     void theNextStreamOfTheSourceTakesIt_data();
     void theNextStreamOfTheSourceTakesIt();
+    void whatPlaysAlreadyIsNotSelectedAgain();
     void anotherSourceDoesNot();
     void aStreamWithoutTheLanguageStaysAsItIs();
+    void aTrackWithoutALanguageIsNotStored();
     void nothingIsStoredBeforeAChoice();
     void aLaterChoiceInTheStreamStays();
     void aSubtitleFileShowsAlthoughTheyAreOff();
@@ -133,6 +135,29 @@ void tst_LanguageKeeper::theNextStreamOfTheSourceTakesIt()
                  subtitles == englishSubtitles ? subtitlesAtFirst : subtitles);
 }
 
+void tst_LanguageKeeper::whatPlaysAlreadyIsNotSelectedAgain()
+{
+    Viewer viewer;
+    // libVLC selects the first audio track and these subtitles by itself.
+    const QString ownSubtitles = u"default-subtitles.mkv"_s;
+    viewer.watch(u"S"_s, ownSubtitles);
+    QTRY_VERIFY(viewer.player.currentSubtitleTrack() >= 0);
+    viewer.player.setSubtitleTrack(viewer.player.currentSubtitleTrack());
+    QCOMPARE(viewer.library.preferredLanguages(u"S"_s).subtitles, u"en"_s);
+    viewer.watch(u"T"_s);
+    viewer.player.setAudioTrack(viewer.player.currentAudioTrack());
+    QCOMPARE(viewer.library.preferredLanguages(u"T"_s).audio, u"en"_s);
+
+    const QSignalSpy audio(&viewer.player, &VlcPlayer::audioTrackSet);
+    const QSignalSpy subtitles(&viewer.player, &VlcPlayer::subtitleTrackSet);
+    viewer.watch(u"S"_s, ownSubtitles);
+    QVERIFY(viewer.player.currentSubtitleTrack() >= 0);
+    viewer.watch(u"T"_s);
+    QCOMPARE(viewer.player.currentAudioTrack(), english);
+    QCOMPARE(audio.count(), 0);
+    QCOMPARE(subtitles.count(), 0);
+}
+
 void tst_LanguageKeeper::anotherSourceDoesNot()
 {
     Viewer viewer;
@@ -147,9 +172,26 @@ void tst_LanguageKeeper::aStreamWithoutTheLanguageStaysAsItIs()
     Viewer viewer;
     viewer.watch(u"S"_s);
     viewer.player.setAudioTrack(german);
+    viewer.player.setSubtitleTrack(frenchSubtitles);
     viewer.watch(u"S"_s, u"audio.mp3"_s);
     QVERIFY(viewer.player.currentAudioTrack() >= 0);
+    QCOMPARE(viewer.player.currentSubtitleTrack(), none);
     QCOMPARE(viewer.library.preferredLanguages(u"S"_s).audio, u"de"_s);
+    QCOMPARE(viewer.library.preferredLanguages(u"S"_s).subtitles, u"fr"_s);
+}
+
+void tst_LanguageKeeper::aTrackWithoutALanguageIsNotStored()
+{
+    Viewer viewer;
+    viewer.watch(u"S"_s, u"audio.mp3"_s);
+    const QSignalSpy chosen(&viewer.player, &VlcPlayer::audioTrackSet);
+    viewer.player.setAudioTrack(viewer.player.currentAudioTrack());
+    QCOMPARE(chosen.count(), 1);
+    viewer.watch(u"S"_s);
+    viewer.player.loadSubtitleFile(streamPath(u"subtitles.srt"_s));
+    QTRY_COMPARE(viewer.player.subtitleTracks().size(), 3);
+    viewer.player.setSubtitleTrack(viewer.player.subtitleTracks().constLast().first);
+    QVERIFY(viewer.library.isEmpty(LibraryPart::Languages));
 }
 
 void tst_LanguageKeeper::nothingIsStoredBeforeAChoice()
@@ -162,6 +204,7 @@ void tst_LanguageKeeper::nothingIsStoredBeforeAChoice()
     // Of an entry of no source nothing is stored either.
     viewer.watch({});
     viewer.player.setAudioTrack(german);
+    viewer.player.setSubtitleTrack(frenchSubtitles);
     QVERIFY(viewer.library.isEmpty(LibraryPart::Languages));
 }
 

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void addingStoresSelectsAndLoads();
     void cancellingChangesNothing();
     void theOptionsOfASourceThatIsNotStored();
+    void anotherSourceBecomesActiveBeneath();
     void invalidInputIsRefused_data();
     void invalidInputIsRefused();
     void twinsAreOneSource();
@@ -33,6 +34,7 @@ private:
     MainWindow &openWith(const QStringList &names, const QString &lastActive = u"a"_s);
     void fillNextForm(const QString &name, const QString &path);
     void deleteCurrent();
+    void chooseOptions();
     void expectOnlyA();
 
     std::unique_ptr<HttpServer> server;
@@ -70,6 +72,21 @@ void tst_MainWindowEditing::deleteCurrent()
     dialogs.nextClicks(u"Yes"_s);
     button(u"Edit Source..."_s).click();
     QCOMPARE(dialogs.waiting(), 0);
+}
+
+void tst_MainWindowEditing::chooseOptions()
+{
+    bool isChosen = false;
+    dialogs.nextMenu([&isChosen](QMenu &menu) {
+        for (QAction *action : menu.actions()) {
+            if (action->text() == "Source Options..."_L1) {
+                isChosen = true;
+                action->trigger();
+            }
+        }
+    });
+    button(u"More"_s).click();
+    QVERIFY(isChosen);
 }
 
 void tst_MainWindowEditing::expectOnlyA()
@@ -132,19 +149,38 @@ void tst_MainWindowEditing::theOptionsOfASourceThatIsNotStored()
     cacheOneChannel(u"b"_s, u"b"_s);
     window().loadSource(playlistSource(u"b"_s, server->url(u"/b"_s)), false);
     QTRY_COMPARE(shownChannels(), QStringList{u"b"_s});
-    bool isChosen = false;
-    dialogs.nextMenu([&isChosen](QMenu &menu) {
-        for (QAction *action : menu.actions()) {
-            if (action->text() == "Source Options..."_L1) {
-                isChosen = true;
-                action->trigger();
-            }
-        }
-    });
-    button(u"More"_s).click();
-    QVERIFY(isChosen);
+    chooseOptions();
     QVERIFY(dialogs.seen().isEmpty());
     QCOMPARE(storedNames(), QStringList{u"a"_s});
+}
+
+/// A form is about the source that it was opened for.
+void tst_MainWindowEditing::anotherSourceBecomesActiveBeneath()
+{
+    openWith({u"a"_s, u"b"_s});
+    dialogs.next([this](QDialog &dialog) {
+        dialog.findChild<QLineEdit *>(u"userAgentEdit"_s)->setText(u"Agent"_s);
+        combo().setCurrentIndex(1);
+        dialog.accept();
+    });
+    chooseOptions();
+    QTRY_COMPARE(shownChannels(), QStringList{u"b"_s});
+    QCOMPARE(stored(u"a"_s).userAgent, QString());
+    QCOMPARE(stored(u"b"_s).userAgent, QString());
+
+    dialogs.next([this](QDialog &dialog) {
+        combo().setCurrentIndex(0);
+        QTRY_COMPARE(shownChannels(), QStringList{u"a"_s});
+        dialog.findChild<QLineEdit *>(u"m3uNameEdit"_s)->setText(u"New"_s);
+        dialog.accept();
+    });
+    button(u"Edit Source..."_s).click();
+    QCOMPARE(sourceNames(), (QStringList{u"a"_s, u"New"_s}));
+    QCOMPARE(stored(u"New"_s).url, server->url(u"/b"_s));
+    QCOMPARE(storedLastActive(), u"a"_s);
+    QVERIFY(!overlayShown());
+    QCOMPARE(shownChannels(), QStringList{u"a"_s});
+    QCOMPARE(server->requestCount(u"/b"_s), 1);
 }
 
 void tst_MainWindowEditing::invalidInputIsRefused_data()

@@ -1,6 +1,6 @@
-#include "HoldMeter.h"
 #include "RowMenus.h"
 #include "WindowFixture.h"
+#include "benchmarks/HoldMeter.h"
 #include "fakeprovider/CatalogGenerator.h"
 #include "fakeprovider/Gzip.h"
 #include "fakeprovider/XtreamProvider.h"
@@ -13,6 +13,7 @@
 #include <QCheckBox>
 #include <QDateTime>
 #include <QMessageBox>
+#include <QNetworkReply>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void aCancelledDialogTurnsNothingOn();
     void nothingInTheMenuUnlessTurnedOn();
     void anotherChannelOfTheGuide();
+    void anotherSourceBecomesActiveBeneath();
     void theGuideIsBesideTheSearch();
     void scheduleFromTheAccount();
     void reminderOfAnotherSource();
@@ -155,7 +157,7 @@ void tst_MainWindowGuide::aCancelledDialogTurnsNothingOn()
     dialogs.next([this, before](QDialog &dialog) {
         dialog.findChild<QCheckBox *>(u"guideEnabled"_s)->setChecked(true);
         QTRY_VERIFY(server->requestCount(u"/list"_s) > before);
-        QTRY_COMPARE(server->openConnections(u"/list"_s), 0);
+        QTRY_VERIFY(dialog.findChildren<QNetworkReply *>().isEmpty());
         QCOMPARE(dialog.findChild<QListWidget *>(u"guideAddresses"_s)->count(), 0);
         QVERIFY(DialogAnswers::click(dialog, u"Cancel"_s));
     });
@@ -202,6 +204,47 @@ void tst_MainWindowGuide::anotherChannelOfTheGuide()
     answer(u"automaticGuide"_s, u"OK"_s);
     QTRY_VERIFY(description(0).endsWith(" News of One"_L1));
     QCOMPARE(corrections(), 0);
+    // What is so already is not stored again.
+    const QSignalSpy changes(window().findChild<Library *>(), &Library::changed);
+    answer(u"automaticGuide"_s, u"OK"_s);
+    QCOMPARE(changes.count(), 0);
+}
+
+/// A form is about the source that it was opened for.
+void tst_MainWindowGuide::anotherSourceBecomesActiveBeneath()
+{
+    server->on(u"/other"_s, bodyReply("#EXTM3U\n#EXTINF:-1,Elsewhere\n" +
+                                      server->url(u"/elsewhere"_s).toUtf8() + '\n'));
+    store(playlistSource(u"B"_s, server->url(u"/other"_s), neverLoaded));
+    storeLastActive(u"A"_s);
+    openPlaylist();
+    turnOn(server->url(u"/guide.xml"_s));
+    QTRY_VERIFY(!description(0).isEmpty());
+    const Library &library = *window().findChild<Library *>();
+    const auto select = [this](const QString &source, const QString &channel) {
+        combo().setCurrentIndex(combo().findText(source));
+        QTRY_COMPARE(shownChannels().value(0), channel);
+    };
+    bool isAnswered = false;
+    dialogs.next([&](QDialog &dialog) {
+        select(u"B"_s, u"Elsewhere"_s);
+        dialog.findChild<QRadioButton *>(u"noGuide"_s)->click();
+        isAnswered = DialogAnswers::click(dialog, u"OK"_s);
+    });
+    QVERIFY(RowMenus::choose(RowMenus::openByMouse(table(), 0), u"Guide Channel..."_s));
+    QTRY_VERIFY(isAnswered);
+    for (const QString &source : {u"A"_s, u"B"_s})
+        QVERIFY(library.guideCorrections(source, EntryKind::Channel).isEmpty());
+
+    select(u"A"_s, u"One"_s);
+    dialogs.next([&](QDialog &dialog) {
+        select(u"B"_s, u"Elsewhere"_s);
+        dialog.findChild<QCheckBox *>(u"guideEnabled"_s)->setChecked(true);
+        QVERIFY(DialogAnswers::click(dialog, u"OK"_s));
+    });
+    choose(u"Programme Guide..."_s);
+    QVERIFY(!library.guideSettings(u"B"_s).enabled);
+    QVERIFY(library.guideSettings(u"A"_s).enabled);
 }
 
 void tst_MainWindowGuide::theGuideIsBesideTheSearch()

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void anotherSourceHasItsOwn();
     void markingAShow();
     void markingAShowAsksTheAccount();
+    void markingAShowTwice();
 
 private:
     void openPlaylist();
@@ -324,16 +325,22 @@ void tst_MainWindowLibrary::markingAShow()
     second.id = u"e2"_s;
     for (const MediaItem &show : shows)
         CatalogCache::saveEpisodes(source, show.id, {first, second});
+    Progress ofAnotherShow;
+    ofAnotherShow.source = source;
+    ofAnotherShow.kind = EntryKind::Episode;
+    ofAnotherShow.id = u"e3"_s;
+    ofAnotherShow.showId = u"another"_s;
+    library().setWatched({ofAnotherShow}, true);
     QVERIFY(RowMenus::choose(RowMenus::openByMouse(grid, 0), u"Mark as Watched"_s));
-    QCOMPARE(library().progress(source, EntryKind::Episode).size(), 2);
+    QCOMPARE(library().progress(source, EntryKind::Episode).size(), 3);
     QCOMPARE(library().progress(source, EntryKind::Show).size(), 1);
     QVERIFY(library().progress(source, EntryKind::Episode).value(u"e2"_s).isLast);
     QCOMPARE(grid.item(0)->data(Qt::AccessibleDescriptionRole).toString(), u"Watched"_s);
     QVERIFY(RowMenus::choose(RowMenus::openByMouse(grid, 0), u"Mark as Unwatched"_s));
-    QVERIFY(library().progress(source, EntryKind::Episode).isEmpty());
+    QCOMPARE(library().progress(source, EntryKind::Episode).keys(), QStringList{u"e3"_s});
     QVERIFY(library().progress(source, EntryKind::Show).isEmpty());
     QTest::mouseClick(&find<QPushButton>(u"undoButton"_s), Qt::LeftButton);
-    QCOMPARE(library().progress(source, EntryKind::Episode).size(), 2);
+    QCOMPARE(library().progress(source, EntryKind::Episode).size(), 3);
     QCOMPARE(server->requestCount(), 0);
 }
 
@@ -355,6 +362,32 @@ void tst_MainWindowLibrary::markingAShowAsksTheAccount()
     QTRY_COMPARE(provider.requestCount(XtreamAction::seriesInfo), 2);
     QTRY_VERIFY(repliesUnderWay().isEmpty());
     QCOMPARE(library().progress(u"Account"_s, EntryKind::Show).size(), 1);
+    // Nor is an empty list that was kept an answer.
+    for (const QString &show : {u"1"_s, u"2"_s, u"3"_s})
+        CatalogCache::saveEpisodes(u"Account"_s, show, {});
+    QVERIFY(RowMenus::choose(RowMenus::openByMouse(grid, 1), u"Mark as Watched"_s));
+    QTRY_COMPARE(provider.requestCount(XtreamAction::seriesInfo), 3);
+}
+
+/// The second answer changes nothing any more.
+void tst_MainWindowLibrary::markingAShowTwice()
+{
+    XtreamProvider provider;
+    serve(provider, madeUpCatalog(u"x"_s));
+    store(sourceFor(provider, u"Account"_s));
+    open();
+    auto &grid = find<QListWidget>(u"seriesPosterList"_s);
+    QTRY_VERIFY(grid.count() > 0);
+    QTRY_VERIFY(!overlayShown());
+    provider.setManner(XtreamAction::seriesInfo, XtreamProvider::Manner::Held);
+    for (int time = 0; time < 2; ++time)
+        QVERIFY(RowMenus::choose(RowMenus::openByMouse(grid, 0), u"Mark as Watched"_s));
+    QTRY_COMPARE(provider.requestCount(XtreamAction::seriesInfo), 2);
+    provider.release(XtreamAction::seriesInfo);
+    QTRY_VERIFY(repliesUnderWay().isEmpty());
+    QCOMPARE(library().progress(u"Account"_s, EntryKind::Show).size(), 1);
+    QTest::mouseClick(&find<QPushButton>(u"undoButton"_s), Qt::LeftButton);
+    QVERIFY(library().progress(u"Account"_s, EntryKind::Show).isEmpty());
 }
 
 VANTIRO_TEST_MAIN(tst_MainWindowLibrary)

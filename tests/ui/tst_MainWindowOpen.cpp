@@ -26,6 +26,7 @@ private Q_SLOTS:
     void anAddressPlays_data();
     void anAddressPlays();
     void severalPlayOneAfterTheOther();
+    void afterAFailureTheNextWaits();
     void itIsKeptNowhere();
     void aPlaylistFillsTheForm_data();
     void aPlaylistFillsTheForm();
@@ -135,6 +136,22 @@ void tst_MainWindowOpen::severalPlayOneAfterTheOther()
     QCOMPARE(dialogs.seen().size(), 1);
 }
 
+/// What was given up may go on by itself, and end.
+void tst_MainWindowOpen::afterAFailureTheNextWaits()
+{
+    openWithSource();
+    window().open({film(u"one.mp3"_s), film(u"two.mp3"_s)});
+    QTRY_VERIFY(player().timeMs() > 0);
+    Q_EMIT player().playbackInterrupted(u"gone"_s);
+    QTRY_COMPARE(dialogs.seen().size(), 1);
+    const QSignalSpy finished(&player(), &VlcPlayer::finished);
+    const QSignalSpy playing(&player(), &VlcPlayer::playing);
+    player().seek(9500);
+    QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, 10000);
+    QCOMPARE(playing.size(), 0);
+    QVERIFY(!nowPlaying().contains("two"_L1));
+}
+
 void tst_MainWindowOpen::itIsKeptNowhere()
 {
     openWithSource();
@@ -208,6 +225,8 @@ void tst_MainWindowOpen::problemsAreTold_data()
     QTest::addColumn<QStringList>("lines");
     QTest::newRow("a file that is not there") << QStringList{u"/nowhere/<b>film</b>.mp4"_s}
                                               << QStringList{u"b>.mp4: The file does not exist."_s};
+    QTest::newRow("an empty word")
+        << QStringList{QString()} << QStringList{u"The file does not exist."_s};
     QTest::newRow("a folder and a scheme")
         << QStringList{QDir::tempPath(), u"vlc://quit"_s}
         << QStringList{QFileInfo(QDir::tempPath()).fileName() + u": It is a folder."_s,

@@ -3,6 +3,7 @@
 #include "ui/PlayerPanel.h"
 #include "ui/SmallWindow.h"
 
+#include <QCloseEvent>
 #include <QScreen>
 #include <QSettings>
 #include <QSlider>
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void theArrangementComesBack();
     void fullscreenIsNotRemembered();
     void theSmallWindowIsNotRemembered();
+    void closingAgainKeepsTheArrangement();
     void itIsStoredWhileTheProgramRuns();
     void aScreenThatIsGone();
     void maximizedWithoutAGeometry();
@@ -109,11 +111,29 @@ void tst_MainWindowRemembered::theSmallWindowIsNotRemembered()
     QTRY_VERIFY(window().isMaximized());
     window().findChild<SmallWindow *>()->toggle();
     QTRY_VERIFY(window().width() < 600);
-    // Also of a program that is killed.
+    // Also of a program that is killed, and once the small window stores its volume.
+    QVERIFY(QSettings(u"Vantiro"_s, u"Window"_s).value(u"maximized"_s).toBool());
+    volume().setValue(45);
+    QTRY_COMPARE(QSettings(u"Vantiro"_s, u"Window"_s).value(u"volume"_s).toInt(), 45);
     QVERIFY(QSettings(u"Vantiro"_s, u"Window"_s).value(u"maximized"_s).toBool());
     restart();
     QTRY_VERIFY(window().isMaximized());
     QVERIFY(tabs().isVisible());
+}
+
+void tst_MainWindowRemembered::closingAgainKeepsTheArrangement()
+{
+    open();
+    auto &timer = find<QTimer>(u"rememberTimer"_s);
+    QTRY_VERIFY(!timer.isActive());
+    window().resize(1000, 650);
+    QVERIFY(window().close());
+    // The end of the session closes every window, also one that is gone from the screen.
+    window().resize(300, 200);
+    QCloseEvent again;
+    QCoreApplication::sendEvent(&window(), &again);
+    open();
+    QCOMPARE(window().size(), QSize(1000, 650));
 }
 
 /// A program that is killed loses little.

@@ -48,10 +48,12 @@ private Q_SLOTS:
     void init();
     void withoutUseNothingIsKept();
     void aFilmIsOfferedAndContinued();
+    void whatCannotPlayContinuesNothing();
     void aShowGoesOn_data();
     void aShowGoesOn();
     void aFetchedShowGoesOn_data();
     void aFetchedShowGoesOn();
+    void anEarlierShowArrivesLate();
     void theLastFinishedEpisodeMarksTheShow();
     void episodesAreMarkedAndTakenBack();
 
@@ -125,6 +127,20 @@ void tst_MainWindowResume::aFilmIsOfferedAndContinued()
     QTRY_VERIFY_WITH_TIMEOUT(player().isPlaying() && player().timeMs() >= 39'000, 10000);
 }
 
+/// As a catalog on disk may have it.
+void tst_MainWindowResume::whatCannotPlayContinuesNothing()
+{
+    Progress left = progressOf(libraryEntry(u"A"_s, EntryKind::Movie, film()));
+    left.positionMs = 40'000;
+    left.durationMs = 60'000;
+    library().notePosition(left);
+    window().playMovieRow(0, 0);
+    QVERIFY(offer().isVisible());
+    window().continueEntry(entry(StreamKind::Series, u"Other"_s));
+    QCOMPARE(nowPlaying(), u"Playing: Film"_s);
+    QVERIFY(offer().isVisible());
+}
+
 void tst_MainWindowResume::aShowGoesOn_data()
 {
     QTest::addColumn<QList<Progress>>("left");
@@ -139,6 +155,8 @@ void tst_MainWindowResume::aShowGoesOn_data()
     QTest::newRow("the first of the next season") << Rows{leftAt(u"22"_s, 1, 2, -1)} << three;
     QTest::newRow("the last one is finished") << Rows{leftAt(u"23"_s, 2, 1, -1)} << nothing;
     QTest::newRow("it has another id now") << Rows{leftAt(u"77"_s, 1, 2, 40'000)} << two;
+    QTest::newRow("the last one is finished and has another id")
+        << Rows{leftAt(u"77"_s, 2, 1, -1)} << nothing;
     QTest::newRow("it is gone") << Rows{leftAt(u"77"_s, 7, 7, 40'000)} << nothing;
 }
 
@@ -181,6 +199,25 @@ void tst_MainWindowResume::aFetchedShowGoesOn()
     server->release(api);
     QTRY_VERIFY(repliesUnderWay().isEmpty());
     QCOMPARE(nowPlaying(), plays ? u"Playing: Show - S01E02 - Two"_s : u"Nothing playing"_s);
+}
+
+void tst_MainWindowResume::anEarlierShowArrivesLate()
+{
+    library().notePosition(leftAt(u"22"_s, 1, 2, 40'000));
+    Progress ofOther = leftAt(u"32"_s, 1, 2, 40'000);
+    ofOther.showId = u"8"_s;
+    library().notePosition(ofOther);
+    server->on(api, [](const HttpRequest &request) {
+        const bool isOther = request.queryValue(u"series_id"_s) == "8"_L1;
+        return isOther ? bodyReply(seriesInfo) : heldReply(seriesInfo);
+    });
+    window().showEpisodesInline(u"8"_s, u"Other"_s);
+    window().continueShow(showEntry(u"9"_s, u"Show"_s));
+    QTRY_COMPARE(tree().topLevelItemCount(), 2);
+    QCOMPARE(nowPlaying(), u"Nothing playing"_s);
+    QTRY_COMPARE(server->requestCount(api), 2);
+    server->release(api);
+    QTRY_COMPARE(nowPlaying(), u"Playing: Show - S01E02 - Two"_s);
 }
 
 void tst_MainWindowResume::theLastFinishedEpisodeMarksTheShow()

@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QNetworkAccessManager>
 #include <QScrollBar>
+#include <QSignalSpy>
 
 #include <memory>
 
@@ -58,6 +59,7 @@ private Q_SLOTS:
     void findsTheRowsInABand_data();
     void findsTheRowsInABand();
     void requestsOnlyWhatIsNearTheView();
+    void requestsNothingOutsideANarrowView();
     void requestsMoreAsItGrows();
     void aRefillFindsPostersInMemory();
     void aFailureIsRequestedAgainAfterARefillOnly();
@@ -67,6 +69,7 @@ private Q_SLOTS:
     void abandonedRequestsAreRepeated();
     void manyPostersComeFromDisk();
     void evictedPostersComeBackFromDisk();
+    void anotherGridsPostersAreLeftAlone();
     void anEndWhileAPosterIsUnderWay();
 
 private:
@@ -209,6 +212,22 @@ void tst_PosterGrid::requestsOnlyWhatIsNearTheView()
     grid->scrollToEnd();
     // The step itself requests, not a later event.
     QVERIFY(grid->wasRequested(9999));
+}
+
+/// Its part of the window can be made as narrow as nothing.
+void tst_PosterGrid::requestsNothingOutsideANarrowView()
+{
+    grid->list.setMinimumSize(1, 1);
+    grid->list.resize(1, 500);
+    QTRY_VERIFY(grid->list.viewport()->width() < grid->list.spacing());
+    grid->fill(server->posters(20));
+    QVERIFY(settle());
+    QCOMPARE(server->requestCount(), 0);
+    QVERIFY(!grid->wasRequested(0));
+    grid->list.resize(500, 500);
+    QTRY_COMPARE(server->requested(), rowsNearView(grid->list));
+    QVERIFY(settle());
+    QCOMPARE(grid->color(0), red);
 }
 
 void tst_PosterGrid::requestsMoreAsItGrows()
@@ -372,6 +391,37 @@ void tst_PosterGrid::evictedPostersComeBackFromDisk()
     QTRY_COMPARE(colorsOf(firstRows), QSet<QRgb>{red.rgb()});
     QCOMPARE(grid->color(299), placeholderColor);
     QCOMPARE(server->requestCount(), requests);
+}
+
+/// What the store gives up or forgets was asked for by one of its grids only.
+void tst_PosterGrid::anotherGridsPostersAreLeftAlone()
+{
+    grid.reset();
+    store = std::make_unique<PosterStore>(nullptr, 1);
+    grid = std::make_unique<Grid>(*store);
+    Grid other(*store);
+    server->on(PosterServer::pathOf(0), statusReply(500));
+    other.fill({server->poster(0)});
+    QVERIFY(settle());
+
+    // Each poster evicts the one before.
+    for (const int number : {1, 2, 3}) {
+        grid->fill({server->poster(number)});
+        QVERIFY(settle());
+    }
+    constexpr int silentPosters = 6;
+    for (int number = 10; number < 10 + silentPosters; ++number)
+        server->on(PosterServer::pathOf(number), neverAnswers());
+    networkOf(*store).setTransferTimeout(1000);
+    const QSignalSpy abandoned(store.get(), &PosterStore::requestAbandoned);
+    grid->fill(server->posters(10 + silentPosters + 2).mid(10));
+    QTRY_COMPARE(abandoned.size(), 2);
+    QTRY_COMPARE(grid->color(silentPosters), red);
+    QVERIFY(settle());
+    other.posters->requestVisible();
+    QVERIFY(settle());
+    QCOMPARE(server->requestCount(PosterServer::pathOf(0)), 1);
+    QCOMPARE(other.color(0), placeholderColor);
 }
 
 void tst_PosterGrid::anEndWhileAPosterIsUnderWay()

@@ -185,12 +185,12 @@ void tst_PosterStore::badReply_data()
     QTest::newRow("a picture of no known type") << bodyReply(pngOf(red), "image"_ba);
     QTest::newRow("a picture with status 404") << statusReply(404, pngOf(red));
     QTest::newRow("a connection that breaks") << cutShort(imageReply(pngOf(red)), 40);
-    HttpReply zeros = imageReply(QByteArray(64 * 1024 * 1024, '\0'));
+    HttpReply zeros = imageReply(QByteArray(qsizetype(64) * 1024 * 1024, '\0'));
     zeros.gzip = true;
     QTest::newRow("a compressed body of 64 MB of nothing") << zeros;
     HttpReply endless = imageReply({});
     endless.producer = [](qint64 offset) {
-        return offset == 0 ? pngOf(red).first(40) : QByteArray(256 * 1024, 'x');
+        return offset == 0 ? pngOf(red).first(40) : QByteArray(qsizetype(256) * 1024, 'x');
     };
     QTest::newRow("a body without an end") << endless;
 }
@@ -215,6 +215,8 @@ void tst_PosterStore::badUrl_data()
         QTest::newRow(url) << QString::fromLatin1(url);
     }
     QTest::newRow("data that says it is no picture") << dataUrlOf(pngOf(green), u"text/plain"_s);
+    // No part of a host's name is so long, which is known without a look at the network.
+    QTest::newRow("a host that cannot be") << u"http://%1/poster.png"_s.arg(QString(64, u'h'));
     HttpServer gone;
     QTest::newRow("a server that is gone") << gone.url(u"/poster.png"_s);
     gone.refuse();
@@ -223,7 +225,10 @@ void tst_PosterStore::badUrl_data()
 void tst_PosterStore::badUrl()
 {
     QFETCH(QString, url);
+    // Given up requests are repeated by the grid.
+    const QSignalSpy abandoned(store.get(), &PosterStore::requestAbandoned);
     checkIsRefused(url);
+    QCOMPARE(abandoned.count(), 0);
     QCOMPARE(server->requestCount(), 1);
 }
 

@@ -135,14 +135,14 @@ void tst_ReminderKeeper::theMessageIsAWindowOfItsOwn()
 {
     program->window.showMinimized();
     program->remind(u"Film"_s, 0);
-    const QMessageBox *message = Program::message();
-    QVERIFY(message != nullptr);
-    QVERIFY(message->parentWidget() == nullptr);
-    QVERIFY(!message->isModal());
-    QVERIFY(message->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(Program::message() != nullptr);
+    const QMessageBox &message = *Program::message();
+    QVERIFY(message.parentWidget() == nullptr);
+    QVERIFY(!message.isModal());
+    QVERIFY(message.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     // The keyboard stays where it was, and the program ends with its main window.
-    QVERIFY(message->testAttribute(Qt::WA_ShowWithoutActivating));
-    QVERIFY(!message->testAttribute(Qt::WA_QuitOnClose));
+    QVERIFY(message.testAttribute(Qt::WA_ShowWithoutActivating));
+    QVERIFY(!message.testAttribute(Qt::WA_QuitOnClose));
 }
 
 void tst_ReminderKeeper::watchShowsTheWindow()
@@ -253,7 +253,7 @@ void tst_ReminderKeeper::looksAtTheClock_data()
     QTest::addColumn<int>("longestMs");
     QTest::addColumn<int>("shortestMs");
     QTest::newRow("soon") << qint64(20) << 20'000 << 17'000;
-    QTest::newRow("tomorrow") << 24 * 60 * minute << 60'000 << 58'000;
+    QTest::newRow("tomorrow") << qint64(24) * 60 * minute << 60'000 << 58'000;
 }
 
 void tst_ReminderKeeper::looksAtTheClock()

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void cleanup();
 
     void nothingUnlessTurnedOn();
+    void noSourceHasNoGuide();
     void turnedOnAndOff();
     void noSecondFetchAfterAnUpdate();
     void refresh_data();
@@ -151,6 +152,17 @@ void tst_SourceGuide::nothingUnlessTurnedOn()
     QCOMPARE(turned.count(), 0);
     QCOMPARE(server->requests().size(), 0);
     QVERIFY(!QFileInfo::exists(QFileInfo(Guide::filePath(u"S"_s)).path()));
+}
+
+/// Whatever a backup has brought.
+void tst_SourceGuide::noSourceHasNoGuide()
+{
+    GuideSettings nobodys = settings();
+    nobodys.source.clear();
+    library->setGuideSettings(nobodys);
+    QVERIFY(library->guideSettings(QString()).enabled);
+    guide->setSource({});
+    QVERIFY(!guide->isOn());
 }
 
 void tst_SourceGuide::turnedOnAndOff()
