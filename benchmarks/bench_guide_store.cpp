@@ -69,7 +69,7 @@ void measureQuestions(const QString &path, qint64 now)
         found += reader.schedules(visible.first(1), now - day, now + 7 * day, true).size();
     });
     report("guide: titles of 50 rows, four hours",
-           [&] { found += reader.schedules(visible, now, now + 4 * 3600, false).size(); });
+           [&] { found += reader.schedules(visible, now, now + 4LL * 3600, false).size(); });
     report("guide: search for a word", [&] { found += reader.search(u"news"_s, now, 200).size(); });
     report("guide: search for a letter", [&] { found += reader.search(u"a"_s, now, 200).size(); });
     report("guide: channels to choose from", [&] { found += reader.channels({}, 100).size(); });

@@ -11,6 +11,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -66,8 +67,8 @@ QByteArray showReply()
 
 } // namespace
 
-DemoServer::DemoServer(const QString &streamsFolder, const Size &size, quint16 port)
-    : streams(streamsFolder)
+DemoServer::DemoServer(QString streamsFolder, const Size &size, quint16 port)
+    : streams(std::move(streamsFolder))
 {
     // First: the catalogs name whole URLs, with the port.
     if (port != 0) {

@@ -21,7 +21,7 @@ public:
     };
 
     /// Port 0 takes a free one.
-    DemoServer(const QString &streamsFolder, const Size &size, quint16 port);
+    DemoServer(QString streamsFolder, const Size &size, quint16 port);
 
     /// False when the port was taken.
     bool isListening() const { return listening; }

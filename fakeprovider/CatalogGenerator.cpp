@@ -182,7 +182,7 @@ QByteArray CatalogGenerator::guide(int channels, int programmesOfEach, qint64 fr
     for (int index = 0; index < channels; ++index) {
         qint64 start = from;
         for (int count = 0; count < programmesOfEach; ++count) {
-            const qint64 stop = start + halfHour * (1 + below(4));
+            const qint64 stop = start + halfHour * qint64{1 + below(4)};
             text += "  <programme start=\""_ba + time(start) + " +0000\" stop=\""_ba + time(stop) +
                     " +0000\" channel=\"id."_ba + number(index) +
                     "\">\n    <title lang=\"en\">"_ba + name().toHtmlEscaped().toUtf8() +

@@ -324,7 +324,7 @@ QByteArray HttpConnection::nextBytes(qint64 most)
         producedOffset += produced.size();
         producedTaken = 0;
     }
-    const QByteArray bytes =
+    QByteArray bytes =
         produced.sliced(producedTaken, std::min<qint64>(most, produced.size() - producedTaken));
     producedTaken += bytes.size();
     return bytes;

@@ -294,10 +294,10 @@ QString HttpServer::url(const QString &path) const
                                         path);
 }
 
-void HttpServer::on(const QString &path, Handler handler)
+void HttpServer::on(const QString &path, const Handler &handler)
 {
     const std::lock_guard lock(d->mutex);
-    d->exact.insert(path, std::move(handler));
+    d->exact.insert(path, handler);
     d->released.remove(path);
 }
 

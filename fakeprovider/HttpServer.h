@@ -95,7 +95,7 @@ public:
     QString url(const QString &path = {}) const;
 
     /// Answers for exactly this path, whatever the query; replaces an earlier answer.
-    void on(const QString &path, Handler handler);
+    void on(const QString &path, const Handler &handler);
     /// Answers for every path that begins with `prefix` and has no exact answer; the longest
     /// prefix wins. Any other path gets 404.
     void onPrefix(const QString &prefix, Handler handler);

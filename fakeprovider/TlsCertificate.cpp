@@ -7,6 +7,7 @@
 #include <openssl/x509v3.h>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -77,8 +78,8 @@ bool writePem(const QString &path, Writer writer)
 
 } // namespace
 
-TlsCertificate::TlsCertificate(const QString &targetDirectory, Validity validity)
-    : directory(targetDirectory)
+TlsCertificate::TlsCertificate(QString targetDirectory, Validity validity)
+    : directory(std::move(targetDirectory))
 {
     // A name of its own for each kind, so that a client can trust both.
     const Identity authority = makeIdentity(

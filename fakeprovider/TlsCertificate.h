@@ -15,7 +15,7 @@ public:
 
     /// Writes the three PEM files into `targetDirectory`, which exists. isValid() is false on
     /// failure.
-    explicit TlsCertificate(const QString &targetDirectory, Validity validity = Validity::Current);
+    explicit TlsCertificate(QString targetDirectory, Validity validity = Validity::Current);
 
     bool isValid() const { return valid; }
     QString authorityFile() const;

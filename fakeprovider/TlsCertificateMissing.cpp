@@ -2,10 +2,13 @@
 
 #include <QtGlobal>
 
+#include <utility>
+
 // Certificates are made with OpenSSL, which the Windows build does without. Tests that need one
 // skip themselves before they come here.
 
-TlsCertificate::TlsCertificate(const QString & /*targetDirectory*/, Validity /*validity*/)
+TlsCertificate::TlsCertificate(QString targetDirectory, Validity /*validity*/)
+    : directory(std::move(targetDirectory))
 {
     qFatal("TlsCertificate: there is none on Windows; the test must be skipped");
 }

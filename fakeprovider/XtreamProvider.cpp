@@ -11,6 +11,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -116,9 +117,9 @@ QStringList XtreamAction::catalog()
     return {liveCategories, liveStreams, vodCategories, vodStreams, seriesCategories, series};
 }
 
-XtreamProvider::XtreamProvider(const QString &user, const QString &password)
-    : accountUser(user)
-    , accountPassword(password)
+XtreamProvider::XtreamProvider(QString user, QString password)
+    : accountUser(std::move(user))
+    , accountPassword(std::move(password))
 {
     server.on(apiPath, [this](const HttpRequest &request) { return answerApi(request); });
     server.onPrefix(movedPrefix, [this](const HttpRequest &request) {
@@ -159,9 +160,9 @@ QString XtreamProvider::add(const QString &action, const XtreamEntry &entry)
     offerGuide(numbered);
     if (action == XtreamAction::series)
         return {};
-    const QString path = action == XtreamAction::liveStreams
-                             ? streamPathOf(u"live"_s, numbered.id, u"ts"_s)
-                             : streamPathOf(u"movie"_s, numbered.id, numbered.extension);
+    QString path = action == XtreamAction::liveStreams
+                       ? streamPathOf(u"live"_s, numbered.id, u"ts"_s)
+                       : streamPathOf(u"movie"_s, numbered.id, numbered.extension);
     if (entry.stream)
         server.on(path, entry.stream);
     return path;
@@ -188,7 +189,7 @@ QString XtreamProvider::addFilm(const QString &name, const QString &extension,
 QString XtreamProvider::addEpisode(int id, const QString &extension,
                                    const HttpServer::Handler &stream)
 {
-    const QString path = streamPathOf(u"series"_s, id, extension);
+    QString path = streamPathOf(u"series"_s, id, extension);
     server.on(path, stream);
     return path;
 }

@@ -88,8 +88,8 @@ public:
     };
 
     /// Neither text may hold a slash: they are parts of the stream URLs.
-    explicit XtreamProvider(const QString &user = QStringLiteral("user"),
-                            const QString &password = QStringLiteral("secret"));
+    explicit XtreamProvider(QString user = QStringLiteral("user"),
+                            QString password = QStringLiteral("secret"));
 
     /// What the source dialog asks for.
     QString url() const { return server.url(); }

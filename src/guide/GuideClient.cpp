@@ -4,8 +4,6 @@
 
 #include <QUrl>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,10 +26,10 @@ QString credentialsQuery(const XtreamAccount &account)
 
 } // namespace
 
-GuideClient::GuideClient(const XtreamAccount &account, QTimeZone serverZone, QObject *parent)
+GuideClient::GuideClient(const XtreamAccount &account, const QTimeZone &serverZone, QObject *parent)
     : QObject(parent)
     , client(new XtreamClient(this))
-    , zone(std::move(serverZone))
+    , zone(serverZone)
 {
     client->configure(account);
 }

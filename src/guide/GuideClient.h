@@ -30,7 +30,7 @@ public:
     static constexpr int mostRequests = 3;
 
     /// `serverZone` is that of serverZone().
-    GuideClient(const XtreamAccount &account, QTimeZone serverZone, QObject *parent);
+    GuideClient(const XtreamAccount &account, const QTimeZone &serverZone, QObject *parent);
 
     /// The programme that runs and the next ones, mostly four in all.
     void fetchShort(const QString &streamId, const Callback &callback);

@@ -8,6 +8,8 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include <utility>
+
 namespace {
 
 /// Does what Qt's own engine does with the original picture, from the reduced one. A plain QIcon of
@@ -16,8 +18,8 @@ namespace {
 class PosterIconEngine final : public QIconEngine
 {
 public:
-    PosterIconEngine(const QPixmap &reduced, const QSize &original)
-        : picture(reduced)
+    PosterIconEngine(QPixmap reduced, const QSize &original)
+        : picture(std::move(reduced))
         , originalSize(original)
     {}
 
@@ -34,8 +36,7 @@ public:
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State /*state*/) override
     {
         const QSize pixels = fittedPosterSize(originalSize, size);
-        const QPixmap fitted =
-            picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        QPixmap fitted = picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         if (mode == QIcon::Normal) {
             return fitted;
         }
@@ -68,5 +69,5 @@ QIcon makePlaceholderPoster()
 {
     QPixmap poster(posterSize);
     poster.fill(QColor(45, 45, 48));
-    return QIcon(poster);
+    return poster;
 }

@@ -6,7 +6,7 @@ QIcon PosterMemory::find(const QString &url)
     if (found == positions.constEnd()) {
         return {};
     }
-    const Entries::iterator entry = found.value();
+    const auto entry = found.value();
     entry->lastUse = insertions;
     entries.splice(entries.begin(), entries, entry);
     return entry->icon;

@@ -173,7 +173,7 @@ void TabLibrary::setWatched(const MediaItem &item, bool watched)
 QSet<QString> TabLibrary::hiddenCategories() const
 {
     const auto &hidden = library->hiddenCategories(source, kind);
-    return QSet<QString>(hidden.keyBegin(), hidden.keyEnd());
+    return {hidden.keyBegin(), hidden.keyEnd()};
 }
 
 void TabLibrary::hideCategory(const Category &category)

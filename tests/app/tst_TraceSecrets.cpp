@@ -83,7 +83,8 @@ void tst_TraceSecrets::redactsEveryEncoding_data()
         << foreign << uR"(p\u00e4ss\u20AC\ud83dx)"_s << uR"(p\u00e4ss\u20AC\ud83dx)"_s;
     QTest::newRow("not ASCII, JSON, cut")
         << foreign << uR"(p\u00e4ss\u20AC\ud83d\)"_s << uR"(p\u00e4ss\u20AC\ud83d\)"_s;
-    QTest::newRow("JSON, cut before the sign") << u"\"ab"_s << u"x \\"_s << u"x \\"_s;
+    QTest::newRow("JSON, cut before a quote") << u"pass\"word"_s << u"x pass\\"_s << u"x pass\\"_s;
+    QTest::newRow("JSON, cut before the sign") << u"\"word"_s << u"x \\"_s << u"x \\"_s;
     // At each offset within a group of three bytes, without the characters that it shares with
     // others.
     struct Part

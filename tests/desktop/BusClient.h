@@ -6,13 +6,15 @@
 #include <QStringList>
 #include <QTest>
 
+#include <utility>
+
 /// A client on a session bus.
 class BusClient
 {
 public:
     /// On the bus of the test's environment, if no address is given.
-    explicit BusClient(const QString &busAddress = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"))
-        : address(busAddress)
+    explicit BusClient(QString busAddress = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"))
+        : address(std::move(busAddress))
         , client(connect(QStringLiteral("test-client")))
     {}
 

@@ -187,7 +187,7 @@ void tst_SingleInstance::aHungFirstOne()
     SingleInstance second(name, shortLimitMs);
     QCOMPARE(second.start({QStringList(50'000, QString(60, u'x')), {}}), Start::Alone);
     QCOMPARE(second.start({{u"/film"_s}, {}}), Start::Alone);
-    QVERIFY(timer.elapsed() < 10 * shortLimitMs);
+    QVERIFY(timer.elapsed() < 10LL * shortLimitMs);
     // It has taken nothing from the first one, which answers again later, and has left it nothing.
     const StartRequest request{{u"/other"_s}, {}};
     const OtherStart third(name, request);

@@ -219,7 +219,7 @@ void tst_FullDisk::guide()
     QCOMPARE(contents.store().programmes, 1);
     contents.clearGuide();
     for (int number = 0; number < many; ++number) {
-        const qint64 start = now + number * 60;
+        const qint64 start = now + 60LL * number;
         contents.addProgramme(u"one"_s, start, start + 60, u"New %1"_s.arg(number));
     }
     const GuideImportJob job = contents.job();

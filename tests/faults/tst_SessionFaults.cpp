@@ -15,6 +15,7 @@
 
 #include <atomic>
 #include <memory>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -89,8 +90,8 @@ const QList<StreamFault> &streamFaults()
 class Viewer
 {
 public:
-    Viewer(const StreamFault &streamFault, qint32 streamKind)
-        : tried(streamFault)
+    Viewer(StreamFault streamFault, qint32 streamKind)
+        : tried(std::move(streamFault))
         , kind(streamKind)
         , provider(tried.fault)
     {

@@ -26,7 +26,7 @@ int FuzzInput::below(int count)
 
 QByteArray FuzzInput::take(qsizetype size)
 {
-    const QByteArray head = bytes.left(size);
+    QByteArray head = bytes.left(size);
     bytes.remove(0, head.size());
     return head;
 }
@@ -34,7 +34,7 @@ QByteArray FuzzInput::take(qsizetype size)
 QByteArray FuzzInput::takeUntil(char end)
 {
     const qsizetype place = bytes.indexOf(end);
-    const QByteArray head = take(place < 0 ? bytes.size() : place);
+    QByteArray head = take(place < 0 ? bytes.size() : place);
     take(1);
     return head;
 }

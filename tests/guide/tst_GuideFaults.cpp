@@ -275,6 +275,7 @@ void tst_GuideFaults::madeByManyAtOnce()
         std::latch start(programs);
         std::atomic<int> opened = 0;
         std::vector<std::jthread> threads;
+        threads.reserve(programs);
         for (int number = 0; number < programs; ++number) {
             threads.emplace_back([&, number] {
                 GuideStore store(folder.filePath(u"guide.sqlite"_s), GuideStore::Mode::Write);

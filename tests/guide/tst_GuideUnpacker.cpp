@@ -75,7 +75,7 @@ void tst_GuideUnpacker::files_data()
         << packedWithGzip(text) + QByteArray(3, '\0') + packedWithGzip("<!-- -->") << Result::Good
         << text + "<!-- -->";
     QTest::newRow("something behind") << packed + "garbage" << Result::Good << text;
-    const QByteArray asTheBuffer(128 * 1024, 'x');
+    const QByteArray asTheBuffer(128LL * 1024, 'x');
     QTest::newRow("as long as the buffer")
         << packedWithGzip(asTheBuffer) << Result::Good << asTheBuffer;
     QTest::newRow("empty member") << packedWithGzip({}) << Result::Good << QByteArray();
@@ -107,17 +107,17 @@ void tst_GuideUnpacker::files()
 
 void tst_GuideUnpacker::bombStopsAtOnce()
 {
-    const QByteArray bomb = packedWithGzip(packedWithGzip(QByteArray(64 * 1024 * 1024, 'x')));
+    const QByteArray bomb = packedWithGzip(packedWithGzip(QByteArray(64LL * 1024 * 1024, 'x')));
     qsizetype taken = 0;
     qsizetype largest = 0;
     GuideUnpacker unpacker([&](QByteArrayView bytes) {
         taken += bytes.size();
         largest = std::max(largest, bytes.size());
-        return taken < 1024 * 1024;
+        return taken < 1024LL * 1024;
     });
     QCOMPARE(unpacker.add(bomb), Result::Stopped);
-    QVERIFY(largest <= 256 * 1024);
-    QVERIFY(taken <= 2 * 1024 * 1024);
+    QVERIFY(largest <= 256LL * 1024);
+    QVERIFY(taken <= 2LL * 1024 * 1024);
 }
 
 VANTIRO_TEST_GUILESS_MAIN(tst_GuideUnpacker)

@@ -26,7 +26,7 @@ HttpReply endless(const QByteArray &head)
 {
     HttpReply reply;
     reply.producer = [head](qint64 offset) {
-        return offset < head.size() ? head.sliced(offset) : QByteArray(64 * 1024, '#');
+        return offset < head.size() ? head.sliced(offset) : QByteArray(64LL * 1024, '#');
     };
     return reply;
 }

@@ -45,7 +45,7 @@ void tst_XmltvTime::reads_data()
     row("no seconds", "202406151200 +0000", noon);
     row("no minutes", "2024061512", noon);
     row("day", "20240615", noon - 43'200);
-    row("month", "202406", noon - 43'200 - 14 * 86'400);
+    row("month", "202406", noon - 43'200 - 14LL * 86'400);
     row("year", "2024", 1'704'067'200);
     row("day with zone", "20240615 -1200", noon);
     row("leap day", "20240229000000", 1'709'164'800);
@@ -106,7 +106,7 @@ void tst_XmltvTime::agreesWithGmtime()
     for (int round = 0; round < 50'000; ++round) {
         const auto seconds = static_cast<std::time_t>(random.bounded(qint64(8'000'000'000)));
         const int zone = random.bounded(-14 * 60, 14 * 60 + 1); // minutes
-        const std::time_t local = seconds + zone * 60;
+        const std::time_t local = seconds + std::time_t{zone} * 60;
         if (local < 0)
             continue;
         const std::tm *parts = std::gmtime(&local);

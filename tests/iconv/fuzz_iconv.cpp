@@ -39,7 +39,7 @@ struct Result
 Result convert(const char *from, const char *to, std::vector<char> input, std::size_t piece)
 {
     Result result;
-    const iconv_t state = iconv_open(to, from);
+    iconv_t state = iconv_open(to, from);
     if (state == reinterpret_cast<iconv_t>(-1)) { // NOLINT: prescribed by the interface
         std::abort();
     }
@@ -119,7 +119,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }
     // Any text is a valid pair of names.
     const std::string name(input.begin(), input.end());
-    const iconv_t state = iconv_open(name.c_str(), from);
+    iconv_t state = iconv_open(name.c_str(), from);
     if (state != reinterpret_cast<iconv_t>(-1)) { // NOLINT: prescribed by the interface
         iconv_close(state);
     }

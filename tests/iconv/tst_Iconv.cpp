@@ -14,7 +14,7 @@ const iconv_t failedToOpen = reinterpret_cast<iconv_t>(-1); // NOLINT: prescribe
 
 bool opens(const char *to, const char *from)
 {
-    const iconv_t state = iconv_open(to, from);
+    iconv_t state = iconv_open(to, from);
     return state != failedToOpen && iconv_close(state) == 0;
 }
 
@@ -30,7 +30,7 @@ Conversion convert(const QByteArray &to, const QByteArray &from, QByteArray inpu
                    std::size_t capacity = 64)
 {
     Conversion result;
-    const iconv_t state = iconv_open(to.constData(), from.constData());
+    iconv_t state = iconv_open(to.constData(), from.constData());
     if (state == failedToOpen) {
         result.error = errno;
         return result;
@@ -38,7 +38,7 @@ Conversion convert(const QByteArray &to, const QByteArray &from, QByteArray inpu
     result.output.resize(static_cast<qsizetype>(capacity));
     char *in = input.data();
     char *out = result.output.data();
-    std::size_t left = static_cast<std::size_t>(input.size());
+    auto left = static_cast<std::size_t>(input.size());
     if (iconv(state, &in, &left, &out, &capacity) != 0) {
         result.error = errno;
     }
@@ -150,7 +150,7 @@ void tst_Iconv::continuesWhenTheOutputIsFull()
 
 void tst_Iconv::nothingToConvert()
 {
-    const iconv_t state = iconv_open("UTF-8", "CP1252");
+    iconv_t state = iconv_open("UTF-8", "CP1252");
     char *none = nullptr;
     QCOMPARE(iconv(state, nullptr, nullptr, nullptr, nullptr), std::size_t{0});
     QCOMPARE(iconv(state, &none, nullptr, nullptr, nullptr), std::size_t{0});

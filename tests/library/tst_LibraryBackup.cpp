@@ -146,7 +146,7 @@ void tst_LibraryBackup::membersAreThoseOfTheDocument()
     const QJsonObject root =
         QJsonDocument::fromJson(LibraryBackup::write(sampleContent(), true)).object();
     QStringList names = root.keys();
-    for (const QJsonValue &part : root)
+    for (const QJsonValue part : root)
         names += part.toArray().at(0).toObject().keys();
     QVERIFY(names.size() > 30);
     for (const QString &name : std::as_const(names))

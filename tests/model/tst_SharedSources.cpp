@@ -129,6 +129,7 @@ void tst_SharedSources::programsStoreAtTheSameTime()
     constexpr int programs = 4;
     constexpr int additions = 15;
     std::vector<std::thread> threads;
+    threads.reserve(programs);
     for (int program = 0; program < programs; ++program) {
         threads.emplace_back([program] {
             SourceManager manager(nullptr);

@@ -94,7 +94,7 @@ void tst_VlcPlayerChanges::keepsCookies()
 PictureSettings tst_VlcPlayerChanges::pictureInLibVlc() const
 {
     const auto taken = [](char *text) {
-        const QString copy = QString::fromLatin1(text);
+        QString copy = QString::fromLatin1(text);
         libvlc_free(text);
         return copy;
     };

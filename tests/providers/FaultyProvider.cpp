@@ -12,6 +12,8 @@
 #include <QSslConfiguration>
 #include <QUrl>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 using Outcome = Fault::Outcome;
@@ -193,8 +195,8 @@ const QList<Fault> &FaultyProvider::faults()
     return all;
 }
 
-FaultyProvider::FaultyProvider(const Fault &providerFault)
-    : fault(providerFault)
+FaultyProvider::FaultyProvider(Fault providerFault)
+    : fault(std::move(providerFault))
 {
     if (isTls()) {
         using Validity = TlsCertificate::Validity;

@@ -48,7 +48,7 @@ public:
     static const QList<Fault> &faults();
 
     /// Answers well at an address that suits the fault, until begin().
-    explicit FaultyProvider(const Fault &providerFault);
+    explicit FaultyProvider(Fault providerFault);
 
     QString url(const QString &path = {}) const;
     QString playlistUrl() const { return url(QStringLiteral("/list.m3u")); }

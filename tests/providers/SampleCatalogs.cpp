@@ -146,10 +146,10 @@ void cacheCatalog(const QString &source, const AccountCatalog &catalog)
 {
     for (qint32 kind = 0; kind < sections.size(); ++kind) {
         CatalogCache::Section section;
-        for (const QString &name : catalog.at(2 * kind)) {
+        for (const QString &name : catalog.at(qsizetype{2} * kind)) {
             section.categories.append({QString::number(section.categories.size() + 1), name});
         }
-        for (const QString &name : catalog.at(2 * kind + 1)) {
+        for (const QString &name : catalog.at(qsizetype{2} * kind + 1)) {
             MediaItem item = entry(kind, name, u"1"_s);
             item.id = QString::number(section.items.size() + 1);
             section.items.append(item);

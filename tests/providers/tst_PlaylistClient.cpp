@@ -64,7 +64,7 @@ void tst_PlaylistClient::downloads()
     const QString target = u"/get.php?username=u&password=p%26q&type=m3u_plus"_s;
     server->on(u"/get.php"_s, HttpReply::redirect(server->url(u"/list.m3u"_s)));
     for (const QByteArray &body : {twoChannels, ""_ba, QByteArray("\xef\xbb\xbf\xe9\0\r\n\xc3", 8),
-                                   QByteArray(10 * 1024 * 1024, 'a')}) {
+                                   QByteArray(10LL * 1024 * 1024, 'a')}) {
         server->on(u"/list.m3u"_s, bodyReply(body));
         server->clearRequests();
         PlaylistReply reply = read(server->url(target));

@@ -115,7 +115,7 @@ void tst_ReplyBody::endsOnce_data()
     QTest::newRow("a body without an end") << endless << HttpReply();
     HttpReply damaged;
     damaged.headers.append({"Content-Encoding"_ba, "gzip"_ba});
-    damaged.body = packedWithGzip(numbers(4L * 1024 * 1024));
+    damaged.body = packedWithGzip(numbers(4LL * 1024 * 1024));
     std::fill_n(damaged.body.begin() + damaged.body.size() / 2, 1000, '\xff');
     QTest::newRow("a packed body that is damaged") << damaged << HttpReply();
     damaged.bytesPerSecond = damaged.body.size() * 5;
@@ -158,7 +158,7 @@ void tst_ReplyBody::largeAnswer()
 {
     QFETCH(const bool, gzip);
     QFETCH(const bool, chunked);
-    HttpReply large = bodyReply(numbers(12 * 1024 * 1024), "application/json"_ba);
+    HttpReply large = bodyReply(numbers(12LL * 1024 * 1024), "application/json"_ba);
     large.gzip = gzip;
     large.chunked = chunked;
     HttpServer server;

@@ -28,7 +28,7 @@ const QSet<int> controlRoles{QAccessible::PushButton,  QAccessible::EditableText
 /// What a screen reader says: the name, or the text of the label that belongs to the control.
 QString spokenName(QAccessibleInterface &control)
 {
-    const QString name = control.text(QAccessible::Name);
+    QString name = control.text(QAccessible::Name);
     if (!name.isEmpty()) {
         return name;
     }

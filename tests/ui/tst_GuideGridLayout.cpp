@@ -342,7 +342,7 @@ void tst_GuideGridLayout::steps_data()
     QTest::addColumn<qint64>("time");
     QTest::addColumn<qint64>("next");
     QTest::addColumn<qint64>("previous");
-    const auto row = [](const char *name, int minute, int next, int previous) {
+    const auto row = [](const char *name, qint64 minute, qint64 next, qint64 previous) {
         QTest::newRow(name) << march + minute * 60 << march + next * 60 << march + previous * 60;
     };
     // From 10 to 20, 20 to 40 and 100 to 125 minutes after midnight.
@@ -359,7 +359,7 @@ void tst_GuideGridLayout::steps_data()
 void tst_GuideGridLayout::steps()
 {
     QFETCH(qint64, time);
-    const auto at = [](int minute) { return march + minute * 60; };
+    const auto at = [](qint64 minute) { return march + minute * 60; };
     const QList<GuideProgramme> programmes{programme(at(10), at(20)), programme(at(20), at(40)),
                                            programme(at(100), at(125))};
     QTEST(timeOfNext(programmes, time, QTimeZone::utc()), "next");

@@ -80,7 +80,7 @@ void tst_GuideTexts::when_data()
     QTest::newRow("earlier") << sunday - 2 * day << u"20/11/2026 20:15"_s;
     QTest::newRow("yesterday") << sunday - day << u"Yesterday 20:15"_s;
     QTest::newRow("today") << sunday << u"Today 20:15"_s;
-    QTest::newRow("in four hours, after midnight") << sunday + 4 * 3600 << u"Tomorrow 00:15"_s;
+    QTest::newRow("in four hours, after midnight") << sunday + 4LL * 3600 << u"Tomorrow 00:15"_s;
     QTest::newRow("in three days") << sunday + 3 * day << u"Wednesday 20:15"_s;
     QTest::newRow("in six days") << sunday + 6 * day << u"Saturday 20:15"_s;
     QTest::newRow("in a week") << sunday + 7 * day << u"29/11/2026 20:15"_s;

@@ -113,7 +113,7 @@ void tst_TrackMenus::streamInfo()
         fixture->button(u"Info"_s).click();
         QCOMPARE(fixture->window.findChildren<QDialog *>().size(), click);
     }
-    QDialog *dialog = fixture->window.findChild<QDialog *>();
+    auto *dialog = fixture->window.findChild<QDialog *>();
     QCOMPARE(dialog->windowTitle(), u"Stream Info"_s);
     QVERIFY(!dialog->isModal());
     QCOMPARE(dialog->minimumSize(), QSize(440, 340));

@@ -107,7 +107,7 @@ int RunningApp::exitCode() const
 QString RunningApp::takeStandardError()
 {
     const qsizetype end = errors.lastIndexOf(u'\n') + 1;
-    const QString lines = errors.left(end);
+    QString lines = errors.left(end);
     errors.remove(0, end);
     return lines;
 }
