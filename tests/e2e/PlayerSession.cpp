@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace desktop;
 
@@ -85,6 +87,20 @@ bool PlayerSession::seesPicture() const
 bool PlayerSession::showsLabel(const QString &text) const
 {
     return bool(window.waitFor(Role::Label, text));
+}
+
+bool PlayerSession::showsReconnecting(const QString &title) const
+{
+    constexpr int mostAttempts = 9;
+    QStringList texts;
+    for (int attempt = 1; attempt <= mostAttempts; ++attempt)
+        texts << UiTexts::reconnecting(title, attempt);
+    const auto shows = [&] {
+        const QList<Accessible> labels = window.findAll(Role::Label);
+        return std::any_of(labels.cbegin(), labels.cend(),
+                           [&](const Accessible &label) { return texts.contains(label.name()); });
+    };
+    return QTest::qWaitFor(shows, Accessible::defaultTimeoutMs);
 }
 
 bool PlayerSession::clickButton(const QString &text) const

@@ -53,6 +53,9 @@ public:
     [[nodiscard]] bool seesPicture() const;
     /// Waits until some label of the main window has this text.
     [[nodiscard]] bool showsLabel(const QString &text) const;
+    /// Waits until it tells of an attempt to bring that channel back, whichever: the first one may
+    /// be over before a busy machine has searched the window.
+    [[nodiscard]] bool showsReconnecting(const QString &title) const;
     [[nodiscard]] bool clickButton(const QString &text) const;
     /// Clicks a button and waits for the menu that opens.
     desktop::Accessible openMenu(const QString &button) const;

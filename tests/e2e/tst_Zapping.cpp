@@ -66,7 +66,7 @@ bool TestZapping::showsGreyChannel() const
     const auto plays = [this] {
         return colourShare() < 0.01 && Screen::waitUntilMoving(session->videoRect(), 3000);
     };
-    return QTest::qWaitFor(plays, 20000) && session->showsLabel(UiTexts::playing(u"Grey"_s));
+    return QTest::qWaitFor(plays, 60000) && session->showsLabel(UiTexts::playing(u"Grey"_s));
 }
 
 void TestZapping::endsWithTheLastChannel_data()
