@@ -17,6 +17,24 @@ void startShell(QProcess &process, const QString &commands)
     process.start(QStringLiteral(WITH_DISPLAY), {u"sh"_s, u"-c"_s, commands});
 }
 
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+}
+
+/// The folder in /proc of the virtual screen that this process has started; empty if there is none.
+QString screenOf(qint64 processId)
+{
+    const QByteArray children = contentOf(u"/proc/%1/task/%1/children"_s.arg(processId));
+    for (const QByteArray &child : children.split(' ')) {
+        QString folder = u"/proc/"_s + QString::fromLatin1(child);
+        if (contentOf(folder + u"/comm"_s) == "Xvfb"_ba)
+            return folder;
+    }
+    return {};
+}
+
 } // namespace
 
 class TestWithDisplay : public QObject
@@ -68,13 +86,16 @@ void TestWithDisplay::endsWithTheProgram()
     const QString display = QString::fromLocal8Bit(process.readAllStandardOutput()).trimmed();
     const QString socket = u"/tmp/.X11-unix/X"_s + display.mid(1);
     QVERIFY(QFile::exists(socket));
+    const QString screen = screenOf(process.processId());
+    QVERIFY(!screen.isEmpty());
     if (terminated)
         process.terminate();
     else
         process.closeWriteChannel();
     QVERIFY(process.waitForFinished(timeoutMs));
     QCOMPARE(process.exitCode(), terminated ? 128 + 15 : 0);
-    QVERIFY(!QFile::exists(socket));
+    // The number of the display is free again: another test may have it by now.
+    QVERIFY(!QFile::exists(screen));
 }
 
 VANTIRO_TEST_GUILESS_MAIN(TestWithDisplay)
