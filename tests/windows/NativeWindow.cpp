@@ -77,6 +77,11 @@ QRect NativeWindow::clientRect() const
     return {corner.x, corner.y, static_cast<int>(rect.right), static_cast<int>(rect.bottom)};
 }
 
+bool NativeWindow::isInFront() const
+{
+    return GetForegroundWindow() == nativeHandle(handle);
+}
+
 bool NativeWindow::waitUntilGone(int timeoutMs) const
 {
     const auto isGone = [window = nativeHandle(handle)] {

@@ -15,6 +15,8 @@ public:
 
     /// The window without its frame, in pixels of the screen.
     QRect clientRect() const;
+    /// Whether what is typed goes to it.
+    bool isInFront() const;
     [[nodiscard]] bool waitUntilGone(int timeoutMs = 30000) const;
 
     /// Asks the window to close, as its close button does.
