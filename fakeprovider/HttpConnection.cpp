@@ -20,7 +20,7 @@ constexpr int kPaceIntervalMs = 10;
 // QNetworkAccessManager takes a reply that arrives while it still writes the request, but does
 // not note that it is reading one: when that reply is then aborted, it reports success and
 // sends the request again. A reply that will be aborted therefore waits this long.
-constexpr int kFaultyReplyDelayMs = 20;
+constexpr int kFaultyReplyDelayMs = 100;
 
 QByteArray reasonPhrase(int status)
 {

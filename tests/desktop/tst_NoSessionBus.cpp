@@ -51,7 +51,8 @@ void tst_NoSessionBus::nothingWaits()
         QCoreApplication::processEvents();
         inhibitor.keepAwake(false);
     }
-    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    constexpr qint64 promptMs = 10000; // D-Bus itself gives up after 25 s
+    QVERIFY2(timer.elapsed() < promptMs, qPrintable(QString::number(timer.elapsed())));
     // Qt's cleanup waits for the threads that still connect. They fail without a server.
     silent.reset();
     QTRY_VERIFY(!SessionBus::isAnyWaiting());

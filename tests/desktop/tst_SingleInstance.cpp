@@ -187,7 +187,7 @@ void tst_SingleInstance::aHungFirstOne()
     SingleInstance second(name, shortLimitMs);
     QCOMPARE(second.start({QStringList(50'000, QString(60, u'x')), {}}), Start::Alone);
     QCOMPARE(second.start({{u"/film"_s}, {}}), Start::Alone);
-    QVERIFY(timer.elapsed() < 10LL * shortLimitMs);
+    QVERIFY(timer.elapsed() < 25LL * shortLimitMs);
     // It has taken nothing from the first one, which answers again later, and has left it nothing.
     const StartRequest request{{u"/other"_s}, {}};
     const OtherStart third(name, request);
@@ -247,13 +247,14 @@ void tst_SingleInstance::brokenMessages_data()
 void tst_SingleInstance::brokenMessages()
 {
     QFETCH(const QByteArray, bytes);
-    SingleInstance first(name, shortLimitMs);
+    constexpr int limitMs = 1500; // enough for the good message on a busy machine
+    SingleInstance first(name, limitMs);
     const QSignalSpy requests(&first, &SingleInstance::requested);
     QCOMPARE(first.start({}), Start::First);
     QLocalSocket peer;
     peer.connectToServer(name);
     peer.write(bytes);
-    QTRY_COMPARE(peer.state(), QLocalSocket::UnconnectedState);
+    QTRY_COMPARE_WITH_TIMEOUT(peer.state(), QLocalSocket::UnconnectedState, 20000);
     QCOMPARE(peer.bytesAvailable(), 0);
     QCOMPARE(requests.size(), 0);
     const OtherStart second(name);

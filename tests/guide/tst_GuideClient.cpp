@@ -157,7 +157,7 @@ void tst_GuideClient::fewAtATime()
 {
     constexpr int count = 10;
     HttpReply slow = schedule;
-    slow.delayMs = 50;
+    slow.delayMs = 250; // all that are sent are there at once
     server->on(api, slow);
     QStringList expected;
     QStringList answered;

@@ -137,11 +137,12 @@ void tst_ReplyBody::endsOnce()
 void tst_ReplyBody::aSlowReplyIsNotCutOff()
 {
     // Takes twice as long as it may stall.
-    HttpReply slow = bodyReply(success + QByteArray(12 * ReplyBody::minProgressBytes, ' '));
-    slow.bytesPerSecond = slow.body.size() / 2;
+    constexpr int stallMs = 2000;
+    HttpReply slow = bodyReply(success + QByteArray(24 * ReplyBody::minProgressBytes, ' '));
+    slow.bytesPerSecond = slow.body.size() / 4;
     HttpServer server;
-    ask(server, slow, {}, 1000, true);
-    ask(server, HttpReply::redirect(u"/hop"_s, 307), slow, 1000, true);
+    ask(server, slow, {}, stallMs, true);
+    ask(server, HttpReply::redirect(u"/hop"_s, 307), slow, stallMs, true);
 }
 
 void tst_ReplyBody::largeAnswer_data()
