@@ -2,8 +2,7 @@
 # compiler cache. Off by default: a source that forgets an include compiles with it.
 #
 # vantiro_reuse_precompiled(<target> core|widgets) makes a target include it. "widgets" is for targets
-# that link Qt6::Widgets. The headers of Qt Test are not among them: they depend on macros that are
-# different in each folder.
+# that link Qt6::Widgets. The headers of Qt Test are not among them: only tests include those.
 
 option(VANTIRO_PRECOMPILE "Precompile the headers of the standard library and Qt" OFF)
 
