@@ -126,7 +126,8 @@ protected:
     }
 
     /// Plays the stream and blocks until libVLC's thread has reported its error or end. No event is
-    /// handled meanwhile, so that the report is still in the event queue.
+    /// handled meanwhile, so that the report is still in the event queue. The stream must not have
+    /// to wait for an earlier one, as events are what starts it then.
     void playUntilReported(const QString &path, bool live)
     {
         std::atomic<bool> reported = false;
@@ -135,6 +136,8 @@ protected:
             reported.notify_one();
         };
         const auto *source = probe->player.findChild<MediaPlayer *>();
+        probe->player.stop();
+        QTRY_VERIFY_WITH_TIMEOUT(!source->isStopping(), openMs);
         connect(source, &MediaPlayer::failed, this, report, Qt::DirectConnection);
         connect(source, &MediaPlayer::ended, this, report, Qt::DirectConnection);
         play(path, live);

@@ -107,7 +107,7 @@ bool tst_VlcPicture::showsMovement() const
 
 void tst_VlcPicture::streamsShowOneAfterAnother()
 {
-    QVERIFY(isDark());
+    QTRY_VERIFY(isDark());
     for (const QString &path : {u"/live.ts"_s, u"/files/film.mp4"_s, u"/files/hls/index.m3u8"_s}) {
         play(path);
         QTRY_VERIFY_WITH_TIMEOUT(server->requestCount(path) > 0, openMs);
@@ -204,7 +204,7 @@ void tst_VlcPicture::stopClearsThePictureOfAPlayerThatHangs()
     QTRY_COMPARE(substitutes(), 1);
     channel.letGo();
     QTRY_COMPARE_WITH_TIMEOUT(substitutes(), 0, openMs);
-    QVERIFY(isDark());
+    QTRY_VERIFY(isDark());
 }
 
 VANTIRO_TEST_MAIN(tst_VlcPicture)

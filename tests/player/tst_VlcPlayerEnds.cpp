@@ -51,9 +51,9 @@ void tst_VlcPlayerEnds::ends_data()
                         "somewhere the stream couldn't resume from)."_s;
     // The clock stops more than a second earlier than the number of bytes suggests.
     QTest::newRow("a film whose clock ends at 57.5 of 60 s is cut")
-        << filmEndingAt(58.8) << false << qint64{53000} << QStringList(cut);
+        << filmEndingAt(58.8) << false << qint64{50000} << QStringList(cut);
     QTest::newRow("a film whose clock ends at 58.5 of 60 s reports nothing")
-        << filmEndingAt(59.7) << false << qint64{53000} << QStringList();
+        << filmEndingAt(59.7) << false << qint64{50000} << QStringList();
     QTest::newRow("a recording of unknown length reports nothing at its end")
         << withoutLength() << false << qint64{0} << QStringList();
     QTest::newRow("a channel that ends has stopped sending")

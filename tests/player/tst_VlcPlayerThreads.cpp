@@ -102,7 +102,7 @@ void tst_VlcPlayerThreads::destroyed()
         QCOMPARE_LT(clock.elapsed(), blockedTooLongMs);
         QCoreApplication::processEvents();
     }
-    QTRY_COMPARE(server->openConnections(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(server->openConnections(), 0, openMs);
 }
 
 void tst_VlcPlayerThreads::replacedRepeatedly()
@@ -119,7 +119,7 @@ void tst_VlcPlayerThreads::replacedRepeatedly()
         }
     }
     QVERIFY(starts(u"/live.ts"_s, true));
-    QTRY_COMPARE(server->openConnections(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(server->openConnections(), 1, openMs);
 }
 
 VANTIRO_TEST_MAIN(tst_VlcPlayerThreads)

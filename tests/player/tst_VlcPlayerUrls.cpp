@@ -95,7 +95,7 @@ void tst_VlcPlayerUrls::tracesNothingElse()
     TraceCapture capture;
     probe->player.play(url, true);
     probe->player.play(url, true);
-    QTRY_COMPARE(probe->interruptions.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(probe->interruptions.size(), 1, openMs);
     probe->player.pause();
     probe->player.togglePause();
     probe->player.seekRelative(1000);

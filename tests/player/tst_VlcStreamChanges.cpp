@@ -65,13 +65,14 @@ void tst_VlcStreamChanges::cleanup()
     PlayerTest::cleanup();
 }
 
-/// The stream at the pace of a channel.
+/// The stream at the pace of a channel, which is silent after it instead of ending.
 HttpReply tst_VlcStreamChanges::channel(const QByteArray &stream)
 {
     HttpReply reply;
     reply.contentType = "video/mp2t"_ba;
     reply.bytesPerSecond = bytesPerSecond;
     reply.burst = 2 * bytesPerSecond;
+    reply.stallAfter = stream.size();
     reply.producer = [this, stream](qint64 offset) {
         sent = offset;
         return stream.mid(offset, packet * 64);

@@ -117,7 +117,7 @@ void tst_VlcTracks::withoutAStream()
 void tst_VlcTracks::beforeTheStreamOpens()
 {
     play(u"/never.ts"_s, true);
-    QTRY_COMPARE(server->openConnections(u"/never.ts"_s), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(server->openConnections(u"/never.ts"_s), 1, openMs);
     QCOMPARE(summary(probe->player), statistics);
     QCOMPARE(probe->player.audioTracks(), Tracks());
 }
@@ -237,7 +237,7 @@ void tst_VlcTracks::summarizes()
     marked.body.replace("avc1", "%2%3");
     server->on(u"/files/marked.mp4"_s, marked);
     open(QString::fromLatin1(QTest::currentDataTag()));
-    QCOMPARE(summary(probe->player), text + statistics);
+    QTRY_COMPARE_WITH_TIMEOUT(summary(probe->player), text + statistics, openMs);
 }
 
 VANTIRO_TEST_MAIN(tst_VlcTracks)

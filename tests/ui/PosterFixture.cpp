@@ -104,5 +104,5 @@ QNetworkAccessManager &networkOf(PosterStore &store)
 
 bool settle(const PosterStore &store)
 {
-    return QTest::qWaitFor([&store] { return !store.isBusy(); }, 20000);
+    return QTest::qWaitFor([&store] { return !store.isBusy(); }, 60000);
 }

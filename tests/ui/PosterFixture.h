@@ -45,6 +45,9 @@ QList<MediaItem> filmsWith(const QStringList &posterUrls);
 /// The rows within 400 pixels of the visible part, found by looking at each one.
 QList<int> rowsNearView(const QListWidget &grid);
 
+/// How long a silent server may take in a test; more than one that answers takes on a busy machine.
+constexpr int silentMs = 3000;
+
 QNetworkAccessManager &networkOf(PosterStore &store);
 /// Waits until no poster is under way.
 [[nodiscard]] bool settle(const PosterStore &store);

@@ -146,7 +146,7 @@ void tst_PlaybackSessionStreams::aChannelComesBack()
     viewer.watch(u"/channel"_s);
     QVERIFY(viewer.advances());
     fault.strike(viewer.server);
-    QTRY_COMPARE_WITH_TIMEOUT(viewer.session.state(), State::WaitingToReconnect, faultMs);
+    QTRY_VERIFY_WITH_TIMEOUT(!viewer.attempts.isEmpty(), faultMs);
     QTRY_COMPARE_WITH_TIMEOUT(viewer.session.state(), State::Playing, openMs);
     QVERIFY(viewer.advances());
     QVERIFY(viewer.attempts.size() >= fewestAttempts);

@@ -237,7 +237,7 @@ void tst_PosterStore::aSilentServerIsGivenUp()
     server->on(PosterServer::pathOf(1), neverAnswers());
     server->on(PosterServer::pathOf(2), stalling(imageReply(pngOf(red)), 40));
     QCOMPARE(networkOf(*store).transferTimeout(), 30000);
-    networkOf(*store).setTransferTimeout(1000);
+    networkOf(*store).setTransferTimeout(silentMs);
     const QSignalSpy abandoned(store.get(), &PosterStore::requestAbandoned);
     QVERIFY(store->request(server->poster(1)));
     checkIsRefused(server->poster(2));

@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 hour = 3600;
+constexpr int updateMs = 30000;
 const QString one = u"http://h/1"_s;
 const QString two = u"http://h/2"_s;
 
@@ -120,7 +121,7 @@ bool tst_SourceGuide::turnOn()
     QSignalSpy updated(guide.get(), &SourceGuide::updated);
     guide->setSource(source());
     guide->setSettings(settings());
-    return (updated.count() > 0 || updated.wait()) && !guide->isUpdating();
+    return (updated.count() > 0 || updated.wait(updateMs)) && !guide->isUpdating();
 }
 
 QString tst_SourceGuide::running(const QString &entry)
@@ -130,7 +131,7 @@ QString tst_SourceGuide::running(const QString &entry)
                                [&](const QHash<QString, OnNow> &answer) {
                                    title = answer.value(entry).now.value_or(GuideProgramme()).title;
                                });
-    return QTest::qWaitFor([&] { return title.has_value(); }) ? *title : u"no answer"_s;
+    return QTest::qWaitFor([&] { return title.has_value(); }, updateMs) ? *title : u"no answer"_s;
 }
 
 void tst_SourceGuide::nothingUnlessTurnedOn()
@@ -189,7 +190,7 @@ void tst_SourceGuide::noSecondFetchAfterAnUpdate()
     QSignalSpy updated(guide.get(), &SourceGuide::updated);
     guide->setSource(source());
     guide->update(settings());
-    QVERIFY(updated.wait());
+    QVERIFY(updated.wait(updateMs));
     guide->setSettings(settings());
     QCOMPARE(running(one), u"On one"_s);
     QVERIFY(!guide->isUpdating());
@@ -290,21 +291,21 @@ void tst_SourceGuide::correction()
     QVERIFY(turnOn());
     QSignalSpy updated(guide.get(), &SourceGuide::updated);
     guide->setCorrection(channel(one), u"two"_s);
-    QVERIFY(updated.wait());
+    QVERIFY(updated.wait(updateMs));
     QCOMPARE(running(one), u"On two"_s);
     guide->setCorrection(channel(one), {});
-    QVERIFY(updated.wait());
+    QVERIFY(updated.wait(updateMs));
     QCOMPARE(running(one), QString());
     QCOMPARE(guide->lastResult().matched, 1);
     guide->removeCorrection(channel(one));
-    QVERIFY(updated.wait());
+    QVERIFY(updated.wait(updateMs));
     QCOMPARE(running(one), u"On one"_s);
     // Nothing was fetched for that, and it outlives an update.
     QCOMPARE(server->requests().size(), 2);
     guide->setCorrection(channel(one), u"two"_s);
-    QVERIFY(updated.wait());
+    QVERIFY(updated.wait(updateMs));
     guide->update(settings());
-    QVERIFY(updated.wait());
+    QVERIFY(updated.wait(updateMs));
     QCOMPARE(running(one), u"On two"_s);
 }
 
@@ -312,8 +313,8 @@ void tst_SourceGuide::correctionOfAnUnstoredChannel()
 {
     QVERIFY(turnOn());
     guide->setCorrection(channel(one), u"three"_s);
-    QTRY_COMPARE(server->requests().size(), 4);
-    QTRY_VERIFY(!guide->isUpdating());
+    QTRY_COMPARE_WITH_TIMEOUT(server->requests().size(), 4, updateMs);
+    QTRY_VERIFY_WITH_TIMEOUT(!guide->isUpdating(), updateMs);
     QCOMPARE(running(one), u"On three"_s);
 }
 
@@ -326,7 +327,7 @@ void tst_SourceGuide::correctionWhileAnUpdateRuns()
     makeGuides();
     // It begins again, with the correction.
     guide->setCorrection(channel(one), u"two"_s);
-    QTRY_VERIFY(!guide->isUpdating());
+    QTRY_VERIFY_WITH_TIMEOUT(!guide->isUpdating(), updateMs);
     QCOMPARE(server->requestCount(u"/guide.xml"_s), 3);
     QCOMPARE(running(one), u"On two"_s);
 }
