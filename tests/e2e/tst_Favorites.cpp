@@ -26,6 +26,7 @@ private:
     /// Chooses an action of the menu that is open.
     bool chooseFromMenu(const QString &action) const;
     bool addToFavorites(const QString &channel) const;
+    bool removeFromFavorites(const QString &channel) const;
     QPoint topOf(const QString &row) const
     {
         return session->entry(row).rect().topLeft() + QPoint(41, 2);
@@ -56,6 +57,11 @@ bool TestFavorites::chooseFromMenu(const QString &action) const
 bool TestFavorites::addToFavorites(const QString &channel) const
 {
     return Mouse::rightClick(session->entry(channel)) && chooseFromMenu(u"Add to Favorites"_s);
+}
+
+bool TestFavorites::removeFromFavorites(const QString &channel) const
+{
+    return Mouse::rightClick(session->entry(channel)) && chooseFromMenu(u"Remove from Favorites"_s);
 }
 
 bool TestFavorites::openList(const QString &name) const
@@ -129,13 +135,14 @@ void TestFavorites::whatPlaysAndUndo()
     QVERIFY(session->showsLabel(u"Added to Favorites"_s));
     QVERIFY(openList(u"Favorites"_s));
     QTRY_COMPARE(table().rowTexts(), QStringList{u"Three"_s});
-    QVERIFY(Mouse::rightClick(session->entry(u"Three"_s)));
-    QVERIFY(chooseFromMenu(u"Remove from Favorites"_s));
+    QVERIFY(removeFromFavorites(u"Three"_s));
     QTRY_COMPARE(table().rowTexts(), QStringList());
-    QVERIFY(session->showsLabel(u"Removed from Favorites"_s));
-    session->keepScreenshot(u"undo"_s);
+    // Taken at once: the offer goes after six seconds, and a busy machine is slow to look.
     QVERIFY(session->clickButton(u"Undo"_s));
     QTRY_COMPARE(table().rowTexts(), QStringList{u"Three"_s});
+    QVERIFY(removeFromFavorites(u"Three"_s));
+    QVERIFY(session->showsLabel(u"Removed from Favorites"_s));
+    session->keepScreenshot(u"undo"_s);
 }
 
 void TestFavorites::hiddenCategoryByKey()
