@@ -57,6 +57,7 @@ private Q_SLOTS:
 
 private:
     void openPlaylist();
+    void openAccount(XtreamProvider &provider);
     void playFirstChannel();
     /// Without "All Categories".
     QStringList categories(const QString &list = u"channelCategoryList"_s) const
@@ -103,6 +104,16 @@ void tst_MainWindowLibrary::openPlaylist()
     open();
     [&] { QTRY_COMPARE(shownChannels().size(), 3); }();
     window().selectChannelCategory(find<QListWidget>(u"channelCategoryList"_s).item(0));
+}
+
+/// Waits for its shows.
+void tst_MainWindowLibrary::openAccount(XtreamProvider &provider)
+{
+    serve(provider, madeUpCatalog(u"x"_s));
+    store(sourceFor(provider, u"Account"_s));
+    open();
+    QTRY_VERIFY(find<QListWidget>(u"seriesPosterList"_s).count() > 0);
+    QTRY_VERIFY(!overlayShown());
 }
 
 void tst_MainWindowLibrary::playFirstChannel()
@@ -347,12 +358,8 @@ void tst_MainWindowLibrary::markingAShow()
 void tst_MainWindowLibrary::markingAShowAsksTheAccount()
 {
     XtreamProvider provider;
-    serve(provider, madeUpCatalog(u"x"_s));
-    store(sourceFor(provider, u"Account"_s));
-    open();
+    openAccount(provider);
     auto &grid = find<QListWidget>(u"seriesPosterList"_s);
-    QTRY_VERIFY(grid.count() > 0);
-    QTRY_VERIFY(!overlayShown());
     QVERIFY(RowMenus::choose(RowMenus::openByMouse(grid, 0), u"Mark as Watched"_s));
     QTRY_COMPARE(library().progress(u"Account"_s, EntryKind::Show).size(), 1);
     QVERIFY(!library().progress(u"Account"_s, EntryKind::Episode).isEmpty());
@@ -373,12 +380,8 @@ void tst_MainWindowLibrary::markingAShowAsksTheAccount()
 void tst_MainWindowLibrary::markingAShowTwice()
 {
     XtreamProvider provider;
-    serve(provider, madeUpCatalog(u"x"_s));
-    store(sourceFor(provider, u"Account"_s));
-    open();
+    openAccount(provider);
     auto &grid = find<QListWidget>(u"seriesPosterList"_s);
-    QTRY_VERIFY(grid.count() > 0);
-    QTRY_VERIFY(!overlayShown());
     provider.setManner(XtreamAction::seriesInfo, XtreamProvider::Manner::Held);
     for (int time = 0; time < 2; ++time)
         QVERIFY(RowMenus::choose(RowMenus::openByMouse(grid, 0), u"Mark as Watched"_s));

@@ -69,6 +69,14 @@ private:
     {
         return library().progress(u"A"_s, kind);
     }
+    /// After 40 of 60 s.
+    void leaveTheFilm() const
+    {
+        Progress left = progressOf(libraryEntry(u"A"_s, EntryKind::Movie, film()));
+        left.positionMs = 40'000;
+        left.durationMs = 60'000;
+        library().notePosition(left);
+    }
     void cacheEpisodes() { CatalogCache::saveEpisodes(u"A"_s, u"9"_s, threeEpisodes); }
 
     std::unique_ptr<HttpServer> server;
@@ -109,10 +117,7 @@ void tst_MainWindowResume::withoutUseNothingIsKept()
 
 void tst_MainWindowResume::aFilmIsOfferedAndContinued()
 {
-    Progress left = progressOf(libraryEntry(u"A"_s, EntryKind::Movie, film()));
-    left.positionMs = 40'000;
-    left.durationMs = 60'000;
-    library().notePosition(left);
+    leaveTheFilm();
     // A plain click starts at the beginning.
     window().playMovieRow(0, 0);
     QVERIFY(offer().isVisible());
@@ -130,10 +135,7 @@ void tst_MainWindowResume::aFilmIsOfferedAndContinued()
 /// As a catalog on disk may have it.
 void tst_MainWindowResume::whatCannotPlayContinuesNothing()
 {
-    Progress left = progressOf(libraryEntry(u"A"_s, EntryKind::Movie, film()));
-    left.positionMs = 40'000;
-    left.durationMs = 60'000;
-    library().notePosition(left);
+    leaveTheFilm();
     window().playMovieRow(0, 0);
     QVERIFY(offer().isVisible());
     window().continueEntry(entry(StreamKind::Series, u"Other"_s));
